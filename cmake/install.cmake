@@ -1,0 +1,1 @@
+# Installed by the build work

@@ -1,0 +1,12 @@
+#include <quorkit/GQuorLanguage.h>
+
+#include "frame/member_row.h"
+
+namespace quorkit {
+
+template <>
+std::span<const MemberInfo> memberRows<GQuorLanguage>() {
+  return {};
+}
+
+}  // namespace quorkit

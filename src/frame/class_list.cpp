@@ -1,0 +1,146 @@
+// The one list of public classes, and look-ups in it.
+#include <quorkit/GQuorConvert.h>
+#include <quorkit/GQuorLanguage.h>
+#include <quorkit/GQuorStrings.h>
+#include <quorkit/QuorInifile.h>
+#include <quorkit/catalogue.h>
+#include <quorkit/dispatch.h>
+
+#include <algorithm>
+
+#include "frame/member_row.h"
+#include "frame/names.h"
+
+namespace quorkit {
+namespace {
+
+template <class C>
+class Instance final : public CatalogueObject {
+ public:
+  Instance(const ClassInfo& info, Ports& ports) : info_(info), self_(ports) {}
+  const ClassInfo& info() const override { return info_; }
+
+ private:
+  void* self() override { return &self_; }
+  const ClassInfo& info_;
+  C self_;
+};
+
+std::span<const MemberInfo> noMembers() {
+  return {};
+}
+
+template <class C>
+ObjectRef make(Ports& ports);
+
+template <class C>
+constexpr ClassInfo implemented(const char* name, ClassKind kind, std::size_t published,
+                                const char* role) {
+  return {name, kind, role, published, &memberRows<C>, &make<C>};
+}
+/// A class whose members are not there yet: it is listed, and creating it is error 429.
+constexpr ClassInfo announced(const char* name, ClassKind kind, std::size_t published,
+                              const char* role) {
+  return {name, kind, role, published, &noMembers, nullptr};
+}
+
+constexpr ClassKind Global = ClassKind::Global;
+constexpr ClassKind Creatable = ClassKind::Creatable;
+
+constexpr ClassInfo kClasses[] = {
+    implemented<GQuorStrings>(
+        "GQuorStrings", Global, 28,
+        "string helpers: white space, padding, replacement, digit extraction, parsing, field-name "
+        "line numbers, application version strings, placeholder expansion, mail-address check"),
+    announced("QuorCollection", Creatable, 11,
+              "ordered key/value collection with index and key access, key list and clone"),
+    implemented<QuorInifile>("QuorInifile", Creatable, 19,
+                             "INI file: keys, sections, bulk section content, multi-line values"),
+    announced("GQuorRegistry", Global, 12,
+              "registry: typed values, enumeration, bulk write, deletion"),
+    announced("QuorLogFile", Creatable, 20, "log file writer with levels, formats and size limit"),
+    announced(
+        "GQuorFile", Global, 36,
+        "path names, directory listings, drives and UNC names, file content, temporary files, "
+        "dialogs, special folders, version information, shortcuts"),
+    implemented<GQuorConvert>(
+        "GQuorConvert", Global, 19,
+        "conversions: Boolean/Integer, token strings to arrays and collections, language "
+        "identifiers, number bases, colours, twips/pixels, tolerant number parsing"),
+    announced("GQuorTools", Global, 15,
+              "miscellaneous tools: element search, text-box input check, date arithmetic and "
+              "holidays, sorting, delay, error report"),
+    announced("GQuorProgram", Global, 6,
+              "running programs and waiting for them, opening URLs and mail, URL path encoding"),
+    announced(
+        "QuorAddress", Creatable, 8,
+        "address record with named attributes, postal address block, phone number formatting"),
+    announced("GQuorWindows", Global, 17,
+              "window search and control, operating system version and language, screen geometry, "
+              "form positions, wait window, about dialog"),
+    announced("GQuorKeyboard", Global, 5, "state of Shift, Control and Scroll Lock keys"),
+    announced("GQuorClipboard", Global, 8, "clipboard text, RTF text and pictures"),
+    announced("QuorTesting", Creatable, 3,
+              "random test data: last names, first names, organisational units"),
+    implemented<GQuorLanguage>("GQuorLanguage", Global, 0, "a class with no members"),
+};
+
+template <class C>
+ObjectRef make(Ports& ports) {
+  static const ClassInfo& info = *std::ranges::find(kClasses, &make<C>, &ClassInfo::create);
+  return std::make_shared<Instance<C>>(info, ports);
+}
+
+#define ENUMERATION(name, sentence) constexpr ConstantInfo k_##name[] = {
+#define CONSTANT(name, value) {#name, value},
+#define END(name) \
+  }               \
+  ;
+#include <quorkit/enumerations.def>
+#undef ENUMERATION
+#undef CONSTANT
+#undef END
+
+constexpr EnumerationInfo kEnumerations[] = {
+#define ENUMERATION(name, sentence) {#name, sentence, k_##name},
+#define CONSTANT(name, value)
+#define END(name)
+#include <quorkit/enumerations.def>
+#undef ENUMERATION
+#undef CONSTANT
+#undef END
+};
+
+bool reaches(CallKind kind, const MemberInfo& member) {
+  return (kind == CallKind::Let) == (member.kind == MemberKind::PropertyLet);
+}
+
+}  // namespace
+
+std::span<const ClassInfo> classes() {
+  return kClasses;
+}
+
+const ClassInfo* findClass(StringView name) {
+  const auto found = std::ranges::find_if(
+      kClasses, [&](const ClassInfo& one) { return sameName(name, one.name); });
+  return found == std::end(kClasses) ? nullptr : found;
+}
+
+const MemberInfo* findMember(const ClassInfo& info, StringView name, CallKind kind) {
+  for (const MemberInfo& member : info.members())
+    if (reaches(kind, member) && sameName(name, member.name)) return &member;
+  return nullptr;
+}
+
+const MemberInfo* findMember(const ClassInfo& info, Long identifier, CallKind kind) {
+  for (const MemberInfo& member : info.members())
+    if (member.identifier == identifier && reaches(kind, member)) return &member;
+  return nullptr;
+}
+
+std::span<const EnumerationInfo> enumerations() {
+  return kEnumerations;
+}
+
+}  // namespace quorkit

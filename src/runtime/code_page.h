@@ -1,0 +1,31 @@
+// The system's ANSI code page, which is 1252 on every system, and text as UTF-8.
+#pragma once
+
+#include <quorkit/values.h>
+
+#include <string>
+#include <string_view>
+
+namespace quorkit::runtime {
+
+/// The code of a character in code page 1252; 63 ("?") for one that it lacks. The five bytes that
+/// the code page leaves open (81, 8D, 8F, 90, 9D) stand for the control characters of that number,
+/// so that all 256 bytes survive a round trip.
+Byte toAnsi(char16_t unit);
+char16_t fromAnsi(Byte byte);
+
+std::string toAnsi(StringView text);
+String fromAnsi(std::string_view bytes);
+
+/// What becomes of a surrogate without its partner.
+enum class LoneSurrogate {
+  Replace,  ///< U+FFFD: the result is valid UTF-8
+  Keep,     ///< three bytes of its own: every text survives a round trip
+};
+std::string toUtf8(StringView text, LoneSurrogate lone = LoneSurrogate::Replace);
+/// Bytes that are no UTF-8 become U+FFFD each; surrogates in three bytes are taken as they are.
+String fromUtf8(std::string_view bytes);
+/// Whether `bytes` are UTF-8 throughout, without surrogates and over-long forms.
+bool isUtf8(std::string_view bytes);
+
+}  // namespace quorkit::runtime

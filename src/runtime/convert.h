@@ -1,0 +1,29 @@
+// The runtime's conversions between the scalar types. Numbers in texts use the full stop.
+//
+// All raise 13 (type mismatch) for a value that does not convert: a text that is no number, an
+// array, an object, a missing argument; 94 for Null; 6 (overflow) for a number that does not fit.
+#pragma once
+
+#include <quorkit/variant.h>
+
+#include <optional>
+
+namespace quorkit::runtime {
+
+String CStr(const Variant& value);
+/// Numbers other than 0 and the text "True" are True.
+Boolean CBool(const Variant& value);
+/// Rounds to the nearest, halves to even.
+Integer CInt(const Variant& value);
+Long CLng(const Variant& value);
+Double CDbl(const Variant& value);
+Date CDate(const Variant& value);
+
+/// A double as a 32-bit number, rounded to the nearest, halves to even. Error 6 when out of range.
+Long roundToLong(Double value);
+
+/// The number that the whole text is, blanks around it allowed: sign, digits, full stop, exponent,
+/// or "&H" and "&O" with digits. Nothing when it is no number.
+std::optional<Double> numberIn(StringView text);
+
+}  // namespace quorkit::runtime

@@ -1,0 +1,17 @@
+// Letter case and comparison without regard to it, one code unit at a time, the same everywhere.
+#pragma once
+
+#include <quorkit/values.h>
+
+namespace quorkit::runtime {
+
+/// The simple case mappings of Unicode; characters beyond U+FFFF stay as they are.
+char16_t toLower(char16_t unit);
+char16_t toUpper(char16_t unit);
+String toLower(StringView text);
+String toUpper(StringView text);
+
+/// `a` and `b` are the same text but for letter case.
+bool sameText(StringView a, StringView b);
+
+}  // namespace quorkit::runtime
