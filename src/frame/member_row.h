@@ -76,11 +76,17 @@ constexpr TypeInfo typeOf() {
 /// What a parameter's C++ type says about it.
 template <class P>
 struct Signature {
-  using Value = std::remove_cvref_t<P>;
-  static constexpr bool byReference =
-      std::is_lvalue_reference_v<P> && !std::is_const_v<std::remove_reference_t<P>>;
-  static constexpr bool changed = byReference;
-  static constexpr Variant (*defaultValue)() = nullptr;
+    using Value = P;
+    static constexpr bool byReference = false;
+    static constexpr bool changed = false;
+    static constexpr Variant (*defaultValue)() = nullptr;
+};
+template <class T>
+struct Signature<const T&> : Signature<T> {};
+template <class T>
+struct Signature<T&> : Signature<T> {
+    static constexpr bool byReference = true;
+    static constexpr bool changed = true;
 };
 template <class T>
 struct Signature<Unchanged<T>> : Signature<T> {
