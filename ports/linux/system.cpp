@@ -1,0 +1,50 @@
+#include "system.h"
+
+#include <cstdlib>
+
+namespace quorkit {
+namespace {
+
+struct Language {
+  std::string_view locale;
+  LanguageIdentifier identifier;
+};
+
+// From the list of language identifiers that Microsoft publishes with its locale names; the main
+// country of each language stands first. Spanish bears the identifier of its traditional sort
+// order, the only one that the library's own table of languages knows.
+constexpr Language kLanguages[] = {
+    {"de_DE", 1031},  {"de_CH", 2055},  {"de_AT", 3079}, {"de_LU", 4103}, {"de_LI", 5127},
+    {"fr_FR", 1036},  {"fr_BE", 2060},  {"fr_CA", 3084}, {"fr_CH", 4108}, {"fr_LU", 5132},
+    {"it_IT", 1040},  {"it_CH", 2064},  {"en_US", 1033}, {"en_GB", 2057}, {"en_AU", 3081},
+    {"en_CA", 4105},  {"en_NZ", 5129},  {"en_IE", 6153}, {"en_ZA", 7177}, {"en_JM", 8201},
+    {"en_BZ", 10249}, {"en_TT", 11273}, {"es_ES", 1034},
+};
+
+}  // namespace
+
+LanguageIdentifier languageOfLocale(std::string_view locale) {
+  const std::string_view name = locale.substr(0, locale.find_first_of(".@"));
+  if (name == "C" || name == "POSIX") return 1033;
+  const std::string_view language = name.substr(0, name.find('_'));
+  LanguageIdentifier mainCountry = 0;
+  for (const Language& one : kLanguages) {
+    if (one.locale == name) return one.identifier;
+    if (mainCountry == 0 && one.locale.substr(0, 2) == language) mainCountry = one.identifier;
+  }
+  return mainCountry;
+}
+
+LanguageIdentifier LinuxSystem::GetUserDefaultUILanguage() {
+  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return languageOfLocale(value);
+  }
+  return languageOfLocale("C");
+}
+
+LanguageIdentifier LinuxSystem::GetSystemDefaultLangID() {
+  return GetUserDefaultUILanguage();
+}
+
+}  // namespace quorkit
