@@ -1,0 +1,27 @@
+#!/bin/sh
+# Installs a build, moves what was installed, and builds and runs a client of it, as CMake users do
+# and as everyone else does: check.sh BUILD COMPILER
+set -eux
+build=$1
+compiler=$2
+client=$(dirname "$0")/client
+work=$build/tests/install
+tree=$work/moved
+
+rm -rf "$work"
+cmake --install "$build" --prefix "$work/installed"
+mv "$work/installed" "$tree"
+
+cmake -G Ninja -S "$client" -B "$work/client" -D CMAKE_PREFIX_PATH="$tree" \
+  -D CMAKE_CXX_COMPILER="$compiler"
+cmake --build "$work/client"
+"$work/client/client"
+
+pc=$(find "$tree" -name quorkit.pc)
+export PKG_CONFIG_PATH="${pc%/*}"
+# shellcheck disable=SC2046 # flags are words
+"$compiler" -std=c++20 "$client/main.cpp" $(pkg-config --cflags --libs quorkit) -o "$work/client-pc"
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir quorkit) "$work/client-pc"
+
+"$tree/bin/quorkit" list >"$work/classes"
+grep -q GQuorStrings "$work/classes"
