@@ -10,20 +10,24 @@
 
 namespace quorkit::runtime {
 
+/// Doubles with 15 significant digits, with an exponent ("1E+20") only where plain digits cannot
+/// show them; dates as "yyyy-mm-dd", and " hh:mm:ss" behind it unless it is midnight.
 String CStr(const Variant& value);
-/// Numbers other than 0 and the text "True" are True.
+/// Numbers other than 0 and the text "True", in any case, are True.
 Boolean CBool(const Variant& value);
 /// Rounds to the nearest, halves to even.
 Integer CInt(const Variant& value);
 Long CLng(const Variant& value);
 Double CDbl(const Variant& value);
+/// Texts as "yyyy-mm-dd", the time behind it as "hh:mm" or "hh:mm:ss" after a blank or "T".
 Date CDate(const Variant& value);
 
 /// A double as a 32-bit number, rounded to the nearest, halves to even. Error 6 when out of range.
 Long roundToLong(Double value);
 
 /// The number that the whole text is, blanks around it allowed: sign, digits, full stop, exponent,
-/// or "&H" and "&O" with digits. Nothing when it is no number.
+/// or "&H" and "&O" with digits. Nothing when it is no number; infinite
+/// when it is too large.
 std::optional<Double> numberIn(StringView text);
 
 }  // namespace quorkit::runtime
