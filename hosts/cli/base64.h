@@ -1,0 +1,17 @@
+// Bytes as text: the base 64 of RFC 4648, section 4, with padding.
+#pragma once
+
+#include <quorkit/values.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorkit::cli {
+
+std::string toBase64(const std::vector<Byte>& bytes);
+/// Nothing when the text is not base 64.
+std::optional<std::vector<Byte>> fromBase64(std::string_view text);
+
+}  // namespace quorkit::cli

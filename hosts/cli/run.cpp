@@ -1,0 +1,74 @@
+#include "cli/run.h"
+
+#include <quorkit/errors.h>
+
+#include <span>
+
+#include "cli/call.h"
+#include "cli/describe.h"
+#include "cli/list.h"
+#include "cli/rpc.h"
+#include "cli/usage.h"
+#include "cli/utf8.h"
+
+namespace quorkit::cli {
+namespace {
+
+constexpr const char* kUsage =
+    R"(usage: quorkit list
+       quorkit describe [CLASS[.MEMBER]] [--json | --markdown | --idl]
+       quorkit call CLASS.MEMBER [ARG...] [--arg name=value]... [--set Property=value]...
+                    [-e] [--json] [--]
+       quorkit rpc
+       quorkit --help | --version
+)";
+
+constexpr const char* kHelp = R"(
+list      prints all classes and members
+describe  prints signature, identifier, defaults and purpose; as JSON, as a reference page, or as
+          the interface definition of the library
+call      calls a member and prints its result, then each by-reference argument it may have changed
+    --arg name=value      an argument by name
+    --set Property=value  sets a property before the call
+    -e                    reads \r \n \t \0 \\ \uXXXX in arguments
+    --json                prints {"args":[...],"result":...}
+    Arrays, collections and dictionaries are given as JSON: ["a","b"], {"collection":[...]}.
+    Arguments that only give something back may be left out.
+rpc       answers JSON-RPC 2.0 messages, one a line, on standard input and output
+)";
+
+void runCommand(std::span<const String> words, std::istream& in, std::ostream& out, Ports& ports) {
+  if (words.empty()) throw UsageError("a command is needed");
+  const String& command = words.front();
+  const auto rest = words.subspan(1);
+  if (command == u"call") return call(rest, out, ports);
+  if (command == u"describe") return describe(rest, out);
+  if (!rest.empty()) throw UsageError(toUtf8(command) + " takes no arguments");
+  if (command == u"list") return list(out);
+  if (command == u"rpc") return serve(in, out, ports);
+  if (command == u"--help") {
+    out << kUsage << kHelp;
+  } else if (command == u"--version") {
+    out << "quorkit " QUORKIT_VERSION "\n";
+  } else {
+    throw UsageError("no such command: " + toUtf8(command));
+  }
+}
+
+}  // namespace
+
+int run(const std::vector<String>& arguments, std::istream& in, std::ostream& out,
+        std::ostream& err, Ports& ports) {
+  try {
+    runCommand(arguments, in, out, ports);
+    return 0;
+  } catch (const UsageError& error) {
+    err << "quorkit: " << error.what() << '\n' << kUsage;
+    return 2;
+  } catch (const AutomationError& error) {
+    err << "quorkit: error " << error.number() << ": " << error.what() << '\n';
+    return 1;
+  }
+}
+
+}  // namespace quorkit::cli

@@ -1,0 +1,13 @@
+// A command line that cannot be understood.
+#pragma once
+
+#include <stdexcept>
+
+namespace quorkit::cli {
+
+/// What is wrong, in words that follow "quorkit: ".
+struct UsageError : std::runtime_error {
+  using runtime_error::runtime_error;
+};
+
+}  // namespace quorkit::cli
