@@ -11,88 +11,88 @@
 namespace quorkit {
 
 class GQuorConvert {
- public:
-  explicit GQuorConvert(Ports& ports = ports::native()) : ports_(ports) {}
+   public:
+    explicit GQuorConvert(Ports& ports = ports::native()) : ports_(ports) {}
 
-  // --- Token lists ---
+    // --- Token lists ---
 
-  /// Splits `s` at every `delimiter` (by code unit) into `sArray`, counted from 0, and returns
-  /// the number of elements. A delimiter at the end gives no empty last element; an empty text
-  /// gives one empty element. An empty delimiter never matches: one element. Linear.
-  Long StringTokenToStringArray(const String& s, const String& delimiter, Array<String>& sArray);
+    /// Splits `s` at every `delimiter` (by code unit) into `sArray`, counted from 0, and returns
+    /// the number of elements. A delimiter at the end gives no empty last element; an empty text
+    /// gives one empty element. An empty delimiter never matches: one element. Linear.
+    Long StringTokenToStringArray(const String& s, const String& delimiter, Array<String>& sArray);
 
-  /// Appends the pieces of `s` to `c`, which is made when it is Nothing and `s` is not empty;
-  /// with `bTrim` without the blanks at both ends. Empty pieces are kept, an empty `s` adds
-  /// nothing. Returns the count of `c` afterwards (0 for Nothing).
-  Long StringTokenToStringCollection(const String& s, const String& delimiter, Boolean bTrim,
-                                     CollectionRef& c);
+    /// Appends the pieces of `s` to `c`, which is made when it is Nothing and `s` is not empty;
+    /// with `bTrim` without the blanks at both ends. Empty pieces are kept, an empty `s` adds
+    /// nothing. Returns the count of `c` afterwards (0 for Nothing).
+    Long StringTokenToStringCollection(const String& s, const String& delimiter, Boolean bTrim,
+                                       CollectionRef& c);
 
-  /// The items of `c` as texts with `delimiter` between them. Error 91 for Nothing, 13 for an
-  /// item without a text.
-  String CollectionToStringToken(const CollectionRef& c, const String& delimiter);
+    /// The items of `c` as texts with `delimiter` between them. Error 91 for Nothing, 13 for an
+    /// item without a text.
+    String CollectionToStringToken(const CollectionRef& c, const String& delimiter);
 
-  // --- Languages ---
+    // --- Languages ---
 
-  /// The language of a Windows language identifier; eLanguage_Unknown for one that is not known.
-  /// Of the Spanish ones only 1034 is.
-  eLanguage WindowsLanguageIDToLanguageID(Integer iLanguage);
-  /// The Windows language identifier of a language. For eLanguage_System, eLanguage_Unknown and
-  /// every other value it is the eLanguage number of the system's own language, not a Windows
-  /// identifier.
-  Integer LanguageIDToWindowsLanguageID(eLanguage iLanguage);
+    /// The language of a Windows language identifier; eLanguage_Unknown for one that is not known.
+    /// Of the Spanish ones only 1034 is.
+    eLanguage WindowsLanguageIDToLanguageID(Integer iLanguage);
+    /// The Windows language identifier of a language. For eLanguage_System, eLanguage_Unknown and
+    /// every other value it is the eLanguage number of the system's own language, not a Windows
+    /// identifier.
+    Integer LanguageIDToWindowsLanguageID(eLanguage iLanguage);
 
-  // --- Numbers ---
+    // --- Numbers ---
 
-  /// The value of hexadecimal digits, with or without "0x" or "&H" in front; 0 when there are
-  /// none. Up to four digits are a 16-bit number ("FFFF" is -1), up to eight a 32-bit one.
-  /// Error 6 beyond that.
-  Long HexToDec(const String& HexValue);
+    /// The value of hexadecimal digits, with or without "0x" or "&H" in front; 0 when there are
+    /// none. Up to four digits are a 16-bit number ("FFFF" is -1), up to eight a 32-bit one.
+    /// Error 6 beyond that.
+    Long HexToDec(const String& HexValue);
 
-  /// 1 for True, 0 for False: what other programs and databases store for a Boolean.
-  Integer BoolToInt(Boolean bValue);
-  /// False for 0, True for every other number.
-  Boolean IntToBool(Integer iValue);
-  /// A Boolean from anything a person or a file may offer: Booleans and numbers as they are (also
-  /// as text), the words true, yes, on, wahr, ja, ein, vrai, oui, vero, si, sì, x in any case with
-  /// any blanks around. Everything else is False, also Empty, Null, missing and arrays.
-  Boolean cBoolEx(const Variant& vValue);
+    /// 1 for True, 0 for False: what other programs and databases store for a Boolean.
+    Integer BoolToInt(Boolean bValue);
+    /// False for 0, True for every other number.
+    Boolean IntToBool(Integer iValue);
+    /// A Boolean from anything a person or a file may offer: Booleans and numbers as they are (also
+    /// as text), the words true, yes, on, wahr, ja, ein, vrai, oui, vero, si, sì, x in any case
+    /// with any blanks around. Everything else is False, also Empty, Null, missing and arrays.
+    Boolean cBoolEx(const Variant& vValue);
 
-  /// The items of a one-dimensional array in order. A key/value table gives its values under
-  /// their keys (an empty key is no key; error 457 when a key repeats). An unallocated array
-  /// gives an empty collection. Error 13 when `vArray` is no array.
-  CollectionRef ArrayToCollection(const Variant& vArray);
-  /// The items of `c` as a Variant array counted from 0, without elements when `c` is empty.
-  /// Error 91 for Nothing.
-  Variant CollectionToArray(const CollectionRef& c);
+    /// The items of a one-dimensional array in order. A key/value table gives its values under
+    /// their keys (an empty key is no key; error 457 when a key repeats). An unallocated array
+    /// gives an empty collection. Error 13 when `vArray` is no array.
+    CollectionRef ArrayToCollection(const Variant& vArray);
+    /// The items of `c` as a Variant array counted from 0, without elements when `c` is empty.
+    /// Error 91 for Nothing.
+    Variant CollectionToArray(const CollectionRef& c);
 
-  /// The number of a colour (red + 256 green + 65536 blue) written as "R,G,B" (also with ";" or
-  /// blanks between, and as "RGB(R,G,B)") or as "#RRGGBB". Parts above 255 count as 255.
-  /// Error 5 for any other text.
-  Long RGBString_to_RGBColor(const String& sRGB);
+    /// The number of a colour (red + 256 green + 65536 blue) written as "R,G,B" (also with ";" or
+    /// blanks between, and as "RGB(R,G,B)") or as "#RRGGBB". Parts above 255 count as 255.
+    /// Error 5 for any other text.
+    Long RGBString_to_RGBColor(const String& sRGB);
 
-  /// `lValue` in the number base `iBase` (2 to 36), capitals, "-" in front when negative; with
-  /// zeros in front up to `iMinLength` digits. Error 5 for another base.
-  String ConvertDezToAny(Long lValue, Integer iBase, Optional<Integer> iMinLength = {});
-  /// The value of `sValue` in the number base `iBase` (2 to 36): digits and letters in any case,
-  /// a sign in front, blanks around. Error 5 for another base, 13 for anything that is no digit
-  /// of the base or for no digit at all, 6 beyond 32 bits.
-  Long ConvertAnyToDez(const String& sValue, Integer iBase);
+    /// `lValue` in the number base `iBase` (2 to 36), capitals, "-" in front when negative; with
+    /// zeros in front up to `iMinLength` digits. Error 5 for another base.
+    String ConvertDezToAny(Long lValue, Integer iBase, Optional<Integer> iMinLength = {});
+    /// The value of `sValue` in the number base `iBase` (2 to 36): digits and letters in any case,
+    /// a sign in front, blanks around. Error 5 for another base, 13 for anything that is no digit
+    /// of the base or for no digit at all, 6 beyond 32 bits.
+    Long ConvertAnyToDez(const String& sValue, Integer iBase);
 
-  /// Screen units at 96 dots per inch: 15 twips are one pixel. To pixels rounds to the nearest,
-  /// halves to even; to twips is error 6 beyond 32 bits.
-  Long TwipsToPixelsX(Long lTwips);
-  Long PixelsToTwipsX(Long lPixels);
-  Long TwipsToPixelsY(Long lTwips);
-  Long PixelsToTwipsY(Long lPixels);
+    /// Screen units at 96 dots per inch: 15 twips are one pixel. To pixels rounds to the nearest,
+    /// halves to even; to twips is error 6 beyond 32 bits.
+    Long TwipsToPixelsX(Long lTwips);
+    Long PixelsToTwipsX(Long lPixels);
+    Long TwipsToPixelsY(Long lTwips);
+    Long PixelsToTwipsY(Long lPixels);
 
-  /// The number in a text as people write it: 1'234.50, 1.234,50, 1,234.50, "CHF -12.50",
-  /// "12,5 %", 1e3. Blanks and apostrophes between digits are thousands marks. Of "." and ","
-  /// the last one is the decimal mark when both occur; one that repeats is a thousands mark; a
-  /// single one is the decimal mark. 0 when there is no number. Never an error.
-  Double myVal(const Variant& vValue);
+    /// The number in a text as people write it: 1'234.50, 1.234,50, 1,234.50, "CHF -12.50",
+    /// "12,5 %", 1e3. Blanks and apostrophes between digits are thousands marks. Of "." and ","
+    /// the last one is the decimal mark when both occur; one that repeats is a thousands mark; a
+    /// single one is the decimal mark. 0 when there is no number. Never an error.
+    Double myVal(const Variant& vValue);
 
- private:
-  Ports& ports_;
+   private:
+    Ports& ports_;
 };
 
 }  // namespace quorkit

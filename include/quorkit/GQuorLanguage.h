@@ -6,8 +6,8 @@
 namespace quorkit {
 
 class GQuorLanguage {
- public:
-  explicit GQuorLanguage(Ports& = ports::native()) {}
+   public:
+    explicit GQuorLanguage(Ports& = ports::native()) {}
 };
 
 }  // namespace quorkit

@@ -19,103 +19,105 @@ namespace quorkit {
 class IniDocument;
 
 class QuorInifile {
- public:
-  explicit QuorInifile(Ports& ports = ports::native()) : ports_(ports) {}
+   public:
+    explicit QuorInifile(Ports& ports = ports::native()) : ports_(ports) {}
 
-  /// The file all members work on; "" at first. Nothing is checked, the file need not exist.
-  const String& IniFileName() const { return sIniFileName; }
-  void setIniFileName(const String& name);
+    /// The file all members work on; "" at first. Nothing is checked, the file need not exist.
+    const String& IniFileName() const { return sIniFileName; }
+    void setIniFileName(const String& name);
 
-  // --- Keys and sections ---
+    // --- Keys and sections ---
 
-  /// The value of a key, cut to 4095 characters; the default when section or key is missing.
-  String ReadKeyValue(const String& sSection, const String& sKeyName, const String& vsDefaultValue);
+    /// The value of a key, cut to 4095 characters; the default when section or key is missing.
+    String ReadKeyValue(const String& sSection, const String& sKeyName,
+                        const String& vsDefaultValue);
 
-  /// Sets a key and makes file, section and key as needed. An empty value stays an empty value.
-  /// 1, or 0 when it could not be written: then nothing has changed. A name or value that the
-  /// layout cannot carry is refused with 0.
-  Long WriteKeyValue(const String& sSection, const String& sKeyName, const String& sValue);
+    /// Sets a key and makes file, section and key as needed. An empty value stays an empty value.
+    /// 1, or 0 when it could not be written: then nothing has changed. A name or value that the
+    /// layout cannot carry is refused with 0.
+    Long WriteKeyValue(const String& sSection, const String& sKeyName, const String& sValue);
 
-  /// The names of a section's keys as a String array counted from 0, one empty element when
-  /// there are none. Names past 32767 characters in all are dropped.
-  Variant ReadSectionKeys(const String& sSection, Long& countKeysRead);
-  /// The names of the file's sections, in the same form.
-  Variant ReadSectionNames(Long& countSectionsRead);
+    /// The names of a section's keys as a String array counted from 0, one empty element when
+    /// there are none. Names past 32767 characters in all are dropped.
+    Variant ReadSectionKeys(const String& sSection, Long& countKeysRead);
+    /// The names of the file's sections, in the same form.
+    Variant ReadSectionNames(Long& countSectionsRead);
 
-  /// Removes a section with all its lines. 1, or 0 when it is not there or cannot be written.
-  Long DeleteSection(const String& sSection);
-  /// Removes a key's line. 1, or 0 when it is not there or cannot be written.
-  Long DeleteKey(Unchanged<String> sSection, Unchanged<String> sKeyName);
-  /// Makes an empty section. A section that exists is emptied: only its header line stays.
-  Long AddSection(Unchanged<String> sSection);
+    /// Removes a section with all its lines. 1, or 0 when it is not there or cannot be written.
+    Long DeleteSection(const String& sSection);
+    /// Removes a key's line. 1, or 0 when it is not there or cannot be written.
+    Long DeleteKey(Unchanged<String> sSection, Unchanged<String> sKeyName);
+    /// Makes an empty section. A section that exists is emptied: only its header line stays.
+    Long AddSection(Unchanged<String> sSection);
 
-  /// Removes several keys by writing the section anew, at the end of the file, with its lines
-  /// without "=" turned into "=". The number of keys removed (0 rewrites the section all the
-  /// same, unless it or the list is empty); -2 when the section holds a key twice, then nothing
-  /// is written; -1 when reading or writing failed. `lSectionSizeInByte`: see
-  /// ReadSectionContent.
-  Long DeleteKeys(Unchanged<String> sSection, Unchanged<Array<String>> sKeyNames,
-                  const Optional<Variant>& lSectionSizeInByte = {});
+    /// Removes several keys by writing the section anew, at the end of the file, with its lines
+    /// without "=" turned into "=". The number of keys removed (0 rewrites the section all the
+    /// same, unless it or the list is empty); -2 when the section holds a key twice, then nothing
+    /// is written; -1 when reading or writing failed. `lSectionSizeInByte`: see
+    /// ReadSectionContent.
+    Long DeleteKeys(Unchanged<String> sSection, Unchanged<Array<String>> sKeyNames,
+                    const Optional<Variant>& lSectionSizeInByte = {});
 
-  // --- Whole sections ---
+    // --- Whole sections ---
 
-  /// The lines of a section as a table (0 to 1, 0 to lines - 1) of key and value; a line without
-  /// "=" is an empty entry. `countKeys` counts only the lines with "=", -1 on an error; callers
-  /// that walk the table by it miss the last entries when a line without "=" comes earlier. The
-  /// text of the section is cut at 32767 characters, or at `lSectionSizeInByte` when that is more.
-  Variant ReadSectionContent(const String& sSection, Long& countKeys,
-                             const Optional<Variant>& lSectionSizeInByte = {});
-
-  /// Merges a key/value table (any lower bounds) into a section: present keys get the new value
-  /// in place, new ones follow at the end. The number of entries written, 0 when there was
-  /// nothing to write, -1 when the section could not be read. Lines without "=" become "=", and
-  /// as many of the last entries are lost; so are lines past the size that is read. Whether the
-  /// write itself succeeded shows only in `lastResult`.
-  Long WriteSectionContent(const String& sSection, const Variant& sKeyArray,
-                           const Optional<Variant>& lOldSectionSizeInByte = {});
-
-  // --- Values of several lines ---
-
-  /// Stores a value, in several lines of the file when it holds "\r\n". 1, or 0 when the key is
-  /// refused because it is empty or ends in a digit.
-  Long WriteMultiLineValue(const String& sSection, const String& sKey, const String& sValue);
-
-  /// A value with its lines joined by "\r\n". An empty section or key name gives "", not the
-  /// default. Each line is cut to 4095 characters, and lines are found as long as the section's
-  /// key names fit into 32767 characters.
-  String ReadMultiLineValue(const String& sSection, const String& sKeyName,
-                            const Optional<Variant>& vsDefaultValue = {});
-
-  /// Stores a key/value table in front of the section's other lines. Returns the number of
-  /// entries accepted: keys that are empty or end in a digit are left out. With
-  /// `vbSupportOldMultiLineFields` True six old key names always take the form of several lines.
-  Long WriteMultiLineSection(const String& sSection, const Variant& sKeyValueArray,
-                             const Optional<Variant>& lOldSectionSizeInByte = {},
-                             const Optional<Variant>& vbSupportOldMultiLineFields = {});
-
-  /// The section as a key/value table with the values of several lines joined. `countKeys` is
-  /// the number of entries, -2 when a key occurs twice, -1 on an error. Keys that end in a digit
-  /// are left out.
-  Variant ReadMultiLineSection(const String& sSection, Long& countKeys,
+    /// The lines of a section as a table (0 to 1, 0 to lines - 1) of key and value; a line without
+    /// "=" is an empty entry. `countKeys` counts only the lines with "=", -1 on an error; callers
+    /// that walk the table by it miss the last entries when a line without "=" comes earlier. The
+    /// text of the section is cut at 32767 characters, or at `lSectionSizeInByte` when that is
+    /// more.
+    Variant ReadSectionContent(const String& sSection, Long& countKeys,
                                const Optional<Variant>& lSectionSizeInByte = {});
 
-  /// Like DeleteKeys, but each key goes with its numbered lines; counts the main keys only.
-  Long DeleteMultiLineKeys(Unchanged<String> sSection, Unchanged<Array<String>> sKeyNames,
-                           const Optional<Variant>& lSectionSizeInByte = {});
-  Long DeleteMultiLineKey(const String& sSection, const String& sKeyName);
+    /// Merges a key/value table (any lower bounds) into a section: present keys get the new value
+    /// in place, new ones follow at the end. The number of entries written, 0 when there was
+    /// nothing to write, -1 when the section could not be read. Lines without "=" become "=", and
+    /// as many of the last entries are lost; so are lines past the size that is read. Whether the
+    /// write itself succeeded shows only in `lastResult`.
+    Long WriteSectionContent(const String& sSection, const Variant& sKeyArray,
+                             const Optional<Variant>& lOldSectionSizeInByte = {});
 
-  /// Whether ReadMultiLineSection can read every section of the file.
-  Boolean isIniFileMultiLineFieldSave();
+    // --- Values of several lines ---
 
-  // --- For C++ callers; not in the catalogue ---
+    /// Stores a value, in several lines of the file when it holds "\r\n". 1, or 0 when the key is
+    /// refused because it is empty or ends in a digit.
+    Long WriteMultiLineValue(const String& sSection, const String& sKey, const String& sValue);
 
-  /// The outcome of the last write: nonzero when it succeeded. Most reads set it to 0.
-  Long lastResult() const { return lLastResult; }
+    /// A value with its lines joined by "\r\n". An empty section or key name gives "", not the
+    /// default. Each line is cut to 4095 characters, and lines are found as long as the section's
+    /// key names fit into 32767 characters.
+    String ReadMultiLineValue(const String& sSection, const String& sKeyName,
+                              const Optional<Variant>& vsDefaultValue = {});
 
- private:
-  Ports& ports_;
-  String sIniFileName;
-  Long lLastResult = 0;
+    /// Stores a key/value table in front of the section's other lines. Returns the number of
+    /// entries accepted: keys that are empty or end in a digit are left out. With
+    /// `vbSupportOldMultiLineFields` True six old key names always take the form of several lines.
+    Long WriteMultiLineSection(const String& sSection, const Variant& sKeyValueArray,
+                               const Optional<Variant>& lOldSectionSizeInByte = {},
+                               const Optional<Variant>& vbSupportOldMultiLineFields = {});
+
+    /// The section as a key/value table with the values of several lines joined. `countKeys` is
+    /// the number of entries, -2 when a key occurs twice, -1 on an error. Keys that end in a digit
+    /// are left out.
+    Variant ReadMultiLineSection(const String& sSection, Long& countKeys,
+                                 const Optional<Variant>& lSectionSizeInByte = {});
+
+    /// Like DeleteKeys, but each key goes with its numbered lines; counts the main keys only.
+    Long DeleteMultiLineKeys(Unchanged<String> sSection, Unchanged<Array<String>> sKeyNames,
+                             const Optional<Variant>& lSectionSizeInByte = {});
+    Long DeleteMultiLineKey(const String& sSection, const String& sKeyName);
+
+    /// Whether ReadMultiLineSection can read every section of the file.
+    Boolean isIniFileMultiLineFieldSave();
+
+    // --- For C++ callers; not in the catalogue ---
+
+    /// The outcome of the last write: nonzero when it succeeded. Most reads set it to 0.
+    Long lastResult() const { return lLastResult; }
+
+   private:
+    Ports& ports_;
+    String sIniFileName;
+    Long lLastResult = 0;
 };
 
 }  // namespace quorkit

@@ -15,81 +15,81 @@ struct Ports;
 
 /// The types that cross the interface. Constants of an enumeration cross as Long.
 enum class Type {
-  None,  ///< a member without a result
-  Bool,
-  Int16,
-  Int32,
-  Float,
-  Date,
-  Text,
-  Any,  ///< a Variant
-  TextArray,
-  ByteArray,
-  AnyArray,
-  Object,
+    None,  ///< a member without a result
+    Bool,
+    Int16,
+    Int32,
+    Float,
+    Date,
+    Text,
+    Any,  ///< a Variant
+    TextArray,
+    ByteArray,
+    AnyArray,
+    Object,
 };
 
 struct TypeInfo {
-  Type type = Type::None;
-  /// As published: "Long", "String()", and for enumerations and objects their own name.
-  const char* name = "";
+    Type type = Type::None;
+    /// As published: "Long", "String()", and for enumerations and objects their own name.
+    const char* name = "";
 };
 
 struct ParameterInfo {
-  const char* name = "";
-  TypeInfo type;
-  bool byReference = false;
-  bool changed = false;  ///< by reference, and the member may change it
-  /// The value of an omitted argument; null when the argument must be given.
-  Variant (*defaultValue)() = nullptr;
+    const char* name = "";
+    TypeInfo type;
+    bool byReference = false;
+    bool changed = false;  ///< by reference, and the member may change it
+    /// The value of an omitted argument; null when the argument must be given.
+    Variant (*defaultValue)() = nullptr;
 
-  bool optional() const { return defaultValue != nullptr; }
+    bool optional() const { return defaultValue != nullptr; }
 };
 
 enum class MemberKind { Method, PropertyGet, PropertyLet };
 
 struct MemberInfo {
-  static constexpr std::size_t kMaxParameters = 8;
+    static constexpr std::size_t kMaxParameters = 8;
 
-  Long identifier = 0;
-  const char* name = "";
-  MemberKind kind = MemberKind::Method;
-  TypeInfo result;
-  std::size_t parameterCount = 0;
-  std::array<ParameterInfo, kMaxParameters> parameterRow = {};
-  const char* sentence = "";
-  /// Runs the member on `self` with one Variant of exactly the parameter's type per parameter.
-  Variant (*run)(void* self, Variant* arguments) = nullptr;
+    Long identifier = 0;
+    const char* name = "";
+    MemberKind kind = MemberKind::Method;
+    TypeInfo result;
+    std::size_t parameterCount = 0;
+    std::array<ParameterInfo, kMaxParameters> parameterRow = {};
+    const char* sentence = "";
+    /// Runs the member on `self` with one Variant of exactly the parameter's type per parameter.
+    Variant (*run)(void* self, Variant* arguments) = nullptr;
 
-  std::span<const ParameterInfo> parameters() const {
-    return {parameterRow.data(), parameterCount};
-  }
+    std::span<const ParameterInfo> parameters() const {
+        return {parameterRow.data(), parameterCount};
+    }
 };
 
 enum class ClassKind {
-  Global,     ///< one shared instance for a client, made on first use
-  Creatable,  ///< as many instances as the client makes
+    Global,     ///< one shared instance for a client, made on first use
+    Creatable,  ///< as many instances as the client makes
 };
 
 struct ClassInfo {
-  const char* name = "";
-  ClassKind kind = ClassKind::Global;
-  const char* role = "";
-  std::size_t publishedMembers = 0;  ///< a property's get and let count as two
-  std::span<const MemberInfo> (*members)() = nullptr;
-  /// Makes an instance over the given ports; null while the class has no members yet.
-  ObjectRef (*create)(Ports&) = nullptr;
+    const char* name = "";
+    ClassKind kind = ClassKind::Global;
+    const char* role = "";
+    std::size_t publishedMembers = 0;  ///< a property's get and let count as two
+    std::span<const MemberInfo> (*members)() = nullptr;
+    /// Makes an instance over the given ports; null while the class has no members yet.
+    ObjectRef (*create)(Ports&) = nullptr;
 };
 
 struct ConstantInfo {
-  const char* name = "";
-  Long value = 0;
+    const char* name = "";
+    Long value = 0;
 };
 
 struct EnumerationInfo {
-  const char* name = "";
-  const char* sentence = "";
-  std::span<const ConstantInfo> constants;
+    const char* name = "";
+    const char* sentence = "";
+    std::span<const ConstantInfo> constants;
 };
 
 /// All public classes, in the published order.

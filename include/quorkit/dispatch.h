@@ -20,36 +20,36 @@ namespace quorkit {
 ///     std::vector<Variant> arguments = {u"0", u"7", Long{3}};
 ///     Variant text = library.global(u"GQuorStrings")->call(u"LPad", CallKind::Call, {arguments});
 class Library {
- public:
-  explicit Library(Ports& ports = ports::native()) : ports_(ports) {}
+   public:
+    explicit Library(Ports& ports = ports::native()) : ports_(ports) {}
 
-  /// A new instance of a class. Error 429 when there is no such class or it has no members yet.
-  ObjectRef create(StringView className);
+    /// A new instance of a class. Error 429 when there is no such class or it has no members yet.
+    ObjectRef create(StringView className);
 
-  /// The client's one instance of a global class, made on first use.
-  /// Error 429 when there is no such global class or it has no members yet.
-  ObjectRef global(StringView className);
+    /// The client's one instance of a global class, made on first use.
+    /// Error 429 when there is no such global class or it has no members yet.
+    ObjectRef global(StringView className);
 
- private:
-  Ports& ports_;
-  std::map<const ClassInfo*, ObjectRef> globals_;
+   private:
+    Ports& ports_;
+    std::map<const ClassInfo*, ObjectRef> globals_;
 };
 
 /// An object whose class stands in the catalogue.
 class CatalogueObject : public Object {
- public:
-  virtual const ClassInfo& info() const = 0;
-  const char* className() const override { return info().name; }
-  Long identifierOf(StringView name) const override;
-  Variant invoke(Long identifier, CallKind kind, const Arguments& arguments) override;
+   public:
+    virtual const ClassInfo& info() const = 0;
+    const char* className() const override { return info().name; }
+    Long identifierOf(StringView name) const override;
+    Variant invoke(Long identifier, CallKind kind, const Arguments& arguments) override;
 
-  /// Runs a member of the object's own class with one value per parameter (see `arrange`).
-  /// Converts the values in place first; afterwards they are the final values. Error 13 when a
-  /// value does not convert, and whatever the member raises.
-  Variant run(const MemberInfo& member, std::span<Variant> values);
+    /// Runs a member of the object's own class with one value per parameter (see `arrange`).
+    /// Converts the values in place first; afterwards they are the final values. Error 13 when a
+    /// value does not convert, and whatever the member raises.
+    Variant run(const MemberInfo& member, std::span<Variant> values);
 
- private:
-  virtual void* self() = 0;
+   private:
+    virtual void* self() = 0;
 };
 
 /// Puts arguments into the order of the member's parameters, `missing` for each one left out.

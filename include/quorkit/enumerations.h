@@ -11,8 +11,8 @@ namespace quorkit {
 #define ENUMERATION(name, sentence) enum name : Long {
 #define CONSTANT(name, value) name = value,
 #define END(name) \
-  }               \
-  ;
+    }             \
+    ;
 #include <quorkit/enumerations.def>
 #undef ENUMERATION
 #undef CONSTANT
@@ -20,10 +20,10 @@ namespace quorkit {
 
 /// A rectangle on the screen.
 struct TRect {
-  Long Left = 0;
-  Long Top = 0;
-  Long Width = 0;
-  Long Height = 0;
+    Long Left = 0;
+    Long Top = 0;
+    Long Width = 0;
+    Long Height = 0;
 };
 
 }  // namespace quorkit

@@ -10,36 +10,36 @@ namespace quorkit {
 
 /// Numbers of the runtime's errors that the library raises. It defines none of its own.
 enum class ErrorNumber : Long {
-  InvalidProcedureCall = 5,
-  Overflow = 6,
-  OutOfMemory = 7,
-  SubscriptOutOfRange = 9,
-  TypeMismatch = 13,
-  InternalError = 51,
-  ObjectNotSet = 91,
-  InvalidUseOfNull = 94,
-  ObjectRequired = 424,
-  CannotCreateObject = 429,
-  NoSuchMember = 438,
-  NamedArgumentNotFound = 448,
-  ArgumentNotOptional = 449,
-  WrongNumberOfArguments = 450,
-  KeyAlreadyPresent = 457,
+    InvalidProcedureCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    InternalError = 51,
+    ObjectNotSet = 91,
+    InvalidUseOfNull = 94,
+    ObjectRequired = 424,
+    CannotCreateObject = 429,
+    NoSuchMember = 438,
+    NamedArgumentNotFound = 448,
+    ArgumentNotOptional = 449,
+    WrongNumberOfArguments = 450,
+    KeyAlreadyPresent = 457,
 };
 
 /// What a client sees when a member fails: the runtime's number and its text.
 class AutomationError : public std::exception {
- public:
-  /// An error with the runtime's own text for `number`.
-  explicit AutomationError(ErrorNumber number);
+   public:
+    /// An error with the runtime's own text for `number`.
+    explicit AutomationError(ErrorNumber number);
 
-  Long number() const noexcept { return number_; }
-  /// The text, plain ASCII.
-  const char* what() const noexcept override { return text_; }
+    Long number() const noexcept { return number_; }
+    /// The text, plain ASCII.
+    const char* what() const noexcept override { return text_; }
 
- private:
-  Long number_;
-  const char* text_;
+   private:
+    Long number_;
+    const char* text_;
 };
 
 [[noreturn]] void raise(ErrorNumber number);

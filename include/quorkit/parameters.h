@@ -11,34 +11,34 @@ namespace quorkit {
 /// A parameter that the interface passes by reference although the member never changes it.
 template <class T>
 class Unchanged {
- public:
-  Unchanged(const T& value) : value_(value) {}  // NOLINT(google-explicit-constructor)
-  operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor)
-  const T& operator*() const { return value_; }
-  const T* operator->() const { return &value_; }
+   public:
+    Unchanged(const T& value) : value_(value) {}  // NOLINT(google-explicit-constructor)
+    operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor)
+    const T& operator*() const { return value_; }
+    const T* operator->() const { return &value_; }
 
- private:
-  const T& value_;
+   private:
+    const T& value_;
 };
 
 /// A text as a template argument: Optional<String, Text(u"@#")>.
 template <std::size_t N>
 struct Text {
-  char16_t units[N];
-  consteval Text(const char16_t (&text)[N]) {  // NOLINT(google-explicit-constructor)
-    for (std::size_t i = 0; i < N; ++i) units[i] = text[i];
-  }
-  operator String() const { return String(units, N - 1); }  // NOLINT
+    char16_t units[N];
+    consteval Text(const char16_t (&text)[N]) {  // NOLINT(google-explicit-constructor)
+        for (std::size_t i = 0; i < N; ++i) units[i] = text[i];
+    }
+    operator String() const { return String(units, N - 1); }  // NOLINT
 };
 
 namespace detail {
 template <class T>
 struct OptionalValue {
-  using type = T;
+    using type = T;
 };
 template <class T>
 struct OptionalValue<Unchanged<T>> {
-  using type = T;
+    using type = T;
 };
 }  // namespace detail
 
@@ -46,32 +46,32 @@ struct OptionalValue<Unchanged<T>> {
 /// Variant is missing and any other type holds its initial value. Give it `= {}` in a declaration.
 template <class T, auto... Default>
 class Optional {
-  static_assert(sizeof...(Default) <= 1);
+    static_assert(sizeof...(Default) <= 1);
 
- public:
-  using Value = typename detail::OptionalValue<T>::type;
+   public:
+    using Value = typename detail::OptionalValue<T>::type;
 
-  Optional() : value_(defaultValue()) {}
-  template <class U>
-  requires(std::constructible_from<Value, U> && !std::is_same_v<std::remove_cvref_t<U>, Optional>)
-      Optional(U&& value)  // NOLINT(google-explicit-constructor): stands for the value itself
-      : value_(std::forward<U>(value)) {}
+    Optional() : value_(defaultValue()) {}
+    template <class U>
+    requires(std::constructible_from<Value, U> && !std::is_same_v<std::remove_cvref_t<U>, Optional>)
+        Optional(U&& value)  // NOLINT(google-explicit-constructor): stands for the value itself
+        : value_(std::forward<U>(value)) {}
 
-  operator const Value&() const { return value_; }  // NOLINT(google-explicit-constructor)
-  const Value& operator*() const { return value_; }
-  const Value* operator->() const { return &value_; }
+    operator const Value&() const { return value_; }  // NOLINT(google-explicit-constructor)
+    const Value& operator*() const { return value_; }
+    const Value* operator->() const { return &value_; }
 
-  static Value defaultValue() {
-    if constexpr (sizeof...(Default) == 1)
-      return Value((Default, ...));
-    else if constexpr (std::is_same_v<Value, Variant>)
-      return Variant::missing();
-    else
-      return Value{};
-  }
+    static Value defaultValue() {
+        if constexpr (sizeof...(Default) == 1)
+            return Value((Default, ...));
+        else if constexpr (std::is_same_v<Value, Variant>)
+            return Variant::missing();
+        else
+            return Value{};
+    }
 
- private:
-  Value value_;
+   private:
+    Value value_;
 };
 
 }  // namespace quorkit

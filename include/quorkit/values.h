@@ -21,9 +21,9 @@ using Double = double;
 
 /// Days since 30 December 1899; the fraction is the time of day and counts away from zero.
 struct Date {
-  Double days = 0;
-  friend bool operator==(const Date&, const Date&) = default;
-  friend auto operator<=>(const Date&, const Date&) = default;
+    Double days = 0;
+    friend bool operator==(const Date&, const Date&) = default;
+    friend auto operator<=>(const Date&, const Date&) = default;
 };
 
 }  // namespace quorkit

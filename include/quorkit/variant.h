@@ -14,15 +14,15 @@
 namespace quorkit {
 
 struct Empty {
-  friend bool operator==(Empty, Empty) { return true; }
+    friend bool operator==(Empty, Empty) { return true; }
 };
 struct Null {
-  friend bool operator==(Null, Null) { return true; }
+    friend bool operator==(Null, Null) { return true; }
 };
 /// An error handed on as a value, such as the one that stands for an omitted argument.
 struct ErrorValue {
-  std::uint32_t code = 0;
-  friend bool operator==(ErrorValue, ErrorValue) = default;
+    std::uint32_t code = 0;
+    friend bool operator==(ErrorValue, ErrorValue) = default;
 };
 
 using VariantValue = std::variant<Empty, Null, ErrorValue, Boolean, Integer, Long, Double, Date,
@@ -39,58 +39,60 @@ template <class T>
 concept VariantAlternative = detail::isOneOf<T, VariantValue>;
 
 class Variant : public VariantValue {
- public:
-  /// Empty.
-  Variant() = default;
-  /// Exactly one of the value types; nothing converts on the way in.
-  template <class T>
-  requires VariantAlternative<std::remove_cvref_t<T>> Variant(
-      T&& value)  // NOLINT(google-explicit-constructor): a Variant is any of its values
-      : VariantValue(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value)) {}
-  Variant(const char16_t* text) : Variant(String(text)) {}  // NOLINT(google-explicit-constructor)
-  /// A constant of a public enumeration crosses as its number.
-  template <class E>
-  requires std::is_enum_v<E> Variant(E constant)  // NOLINT(google-explicit-constructor)
-      : Variant(static_cast<Long>(constant)) {}
-  template <std::derived_from<Object> T>
-  Variant(const std::shared_ptr<T>& object)  // NOLINT(google-explicit-constructor)
-      : Variant(ObjectRef(object)) {}
+   public:
+    /// Empty.
+    Variant() = default;
+    /// Exactly one of the value types; nothing converts on the way in.
+    template <class T>
+    requires VariantAlternative<std::remove_cvref_t<T>> Variant(
+        T&& value)  // NOLINT(google-explicit-constructor): a Variant is any of its values
+        : VariantValue(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value)) {}
+    Variant(const char16_t* text) : Variant(String(text)) {}  // NOLINT(google-explicit-constructor)
+    /// A constant of a public enumeration crosses as its number.
+    template <class E>
+    requires std::is_enum_v<E> Variant(E constant)  // NOLINT(google-explicit-constructor)
+        : Variant(static_cast<Long>(constant)) {}
+    template <std::derived_from<Object> T>
+    Variant(const std::shared_ptr<T>& object)  // NOLINT(google-explicit-constructor)
+        : Variant(ObjectRef(object)) {}
 
-  /// The value of an optional argument that the caller left out. It is not Empty.
-  static Variant missing() { return ErrorValue{0x80020004}; }
-  bool isMissing() const { return is<ErrorValue>() && get<ErrorValue>() == ErrorValue{0x80020004}; }
+    /// The value of an optional argument that the caller left out. It is not Empty.
+    static Variant missing() { return ErrorValue{0x80020004}; }
+    bool isMissing() const {
+        return is<ErrorValue>() && get<ErrorValue>() == ErrorValue{0x80020004};
+    }
 
-  template <class T>
-  bool is() const {
-    return std::holds_alternative<T>(*this);
-  }
-  /// The value of the type that `is` has confirmed.
-  template <class T>
-  T& get() {
-    return *std::get_if<T>(static_cast<VariantValue*>(this));
-  }
-  template <class T>
-  const T& get() const {
-    return *std::get_if<T>(static_cast<const VariantValue*>(this));
-  }
-  /// The value when it is of type T, otherwise null.
-  template <class T>
-  T* getIf() {
-    return std::get_if<T>(static_cast<VariantValue*>(this));
-  }
-  template <class T>
-  const T* getIf() const {
-    return std::get_if<T>(static_cast<const VariantValue*>(this));
-  }
+    template <class T>
+    bool is() const {
+        return std::holds_alternative<T>(*this);
+    }
+    /// The value of the type that `is` has confirmed.
+    template <class T>
+    T& get() {
+        return *std::get_if<T>(static_cast<VariantValue*>(this));
+    }
+    template <class T>
+    const T& get() const {
+        return *std::get_if<T>(static_cast<const VariantValue*>(this));
+    }
+    /// The value when it is of type T, otherwise null.
+    template <class T>
+    T* getIf() {
+        return std::get_if<T>(static_cast<VariantValue*>(this));
+    }
+    template <class T>
+    const T* getIf() const {
+        return std::get_if<T>(static_cast<const VariantValue*>(this));
+    }
 
-  friend bool operator==(const Variant& a, const Variant& b) {
-    return static_cast<const VariantValue&>(a) == static_cast<const VariantValue&>(b);
-  }
+    friend bool operator==(const Variant& a, const Variant& b) {
+        return static_cast<const VariantValue&>(a) == static_cast<const VariantValue&>(b);
+    }
 };
 
 struct NamedArgument {
-  String name;
-  Variant value;
+    String name;
+    Variant value;
 };
 
 }  // namespace quorkit

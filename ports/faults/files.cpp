@@ -3,54 +3,54 @@
 namespace quorkit {
 
 void FaultyFiles::answer(std::size_t call, ErrorCode code, std::string_view operation) {
-  call_ = call;
-  code_ = code;
-  operation_ = operation;
-  calls_ = 0;
+    call_ = call;
+    code_ = code;
+    operation_ = operation;
+    calls_ = 0;
 }
 
 bool FaultyFiles::due(std::string_view operation) {
-  if (!operation_.empty() && operation != operation_) return false;
-  ++calls_;
-  return call_ == 0 || calls_ == call_;
+    if (!operation_.empty() && operation != operation_) return false;
+    ++calls_;
+    return call_ == 0 || calls_ == call_;
 }
 
 ErrorCode FaultyFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
-  return due("CreateFileA") ? code_ : inner_.CreateFileA(name, access, handle);
+    return due("CreateFileA") ? code_ : inner_.CreateFileA(name, access, handle);
 }
 ErrorCode FaultyFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
-  return due("GetFileSizeEx") ? code_ : inner_.GetFileSizeEx(handle, size);
+    return due("GetFileSizeEx") ? code_ : inner_.GetFileSizeEx(handle, size);
 }
 ErrorCode FaultyFiles::ReadFile(Handle handle, char* buffer, std::size_t capacity,
                                 std::size_t& count) {
-  return due("ReadFile") ? code_ : inner_.ReadFile(handle, buffer, capacity, count);
+    return due("ReadFile") ? code_ : inner_.ReadFile(handle, buffer, capacity, count);
 }
 ErrorCode FaultyFiles::WriteFile(Handle handle, std::string_view bytes) {
-  if (!due("WriteFile")) return inner_.WriteFile(handle, bytes);
-  inner_.WriteFile(handle, bytes.substr(0, bytes.size() / 2));
-  return code_;
+    if (!due("WriteFile")) return inner_.WriteFile(handle, bytes);
+    inner_.WriteFile(handle, bytes.substr(0, bytes.size() / 2));
+    return code_;
 }
 ErrorCode FaultyFiles::FlushFileBuffers(Handle handle) {
-  return due("FlushFileBuffers") ? code_ : inner_.FlushFileBuffers(handle);
+    return due("FlushFileBuffers") ? code_ : inner_.FlushFileBuffers(handle);
 }
 ErrorCode FaultyFiles::CloseHandle(Handle handle) {
-  const ErrorCode code = inner_.CloseHandle(handle);
-  return due("CloseHandle") ? code_ : code;
+    const ErrorCode code = inner_.CloseHandle(handle);
+    return due("CloseHandle") ? code_ : code;
 }
 ErrorCode FaultyFiles::GetFinalPathNameA(const String& name, String& target) {
-  return due("GetFinalPathNameA") ? code_ : inner_.GetFinalPathNameA(name, target);
+    return due("GetFinalPathNameA") ? code_ : inner_.GetFinalPathNameA(name, target);
 }
 ErrorCode FaultyFiles::LockFileA(const String& name, Handle& handle) {
-  return due("LockFileA") ? code_ : inner_.LockFileA(name, handle);
+    return due("LockFileA") ? code_ : inner_.LockFileA(name, handle);
 }
 ErrorCode FaultyFiles::ReplaceFileA(const String& name, const String& replacement) {
-  return due("ReplaceFileA") ? code_ : inner_.ReplaceFileA(name, replacement);
+    return due("ReplaceFileA") ? code_ : inner_.ReplaceFileA(name, replacement);
 }
 ErrorCode FaultyFiles::FlushFolderOf(const String& name) {
-  return due("FlushFolderOf") ? code_ : inner_.FlushFolderOf(name);
+    return due("FlushFolderOf") ? code_ : inner_.FlushFolderOf(name);
 }
 ErrorCode FaultyFiles::DeleteFileA(const String& name) {
-  return due("DeleteFileA") ? code_ : inner_.DeleteFileA(name);
+    return due("DeleteFileA") ? code_ : inner_.DeleteFileA(name);
 }
 
 }  // namespace quorkit

@@ -6,10 +6,10 @@
 namespace quorkit::ports {
 
 Ports& native() {
-  static LinuxFiles files;
-  static LinuxSystem system;
-  static Ports ports{files, system};
-  return ports;
+    static LinuxFiles files;
+    static LinuxSystem system;
+    static Ports ports{files, system};
+    return ports;
 }
 
 }  // namespace quorkit::ports

@@ -6,8 +6,8 @@ namespace quorkit {
 namespace {
 
 struct Language {
-  std::string_view locale;
-  LanguageIdentifier identifier;
+    std::string_view locale;
+    LanguageIdentifier identifier;
 };
 
 // From the list of language identifiers that Microsoft publishes with its locale names; the main
@@ -24,27 +24,27 @@ constexpr Language kLanguages[] = {
 }  // namespace
 
 LanguageIdentifier languageOfLocale(std::string_view locale) {
-  const std::string_view name = locale.substr(0, locale.find_first_of(".@"));
-  if (name == "C" || name == "POSIX") return 1033;
-  const std::string_view language = name.substr(0, name.find('_'));
-  LanguageIdentifier mainCountry = 0;
-  for (const Language& one : kLanguages) {
-    if (one.locale == name) return one.identifier;
-    if (mainCountry == 0 && one.locale.substr(0, 2) == language) mainCountry = one.identifier;
-  }
-  return mainCountry;
+    const std::string_view name = locale.substr(0, locale.find_first_of(".@"));
+    if (name == "C" || name == "POSIX") return 1033;
+    const std::string_view language = name.substr(0, name.find('_'));
+    LanguageIdentifier mainCountry = 0;
+    for (const Language& one : kLanguages) {
+        if (one.locale == name) return one.identifier;
+        if (mainCountry == 0 && one.locale.substr(0, 2) == language) mainCountry = one.identifier;
+    }
+    return mainCountry;
 }
 
 LanguageIdentifier LinuxSystem::GetUserDefaultUILanguage() {
-  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* value = std::getenv(variable);
-    if (value != nullptr && *value != '\0') return languageOfLocale(value);
-  }
-  return languageOfLocale("C");
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char* value = std::getenv(variable);
+        if (value != nullptr && *value != '\0') return languageOfLocale(value);
+    }
+    return languageOfLocale("C");
 }
 
 LanguageIdentifier LinuxSystem::GetSystemDefaultLangID() {
-  return GetUserDefaultUILanguage();
+    return GetUserDefaultUILanguage();
 }
 
 }  // namespace quorkit

@@ -8,10 +8,10 @@
 namespace quorkit {
 
 class LinuxSystem final : public System {
- public:
-  LanguageIdentifier GetUserDefaultUILanguage() override;
-  /// The same: a Linux system has no language apart from its locale environment.
-  LanguageIdentifier GetSystemDefaultLangID() override;
+   public:
+    LanguageIdentifier GetUserDefaultUILanguage() override;
+    /// The same: a Linux system has no language apart from its locale environment.
+    LanguageIdentifier GetSystemDefaultLangID() override;
 };
 
 /// The Windows language identifier of a locale name such as "de_CH.UTF-8"; 0 for a language that

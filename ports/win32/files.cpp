@@ -11,202 +11,202 @@ namespace {
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 const wchar_t* wide(const String& name) {
-  return reinterpret_cast<const wchar_t*>(name.c_str());
+    return reinterpret_cast<const wchar_t*>(name.c_str());
 }
 
 bool validName(const String& name) {
-  return !name.empty() && name.find(u'\0') == String::npos;
+    return !name.empty() && name.find(u'\0') == String::npos;
 }
 
 ErrorCode lastError() {
-  switch (const DWORD code = ::GetLastError(); code) {
-    case ERROR_SUCCESS:
-      return kGeneralFailure;
-    case ERROR_HANDLE_DISK_FULL:
-      return kDiskFull;
-    case ERROR_ALREADY_EXISTS:
-      return kFileExists;
-    default:
-      return static_cast<ErrorCode>(code);
-  }
+    switch (const DWORD code = ::GetLastError(); code) {
+        case ERROR_SUCCESS:
+            return kGeneralFailure;
+        case ERROR_HANDLE_DISK_FULL:
+            return kDiskFull;
+        case ERROR_ALREADY_EXISTS:
+            return kFileExists;
+        default:
+            return static_cast<ErrorCode>(code);
+    }
 }
 
 ErrorCode resultOf(BOOL done) {
-  return done ? kSuccess : lastError();
+    return done ? kSuccess : lastError();
 }
 
 /// Behind a Handle: an open file, or a held mutex.
 struct Opened {
-  HANDLE handle;
-  bool lock;
+    HANDLE handle;
+    bool lock;
 };
 
 Opened& opened(Handle handle) {
-  return *reinterpret_cast<Opened*>(handle);
+    return *reinterpret_cast<Opened*>(handle);
 }
 
 Handle handOut(HANDLE handle, bool lock) {
-  return Handle(reinterpret_cast<std::intptr_t>(new Opened{handle, lock}));
+    return Handle(reinterpret_cast<std::intptr_t>(new Opened{handle, lock}));
 }
 
 /// The name that asking `ask` for a name into a buffer gives; empty when it fails.
 template <class Ask>
 String askForName(Ask ask) {
-  String buffer(MAX_PATH, u'\0');
-  for (;;) {
-    const DWORD length =
-        ask(reinterpret_cast<wchar_t*>(buffer.data()), static_cast<DWORD>(buffer.size()));
-    if (length <= buffer.size()) {
-      buffer.resize(length);
-      return buffer;
+    String buffer(MAX_PATH, u'\0');
+    for (;;) {
+        const DWORD length =
+            ask(reinterpret_cast<wchar_t*>(buffer.data()), static_cast<DWORD>(buffer.size()));
+        if (length <= buffer.size()) {
+            buffer.resize(length);
+            return buffer;
+        }
+        buffer.resize(length);
     }
-    buffer.resize(length);
-  }
 }
 
 String fullName(const String& name) {
-  return askForName([&](wchar_t* buffer, DWORD size) {
-    return ::GetFullPathNameW(wide(name), size, buffer, nullptr);
-  });
+    return askForName([&](wchar_t* buffer, DWORD size) {
+        return ::GetFullPathNameW(wide(name), size, buffer, nullptr);
+    });
 }
 
 /// One mutex for one file, whoever asks for it and however the name is spelled.
 std::wstring mutexName(const String& name) {
-  String key = fullName(name);
-  ::CharLowerBuffW(reinterpret_cast<wchar_t*>(key.data()), static_cast<DWORD>(key.size()));
-  std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
-  for (const char16_t unit : key) hash = (hash ^ unit) * 1099511628211u;
-  return L"Global\\quorkit-" + std::to_wstring(hash);
+    String key = fullName(name);
+    ::CharLowerBuffW(reinterpret_cast<wchar_t*>(key.data()), static_cast<DWORD>(key.size()));
+    std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
+    for (const char16_t unit : key) hash = (hash ^ unit) * 1099511628211u;
+    return L"Global\\quorkit-" + std::to_wstring(hash);
 }
 
 /// Other programs hold a file open for moments (readers, virus scanners); wait for them a while.
 template <class Call>
 BOOL whileInUse(Call call) {
-  constexpr int kTries = 200;
-  for (int tries = 1;; ++tries) {
-    if (call()) return TRUE;
-    const DWORD code = ::GetLastError();
-    const bool inUse = code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED ||
-                       code == ERROR_UNABLE_TO_REMOVE_REPLACED;
-    if (!inUse || tries == kTries) return FALSE;
-    ::Sleep(5);
-  }
+    constexpr int kTries = 200;
+    for (int tries = 1;; ++tries) {
+        if (call()) return TRUE;
+        const DWORD code = ::GetLastError();
+        const bool inUse = code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED ||
+                           code == ERROR_UNABLE_TO_REMOVE_REPLACED;
+        if (!inUse || tries == kTries) return FALSE;
+        ::Sleep(5);
+    }
 }
 
 }  // namespace
 
 ErrorCode Win32Files::CreateFileA(const String& name, FileAccess access, Handle& handle) {
-  if (!validName(name)) return kInvalidName;
-  const bool read = access == FileAccess::Read;
-  const HANDLE file =
-      ::CreateFileW(wide(name), read ? GENERIC_READ : GENERIC_WRITE, kShareAll, nullptr,
-                    read ? OPEN_EXISTING : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return lastError();
-  if (::GetFileType(file) != FILE_TYPE_DISK) {  // NUL, CON and their like
-    ::CloseHandle(file);
-    return kAccessDenied;
-  }
-  handle = handOut(file, false);
-  return kSuccess;
+    if (!validName(name)) return kInvalidName;
+    const bool read = access == FileAccess::Read;
+    const HANDLE file =
+        ::CreateFileW(wide(name), read ? GENERIC_READ : GENERIC_WRITE, kShareAll, nullptr,
+                      read ? OPEN_EXISTING : CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return lastError();
+    if (::GetFileType(file) != FILE_TYPE_DISK) {  // NUL, CON and their like
+        ::CloseHandle(file);
+        return kAccessDenied;
+    }
+    handle = handOut(file, false);
+    return kSuccess;
 }
 
 ErrorCode Win32Files::GetFileSizeEx(Handle handle, std::uint64_t& size) {
-  LARGE_INTEGER result = {};
-  if (!::GetFileSizeEx(opened(handle).handle, &result)) return lastError();
-  size = static_cast<std::uint64_t>(result.QuadPart);
-  return kSuccess;
+    LARGE_INTEGER result = {};
+    if (!::GetFileSizeEx(opened(handle).handle, &result)) return lastError();
+    size = static_cast<std::uint64_t>(result.QuadPart);
+    return kSuccess;
 }
 
 ErrorCode Win32Files::ReadFile(Handle handle, char* buffer, std::size_t capacity,
                                std::size_t& count) {
-  const auto wanted = static_cast<DWORD>(std::min<std::size_t>(capacity, 1u << 30));
-  DWORD got = 0;
-  if (!::ReadFile(opened(handle).handle, buffer, wanted, &got, nullptr)) return lastError();
-  count = got;
-  return kSuccess;
+    const auto wanted = static_cast<DWORD>(std::min<std::size_t>(capacity, 1u << 30));
+    DWORD got = 0;
+    if (!::ReadFile(opened(handle).handle, buffer, wanted, &got, nullptr)) return lastError();
+    count = got;
+    return kSuccess;
 }
 
 ErrorCode Win32Files::WriteFile(Handle handle, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const auto wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1u << 30));
-    DWORD written = 0;
-    if (!::WriteFile(opened(handle).handle, bytes.data(), wanted, &written, nullptr))
-      return lastError();
-    bytes.remove_prefix(written);
-  }
-  return kSuccess;
+    while (!bytes.empty()) {
+        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1u << 30));
+        DWORD written = 0;
+        if (!::WriteFile(opened(handle).handle, bytes.data(), wanted, &written, nullptr))
+            return lastError();
+        bytes.remove_prefix(written);
+    }
+    return kSuccess;
 }
 
 ErrorCode Win32Files::FlushFileBuffers(Handle handle) {
-  return resultOf(::FlushFileBuffers(opened(handle).handle));
+    return resultOf(::FlushFileBuffers(opened(handle).handle));
 }
 
 ErrorCode Win32Files::CloseHandle(Handle handle) {
-  const Opened closing = opened(handle);
-  delete &opened(handle);
-  if (closing.lock) ::ReleaseMutex(closing.handle);
-  return resultOf(::CloseHandle(closing.handle));
+    const Opened closing = opened(handle);
+    delete &opened(handle);
+    if (closing.lock) ::ReleaseMutex(closing.handle);
+    return resultOf(::CloseHandle(closing.handle));
 }
 
 ErrorCode Win32Files::GetFinalPathNameA(const String& name, String& target) {
-  if (!validName(name)) return kInvalidName;
-  const HANDLE file = ::CreateFileW(wide(name), 0, kShareAll, nullptr, OPEN_EXISTING,
-                                    FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-  if (file != INVALID_HANDLE_VALUE) {
-    target = askForName([&](wchar_t* buffer, DWORD size) {
-      return ::GetFinalPathNameByHandleW(file, buffer, size, FILE_NAME_NORMALIZED);
-    });
-    ::CloseHandle(file);
-    if (!target.empty()) return kSuccess;
-  }
-  target = fullName(name);
-  return target.empty() ? lastError() : kSuccess;
+    if (!validName(name)) return kInvalidName;
+    const HANDLE file = ::CreateFileW(wide(name), 0, kShareAll, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file != INVALID_HANDLE_VALUE) {
+        target = askForName([&](wchar_t* buffer, DWORD size) {
+            return ::GetFinalPathNameByHandleW(file, buffer, size, FILE_NAME_NORMALIZED);
+        });
+        ::CloseHandle(file);
+        if (!target.empty()) return kSuccess;
+    }
+    target = fullName(name);
+    return target.empty() ? lastError() : kSuccess;
 }
 
 ErrorCode Win32Files::LockFileA(const String& name, Handle& handle) {
-  if (!validName(name)) return kInvalidName;
-  const DWORD attributes = ::GetFileAttributesW(wide(name));
-  constexpr DWORD kNotWritable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kNotWritable) != 0)
-    return kAccessDenied;
-  if (attributes == INVALID_FILE_ATTRIBUTES && ::GetLastError() == ERROR_PATH_NOT_FOUND)
-    return kPathNotFound;
+    if (!validName(name)) return kInvalidName;
+    const DWORD attributes = ::GetFileAttributesW(wide(name));
+    constexpr DWORD kNotWritable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kNotWritable) != 0)
+        return kAccessDenied;
+    if (attributes == INVALID_FILE_ATTRIBUTES && ::GetLastError() == ERROR_PATH_NOT_FOUND)
+        return kPathNotFound;
 
-  // Users who share the file share the mutex, so everyone may open it.
-  SECURITY_DESCRIPTOR everyone = {};
-  ::InitializeSecurityDescriptor(&everyone, SECURITY_DESCRIPTOR_REVISION);
-  ::SetSecurityDescriptorDacl(&everyone, TRUE, nullptr, FALSE);
-  SECURITY_ATTRIBUTES security = {sizeof security, &everyone, FALSE};
-  const HANDLE mutex = ::CreateMutexW(&security, FALSE, mutexName(name).c_str());
-  if (mutex == nullptr) return lastError();
-  const DWORD outcome = ::WaitForSingleObject(mutex, INFINITE);
-  if (outcome != WAIT_OBJECT_0 && outcome != WAIT_ABANDONED) {
-    const ErrorCode code = lastError();
-    ::CloseHandle(mutex);
-    return code;
-  }
-  handle = handOut(mutex, true);
-  return kSuccess;
+    // Users who share the file share the mutex, so everyone may open it.
+    SECURITY_DESCRIPTOR everyone = {};
+    ::InitializeSecurityDescriptor(&everyone, SECURITY_DESCRIPTOR_REVISION);
+    ::SetSecurityDescriptorDacl(&everyone, TRUE, nullptr, FALSE);
+    SECURITY_ATTRIBUTES security = {sizeof security, &everyone, FALSE};
+    const HANDLE mutex = ::CreateMutexW(&security, FALSE, mutexName(name).c_str());
+    if (mutex == nullptr) return lastError();
+    const DWORD outcome = ::WaitForSingleObject(mutex, INFINITE);
+    if (outcome != WAIT_OBJECT_0 && outcome != WAIT_ABANDONED) {
+        const ErrorCode code = lastError();
+        ::CloseHandle(mutex);
+        return code;
+    }
+    handle = handOut(mutex, true);
+    return kSuccess;
 }
 
 ErrorCode Win32Files::ReplaceFileA(const String& name, const String& replacement) {
-  if (!validName(name) || !validName(replacement)) return kInvalidName;
-  if (::GetFileAttributesW(wide(name)) == INVALID_FILE_ATTRIBUTES)
-    return resultOf(::MoveFileExW(wide(replacement), wide(name), MOVEFILE_WRITE_THROUGH));
-  return resultOf(whileInUse([&] {
-    return ::ReplaceFileW(wide(name), wide(replacement), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
-                          nullptr, nullptr);
-  }));
+    if (!validName(name) || !validName(replacement)) return kInvalidName;
+    if (::GetFileAttributesW(wide(name)) == INVALID_FILE_ATTRIBUTES)
+        return resultOf(::MoveFileExW(wide(replacement), wide(name), MOVEFILE_WRITE_THROUGH));
+    return resultOf(whileInUse([&] {
+        return ::ReplaceFileW(wide(name), wide(replacement), nullptr,
+                              REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr);
+    }));
 }
 
 /// The system writes folders through by itself.
 ErrorCode Win32Files::FlushFolderOf(const String& name) {
-  return validName(name) ? kSuccess : kInvalidName;
+    return validName(name) ? kSuccess : kInvalidName;
 }
 
 ErrorCode Win32Files::DeleteFileA(const String& name) {
-  if (!validName(name)) return kInvalidName;
-  return resultOf(::DeleteFileW(wide(name)));
+    if (!validName(name)) return kInvalidName;
+    return resultOf(::DeleteFileW(wide(name)));
 }
 
 }  // namespace quorkit

@@ -6,7 +6,7 @@ namespace quorkit {
 
 template <>
 std::span<const MemberInfo> memberRows<GQuorLanguage>() {
-  return {};
+    return {};
 }
 
 }  // namespace quorkit

@@ -16,18 +16,18 @@ namespace {
 
 template <class C>
 class Instance final : public CatalogueObject {
- public:
-  Instance(const ClassInfo& info, Ports& ports) : info_(info), self_(ports) {}
-  const ClassInfo& info() const override { return info_; }
+   public:
+    Instance(const ClassInfo& info, Ports& ports) : info_(info), self_(ports) {}
+    const ClassInfo& info() const override { return info_; }
 
- private:
-  void* self() override { return &self_; }
-  const ClassInfo& info_;
-  C self_;
+   private:
+    void* self() override { return &self_; }
+    const ClassInfo& info_;
+    C self_;
 };
 
 std::span<const MemberInfo> noMembers() {
-  return {};
+    return {};
 }
 
 template <class C>
@@ -36,12 +36,12 @@ ObjectRef make(Ports& ports);
 template <class C>
 constexpr ClassInfo implemented(const char* name, ClassKind kind, std::size_t published,
                                 const char* role) {
-  return {name, kind, role, published, &memberRows<C>, &make<C>};
+    return {name, kind, role, published, &memberRows<C>, &make<C>};
 }
 /// A class whose members are not there yet: it is listed, and creating it is error 429.
 constexpr ClassInfo announced(const char* name, ClassKind kind, std::size_t published,
                               const char* role) {
-  return {name, kind, role, published, &noMembers, nullptr};
+    return {name, kind, role, published, &noMembers, nullptr};
 }
 
 constexpr ClassKind Global = ClassKind::Global;
@@ -87,15 +87,15 @@ constexpr ClassInfo kClasses[] = {
 
 template <class C>
 ObjectRef make(Ports& ports) {
-  static const ClassInfo& info = *std::ranges::find(kClasses, &make<C>, &ClassInfo::create);
-  return std::make_shared<Instance<C>>(info, ports);
+    static const ClassInfo& info = *std::ranges::find(kClasses, &make<C>, &ClassInfo::create);
+    return std::make_shared<Instance<C>>(info, ports);
 }
 
 #define ENUMERATION(name, sentence) constexpr ConstantInfo k_##name[] = {
 #define CONSTANT(name, value) {#name, value},
 #define END(name) \
-  }               \
-  ;
+    }             \
+    ;
 #include <quorkit/enumerations.def>
 #undef ENUMERATION
 #undef CONSTANT
@@ -112,35 +112,35 @@ constexpr EnumerationInfo kEnumerations[] = {
 };
 
 bool reaches(CallKind kind, const MemberInfo& member) {
-  return (kind == CallKind::Let) == (member.kind == MemberKind::PropertyLet);
+    return (kind == CallKind::Let) == (member.kind == MemberKind::PropertyLet);
 }
 
 }  // namespace
 
 std::span<const ClassInfo> classes() {
-  return kClasses;
+    return kClasses;
 }
 
 const ClassInfo* findClass(StringView name) {
-  const auto found = std::ranges::find_if(
-      kClasses, [&](const ClassInfo& one) { return sameName(name, one.name); });
-  return found == std::end(kClasses) ? nullptr : found;
+    const auto found = std::ranges::find_if(
+        kClasses, [&](const ClassInfo& one) { return sameName(name, one.name); });
+    return found == std::end(kClasses) ? nullptr : found;
 }
 
 const MemberInfo* findMember(const ClassInfo& info, StringView name, CallKind kind) {
-  for (const MemberInfo& member : info.members())
-    if (reaches(kind, member) && sameName(name, member.name)) return &member;
-  return nullptr;
+    for (const MemberInfo& member : info.members())
+        if (reaches(kind, member) && sameName(name, member.name)) return &member;
+    return nullptr;
 }
 
 const MemberInfo* findMember(const ClassInfo& info, Long identifier, CallKind kind) {
-  for (const MemberInfo& member : info.members())
-    if (member.identifier == identifier && reaches(kind, member)) return &member;
-  return nullptr;
+    for (const MemberInfo& member : info.members())
+        if (member.identifier == identifier && reaches(kind, member)) return &member;
+    return nullptr;
 }
 
 std::span<const EnumerationInfo> enumerations() {
-  return kEnumerations;
+    return kEnumerations;
 }
 
 }  // namespace quorkit

@@ -10,104 +10,105 @@ namespace quorkit {
 namespace {
 
 const MemberInfo& reachableMember(const ClassInfo& info, Long identifier, CallKind kind) {
-  const MemberInfo* member = findMember(info, identifier, kind);
-  if (member == nullptr) raise(ErrorNumber::NoSuchMember);
-  return *member;
+    const MemberInfo* member = findMember(info, identifier, kind);
+    if (member == nullptr) raise(ErrorNumber::NoSuchMember);
+    return *member;
 }
 
 ObjectRef createOrRaise(const ClassInfo* info, Ports& ports) {
-  if (info == nullptr || info->create == nullptr) raise(ErrorNumber::CannotCreateObject);
-  return info->create(ports);
+    if (info == nullptr || info->create == nullptr) raise(ErrorNumber::CannotCreateObject);
+    return info->create(ports);
 }
 
 std::size_t positionOf(const MemberInfo& member, StringView name) {
-  const auto parameters = member.parameters();
-  const auto found = std::ranges::find_if(
-      parameters, [&](const ParameterInfo& one) { return sameName(name, one.name); });
-  if (found == parameters.end()) raise(ErrorNumber::NamedArgumentNotFound);
-  return static_cast<std::size_t>(found - parameters.begin());
+    const auto parameters = member.parameters();
+    const auto found = std::ranges::find_if(
+        parameters, [&](const ParameterInfo& one) { return sameName(name, one.name); });
+    if (found == parameters.end()) raise(ErrorNumber::NamedArgumentNotFound);
+    return static_cast<std::size_t>(found - parameters.begin());
 }
 
 }  // namespace
 
 Long Object::identifierOf(StringView) const {
-  raise(ErrorNumber::NoSuchMember);
+    raise(ErrorNumber::NoSuchMember);
 }
 
 Variant Object::invoke(Long, CallKind, const Arguments&) {
-  raise(ErrorNumber::NoSuchMember);
+    raise(ErrorNumber::NoSuchMember);
 }
 
 Variant Object::call(StringView name, CallKind kind, const Arguments& arguments) {
-  return invoke(identifierOf(name), kind, arguments);
+    return invoke(identifierOf(name), kind, arguments);
 }
 
 Long CatalogueObject::identifierOf(StringView name) const {
-  for (const CallKind kind : {CallKind::Call, CallKind::Let})
-    if (const MemberInfo* member = findMember(info(), name, kind)) return member->identifier;
-  raise(ErrorNumber::NoSuchMember);
+    for (const CallKind kind : {CallKind::Call, CallKind::Let})
+        if (const MemberInfo* member = findMember(info(), name, kind)) return member->identifier;
+    raise(ErrorNumber::NoSuchMember);
 }
 
 std::vector<Variant> arrange(const MemberInfo& member, const Arguments& arguments) {
-  const auto parameters = member.parameters();
-  if (arguments.positional.size() > parameters.size()) raise(ErrorNumber::WrongNumberOfArguments);
-  std::vector<Variant> values(parameters.size(), Variant::missing());
-  std::ranges::move(arguments.positional, values.begin());
-  for (NamedArgument& one : arguments.named) {
-    const std::size_t position = positionOf(member, one.name);
-    if (position < arguments.positional.size() || !values[position].isMissing())
-      raise(ErrorNumber::WrongNumberOfArguments);
-    values[position] = std::move(one.value);
-  }
-  for (std::size_t i = 0; i < parameters.size(); ++i)
-    if (values[i].isMissing() && !parameters[i].optional()) raise(ErrorNumber::ArgumentNotOptional);
-  return values;
+    const auto parameters = member.parameters();
+    if (arguments.positional.size() > parameters.size()) raise(ErrorNumber::WrongNumberOfArguments);
+    std::vector<Variant> values(parameters.size(), Variant::missing());
+    std::ranges::move(arguments.positional, values.begin());
+    for (NamedArgument& one : arguments.named) {
+        const std::size_t position = positionOf(member, one.name);
+        if (position < arguments.positional.size() || !values[position].isMissing())
+            raise(ErrorNumber::WrongNumberOfArguments);
+        values[position] = std::move(one.value);
+    }
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        if (values[i].isMissing() && !parameters[i].optional())
+            raise(ErrorNumber::ArgumentNotOptional);
+    return values;
 }
 
 Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant> values) {
-  return untrapped([&] {
-    for (std::size_t i = 0; i < member.parameterCount; ++i) {
-      const ParameterInfo& parameter = member.parameterRow[i];
-      if (values[i].isMissing() && parameter.optional()) values[i] = parameter.defaultValue();
-      convert(values[i], parameter.type);
-    }
-    return member.run(self(), values.data());
-  });
+    return untrapped([&] {
+        for (std::size_t i = 0; i < member.parameterCount; ++i) {
+            const ParameterInfo& parameter = member.parameterRow[i];
+            if (values[i].isMissing() && parameter.optional()) values[i] = parameter.defaultValue();
+            convert(values[i], parameter.type);
+        }
+        return member.run(self(), values.data());
+    });
 }
 
 Variant CatalogueObject::invoke(Long identifier, CallKind kind, const Arguments& arguments) {
-  const MemberInfo& member = reachableMember(info(), identifier, kind);
-  if (arguments.named.empty() && arguments.positional.size() == member.parameterCount)
-    return run(member, arguments.positional);
+    const MemberInfo& member = reachableMember(info(), identifier, kind);
+    if (arguments.named.empty() && arguments.positional.size() == member.parameterCount)
+        return run(member, arguments.positional);
 
-  std::vector<Variant> values = arrange(member, arguments);
-  const auto giveBack = [&] {
-    std::move(values.begin(),
-              values.begin() + static_cast<std::ptrdiff_t>(arguments.positional.size()),
-              arguments.positional.begin());
-    for (NamedArgument& one : arguments.named)
-      one.value = std::move(values[positionOf(member, one.name)]);
-  };
-  try {
-    Variant result = run(member, values);
-    giveBack();
-    return result;
-  } catch (...) {
-    giveBack();
-    throw;
-  }
+    std::vector<Variant> values = arrange(member, arguments);
+    const auto giveBack = [&] {
+        std::move(values.begin(),
+                  values.begin() + static_cast<std::ptrdiff_t>(arguments.positional.size()),
+                  arguments.positional.begin());
+        for (NamedArgument& one : arguments.named)
+            one.value = std::move(values[positionOf(member, one.name)]);
+    };
+    try {
+        Variant result = run(member, values);
+        giveBack();
+        return result;
+    } catch (...) {
+        giveBack();
+        throw;
+    }
 }
 
 ObjectRef Library::create(StringView className) {
-  return createOrRaise(findClass(className), ports_);
+    return createOrRaise(findClass(className), ports_);
 }
 
 ObjectRef Library::global(StringView className) {
-  const ClassInfo* info = findClass(className);
-  if (info != nullptr && info->kind != ClassKind::Global) info = nullptr;
-  ObjectRef& object = globals_[info];
-  if (object == nullptr) object = createOrRaise(info, ports_);
-  return object;
+    const ClassInfo* info = findClass(className);
+    if (info != nullptr && info->kind != ClassKind::Global) info = nullptr;
+    ObjectRef& object = globals_[info];
+    if (object == nullptr) object = createOrRaise(info, ports_);
+    return object;
 }
 
 }  // namespace quorkit

@@ -14,38 +14,38 @@ namespace quorkit {
 /// C++ library that failed: exhausted memory is error 7, anything unexpected error 51.
 template <class Body>
 decltype(auto) untrapped(Body&& body) {
-  try {
-    return std::forward<Body>(body)();
-  } catch (const AutomationError&) {
-    throw;
-  } catch (const std::bad_alloc&) {
-    raise(ErrorNumber::OutOfMemory);
-  } catch (const std::length_error&) {
-    raise(ErrorNumber::OutOfMemory);
-  } catch (const std::exception&) {
-    raise(ErrorNumber::InternalError);
-  }
+    try {
+        return std::forward<Body>(body)();
+    } catch (const AutomationError&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        raise(ErrorNumber::OutOfMemory);
+    } catch (const std::length_error&) {
+        raise(ErrorNumber::OutOfMemory);
+    } catch (const std::exception&) {
+        raise(ErrorNumber::InternalError);
+    }
 }
 
 /// The failing statement is skipped and the member goes on behind it. True when it did not fail.
 template <class Statement>
 bool resumeNext(Statement&& statement) {
-  try {
-    std::forward<Statement>(statement)();
-    return true;
-  } catch (const std::exception&) {
-    return false;
-  }
+    try {
+        std::forward<Statement>(statement)();
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
 }
 
 /// The first failure ends the body, and `failure` is the result.
 template <class Result, class Body>
 Result onErrorReturn(const Result& failure, Body&& body) {
-  try {
-    return std::forward<Body>(body)();
-  } catch (const std::exception&) {
-    return failure;
-  }
+    try {
+        return std::forward<Body>(body)();
+    } catch (const std::exception&) {
+        return failure;
+    }
 }
 
 }  // namespace quorkit

@@ -11,37 +11,37 @@ namespace quorkit {
 /// Hands every operation on to `inner` except the one that is told to answer with a code. A write
 /// that fails has written half of its bytes; a close that fails has closed.
 class FaultyFiles final : public Files {
- public:
-  explicit FaultyFiles(Files& inner) : inner_(inner) {}
+   public:
+    explicit FaultyFiles(Files& inner) : inner_(inner) {}
 
-  /// Call number `call` from now on, counted from 1 over calls of `operation` (all when empty),
-  /// is not run and answers `code`; call 0 stands for every one. kSuccess makes an operation do
-  /// nothing and report that it is done. Replaces the last order; an empty order is call -1.
-  void answer(std::size_t call, ErrorCode code, std::string_view operation = {});
-  /// How many calls have been counted since the last order.
-  std::size_t calls() const { return calls_; }
+    /// Call number `call` from now on, counted from 1 over calls of `operation` (all when empty),
+    /// is not run and answers `code`; call 0 stands for every one. kSuccess makes an operation do
+    /// nothing and report that it is done. Replaces the last order; an empty order is call -1.
+    void answer(std::size_t call, ErrorCode code, std::string_view operation = {});
+    /// How many calls have been counted since the last order.
+    std::size_t calls() const { return calls_; }
 
-  ErrorCode CreateFileA(const String& name, FileAccess access, Handle& handle) override;
-  ErrorCode GetFileSizeEx(Handle handle, std::uint64_t& size) override;
-  ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
-                     std::size_t& count) override;
-  ErrorCode WriteFile(Handle handle, std::string_view bytes) override;
-  ErrorCode FlushFileBuffers(Handle handle) override;
-  ErrorCode CloseHandle(Handle handle) override;
-  ErrorCode GetFinalPathNameA(const String& name, String& target) override;
-  ErrorCode LockFileA(const String& name, Handle& handle) override;
-  ErrorCode ReplaceFileA(const String& name, const String& replacement) override;
-  ErrorCode FlushFolderOf(const String& name) override;
-  ErrorCode DeleteFileA(const String& name) override;
+    ErrorCode CreateFileA(const String& name, FileAccess access, Handle& handle) override;
+    ErrorCode GetFileSizeEx(Handle handle, std::uint64_t& size) override;
+    ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
+                       std::size_t& count) override;
+    ErrorCode WriteFile(Handle handle, std::string_view bytes) override;
+    ErrorCode FlushFileBuffers(Handle handle) override;
+    ErrorCode CloseHandle(Handle handle) override;
+    ErrorCode GetFinalPathNameA(const String& name, String& target) override;
+    ErrorCode LockFileA(const String& name, Handle& handle) override;
+    ErrorCode ReplaceFileA(const String& name, const String& replacement) override;
+    ErrorCode FlushFolderOf(const String& name) override;
+    ErrorCode DeleteFileA(const String& name) override;
 
- private:
-  bool due(std::string_view operation);
+   private:
+    bool due(std::string_view operation);
 
-  Files& inner_;
-  std::size_t call_ = static_cast<std::size_t>(-1);
-  ErrorCode code_ = kGeneralFailure;
-  std::string_view operation_;
-  std::size_t calls_ = 0;
+    Files& inner_;
+    std::size_t call_ = static_cast<std::size_t>(-1);
+    ErrorCode code_ = kGeneralFailure;
+    std::string_view operation_;
+    std::size_t calls_ = 0;
 };
 
 }  // namespace quorkit

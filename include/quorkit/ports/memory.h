@@ -18,69 +18,69 @@ namespace quorkit {
 
 /// Names are told apart as they are spelled. The folder "" is there from the start.
 class MemoryFiles final : public Files {
- public:
-  void addFolder(const String& name);
-  void put(const String& name, std::string content);
-  /// The content of a file; nothing when there is none of that name.
-  std::optional<std::string> content(const String& name) const;
-  void setReadOnly(const String& name, bool readOnly = true);
-  void addLink(const String& name, const String& target);
-  /// How many bytes can still be written before the disk is full.
-  void setFreeSpace(std::size_t bytes);
+   public:
+    void addFolder(const String& name);
+    void put(const String& name, std::string content);
+    /// The content of a file; nothing when there is none of that name.
+    std::optional<std::string> content(const String& name) const;
+    void setReadOnly(const String& name, bool readOnly = true);
+    void addLink(const String& name, const String& target);
+    /// How many bytes can still be written before the disk is full.
+    void setFreeSpace(std::size_t bytes);
 
-  ErrorCode CreateFileA(const String& name, FileAccess access, Handle& handle) override;
-  ErrorCode GetFileSizeEx(Handle handle, std::uint64_t& size) override;
-  ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
-                     std::size_t& count) override;
-  ErrorCode WriteFile(Handle handle, std::string_view bytes) override;
-  ErrorCode FlushFileBuffers(Handle handle) override;
-  ErrorCode CloseHandle(Handle handle) override;
-  ErrorCode GetFinalPathNameA(const String& name, String& target) override;
-  ErrorCode LockFileA(const String& name, Handle& handle) override;
-  ErrorCode ReplaceFileA(const String& name, const String& replacement) override;
-  ErrorCode FlushFolderOf(const String& name) override;
-  ErrorCode DeleteFileA(const String& name) override;
+    ErrorCode CreateFileA(const String& name, FileAccess access, Handle& handle) override;
+    ErrorCode GetFileSizeEx(Handle handle, std::uint64_t& size) override;
+    ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
+                       std::size_t& count) override;
+    ErrorCode WriteFile(Handle handle, std::string_view bytes) override;
+    ErrorCode FlushFileBuffers(Handle handle) override;
+    ErrorCode CloseHandle(Handle handle) override;
+    ErrorCode GetFinalPathNameA(const String& name, String& target) override;
+    ErrorCode LockFileA(const String& name, Handle& handle) override;
+    ErrorCode ReplaceFileA(const String& name, const String& replacement) override;
+    ErrorCode FlushFolderOf(const String& name) override;
+    ErrorCode DeleteFileA(const String& name) override;
 
- private:
-  struct File {
-    std::string content;
-    bool readOnly = false;
-  };
-  struct Opened {
-    std::shared_ptr<File> file;  // null for a lock
-    std::size_t position = 0;
-    String lockedName;
-  };
+   private:
+    struct File {
+        std::string content;
+        bool readOnly = false;
+    };
+    struct Opened {
+        std::shared_ptr<File> file;  // null for a lock
+        std::size_t position = 0;
+        String lockedName;
+    };
 
-  std::string* contentOf(Handle handle, std::size_t*& position);
-  bool folderExists(const String& name) const;
+    std::string* contentOf(Handle handle, std::size_t*& position);
+    bool folderExists(const String& name) const;
 
-  mutable std::mutex mutex_;
-  std::condition_variable unlocked_;
-  std::map<String, std::shared_ptr<File>> files_;
-  std::map<String, String> links_;
-  std::set<String> folders_ = {String()};
-  std::set<String> locked_;
-  std::map<std::intptr_t, Opened> opened_;
-  std::intptr_t nextHandle_ = 1;
-  std::size_t freeSpace_ = static_cast<std::size_t>(-1);
+    mutable std::mutex mutex_;
+    std::condition_variable unlocked_;
+    std::map<String, std::shared_ptr<File>> files_;
+    std::map<String, String> links_;
+    std::set<String> folders_ = {String()};
+    std::set<String> locked_;
+    std::map<std::intptr_t, Opened> opened_;
+    std::intptr_t nextHandle_ = 1;
+    std::size_t freeSpace_ = static_cast<std::size_t>(-1);
 };
 
 class MemorySystem final : public System {
- public:
-  LanguageIdentifier userLanguage = 1033;
-  LanguageIdentifier systemLanguage = 1033;
+   public:
+    LanguageIdentifier userLanguage = 1033;
+    LanguageIdentifier systemLanguage = 1033;
 
-  LanguageIdentifier GetUserDefaultUILanguage() override { return userLanguage; }
-  LanguageIdentifier GetSystemDefaultLangID() override { return systemLanguage; }
+    LanguageIdentifier GetUserDefaultUILanguage() override { return userLanguage; }
+    LanguageIdentifier GetSystemDefaultLangID() override { return systemLanguage; }
 };
 
 /// A whole world in memory.
 struct MemoryPorts {
-  MemoryFiles files;
-  MemorySystem system;
-  Ports ports{files, system};
-  operator Ports&() { return ports; }  // NOLINT(google-explicit-constructor): it is one
+    MemoryFiles files;
+    MemorySystem system;
+    Ports ports{files, system};
+    operator Ports&() { return ports; }  // NOLINT(google-explicit-constructor): it is one
 };
 
 }  // namespace quorkit

@@ -8,8 +8,8 @@ class Files;
 class System;
 
 struct Ports {
-  Files& files;
-  System& system;
+    Files& files;
+    System& system;
 };
 
 namespace ports {

@@ -1,0 +1,83 @@
+#include "file/whole_file.h"
+
+#include <cstdint>
+
+namespace quorkit {
+namespace {
+
+/// A name in the folder of `name` that only the holder of its lock uses.
+String besideOf(const String& name) {
+    const auto end = name.find_last_of(u"/\\");
+    const std::size_t start = end == String::npos ? 0 : end + 1;
+    std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
+    for (std::size_t i = start; i < name.size(); ++i) hash = (hash ^ name[i]) * 1099511628211u;
+    String result = name.substr(0, start) + u".quorkit-";
+    for (int shift = 60; shift >= 0; shift -= 4)
+        result += u"0123456789abcdef"[(hash >> shift) & 15];
+    return result;
+}
+
+}  // namespace
+
+ErrorCode readWholeFile(Files& files, const String& name, std::string& content) {
+    Handle handle = Handle::Invalid;
+    if (const ErrorCode code = files.CreateFileA(name, FileAccess::Read, handle)) return code;
+    std::uint64_t size = 0;
+    ErrorCode code = files.GetFileSizeEx(handle, size);
+    // The size is a hint: one byte more shows the end, and a file that grows is read on.
+    std::size_t used = 0;
+    content.clear();
+    for (std::size_t got = 1; code == kSuccess && got != 0; used += got) {
+        if (used == content.size())
+            content.resize(used == 0 ? static_cast<std::size_t>(size) + 1 : used * 2);
+        code = files.ReadFile(handle, content.data() + used, content.size() - used, got);
+    }
+    content.resize(code == kSuccess ? used : 0);
+    const ErrorCode closed = files.CloseHandle(handle);
+    return code != kSuccess ? code : closed;
+}
+
+LockedFile::LockedFile(Files& files, const String& name) : files_(files) {
+    status_ = files_.GetFinalPathNameA(name, name_);
+    if (status_ == kSuccess) status_ = files_.LockFileA(name_, lock_);
+}
+
+LockedFile::~LockedFile() {
+    if (status_ == kSuccess) files_.CloseHandle(lock_);
+}
+
+ErrorCode LockedFile::read(std::string& content) {
+    const ErrorCode code = readWholeFile(files_, name_, content);
+    if (code != kFileNotFound) return code;
+    content.clear();
+    return kSuccess;
+}
+
+ErrorCode LockedFile::writeBeside(const String& beside, std::string_view content) {
+    Handle handle = Handle::Invalid;
+    if (const ErrorCode code = files_.CreateFileA(beside, FileAccess::CreateNew, handle))
+        return code;
+    ErrorCode code = files_.WriteFile(handle, content);
+    if (code == kSuccess) code = files_.FlushFileBuffers(handle);
+    const ErrorCode closed = files_.CloseHandle(handle);
+    return code != kSuccess ? code : closed;
+}
+
+ErrorCode LockedFile::replace(std::string_view content) {
+    const String beside = besideOf(name_);
+    ErrorCode code = writeBeside(beside, content);
+    if (code == kFileExists) {  // a process was killed here
+        files_.DeleteFileA(beside);
+        code = writeBeside(beside, content);
+    }
+    if (code == kSuccess) code = files_.ReplaceFileA(name_, beside);
+    if (code != kSuccess) {
+        files_.DeleteFileA(beside);
+        return code;
+    }
+    // The new content stands; whether the folder reached the disk can no longer change that.
+    files_.FlushFolderOf(name_);
+    return kSuccess;
+}
+
+}  // namespace quorkit

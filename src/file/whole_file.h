@@ -1,0 +1,43 @@
+// Reading a file whole, and changing one so that nothing is ever lost.
+#pragma once
+
+#include <quorkit/ports/files.h>
+
+#include <string>
+#include <string_view>
+
+namespace quorkit {
+
+/// Reads a whole file. On failure `content` is unspecified.
+ErrorCode readWholeFile(Files& files, const String& name, std::string& content);
+
+/// The sole right to change one file, for as long as this object lives.
+class LockedFile {
+   public:
+    /// Follows links, then waits for the lock. See `status` for how it went.
+    LockedFile(Files& files, const String& name);
+    ~LockedFile();
+    LockedFile(const LockedFile&) = delete;
+    LockedFile& operator=(const LockedFile&) = delete;
+
+    /// kSuccess when the file may be changed. Else do not call the other members.
+    ErrorCode status() const { return status_; }
+
+    /// The content as it is now; a file that does not exist yet is empty.
+    ErrorCode read(std::string& content);
+
+    /// Puts new content in place in one step: writes it beside the file, brings it to the disk and
+    /// swaps. On failure the file has its old content and nothing is left beside it. A process
+    /// killed meanwhile may leave one file ".quorkit-<number>", which the next change clears away.
+    ErrorCode replace(std::string_view content);
+
+   private:
+    ErrorCode writeBeside(const String& beside, std::string_view content);
+
+    Files& files_;
+    String name_;
+    Handle lock_ = Handle::Invalid;
+    ErrorCode status_;
+};
+
+}  // namespace quorkit

@@ -1,0 +1,103 @@
+// The text of one INI file, read and changed in place: a change touches its own line and nothing
+// else. The first section, and in it the first key, of a name is the one that counts.
+#pragma once
+
+#include <quorkit/values.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "inifile/encoding.h"
+#include "inifile/line.h"
+
+namespace quorkit {
+
+class IniDocument {
+   public:
+    /// Takes the content of a file. Text that is plain ASCII has no encoding yet; what is added to
+    /// it is written in `asciiAs`.
+    explicit IniDocument(std::string content, Encoding asciiAs = Encoding::Ansi);
+
+    /// The content of the file again.
+    std::string content() && { return putMarkOn(std::move(marked_)); }
+    /// Whether anything has been changed.
+    bool changed() const { return changed_; }
+    /// Whether the content would be read back in the encoding that it was changed in.
+    bool keepsItsEncoding() const;
+
+    // Reading. A name with characters that the encoding lacks is looked for with "?" for them.
+
+    std::optional<String> value(StringView section, StringView key) const;
+    /// Hands `use` the name of every key of a section, in order, and a function for its value.
+    using KeyUse = std::function<void(String name, const std::function<String()>& value)>;
+    void forEachKey(StringView section, const KeyUse& use) const;
+    /// The names of all sections, but for those whose name is empty.
+    std::vector<String> sectionNames() const;
+    /// The lines of a section in order, blank ones left out: name, "=" and value of a key, any
+    /// other line as it stands. May stop when their text exceeds `enough` characters.
+    std::vector<String> entries(StringView section, std::size_t enough) const;
+    /// From here on sections are found by an index, for callers that ask for many of them.
+    void indexSections();
+
+    // Changing. False when the layout cannot carry it, or when what is to be removed is not there;
+    // then nothing has changed.
+
+    bool setValue(StringView section, StringView key, StringView value);
+    bool removeKey(StringView section, StringView key);
+    bool removeSection(StringView section);
+    /// Makes the lines of a section the given ones, in the form that `entries` gives. Lines that
+    /// stay as they were keep every byte, and blank lines keep their place.
+    bool setEntries(StringView section, const std::vector<String>& lines);
+    /// Makes a section the last one, without the blank lines behind it. A section that another one
+    /// of its name would then hide stays where it is.
+    void moveSectionToEnd(StringView section);
+
+   private:
+    /// A name that lines are compared with.
+    struct Wanted {
+        String folded;
+        std::optional<std::string> ascii;  ///< the same, when it is plain ASCII
+    };
+
+    std::string_view part(std::size_t begin, std::size_t end) const {
+        return std::string_view(marked_.text).substr(begin, end - begin);
+    }
+    Encoding encoding() const;
+    String decoded(std::size_t begin, std::size_t end) const;
+    String nameOf(const Line& line) const { return decoded(line.nameBegin, line.nameEnd); }
+    String valueOf(const Line& line) const {
+        return readForm(decoded(line.valueBegin, line.valueEnd));
+    }
+    String entryOf(const Line& line) const;
+
+    Wanted wanted(StringView name) const;
+    bool isNamed(const Line& line, const Wanted& name) const;
+    /// Calls `use` with each line behind a section's header line, until it answers false.
+    template <class Use>
+    void forEachLine(const Line& header, Use use) const;
+    std::optional<Line> nextHeader(std::size_t from) const;
+    std::optional<Line> findSection(StringView name) const;
+    std::optional<Line> findKey(const Line& header, StringView key) const;
+    std::size_t endOfSection(const Line& header) const;
+    Line lastFilledLine(const Line& header) const;
+
+    std::string lineEndAt(const Line& line) const;
+    std::string rewritten(const Line& line, StringView value) const;
+    std::optional<std::string> written(StringView entry) const;
+    std::optional<std::string> mergedLines(const Line& header,
+                                           const std::vector<String>& lines) const;
+    bool appendSection(StringView name, const std::vector<String>& lines);
+    void replace(std::size_t begin, std::size_t end, std::string_view by);
+
+    MarkedText marked_;
+    Encoding asciiAs_;
+    mutable std::optional<Encoding> encoding_;  // found out when it first matters
+    std::optional<std::unordered_map<String, std::size_t>> index_;  // folded name -> header
+    bool changed_ = false;
+};
+
+}  // namespace quorkit

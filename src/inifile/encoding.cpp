@@ -1,0 +1,78 @@
+#include "inifile/encoding.h"
+
+#include <algorithm>
+
+#include "runtime/code_page.h"
+
+namespace quorkit {
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16Mark = "\xFF\xFE";
+
+String unitsOf(std::string_view littleEndian) {
+    String units(littleEndian.size() / 2, u'\0');
+    for (std::size_t i = 0; i < units.size(); ++i)
+        units[i] = static_cast<char16_t>(static_cast<unsigned char>(littleEndian[2 * i]) |
+                                         static_cast<unsigned char>(littleEndian[2 * i + 1]) << 8);
+    return units;
+}
+
+bool isAscii(std::string_view bytes) {
+    return std::ranges::all_of(bytes, [](char byte) { return (byte & 0x80) == 0; });
+}
+
+}  // namespace
+
+MarkedText takeMarkOff(std::string content) {
+    const std::string_view view = content;
+    if (view.starts_with(kUtf8Mark))
+        return {true, Encoding::Utf8, content.substr(kUtf8Mark.size())};
+    if (view.starts_with(kUtf16Mark))
+        return {
+            true, Encoding::Utf16,
+            runtime::toUtf8(unitsOf(view.substr(kUtf16Mark.size())), runtime::LoneSurrogate::Keep),
+            std::string(view.substr(view.size() - view.size() % 2))};
+    return {false, Encoding::Ansi, std::move(content)};
+}
+
+std::string putMarkOn(const MarkedText& marked) {
+    if (!marked.marked) return marked.text;
+    if (marked.encoding == Encoding::Utf8) return std::string(kUtf8Mark) + marked.text;
+    std::string content(kUtf16Mark);
+    const String units = runtime::fromUtf8(marked.text);
+    content.reserve(content.size() + 2 * units.size());
+    for (const char16_t unit : units) {
+        content += static_cast<char>(unit & 0xFF);
+        content += static_cast<char>(unit >> 8);
+    }
+    return content + marked.tail;
+}
+
+Encoding encodingOf(std::string_view unmarkedText) {
+    return runtime::isUtf8(unmarkedText) && !isAscii(unmarkedText) ? Encoding::Utf8
+                                                                   : Encoding::Ansi;
+}
+
+String decode(std::string_view bytes, Encoding encoding) {
+    return encoding == Encoding::Ansi ? runtime::fromAnsi(bytes) : runtime::fromUtf8(bytes);
+}
+
+std::string encode(StringView text, Encoding encoding) {
+    if (encoding == Encoding::Ansi) return runtime::toAnsi(text);
+    std::string bytes = runtime::toUtf8(text, runtime::LoneSurrogate::Keep);
+    if (encoding == Encoding::Utf16 || runtime::isUtf8(bytes)) return bytes;
+    String replaced(text);
+    for (std::size_t i = 0; i < replaced.size(); ++i) {
+        const bool high = replaced[i] >= 0xD800 && replaced[i] < 0xDC00;
+        const bool paired = high && i + 1 < replaced.size() && replaced[i + 1] >= 0xDC00 &&
+                            replaced[i + 1] < 0xE000;
+        if (paired)
+            ++i;
+        else if (replaced[i] >= 0xD800 && replaced[i] < 0xE000)
+            replaced[i] = u'?';
+    }
+    return runtime::toUtf8(replaced);
+}
+
+}  // namespace quorkit

@@ -1,0 +1,34 @@
+#include "inifile/ini_file.h"
+
+#include "file/whole_file.h"
+
+namespace quorkit {
+
+IniDocument readIni(Files& files, const String& name) {
+    std::string content;
+    if (readWholeFile(files, name, content) != kSuccess) content.clear();
+    return IniDocument(std::move(content));
+}
+
+Long editIni(Files& files, const String& name, const std::function<bool(IniDocument&)>& edit) {
+    LockedFile file(files, name);
+    if (file.status() != kSuccess) {
+        IniDocument document = readIni(files, name);
+        edit(document);
+        return 0;
+    }
+    // Two characters of code page 1252 may look like one in UTF-8. Where they would be the first
+    // in a plain file, UTF-8 keeps them what they are.
+    for (const Encoding asciiAs : {Encoding::Ansi, Encoding::Utf8}) {
+        std::string content;
+        if (file.read(content) != kSuccess) return 0;
+        IniDocument document(std::move(content), asciiAs);
+        if (!edit(document)) return 0;
+        if (!document.changed()) return 1;
+        if (document.keepsItsEncoding())
+            return file.replace(std::move(document).content()) == kSuccess ? 1 : 0;
+    }
+    return 0;
+}
+
+}  // namespace quorkit

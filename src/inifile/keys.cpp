@@ -1,0 +1,72 @@
+// Single keys, the lists of names, whole sections removed or added.
+#include <quorkit/QuorInifile.h>
+
+#include "inifile/deletion.h"
+#include "inifile/ini_file.h"
+#include "inifile/profile.h"
+
+namespace quorkit {
+
+void QuorInifile::setIniFileName(const String& name) {
+    sIniFileName = name;
+    lLastResult = 0;
+}
+
+String QuorInifile::ReadKeyValue(const String& sSection, const String& sKeyName,
+                                 const String& vsDefaultValue) {
+    lLastResult = 0;
+    const IniDocument document = readIni(ports_.files, sIniFileName);
+    return cutValue(document.value(sSection, sKeyName).value_or(vsDefaultValue));
+}
+
+Long QuorInifile::WriteKeyValue(const String& sSection, const String& sKeyName,
+                                const String& sValue) {
+    return lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
+               return document.setValue(sSection, sKeyName, sValue);
+           });
+}
+
+Variant QuorInifile::ReadSectionKeys(const String& sSection, Long& countKeysRead) {
+    lLastResult = 0;
+    std::vector<String> names;
+    readIni(ports_.files, sIniFileName).forEachKey(sSection, [&](String name, const auto&) {
+        names.push_back(std::move(name));
+    });
+    names = fittingNames(std::move(names));
+    countKeysRead = static_cast<Long>(names.size());
+    return nameArray(std::move(names));
+}
+
+Variant QuorInifile::ReadSectionNames(Long& countSectionsRead) {
+    lLastResult = 0;
+    auto names = fittingNames(readIni(ports_.files, sIniFileName).sectionNames());
+    countSectionsRead = static_cast<Long>(names.size());
+    return nameArray(std::move(names));
+}
+
+Long QuorInifile::DeleteSection(const String& sSection) {
+    return lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
+               return document.removeSection(sSection);
+           });
+}
+
+Long QuorInifile::DeleteKey(Unchanged<String> sSection, Unchanged<String> sKeyName) {
+    return lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
+               return document.removeKey(*sSection, *sKeyName);
+           });
+}
+
+Long QuorInifile::AddSection(Unchanged<String> sSection) {
+    return lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
+               return document.setEntries(*sSection, {});
+           });
+}
+
+Long QuorInifile::DeleteKeys(Unchanged<String> sSection, Unchanged<Array<String>> sKeyNames,
+                             const Optional<Variant>& lSectionSizeInByte) {
+    return deleteFromFile(ports_.files, sIniFileName,
+                          Deletion(*sSection, *sKeyNames, *lSectionSizeInByte, wholeKey),
+                          lLastResult);
+}
+
+}  // namespace quorkit

@@ -1,0 +1,214 @@
+// Values of several lines: a marker line, then one numbered key for each line of the value.
+#include <quorkit/GQuorConvert.h>
+#include <quorkit/QuorInifile.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "frame/error_patterns.h"
+#include "inifile/deletion.h"
+#include "inifile/ini_file.h"
+#include "inifile/profile.h"
+#include "runtime/convert.h"
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+namespace {
+
+constexpr StringView kMarker = u"$!MULTILINEFIELD@#";
+constexpr StringView kBreak = u"\r\n";
+constexpr Long kCheckedSectionSize = 100000;
+
+/// Keys that are stored in several lines whatever their value, when the caller asks for it.
+constexpr std::array<StringView, 6> kOldFields = {
+    u"RASENDER",           u"RASENDERBOLD",        u"RARETURNLINE",
+    u"RAUNDERWRITINGLEFT", u"RAUNDERWRITINGRIGHT", u"RACOMPLEMENTARYCLOSEADDON"};
+
+bool isMarker(StringView value) {
+    return runtime::toUpper(value) == kMarker;
+}
+
+bool endsInDigit(StringView key) {
+    return !key.empty() && key.back() >= u'0' && key.back() <= u'9';
+}
+
+String numbered(StringView key, Long number) {
+    const std::string digits = std::to_string(number);
+    return String(key) + String(digits.begin(), digits.end());
+}
+
+/// The values of key1, key2 ... up to the first that `find` does not know, as one text.
+template <class Find>
+String joinLines(StringView key, Find find) {
+    String text;
+    for (Long number = 1;; ++number) {
+        const String* line = find(runtime::toLower(numbered(key, number)));
+        if (line == nullptr) break;
+        text += *line;
+        text += kBreak;
+    }
+    if (!text.empty()) text.resize(text.size() - kBreak.size());
+    return text;
+}
+
+/// A section's table with the values of several lines joined; count -2 for a key that is there
+/// twice.
+SectionContent joinedContent(const IniDocument& document, StringView section, Long size) {
+    SectionContent read = readContent(document, section, size);
+    SectionContent joined;
+    if (read.count < 1) return joined;
+
+    std::unordered_map<String, const String*> values;
+    for (Long i = 0; i < read.count; ++i) {
+        const String& key = read.table.at(0, i);
+        const bool isNew = values.emplace(runtime::toLower(key), &read.table.at(1, i)).second;
+        if (!isNew && !key.empty()) {
+            joined.count = Deletion::kTwice;
+            return joined;
+        }
+    }
+    const auto find = [&](const String& folded) {
+        const auto found = values.find(folded);
+        return found == values.end() ? nullptr : found->second;
+    };
+    std::vector<String> texts;
+    for (Long i = 0; i < read.count; ++i) {
+        const String& key = read.table.at(0, i);
+        const String& value = read.table.at(1, i);
+        if (isMarker(value)) {
+            texts.push_back(key);
+            texts.push_back(joinLines(key, find));
+        } else if (!endsInDigit(key)) {
+            texts.push_back(key);
+            texts.push_back(value);
+        }
+    }
+    joined.count = static_cast<Long>(texts.size() / 2);
+    if (joined.count > 0) {
+        joined.table = Array<String>({0, 2}, {0, joined.count});
+        joined.table.elements() = std::move(texts);
+    }
+    return joined;
+}
+
+bool isOldField(StringView key) {
+    return std::ranges::find(kOldFields, runtime::toUpper(key)) != kOldFields.end();
+}
+
+}  // namespace
+
+Long QuorInifile::WriteMultiLineValue(const String& sSection, const String& sKey,
+                                      const String& sValue) {
+    Array<String> table({0, 2}, {0, 1});
+    table.at(0, 0) = sKey;
+    table.at(1, 0) = sValue;
+    return WriteMultiLineSection(sSection, table);
+}
+
+Long QuorInifile::WriteMultiLineSection(const String& sSection, const Variant& sKeyValueArray,
+                                        const Optional<Variant>& lOldSectionSizeInByte,
+                                        const Optional<Variant>& vbSupportOldMultiLineFields) {
+    const KeyValueTable input(sKeyValueArray);
+    if (input.count() < 1) return 0;
+    const bool oldFields =
+        !vbSupportOldMultiLineFields->isMissing() && runtime::CBool(*vbSupportOldMultiLineFields);
+
+    bool carried = true;
+    std::vector<String> keys;
+    std::vector<String> entries;
+    GQuorConvert convert(ports_);
+    for (Long i = 0; i < input.count(); ++i) {
+        const String key = input.key(i);
+        if (trimBlanks(key).empty() || endsInDigit(key)) continue;
+        keys.push_back(key);
+        carried = carried && isKeyName(key);
+        const String value = input.value(i);
+        if (value.find(kBreak) == String::npos && !(oldFields && isOldField(key))) {
+            entries.push_back(key + u'=' + value);
+            continue;
+        }
+        Array<String> lines;
+        const Long count = convert.StringTokenToStringArray(value, String(kBreak), lines);
+        entries.push_back(key + u'=' + String(kMarker));
+        for (Long line = 0; line < count; ++line)
+            entries.push_back(numbered(key, line + 1) + u'=' + lines.at(line));
+    }
+    if (keys.empty()) return 0;
+    const Deletion deletion(sSection, Array<String>(keys), *lOldSectionSizeInByte,
+                            RemoveTrailingDigits);
+    lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
+        deletion.run(document);
+        std::vector<String> all = entries;
+        const String rest = sectionText(document, sSection, bufferSize(*lOldSectionSizeInByte));
+        if (rest.size() > 2) std::ranges::move(entriesOf(rest), std::back_inserter(all));
+        return carried && document.setEntries(sSection, all);
+    });
+    return static_cast<Long>(keys.size());
+}
+
+String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKeyName,
+                                       const Optional<Variant>& vsDefaultValue) {
+    lLastResult = 0;
+    String byDefault;
+    if (!vsDefaultValue->isMissing())
+        resumeNext([&] { byDefault = runtime::CStr(*vsDefaultValue); });
+    if (sSection.empty() || sKeyName.empty()) return {};
+
+    const IniDocument document = readIni(ports_.files, sIniFileName);
+    String value = cutValue(document.value(sSection, sKeyName).value_or(byDefault));
+    if (!isMarker(value)) return value;
+
+    const String prefix = runtime::toLower(trimBlanks(sKeyName));
+    std::vector<String> names;
+    std::unordered_map<String, String> lines;
+    document.forEachKey(sSection, [&](String name, const auto& valueOfKey) {
+        const String folded = runtime::toLower(name);
+        if (folded.starts_with(prefix) && !lines.contains(folded))
+            lines.emplace(folded, cutValue(valueOfKey()));
+        names.push_back(std::move(name));
+    });
+    std::unordered_set<String> known;
+    for (const String& name : fittingNames(std::move(names))) known.insert(runtime::toLower(name));
+    String text = joinLines(prefix, [&](const String& folded) -> const String* {
+        return known.contains(folded) ? &lines.at(folded) : nullptr;
+    });
+    return text.empty() ? byDefault : text;
+}
+
+Variant QuorInifile::ReadMultiLineSection(const String& sSection, Long& countKeys,
+                                          const Optional<Variant>& lSectionSizeInByte) {
+    lLastResult = 1;
+    SectionContent content;
+    content.count = -1;
+    resumeNext([&] {
+        content = joinedContent(readIni(ports_.files, sIniFileName), sSection,
+                                bufferSize(*lSectionSizeInByte));
+    });
+    countKeys = content.count;
+    return std::move(content.table);
+}
+
+Long QuorInifile::DeleteMultiLineKeys(Unchanged<String> sSection,
+                                      Unchanged<Array<String>> sKeyNames,
+                                      const Optional<Variant>& lSectionSizeInByte) {
+    return deleteFromFile(
+        ports_.files, sIniFileName,
+        Deletion(*sSection, *sKeyNames, *lSectionSizeInByte, RemoveTrailingDigits), lLastResult);
+}
+
+Long QuorInifile::DeleteMultiLineKey(const String& sSection, const String& sKeyName) {
+    return DeleteMultiLineKeys(sSection, Array<String>(std::vector<String>{sKeyName}));
+}
+
+Boolean QuorInifile::isIniFileMultiLineFieldSave() {
+    IniDocument document = readIni(ports_.files, sIniFileName);
+    document.indexSections();
+    return std::ranges::all_of(fittingNames(document.sectionNames()), [&](const String& section) {
+        return joinedContent(document, section, kCheckedSectionSize).count >= 0;
+    });
+}
+
+}  // namespace quorkit
