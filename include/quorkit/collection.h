@@ -30,7 +30,8 @@ class Collection final : public Object {
     const Variant& item(Long position) const { return entry(position).item; }
     const Entry& entry(Long position) const;
     /// Error 5 when there is no such key.
-    const Variant& item(StringView key) const;
+    const Variant& item(StringView key) const { return entry(key).item; }
+    const Entry& entry(StringView key) const;
     bool contains(StringView key) const;
 
     /// Error 9 when `position` is not in 1 ... count().

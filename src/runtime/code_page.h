@@ -19,8 +19,8 @@ String fromAnsi(std::string_view bytes);
 
 /// What becomes of a surrogate without its partner.
 enum class LoneSurrogate {
-  Replace,  ///< U+FFFD: the result is valid UTF-8
-  Keep,     ///< three bytes of its own: every text survives a round trip
+    Replace,  ///< U+FFFD: the result is valid UTF-8
+    Keep,     ///< three bytes of its own: every text survives a round trip
 };
 std::string toUtf8(StringView text, LoneSurrogate lone = LoneSurrogate::Replace);
 /// Bytes that are no UTF-8 become U+FFFD each; surrogates in three bytes are taken as they are.

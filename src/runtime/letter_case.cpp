@@ -8,49 +8,50 @@ namespace {
 
 /// The characters first, first + stride ... last, whose other case is `delta` away.
 struct Run {
-  char16_t first;
-  char16_t last;
-  int stride;
-  int delta;
+    char16_t first;
+    char16_t last;
+    int stride;
+    int delta;
 };
 
 #include "runtime/letter_case_table.inc"
 
 char16_t mapped(std::span<const Run> runs, char16_t unit) {
-  const auto run = std::ranges::lower_bound(runs, unit, {}, &Run::last);
-  if (run == runs.end() || unit < run->first || (unit - run->first) % run->stride != 0) return unit;
-  return static_cast<char16_t>(unit + run->delta);
+    const auto run = std::ranges::lower_bound(runs, unit, {}, &Run::last);
+    if (run == runs.end() || unit < run->first || (unit - run->first) % run->stride != 0)
+        return unit;
+    return static_cast<char16_t>(unit + run->delta);
 }
 
 String mapped(StringView text, char16_t (&map)(char16_t)) {
-  String result(text.size(), u'\0');
-  std::ranges::transform(text, result.begin(), map);
-  return result;
+    String result(text.size(), u'\0');
+    std::ranges::transform(text, result.begin(), map);
+    return result;
 }
 
 }  // namespace
 
 char16_t toLower(char16_t unit) {
-  if (unit < 0x80) return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
-  return mapped(kToLower, unit);
+    if (unit < 0x80) return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+    return mapped(kToLower, unit);
 }
 
 char16_t toUpper(char16_t unit) {
-  if (unit < 0x80) return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
-  return mapped(kToUpper, unit);
+    if (unit < 0x80) return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
+    return mapped(kToUpper, unit);
 }
 
 String toLower(StringView text) {
-  return mapped(text, toLower);
+    return mapped(text, toLower);
 }
 
 String toUpper(StringView text) {
-  return mapped(text, toUpper);
+    return mapped(text, toUpper);
 }
 
 bool sameText(StringView a, StringView b) {
-  return std::ranges::equal(
-      a, b, [](char16_t x, char16_t y) { return x == y || toLower(x) == toLower(y); });
+    return std::ranges::equal(
+        a, b, [](char16_t x, char16_t y) { return x == y || toLower(x) == toLower(y); });
 }
 
 }  // namespace quorkit::runtime

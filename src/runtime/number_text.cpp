@@ -11,91 +11,91 @@ namespace {
 constexpr Double kInfinity = std::numeric_limits<Double>::infinity();
 
 bool isDigit(char c) {
-  return c >= '0' && c <= '9';
+    return c >= '0' && c <= '9';
 }
 
 /// The value of a letter or digit as a digit of any base; one too large for every base if neither.
 unsigned digitOf(char c) {
-  if (isDigit(c)) return static_cast<unsigned>(c - '0');
-  const char lower = static_cast<char>(c | 0x20);
-  return lower >= 'a' && lower <= 'z' ? static_cast<unsigned>(lower - 'a') + 10 : 36;
+    if (isDigit(c)) return static_cast<unsigned>(c - '0');
+    const char lower = static_cast<char>(c | 0x20);
+    return lower >= 'a' && lower <= 'z' ? static_cast<unsigned>(lower - 'a') + 10 : 36;
 }
 
 NumberText readRadix(std::string_view text, unsigned bitsPerDigit) {
-  constexpr std::size_t prefix = 2;
-  const std::size_t mostDigitsOf16Bits = (16 + bitsPerDigit - 1) / bitsPerDigit;
-  std::uint64_t value = 0;
-  std::size_t length = prefix;
-  for (; length < text.size() && digitOf(text[length]) < 1u << bitsPerDigit; ++length) {
-    value = value << bitsPerDigit | digitOf(text[length]);
-    value = std::min(value, std::uint64_t{1} << 32);  // stays "too large" from there on
-  }
-  if (length == prefix) return {};
-  if (value > 0xFFFF'FFFF) return {kInfinity, length};
-  if (length - prefix <= mostDigitsOf16Bits && value <= 0xFFFF)
-    return {static_cast<Double>(static_cast<std::int16_t>(value)), length};
-  return {static_cast<Double>(static_cast<std::int32_t>(value)), length};
+    constexpr std::size_t prefix = 2;
+    const std::size_t mostDigitsOf16Bits = (16 + bitsPerDigit - 1) / bitsPerDigit;
+    std::uint64_t value = 0;
+    std::size_t length = prefix;
+    for (; length < text.size() && digitOf(text[length]) < 1u << bitsPerDigit; ++length) {
+        value = value << bitsPerDigit | digitOf(text[length]);
+        value = std::min(value, std::uint64_t{1} << 32);  // stays "too large" from there on
+    }
+    if (length == prefix) return {};
+    if (value > 0xFFFF'FFFF) return {kInfinity, length};
+    if (length - prefix <= mostDigitsOf16Bits && value <= 0xFFFF)
+        return {static_cast<Double>(static_cast<std::int16_t>(value)), length};
+    return {static_cast<Double>(static_cast<std::int32_t>(value)), length};
 }
 
 /// Whether the decimal number `text`, with its exponent, is 1 or more.
 bool reachesOne(std::string_view text) {
-  const std::size_t mantissa = std::min(text.find('e'), text.size());
-  const std::size_t point = std::min(text.find('.'), mantissa);
-  const std::size_t first = std::min(text.find_first_not_of("0."), mantissa);
-  long long exponent = 0;
-  if (mantissa < text.size()) {
-    const char* sign = text.data() + mantissa + 1;
-    const auto [end, error] =
-        std::from_chars(sign + (*sign == '+'), text.data() + text.size(), exponent);
-    if (error != std::errc()) return *sign != '-';
-  }
-  return static_cast<long long>(point) - static_cast<long long>(first) + exponent > 0;
+    const std::size_t mantissa = std::min(text.find('e'), text.size());
+    const std::size_t point = std::min(text.find('.'), mantissa);
+    const std::size_t first = std::min(text.find_first_not_of("0."), mantissa);
+    long long exponent = 0;
+    if (mantissa < text.size()) {
+        const char* sign = text.data() + mantissa + 1;
+        const auto [end, error] =
+            std::from_chars(sign + (*sign == '+'), text.data() + text.size(), exponent);
+        if (error != std::errc()) return *sign != '-';
+    }
+    return static_cast<long long>(point) - static_cast<long long>(first) + exponent > 0;
 }
 
 /// `text` has no sign, and its exponent is written with "e".
 Double decimalValue(std::string_view text) {
-  Double value = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (result.ec == std::errc::result_out_of_range) return reachesOne(text) ? kInfinity : 0;
-  return value;
+    Double value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec == std::errc::result_out_of_range) return reachesOne(text) ? kInfinity : 0;
+    return value;
 }
 
 }  // namespace
 
 NumberText readNumber(std::string_view text) {
-  if (text.size() > 2 && text[0] == '&') {
-    if ((text[1] | 0x20) == 'h') return readRadix(text, 4);
-    if ((text[1] | 0x20) == 'o') return readRadix(text, 3);
-  }
-  std::size_t end = 0;
-  const auto at = [&](std::size_t i) { return i < text.size() ? text[i] : '\0'; };
-  const auto skipDigits = [&] {
-    const std::size_t from = end;
-    while (isDigit(at(end))) ++end;
-    return end - from;
-  };
+    if (text.size() > 2 && text[0] == '&') {
+        if ((text[1] | 0x20) == 'h') return readRadix(text, 4);
+        if ((text[1] | 0x20) == 'o') return readRadix(text, 3);
+    }
+    std::size_t end = 0;
+    const auto at = [&](std::size_t i) { return i < text.size() ? text[i] : '\0'; };
+    const auto skipDigits = [&] {
+        const std::size_t from = end;
+        while (isDigit(at(end))) ++end;
+        return end - from;
+    };
 
-  const bool negative = at(0) == '-';
-  if (negative || at(0) == '+') ++end;
-  const std::size_t start = end;
-  std::size_t digits = skipDigits();
-  if (at(end) == '.') {
-    ++end;
-    digits += skipDigits();
-  }
-  if (digits == 0) return {};
+    const bool negative = at(0) == '-';
+    if (negative || at(0) == '+') ++end;
+    const std::size_t start = end;
+    std::size_t digits = skipDigits();
+    if (at(end) == '.') {
+        ++end;
+        digits += skipDigits();
+    }
+    if (digits == 0) return {};
 
-  const std::size_t mantissa = end;
-  const char letter = static_cast<char>(at(end) | 0x20);
-  if (letter == 'e' || letter == 'd') {
-    ++end;
-    if (at(end) == '-' || at(end) == '+') ++end;
-    if (skipDigits() == 0) end = mantissa;
-  }
-  std::string number(text.substr(start, end - start));
-  if (end > mantissa) number[mantissa - start] = 'e';
-  const Double value = decimalValue(number);
-  return {negative ? -value : value, end};
+    const std::size_t mantissa = end;
+    const char letter = static_cast<char>(at(end) | 0x20);
+    if (letter == 'e' || letter == 'd') {
+        ++end;
+        if (at(end) == '-' || at(end) == '+') ++end;
+        if (skipDigits() == 0) end = mantissa;
+    }
+    std::string number(text.substr(start, end - start));
+    if (end > mantissa) number[mantissa - start] = 'e';
+    const Double value = decimalValue(number);
+    return {negative ? -value : value, end};
 }
 
 }  // namespace quorkit::runtime

@@ -9,8 +9,8 @@
 namespace quorkit::runtime {
 
 struct NumberText {
-  Double value = 0;        ///< infinite when it is beyond the range of its kind
-  std::size_t length = 0;  ///< 0 when there is no number
+    Double value = 0;        ///< infinite when it is beyond the range of its kind
+    std::size_t length = 0;  ///< 0 when there is no number
 };
 
 /// The number at the very start of `text`, without blanks: a sign, digits, a full stop and an
