@@ -28,7 +28,7 @@ class GQuorConvert {
                                        CollectionRef& c);
 
     /// The items of `c` as texts with `delimiter` between them. Error 91 for Nothing, 13 for an
-    /// item without a text.
+    /// item without a text, 94 for Null.
     String CollectionToStringToken(const CollectionRef& c, const String& delimiter);
 
     // --- Languages ---
@@ -53,13 +53,15 @@ class GQuorConvert {
     /// False for 0, True for every other number.
     Boolean IntToBool(Integer iValue);
     /// A Boolean from anything a person or a file may offer: Booleans and numbers as they are (also
-    /// as text), the words true, yes, on, wahr, ja, ein, vrai, oui, vero, si, sì, x in any case
-    /// with any blanks around. Everything else is False, also Empty, Null, missing and arrays.
+    /// as text), the words true, yes, on, wahr, ja, ein, vrai, oui, vero, sì, verdadero, sí, si, x
+    /// in any case with any blanks around. Everything else is False, also Empty, Null, missing,
+    /// dates, objects and arrays. Never an error.
     Boolean cBoolEx(const Variant& vValue);
 
     /// The items of a one-dimensional array in order. A key/value table gives its values under
-    /// their keys (an empty key is no key; error 457 when a key repeats). An unallocated array
-    /// gives an empty collection. Error 13 when `vArray` is no array.
+    /// their keys (an empty key is no key; error 457 when a key repeats). Bytes become Integers. An
+    /// unallocated array gives an empty collection. Error 13 when `vArray` is no array, or has two
+    /// dimensions and is no key/value table.
     CollectionRef ArrayToCollection(const Variant& vArray);
     /// The items of `c` as a Variant array counted from 0, without elements when `c` is empty.
     /// Error 91 for Nothing.
@@ -78,17 +80,19 @@ class GQuorConvert {
     /// of the base or for no digit at all, 6 beyond 32 bits.
     Long ConvertAnyToDez(const String& sValue, Integer iBase);
 
-    /// Screen units at 96 dots per inch: 15 twips are one pixel. To pixels rounds to the nearest,
-    /// halves to even; to twips is error 6 beyond 32 bits.
+    /// Screen units at 96 dots per inch: 15 twips are one pixel. To pixels rounds to the nearest;
+    /// to twips is error 6 beyond 32 bits.
     Long TwipsToPixelsX(Long lTwips);
     Long PixelsToTwipsX(Long lPixels);
     Long TwipsToPixelsY(Long lTwips);
     Long PixelsToTwipsY(Long lPixels);
 
-    /// The number in a text as people write it: 1'234.50, 1.234,50, 1,234.50, "CHF -12.50",
-    /// "12,5 %", 1e3. Blanks and apostrophes between digits are thousands marks. Of "." and ","
-    /// the last one is the decimal mark when both occur; one that repeats is a thousands mark; a
-    /// single one is the decimal mark. 0 when there is no number. Never an error.
+    /// The first number in a text as people write it: 1'234.50, 1 234,50, 1.234,50, 1,234.50,
+    /// "CHF -12.50", "12,5 %" (which is 12.5), 1e3. Apostrophes between digits, and blanks in front
+    /// of three digits, are thousands marks. Of "." and "," the last one is the decimal mark when
+    /// both occur; one that repeats is a thousands mark; a single one is the decimal mark. A value
+    /// that is no text is taken as its number, True as -1. 0 when there is no number or it is too
+    /// large. Never an error.
     Double myVal(const Variant& vValue);
 
    private:

@@ -1,0 +1,60 @@
+#include <quorkit/GQuorConvert.h>
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+#include "runtime/convert.h"
+#include "runtime/letter_case.h"
+#include "runtime/trim.h"
+#include "runtime/val.h"
+
+namespace quorkit {
+namespace {
+
+void requireBase(Integer base) {
+    if (base < 2 || base > 36) raise(ErrorNumber::InvalidProcedureCall);
+}
+
+/// Error 13 when `unit` is no digit of the base.
+Long digitValue(char16_t unit, Integer base) {
+    constexpr StringView digits = u"0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    const auto value =
+        digits.substr(0, static_cast<std::size_t>(base)).find(runtime::toUpper(unit));
+    if (value == StringView::npos) raise(ErrorNumber::TypeMismatch);
+    return static_cast<Long>(value);
+}
+
+}  // namespace
+
+Long GQuorConvert::HexToDec(const String& HexValue) {
+    const String prefix = runtime::toUpper(StringView(HexValue).substr(0, 2));
+    if (prefix == u"&H") return runtime::roundToLong(runtime::Val(HexValue));
+    return runtime::roundToLong(
+        runtime::Val(u"&H" + (prefix == u"0X" ? HexValue.substr(2) : HexValue)));
+}
+
+String GQuorConvert::ConvertDezToAny(Long lValue, Integer iBase, Optional<Integer> iMinLength) {
+    requireBase(iBase);
+    char digits[32];
+    char* const end =
+        std::to_chars(digits, std::end(digits), std::abs(std::int64_t{lValue}), iBase).ptr;
+    const auto missing = std::max<std::ptrdiff_t>(*iMinLength - (end - digits), 0);
+    return (lValue < 0 ? u"-" : u"") + String(static_cast<std::size_t>(missing), u'0') +
+           runtime::toUpper(String(digits, end));
+}
+
+Long GQuorConvert::ConvertAnyToDez(const String& sValue, Integer iBase) {
+    constexpr std::int64_t tooLarge = std::int64_t{1} << 32;
+    requireBase(iBase);
+    StringView digits = runtime::Trim(sValue);
+    const bool negative = digits.starts_with(u'-');
+    if (negative || digits.starts_with(u'+')) digits.remove_prefix(1);
+    if (digits.empty()) raise(ErrorNumber::TypeMismatch);
+    std::int64_t value = 0;
+    for (const char16_t unit : digits)
+        value = std::min(value * iBase + digitValue(unit, iBase), tooLarge);
+    return runtime::roundToLong(static_cast<Double>(negative ? -value : value));
+}
+
+}  // namespace quorkit

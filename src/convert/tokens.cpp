@@ -1,0 +1,61 @@
+#include <quorkit/GQuorConvert.h>
+
+#include "runtime/convert.h"
+#include "runtime/search.h"
+#include "runtime/trim.h"
+
+namespace quorkit {
+namespace {
+
+/// Hands every piece of `s` that stands before a delimiter to `take`, and returns what follows the
+/// last one.
+template <class Take>
+StringView eachPieceBefore(StringView delimiter, StringView s, Take take) {
+    const runtime::Search delimiters(delimiter);
+    std::size_t start = 0;
+    std::size_t hit = delimiters.in(s, start);
+    for (; hit != runtime::Search::kNotFound; hit = delimiters.in(s, start)) {
+        take(s.substr(start, hit - start));
+        start = hit + delimiter.size();
+    }
+    return s.substr(start);
+}
+
+}  // namespace
+
+Long GQuorConvert::StringTokenToStringArray(const String& s, const String& delimiter,
+                                            Array<String>& sArray) {
+    std::vector<String> pieces;
+    const StringView rest =
+        eachPieceBefore(delimiter, s, [&](StringView piece) { pieces.emplace_back(piece); });
+    // Whether `s` ends with the delimiter decides, not whether a rest is left: where delimiters
+    // could overlap ("aaa" at "aa") the rest is dropped.
+    if (pieces.empty() || !s.ends_with(delimiter)) pieces.emplace_back(rest);
+    sArray = Array<String>(std::move(pieces));
+    return sArray.bounds().count;
+}
+
+Long GQuorConvert::StringTokenToStringCollection(const String& s, const String& delimiter,
+                                                 Boolean bTrim, CollectionRef& c) {
+    if (!s.empty()) {
+        if (c == nullptr) c = std::make_shared<Collection>();
+        const auto add = [&](StringView piece) {
+            c->add(String(bTrim ? runtime::Trim(piece) : piece));
+        };
+        const StringView rest = eachPieceBefore(delimiter, s, add);
+        if (!rest.empty()) add(rest);
+    }
+    return c == nullptr ? 0 : c->count();
+}
+
+String GQuorConvert::CollectionToStringToken(const CollectionRef& c, const String& delimiter) {
+    if (c == nullptr) raise(ErrorNumber::ObjectNotSet);
+    String text;
+    for (Long position = 1; position <= c->count(); ++position) {
+        if (position > 1) text += delimiter;
+        text += runtime::CStr(c->item(position));
+    }
+    return text;
+}
+
+}  // namespace quorkit
