@@ -11,39 +11,40 @@ constexpr std::string_view kDigits =
 }  // namespace
 
 std::string toBase64(const std::vector<Byte>& bytes) {
-  std::string text;
-  text.reserve((bytes.size() + 2) / 3 * 4);
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    unsigned group = 0;
-    for (std::size_t k = i; k < i + 3; ++k) group = group << 8 | (k < bytes.size() ? bytes[k] : 0u);
-    for (std::size_t k = 0; k < 4; ++k)
-      text += i + k <= bytes.size() ? kDigits[group >> (18 - 6 * k) & 63] : '=';
-  }
-  return text;
+    std::string text;
+    text.reserve((bytes.size() + 2) / 3 * 4);
+    for (std::size_t i = 0; i < bytes.size(); i += 3) {
+        unsigned group = 0;
+        for (std::size_t k = i; k < i + 3; ++k)
+            group = group << 8 | (k < bytes.size() ? bytes[k] : 0u);
+        for (std::size_t k = 0; k < 4; ++k)
+            text += i + k <= bytes.size() ? kDigits[group >> (18 - 6 * k) & 63] : '=';
+    }
+    return text;
 }
 
 std::optional<std::vector<Byte>> fromBase64(std::string_view text) {
-  if (text.size() % 4 != 0) return {};
-  if (text.ends_with("==")) {
-    text.remove_suffix(2);
-  } else if (text.ends_with('=')) {
-    text.remove_suffix(1);
-  }
-  std::vector<Byte> bytes;
-  bytes.reserve(text.size() / 4 * 3 + 2);
-  unsigned group = 0;
-  unsigned bits = 0;
-  for (const char digit : text) {
-    const std::size_t value = kDigits.find(digit);
-    if (value == kDigits.npos) return {};
-    group = (group << 6 | static_cast<unsigned>(value)) & 0xFFFF;
-    bits += 6;
-    if (bits >= 8) {
-      bits -= 8;
-      bytes.push_back(static_cast<Byte>(group >> bits));
+    if (text.size() % 4 != 0) return {};
+    if (text.ends_with("==")) {
+        text.remove_suffix(2);
+    } else if (text.ends_with('=')) {
+        text.remove_suffix(1);
     }
-  }
-  return bytes;
+    std::vector<Byte> bytes;
+    bytes.reserve(text.size() / 4 * 3 + 2);
+    unsigned group = 0;
+    unsigned bits = 0;
+    for (const char digit : text) {
+        const std::size_t value = kDigits.find(digit);
+        if (value == kDigits.npos) return {};
+        group = (group << 6 | static_cast<unsigned>(value)) & 0xFFFF;
+        bits += 6;
+        if (bits >= 8) {
+            bits -= 8;
+            bytes.push_back(static_cast<Byte>(group >> bits));
+        }
+    }
+    return bytes;
 }
 
 }  // namespace quorkit::cli

@@ -14,74 +14,74 @@ namespace {
 enum class Form { Text, Json, Markdown, Idl };
 
 struct DescribeLine {
-  Form form = Form::Text;
-  std::optional<String> name;
+    Form form = Form::Text;
+    std::optional<String> name;
 };
 
 DescribeLine parse(std::span<const String> arguments) {
-  DescribeLine line;
-  for (const String& word : arguments) {
-    if (word == u"--json")
-      line.form = Form::Json;
-    else if (word == u"--markdown")
-      line.form = Form::Markdown;
-    else if (word == u"--idl")
-      line.form = Form::Idl;
-    else if (word.starts_with(u"-"))
-      throw UsageError("no such option: " + toUtf8(word));
-    else if (line.name)
-      throw UsageError("more than one name");
-    else
-      line.name = word;
-  }
-  if (line.form == Form::Idl && line.name)
-    throw UsageError("the interface definition is always of the whole library");
-  return line;
+    DescribeLine line;
+    for (const String& word : arguments) {
+        if (word == u"--json")
+            line.form = Form::Json;
+        else if (word == u"--markdown")
+            line.form = Form::Markdown;
+        else if (word == u"--idl")
+            line.form = Form::Idl;
+        else if (word.starts_with(u"-"))
+            throw UsageError("no such option: " + toUtf8(word));
+        else if (line.name)
+            throw UsageError("more than one name");
+        else
+            line.name = word;
+    }
+    if (line.form == Form::Idl && line.name)
+        throw UsageError("the interface definition is always of the whole library");
+    return line;
 }
 
 template <class... What>
 void write(std::ostream& out, Form form, const What&... what) {
-  switch (form) {
-    case Form::Text:
-      out << describeText(what...);
-      return;
-    case Form::Json:
-      out << describeJson(what...).dump(2) << '\n';
-      return;
-    case Form::Markdown:
-      out << describeMarkdown(what...);
-      return;
-    case Form::Idl:
-      out << describeIdl();
-      return;
-  }
+    switch (form) {
+        case Form::Text:
+            out << describeText(what...);
+            return;
+        case Form::Json:
+            out << describeJson(what...).dump(2) << '\n';
+            return;
+        case Form::Markdown:
+            out << describeMarkdown(what...);
+            return;
+        case Form::Idl:
+            out << describeIdl();
+            return;
+    }
 }
 
 /// A property's get and let are described both.
 std::vector<const MemberInfo*> membersNamed(const ClassInfo& info, StringView name) {
-  std::vector<const MemberInfo*> members;
-  for (const CallKind kind : {CallKind::Call, CallKind::Let})
-    if (const MemberInfo* member = findMember(info, name, kind)) members.push_back(member);
-  if (members.empty()) raise(ErrorNumber::NoSuchMember);
-  return members;
+    std::vector<const MemberInfo*> members;
+    for (const CallKind kind : {CallKind::Call, CallKind::Let})
+        if (const MemberInfo* member = findMember(info, name, kind)) members.push_back(member);
+    if (members.empty()) raise(ErrorNumber::NoSuchMember);
+    return members;
 }
 
 }  // namespace
 
 const ClassInfo& classNamed(StringView name) {
-  const ClassInfo* info = findClass(name);
-  if (info == nullptr) raise(ErrorNumber::CannotCreateObject);
-  return *info;
+    const ClassInfo* info = findClass(name);
+    if (info == nullptr) raise(ErrorNumber::CannotCreateObject);
+    return *info;
 }
 
 void describe(std::span<const String> arguments, std::ostream& out) {
-  const DescribeLine line = parse(arguments);
-  if (!line.name) return write(out, line.form);
-  const std::size_t dot = line.name->find(u'.');
-  const ClassInfo& info = classNamed(StringView(*line.name).substr(0, dot));
-  if (dot == String::npos) return write(out, line.form, info);
-  for (const MemberInfo* member : membersNamed(info, StringView(*line.name).substr(dot + 1)))
-    write(out, line.form, *member);
+    const DescribeLine line = parse(arguments);
+    if (!line.name) return write(out, line.form);
+    const std::size_t dot = line.name->find(u'.');
+    const ClassInfo& info = classNamed(StringView(*line.name).substr(0, dot));
+    if (dot == String::npos) return write(out, line.form, info);
+    for (const MemberInfo* member : membersNamed(info, StringView(*line.name).substr(dot + 1)))
+        write(out, line.form, *member);
 }
 
 }  // namespace quorkit::cli

@@ -3,29 +3,29 @@
 namespace quorkit::cli {
 
 Target objectOf(Library& library, StringView className) {
-  const ClassInfo* info = findClass(className);
-  const bool global = info != nullptr && info->kind == ClassKind::Global;
-  return std::dynamic_pointer_cast<CatalogueObject>(global ? library.global(className)
-                                                           : library.create(className));
+    const ClassInfo* info = findClass(className);
+    const bool global = info != nullptr && info->kind == ClassKind::Global;
+    return std::dynamic_pointer_cast<CatalogueObject>(global ? library.global(className)
+                                                             : library.create(className));
 }
 
 const MemberInfo& memberOf(const ClassInfo& info, StringView name, CallKind kind) {
-  const MemberInfo* member = findMember(info, name, kind);
-  if (member == nullptr) raise(ErrorNumber::NoSuchMember);
-  return *member;
+    const MemberInfo* member = findMember(info, name, kind);
+    if (member == nullptr) raise(ErrorNumber::NoSuchMember);
+    return *member;
 }
 
 Outcome invoke(CatalogueObject& target, const MemberInfo& member, const Arguments& arguments) {
-  Outcome outcome;
-  outcome.arguments = arrange(member, arguments);
-  outcome.result = target.run(member, outcome.arguments);
-  return outcome;
+    Outcome outcome;
+    outcome.arguments = arrange(member, arguments);
+    outcome.result = target.run(member, outcome.arguments);
+    return outcome;
 }
 
 Json toJson(const Outcome& outcome, ObjectTable& objects) {
-  Json arguments = Json::array();
-  for (const Variant& one : outcome.arguments) arguments.push_back(toJson(one, objects));
-  return {{"result", toJson(outcome.result, objects)}, {"args", std::move(arguments)}};
+    Json arguments = Json::array();
+    for (const Variant& one : outcome.arguments) arguments.push_back(toJson(one, objects));
+    return {{"result", toJson(outcome.result, objects)}, {"args", std::move(arguments)}};
 }
 
 }  // namespace quorkit::cli

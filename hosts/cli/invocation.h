@@ -21,8 +21,8 @@ Target objectOf(Library& library, StringView className);
 const MemberInfo& memberOf(const ClassInfo& info, StringView name, CallKind kind);
 
 struct Outcome {
-  Variant result;
-  std::vector<Variant> arguments;  ///< the final values of all parameters, in order
+    Variant result;
+    std::vector<Variant> arguments;  ///< the final values of all parameters, in order
 };
 
 /// Raises what the member raises, and 13, 448, 449, 450 for arguments that do not fit it.

@@ -14,7 +14,7 @@ namespace quorkit::cli {
 using Json = nlohmann::json;
 
 struct JsonError : std::runtime_error {
-  using runtime_error::runtime_error;
+    using runtime_error::runtime_error;
 };
 
 /// The one JSON value that the text is. JsonError when it is none, or is nested deeper than 200

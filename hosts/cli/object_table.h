@@ -11,28 +11,28 @@ namespace quorkit::cli {
 
 /// An object has one number from the first time the client sees it until the client releases it.
 class ObjectTable {
- public:
-  std::int64_t numberOf(const ObjectRef& object) {
-    const auto [found, added] = numbers_.try_emplace(object.get(), next_);
-    if (added) objects_.emplace(next_++, object);
-    return found->second;
-  }
+   public:
+    std::int64_t numberOf(const ObjectRef& object) {
+        const auto [found, added] = numbers_.try_emplace(object.get(), next_);
+        if (added) objects_.emplace(next_++, object);
+        return found->second;
+    }
 
-  /// Error 424 when the client holds no object of that number.
-  const ObjectRef& at(std::int64_t number) const {
-    const auto found = objects_.find(number);
-    if (found == objects_.end()) raise(ErrorNumber::ObjectRequired);
-    return found->second;
-  }
-  void release(std::int64_t number) {
-    numbers_.erase(at(number).get());
-    objects_.erase(number);
-  }
+    /// Error 424 when the client holds no object of that number.
+    const ObjectRef& at(std::int64_t number) const {
+        const auto found = objects_.find(number);
+        if (found == objects_.end()) raise(ErrorNumber::ObjectRequired);
+        return found->second;
+    }
+    void release(std::int64_t number) {
+        numbers_.erase(at(number).get());
+        objects_.erase(number);
+    }
 
- private:
-  std::unordered_map<std::int64_t, ObjectRef> objects_;
-  std::unordered_map<const Object*, std::int64_t> numbers_;
-  std::int64_t next_ = 1;
+   private:
+    std::unordered_map<std::int64_t, ObjectRef> objects_;
+    std::unordered_map<const Object*, std::int64_t> numbers_;
+    std::int64_t next_ = 1;
 };
 
 }  // namespace quorkit::cli

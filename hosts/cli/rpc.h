@@ -17,22 +17,22 @@ namespace quorkit::cli {
 
 /// One client: its global objects and the objects it keeps.
 class RpcSession {
- public:
-  explicit RpcSession(Ports& ports) : library_(ports) {}
+   public:
+    explicit RpcSession(Ports& ports) : library_(ports) {}
 
-  /// The answer to a message or batch; nothing when it asks for none. Never fails: what is wrong
-  /// with the message, or went wrong in a member, is in the answer.
-  std::optional<std::string> answer(std::string_view message);
+    /// The answer to a message or batch; nothing when it asks for none. Never fails: what is wrong
+    /// with the message, or went wrong in a member, is in the answer.
+    std::optional<std::string> answer(std::string_view message);
 
- private:
-  Json answerOne(const Json& request);
-  Json run(const std::string& method, const Json& parameters);
-  Json create(const Json& parameters);
-  Json invoke(const Json& parameters);
-  Json release(const Json& parameters);
+   private:
+    Json answerOne(const Json& request);
+    Json run(const std::string& method, const Json& parameters);
+    Json create(const Json& parameters);
+    Json invoke(const Json& parameters);
+    Json release(const Json& parameters);
 
-  Library library_;
-  ObjectTable objects_;
+    Library library_;
+    ObjectTable objects_;
 };
 
 /// Answers line by line until the input ends. Blank lines are passed over.

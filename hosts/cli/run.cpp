@@ -38,37 +38,37 @@ rpc       answers JSON-RPC 2.0 messages, one a line, on standard input and outpu
 )";
 
 void runCommand(std::span<const String> words, std::istream& in, std::ostream& out, Ports& ports) {
-  if (words.empty()) throw UsageError("a command is needed");
-  const String& command = words.front();
-  const auto rest = words.subspan(1);
-  if (command == u"call") return call(rest, out, ports);
-  if (command == u"describe") return describe(rest, out);
-  if (!rest.empty()) throw UsageError(toUtf8(command) + " takes no arguments");
-  if (command == u"list") return list(out);
-  if (command == u"rpc") return serve(in, out, ports);
-  if (command == u"--help") {
-    out << kUsage << kHelp;
-  } else if (command == u"--version") {
-    out << "quorkit " QUORKIT_VERSION "\n";
-  } else {
-    throw UsageError("no such command: " + toUtf8(command));
-  }
+    if (words.empty()) throw UsageError("a command is needed");
+    const String& command = words.front();
+    const auto rest = words.subspan(1);
+    if (command == u"call") return call(rest, out, ports);
+    if (command == u"describe") return describe(rest, out);
+    if (!rest.empty()) throw UsageError(toUtf8(command) + " takes no arguments");
+    if (command == u"list") return list(out);
+    if (command == u"rpc") return serve(in, out, ports);
+    if (command == u"--help") {
+        out << kUsage << kHelp;
+    } else if (command == u"--version") {
+        out << "quorkit " QUORKIT_VERSION "\n";
+    } else {
+        throw UsageError("no such command: " + toUtf8(command));
+    }
 }
 
 }  // namespace
 
 int run(const std::vector<String>& arguments, std::istream& in, std::ostream& out,
         std::ostream& err, Ports& ports) {
-  try {
-    runCommand(arguments, in, out, ports);
-    return 0;
-  } catch (const UsageError& error) {
-    err << "quorkit: " << error.what() << '\n' << kUsage;
-    return 2;
-  } catch (const AutomationError& error) {
-    err << "quorkit: error " << error.number() << ": " << error.what() << '\n';
-    return 1;
-  }
+    try {
+        runCommand(arguments, in, out, ports);
+        return 0;
+    } catch (const UsageError& error) {
+        err << "quorkit: " << error.what() << '\n' << kUsage;
+        return 2;
+    } catch (const AutomationError& error) {
+        err << "quorkit: error " << error.number() << ": " << error.what() << '\n';
+        return 1;
+    }
 }
 
 }  // namespace quorkit::cli

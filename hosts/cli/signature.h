@@ -21,9 +21,9 @@ std::string identifierText(Long identifier);
 
 /// The public record: its fields are Long numbers.
 struct RecordInfo {
-  const char* name;
-  const char* sentence;
-  const char* fields[4];
+    const char* name;
+    const char* sentence;
+    const char* fields[4];
 };
 inline constexpr RecordInfo kRectangle = {
     "TRect", "A rectangle on the screen.", {"Left", "Top", "Width", "Height"}};

@@ -7,7 +7,7 @@ namespace quorkit::cli {
 
 /// What is wrong, in words that follow "quorkit: ".
 struct UsageError : std::runtime_error {
-  using runtime_error::runtime_error;
+    using runtime_error::runtime_error;
 };
 
 }  // namespace quorkit::cli

@@ -22,7 +22,7 @@ std::string toUtf8(StringView text);
 String fromUtf8(std::string_view bytes);
 
 inline bool isSurrogate(char32_t codePoint) {
-  return codePoint >= 0xD800 && codePoint <= 0xDFFF;
+    return codePoint >= 0xD800 && codePoint <= 0xDFFF;
 }
 
 }  // namespace quorkit::cli

@@ -1,7 +1,7 @@
 // Values as JSON. What JSON has is itself; the rest is an object with one telling name:
 //
 //     "text"  true  5 (Long)  5.0 (Double)  null (Empty)   {"missing":true}  {"null":true}
-//     {"integer":5}  {"date":"2024-01-31T13:45:00"}  {"error":2147614724}
+//     {"integer":5}  {"date":"2024-01-31T13:45:00"}  {"error":2147614725}
 //     {"array":[...],"lower":0}  {"bytes":"<base64>","lower":1}
 //     {"table":[[key,value],...],"lower":[0,0]}  {"collection":[{"key":k,"item":v},{"item":v}]}
 //     {"dictionary":[[k,v],...]}  {"object":n}  {"nothing":true}
@@ -21,7 +21,7 @@
 namespace quorkit::cli {
 
 struct BadValue : std::runtime_error {
-  using runtime_error::runtime_error;
+    using runtime_error::runtime_error;
 };
 
 /// Objects other than collections and dictionaries get a number in `objects`. A date that is no

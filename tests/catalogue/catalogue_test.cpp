@@ -1,0 +1,85 @@
+// Walks the whole catalogue.
+#include <gtest/gtest.h>
+#include <quorkit/catalogue.h>
+
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+
+#include "frame/conversion.h"
+#include "hosts/command.h"
+
+namespace quorkit::test {
+namespace {
+
+TEST(Catalogue, RowsAreWhole) {
+    for (const ClassInfo& info : classes()) {
+        SCOPED_TRACE(info.name);
+        EXPECT_STRNE(info.role, "");
+        for (const MemberInfo& member : info.members()) {
+            SCOPED_TRACE(member.name);
+            EXPECT_STRNE(member.name, "");
+            EXPECT_TRUE(std::string(member.sentence).ends_with('.'));
+            EXPECT_EQ(member.identifier & ~0xFFFF,
+                      member.kind == MemberKind::Method ? 0x60030000 : 0x68030000);
+            std::set<std::string> names;
+            for (const ParameterInfo& parameter : member.parameters()) {
+                EXPECT_STRNE(parameter.name, "");
+                EXPECT_TRUE(names.insert(parameter.name).second) << parameter.name;
+                if (!parameter.optional()) continue;
+                Variant value = parameter.defaultValue();
+                EXPECT_NO_THROW(convert(value, parameter.type)) << parameter.name;
+            }
+        }
+    }
+}
+
+TEST(Catalogue, IdentifiersAndNamesAreUniqueInAClassExceptForGetAndLet) {
+    for (const ClassInfo& info : classes()) {
+        SCOPED_TRACE(info.name);
+        std::map<Long, std::string> names;
+        std::set<std::pair<std::string, MemberKind>> accessors;
+        for (const MemberInfo& member : info.members()) {
+            EXPECT_EQ(names.try_emplace(member.identifier, member.name).first->second, member.name);
+            EXPECT_TRUE(accessors.emplace(member.name, member.kind).second) << member.name;
+            const CallKind kind =
+                member.kind == MemberKind::PropertyLet ? CallKind::Let : CallKind::Call;
+            EXPECT_EQ(findMember(info, member.identifier, kind), &member);
+        }
+    }
+}
+
+TEST(Catalogue, FinishedClassesHaveAllTheirMembers) {
+    const std::set<std::string> finished = {"QuorInifile", "GQuorConvert", "GQuorLanguage"};
+    std::size_t published = 0;
+    for (const ClassInfo& info : classes()) {
+        published += info.publishedMembers;
+        const std::size_t members = info.members().size();
+        if (finished.contains(info.name))
+            EXPECT_EQ(members, info.publishedMembers) << info.name;
+        else
+            EXPECT_LT(members, info.publishedMembers) << info.name << " is finished: list it here";
+    }
+    EXPECT_EQ(classes().size(), 15u);
+    EXPECT_EQ(published, 207u);
+}
+
+/// The interface is frozen: what clients rely on changes only on purpose.
+void expectFrozen(const char* name, const char16_t* option) {
+    std::ifstream file(std::string(QUORKIT_SOURCE_DIR "/docs/") + name, std::ios::binary);
+    std::ostringstream frozen;
+    frozen << file.rdbuf();
+    EXPECT_TRUE(frozen.str() == command({u"describe", option}).output)
+        << "The catalogue has changed. Review the difference after\n    quorkit describe "
+        << std::string(option, option + std::u16string_view(option).size()) << " > docs/" << name;
+}
+
+TEST(Catalogue, IsAsFrozen) {
+    expectFrozen("catalogue.json", u"--json");
+    expectFrozen("reference.md", u"--markdown");
+}
+
+}  // namespace
+}  // namespace quorkit::test

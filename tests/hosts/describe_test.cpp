@@ -1,0 +1,54 @@
+#include <gtest/gtest.h>
+
+#include "hosts/command.h"
+
+namespace quorkit::test {
+namespace {
+
+TEST(Describe, ShowsOneMember) {
+    EXPECT_EQ(command({u"describe", u"quorinifile.INIFILENAME"}).output,
+              "Property Get IniFileName() As String\n"
+              "    0x68030000  The name of the file that all members work on.\n"
+              "Property Let IniFileName(newValue As String)\n"
+              "    0x68030000  Names the file that all members work on.\n");
+    EXPECT_EQ(command({u"describe", u"--json", u"GQuorConvert.ConvertDezToAny"}).output,
+              command({u"describe", u"gquorconvert.convertdeztoany", u"--json"}).output);
+    EXPECT_NE(command({u"describe", u"GQuorConvert.ConvertDezToAny"})
+                  .output.find("Optional iMinLength As Integer = 0) As String\n"),
+              std::string::npos);
+    EXPECT_EQ(command({u"describe", u"GQuorNothing"}).errors,
+              "quorkit: error 429: Cannot create object\n");
+    EXPECT_EQ(command({u"describe", u"GQuorStrings.Nothing"}).errors,
+              "quorkit: error 438: Object doesn't support this property or method\n");
+}
+
+TEST(Describe, WritesAnInterfaceDefinition) {
+    const std::string text = command({u"describe", u"--idl"}).output;
+    const char* parts[] = {
+        "[uuid(673d863d-04b8-44f9-aadf-94b1a8221c8d), version(1.0)]\nlibrary quorkit\n",
+        "[uuid(673d863e-04b8-44f9-aadf-94b1a8221c8d)]\n    dispinterface _GQuorStrings {",
+        "[uuid(673d863f-04b8-44f9-aadf-94b1a8221c8d), appobject, helpstring(\"string helpers",
+        "coclass GQuorLanguage { [default] dispinterface _GQuorLanguage; };",
+        "        eLogEntryType_BlankLine = -2,\n",
+        "[id(0x68030000), propget, helpstring(\"The name of the file that all members work "
+        "on.\")]\n"
+        "        BSTR IniFileName();\n",
+        "void IniFileName([in] BSTR newValue);\n",
+        "long DeleteKeys([in, out] BSTR* sSection, [in, out] SAFEARRAY(BSTR)* sKeyNames, "
+        "[in, optional] VARIANT lSectionSizeInByte);\n",
+        "[in, out] _Collection** c);\n",
+        "eLanguage WindowsLanguageIDToLanguageID([in] short iLanguage);\n",
+        "[in, defaultvalue(0)] short iMinLength);\n",
+    };
+    for (const char* part : parts) EXPECT_NE(text.find(part), std::string::npos) << part;
+}
+
+TEST(List, EndsWithTheTotals) {
+    const std::string text = command({u"list"}).output;
+    EXPECT_NE(text.find("QuorInifile     creatable  19/19\n    IniFileName ReadKeyValue "),
+              std::string::npos);
+    EXPECT_NE(text.find(" members in 15 classes\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quorkit::test
