@@ -35,8 +35,10 @@ class Reader {
         if (digit == text_.end()) return {};
         next_ = static_cast<std::size_t>(digit - text_.begin());
         if (startsWithPoint()) --next_;
-        const std::string sign = isNegative() ? "-" : "";
-        return sign + mantissa() + exponent();
+        std::string result = isNegative() ? "-" : "";
+        result += mantissa();
+        result += exponent();
+        return result;
     }
 
    private:
