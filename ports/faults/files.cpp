@@ -10,7 +10,7 @@ void FaultyFiles::answer(std::size_t call, ErrorCode code, std::string_view oper
 }
 
 bool FaultyFiles::due(std::string_view operation) {
-    if (!operation_.empty() && operation != operation_) return false;
+    if (!operation.starts_with(operation_)) return false;
     ++calls_;
     return call_ == 0 || calls_ == call_;
 }

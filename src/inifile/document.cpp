@@ -91,11 +91,7 @@ std::optional<Line> IniDocument::nextHeader(std::size_t from) const {
 
 std::optional<Line> IniDocument::findSection(StringView name) const {
     const Wanted section = wanted(name);
-    if (index_) {
-        const auto found = index_->find(section.folded);
-        if (found == index_->end()) return std::nullopt;
-        return lineAt(marked_.text, found->second);
-    }
+    if (index_) return findInIndex(section.folded);
     auto header = nextHeader(0);
     while (header && !isNamed(*header, section)) header = nextHeader(header->next);
     return header;
@@ -126,11 +122,16 @@ Line IniDocument::lastFilledLine(const Line& header) const {
     return last;
 }
 
-void IniDocument::indexSections() {
-    std::unordered_map<String, std::size_t> index;
-    for (auto header = nextHeader(0); header; header = nextHeader(header->next))
-        index.try_emplace(runtime::toLower(nameOf(*header)), header->begin);
-    index_ = std::move(index);
+std::optional<Line> IniDocument::findInIndex(const String& folded) const {
+    auto found = index_->headers.find(folded);
+    while (found == index_->headers.end()) {
+        const auto header = nextHeader(index_->end);
+        if (!header) return std::nullopt;
+        index_->end = header->next;
+        const auto added = index_->headers.try_emplace(runtime::toLower(nameOf(*header)), *header);
+        if (added.second && added.first->first == folded) found = added.first;
+    }
+    return found->second;
 }
 
 // --- Reading ---
@@ -153,10 +154,14 @@ void IniDocument::forEachKey(StringView section, const KeyUse& use) const {
     });
 }
 
-std::vector<String> IniDocument::sectionNames() const {
+std::vector<String> IniDocument::sectionNames(std::size_t enough) const {
     std::vector<String> names;
-    for (auto header = nextHeader(0); header; header = nextHeader(header->next))
-        if (header->nameBegin != header->nameEnd) names.push_back(nameOf(*header));
+    std::size_t size = 0;
+    for (auto header = nextHeader(0); header && size <= enough; header = nextHeader(header->next)) {
+        if (header->nameBegin == header->nameEnd) continue;
+        names.push_back(nameOf(*header));
+        size += names.back().size();
+    }
     return names;
 }
 
@@ -178,6 +183,7 @@ std::vector<String> IniDocument::entries(StringView section, std::size_t enough)
 
 void IniDocument::replace(std::size_t begin, std::size_t end, std::string_view by) {
     if (part(begin, end) == by) return;
+    encoding();  // as the file was found
     marked_.text.replace(begin, end - begin, by);
     index_.reset();
     changed_ = true;
@@ -268,7 +274,7 @@ void IniDocument::moveSectionToEnd(StringView section) {
 }
 
 bool IniDocument::setEntries(StringView section, const std::vector<String>& lines) {
-    if (!isSectionName(section)) return false;
+    if (!isSectionName(section) || !std::ranges::all_of(lines, isValue)) return false;
     const auto header = findSection(section);
     if (!header) return appendSection(section, lines);
     const auto merged = mergedLines(*header, lines);

@@ -35,13 +35,14 @@ class IniDocument {
     /// Hands `use` the name of every key of a section, in order, and a function for its value.
     using KeyUse = std::function<void(String name, const std::function<String()>& value)>;
     void forEachKey(StringView section, const KeyUse& use) const;
-    /// The names of all sections, but for those whose name is empty.
-    std::vector<String> sectionNames() const;
+    /// The names of the sections in order, but for those whose name is empty. May stop when their
+    /// text exceeds `enough` characters.
+    std::vector<String> sectionNames(std::size_t enough) const;
     /// The lines of a section in order, blank ones left out: name, "=" and value of a key, any
     /// other line as it stands. May stop when their text exceeds `enough` characters.
     std::vector<String> entries(StringView section, std::size_t enough) const;
     /// From here on sections are found by an index, for callers that ask for many of them.
-    void indexSections();
+    void indexSections() { index_.emplace(); }
 
     // Changing. False when the layout cannot carry it, or when what is to be removed is not there;
     // then nothing has changed.
@@ -81,6 +82,7 @@ class IniDocument {
     void forEachLine(const Line& header, Use use) const;
     std::optional<Line> nextHeader(std::size_t from) const;
     std::optional<Line> findSection(StringView name) const;
+    std::optional<Line> findInIndex(const String& folded) const;
     std::optional<Line> findKey(const Line& header, StringView key) const;
     std::size_t endOfSection(const Line& header) const;
     Line lastFilledLine(const Line& header) const;
@@ -96,7 +98,12 @@ class IniDocument {
     MarkedText marked_;
     Encoding asciiAs_;
     mutable std::optional<Encoding> encoding_;  // found out when it first matters
-    std::optional<std::unordered_map<String, std::size_t>> index_;  // folded name -> header
+    /// The headers found so far by their folded names, and where to look for more.
+    struct Index {
+        std::unordered_map<String, Line> headers;
+        std::size_t end = 0;
+    };
+    mutable std::optional<Index> index_;
     bool changed_ = false;
 };
 

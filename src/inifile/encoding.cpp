@@ -36,8 +36,8 @@ MarkedText takeMarkOff(std::string content) {
     return {false, Encoding::Ansi, std::move(content)};
 }
 
-std::string putMarkOn(const MarkedText& marked) {
-    if (!marked.marked) return marked.text;
+std::string putMarkOn(MarkedText marked) {
+    if (!marked.marked) return std::move(marked.text);
     if (marked.encoding == Encoding::Utf8) return std::string(kUtf8Mark) + marked.text;
     std::string content(kUtf16Mark);
     const String units = runtime::fromUtf8(marked.text);

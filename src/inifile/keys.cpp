@@ -39,7 +39,7 @@ Variant QuorInifile::ReadSectionKeys(const String& sSection, Long& countKeysRead
 
 Variant QuorInifile::ReadSectionNames(Long& countSectionsRead) {
     lLastResult = 0;
-    auto names = fittingNames(readIni(ports_.files, sIniFileName).sectionNames());
+    auto names = fittingNames(readIni(ports_.files, sIniFileName).sectionNames(kListBuffer));
     countSectionsRead = static_cast<Long>(names.size());
     return nameArray(std::move(names));
 }

@@ -206,9 +206,10 @@ Long QuorInifile::DeleteMultiLineKey(const String& sSection, const String& sKeyN
 Boolean QuorInifile::isIniFileMultiLineFieldSave() {
     IniDocument document = readIni(ports_.files, sIniFileName);
     document.indexSections();
-    return std::ranges::all_of(fittingNames(document.sectionNames()), [&](const String& section) {
-        return joinedContent(document, section, kCheckedSectionSize).count >= 0;
-    });
+    return std::ranges::all_of(
+        fittingNames(document.sectionNames(kListBuffer)), [&](const String& section) {
+            return joinedContent(document, section, kCheckedSectionSize).count >= 0;
+        });
 }
 
 }  // namespace quorkit

@@ -14,9 +14,10 @@ class FaultyFiles final : public Files {
    public:
     explicit FaultyFiles(Files& inner) : inner_(inner) {}
 
-    /// Call number `call` from now on, counted from 1 over calls of `operation` (all when empty),
-    /// is not run and answers `code`; call 0 stands for every one. kSuccess makes an operation do
-    /// nothing and report that it is done. Replaces the last order; an empty order is call -1.
+    /// Call number `call` from now on, counted from 1 over the operations whose names begin with
+    /// `operation` (all when empty), is not run and answers `code`; call 0 stands for every one.
+    /// kSuccess makes an operation do nothing and report that it is done: answer(0, kSuccess,
+    /// "Flush") spares the disk. Replaces the last order; call -1 is no order.
     void answer(std::size_t call, ErrorCode code, std::string_view operation = {});
     /// How many calls have been counted since the last order.
     std::size_t calls() const { return calls_; }

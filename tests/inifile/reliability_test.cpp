@@ -1,0 +1,217 @@
+// Nothing is lost: not to failing operations, not to other writers, not to a kill.
+#include <gtest/gtest.h>
+#include <quorkit/QuorInifile.h>
+#include <quorkit/ports/faults.h>
+#include <quorkit/ports/memory.h>
+
+#include <chrono>
+#include <functional>
+#include <random>
+#include <thread>
+
+#include "support/child.h"
+#include "support/scratch.h"
+
+namespace quorkit::test {
+namespace {
+
+Array<String> names(std::vector<String> list) {
+    return Array<String>(std::move(list));
+}
+
+Variant oneEntry(String key, String value) {
+    Array<String> table({0, 2}, {0, 1});
+    table.at(0, 0) = std::move(key);
+    table.at(1, 0) = std::move(value);
+    return table;
+}
+
+TEST(IniReliability, EveryFailingOperationLeavesOldOrNewContent) {
+    const std::function<void(QuorInifile&)> writes[] = {
+        [](QuorInifile& ini) { ini.WriteKeyValue(u"S", u"a", u"2"); },
+        [](QuorInifile& ini) { ini.DeleteKey(String(u"S"), String(u"a")); },
+        [](QuorInifile& ini) { ini.DeleteKeys(String(u"S"), names({u"a"})); },
+        [](QuorInifile& ini) { ini.WriteSectionContent(u"S", oneEntry(u"c", u"3")); },
+        [](QuorInifile& ini) { ini.WriteMultiLineValue(u"S", u"a", u"x\r\ny"); },
+    };
+    const std::string before = "[S]\na=1\nb=2\n[T]\nt=1\n";
+    for (const auto& write : writes) {
+        Scratch scratch;
+        FaultyFiles files(ports::native().files);
+        Ports ports{files, ports::native().system};
+        QuorInifile ini(ports);
+        ini.setIniFileName(scratch.name("s.ini"));
+
+        scratch.write("s.ini", before);
+        write(ini);
+        const std::string after = scratch.read("s.ini");
+        ASSERT_NE(after, before);
+        const std::size_t operations = files.calls();
+
+        for (std::size_t failing = 1; failing <= operations; ++failing) {
+            scratch.write("s.ini", before);
+            files.answer(failing, kDiskFull);
+            write(ini);
+            const bool written = ini.lastResult() != 0;
+            EXPECT_EQ(scratch.read("s.ini"), written ? after : before) << failing;
+            files.answer(static_cast<std::size_t>(-1), kSuccess);
+            write(ini);  // whatever was left behind is not in the way
+            EXPECT_EQ(scratch.read("s.ini"), after) << failing;
+            EXPECT_EQ(scratch.count(), 1u) << failing;
+        }
+    }
+}
+
+int writeKeys(const std::vector<std::string>& arguments) {
+    FaultyFiles files(ports::native().files);
+    files.answer(0, kSuccess, "Flush");  // what a dying process leaves does not depend on the disk
+    Ports ports{files, ports::native().system};
+    QuorInifile ini(ports);
+    ini.setIniFileName(std::filesystem::path(arguments[0]).u16string());
+    const String prefix(arguments[1].begin(), arguments[1].end());
+    const int count = std::stoi(arguments[2]);
+    for (int i = 0; i < count; ++i) {
+        const std::string number = std::to_string(i);
+        const String key = prefix + String(number.begin(), number.end());
+        if (ini.WriteKeyValue(u"S", key, key) == 0) return 1;
+    }
+    return 0;
+}
+const PartName writeKeysPart("writeKeys", writeKeys);
+
+TEST(IniReliability, TwoWritersLoseNothing) {
+    Scratch scratch;  // the file does not exist yet: its creation is a race too
+    const std::string file = scratch.path("s.ini").string();
+    Child a("writeKeys", {file, "a", "1000"});
+    Child b("writeKeys", {file, "b", "1000"});
+    EXPECT_EQ(a.wait(), 0);
+    EXPECT_EQ(b.wait(), 0);
+
+    QuorInifile ini;
+    ini.setIniFileName(scratch.name("s.ini"));
+    Long count = 0;
+    ini.ReadSectionContent(u"S", count, Long{1000000});
+    EXPECT_EQ(count, 2000);
+    EXPECT_EQ(ini.ReadKeyValue(u"S", u"a999", u""), u"a999");
+    EXPECT_EQ(ini.ReadKeyValue(u"S", u"b0", u""), u"b0");
+    EXPECT_EQ(scratch.count(), 1u);
+}
+
+TEST(IniReliability, AKilledWriterLeavesTheFileWhole) {
+    Scratch scratch;
+    std::mt19937 random(20240131);
+    const int kills = std::getenv("WINELOADERNOEXEC") != nullptr ? 30 : 300;
+    QuorInifile ini;
+    ini.setIniFileName(scratch.name("s.ini"));
+    for (int i = 0; i < kills; ++i) {
+        scratch.write("s.ini", "[S]\nfirst=1\n[T]\nlast=1\n");
+        Child writer("writeKeys", {scratch.path("s.ini").string(), "k", "100000"});
+        std::this_thread::sleep_for(std::chrono::microseconds(500 + random() % 10000));
+        writer.kill();
+        writer.wait();
+        Long count = 0;
+        ini.ReadSectionContent(u"S", count, Long{1000000});
+        ASSERT_EQ(ini.ReadKeyValue(u"S", u"first", u""), u"1");
+        ASSERT_EQ(ini.ReadKeyValue(u"T", u"last", u""), u"1");
+        if (count > 1) {
+            const std::string last = std::to_string(count - 2);
+            const String key = u"k" + String(last.begin(), last.end());
+            ASSERT_EQ(ini.ReadKeyValue(u"S", key, u""), key);
+        }
+        ASSERT_EQ(ini.WriteKeyValue(u"S", u"after", u"1"), 1);
+        ASSERT_LE(scratch.count(), 1u);
+    }
+}
+
+/// Random INI text: sections, keys, comments and rubbish, with any line ends and any bytes.
+std::string randomText(std::mt19937& random) {
+    const auto pick = [&](auto... choices) {
+        const std::string all[] = {choices...};
+        return all[random() % sizeof...(choices)];
+    };
+    const auto word = [&] {
+        std::string result;
+        for (auto n = random() % 6; n-- > 0;)
+            result += pick("a", "B", "c", " ", "\xE4", "\xC3\xA4", "\t", "\"", "\r");
+        return result;
+    };
+    std::string text = pick("", "", "\xEF\xBB\xBF");
+    for (auto n = random() % 30; n-- > 0;) {
+        text += pick("[" + word() + "]", word() + "=" + word(), word() + " = " + word(),
+                     ";" + word(), "", word());
+        text += pick("\n", "\r\n", "\r\n");
+    }
+    if (random() % 3 == 0 && !text.empty()) text.pop_back();
+    return text;
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find('\n', at), text.size() - 1) + 1;
+        lines.push_back(text.substr(at, end - at));
+        at = end;
+    }
+    return lines;
+}
+
+/// How many lines differ when what both texts have in front and at the end is left out.
+std::size_t changedLines(const std::string& before, const std::string& after) {
+    auto a = linesOf(before);
+    auto b = linesOf(after);
+    while (!a.empty() && !b.empty() && a.back() == b.back()) a.pop_back(), b.pop_back();
+    std::size_t same = 0;
+    while (same < a.size() && same < b.size() && a[same] == b[same]) ++same;
+    return std::max(a.size(), b.size()) - same;
+}
+
+TEST(IniReliability, OneChangeOneLine) {
+    std::mt19937 random(7);
+    MemoryPorts world;
+    QuorInifile ini(world);
+    ini.setIniFileName(u"s.ini");
+    int written = 0;
+    for (int round = 0; round < 20000; ++round) {
+        const std::string before = randomText(random);
+        world.files.put(u"s.ini", before);
+        Long count = 0;
+        const Variant listed = ini.ReadSectionNames(count);
+        if (count == 0) continue;
+        const auto& sections = listed.get<Array<String>>();
+        const String section =
+            sections.at(static_cast<Long>(random() % static_cast<unsigned>(count)));
+        const Variant keys = ini.ReadSectionKeys(section, count);
+        const String key = count == 0 || random() % 2 == 0
+                               ? u"new"
+                               : keys.get<Array<String>>().at(
+                                     static_cast<Long>(random() % static_cast<unsigned>(count)));
+        const String value = random() % 2 == 0 ? u" v\nw" : u"\u00E4";
+        if (ini.WriteKeyValue(section, key, value) == 0) {
+            ASSERT_EQ(world.files.content(u"s.ini"), before);
+            continue;
+        }
+        ++written;
+        ASSERT_EQ(ini.ReadKeyValue(section, key, u"?"), value) << before;
+        const std::string after = *world.files.content(u"s.ini");
+        // A line added behind a last line without an end gives that one an end.
+        const std::size_t allowed = !before.ends_with('\n') && key == u"new" ? 2 : 1;
+        ASSERT_LE(changedLines(before, after), allowed) << before << "\n----\n" << after;
+    }
+    EXPECT_GT(written, 5000);
+}
+
+TEST(IniReliability, AHundredMegabytes) {
+    Scratch scratch;
+    std::string big;
+    while (big.size() < 100u << 20) big += "[S" + std::to_string(big.size()) + "]\r\nkey=value\r\n";
+    scratch.write("s.ini", big + "[End]\r\nkey=value\r\n");
+    QuorInifile ini;
+    ini.setIniFileName(scratch.name("s.ini"));
+    EXPECT_EQ(ini.WriteKeyValue(u"end", u"key", u"changed"), 1);
+    EXPECT_EQ(ini.ReadKeyValue(u"END", u"key", u""), u"changed");
+    EXPECT_EQ(scratch.read("s.ini"), big + "[End]\r\nkey=changed\r\n");
+    EXPECT_TRUE(ini.isIniFileMultiLineFieldSave());
+}
+
+}  // namespace
+}  // namespace quorkit::test

@@ -1,0 +1,105 @@
+// What a person finds on a Linux disk after a save.
+#ifdef __linux__
+#include <gtest/gtest.h>
+#include <quorkit/QuorInifile.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "support/child.h"
+#include "support/scratch.h"
+
+namespace quorkit::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class LinuxSave : public testing::Test {
+   protected:
+    Long save(const std::string& name, const String& value = u"2") {
+        QuorInifile ini;
+        ini.setIniFileName(scratch.name(name));
+        return ini.WriteKeyValue(u"S", u"k", value);
+    }
+    static constexpr const char* kBefore = "[S]\nk=1\n";
+    static constexpr const char* kAfter = "[S]\nk=2\n";
+    Scratch scratch;
+};
+
+TEST_F(LinuxSave, KeepsModeAndOwner) {
+    scratch.write("s.ini", kBefore);
+    ASSERT_EQ(chmod(scratch.path("s.ini").c_str(), 0646), 0);
+    const bool root = geteuid() == 0;
+    if (root) ASSERT_EQ(chown(scratch.path("s.ini").c_str(), 12, 34), 0);
+    EXPECT_EQ(save("s.ini"), 1);
+    EXPECT_EQ(scratch.read("s.ini"), kAfter);
+    struct stat about = {};
+    ASSERT_EQ(stat(scratch.path("s.ini").c_str(), &about), 0);
+    EXPECT_EQ(about.st_mode & 07777, 0646u);
+    if (root) EXPECT_EQ(about.st_uid, 12u);
+    if (root) EXPECT_EQ(about.st_gid, 34u);
+}
+
+TEST_F(LinuxSave, FollowsLinks) {
+    fs::create_directory(scratch.path("sub"));
+    scratch.write("sub/target.ini", kBefore);
+    fs::create_symlink("sub/target.ini", scratch.path("a.ini"));
+    fs::create_symlink(scratch.path("a.ini"), scratch.path("b.ini"));
+    EXPECT_EQ(save("b.ini"), 1);
+    EXPECT_TRUE(fs::is_symlink(scratch.path("a.ini")) && fs::is_symlink(scratch.path("b.ini")));
+    EXPECT_EQ(scratch.read("sub/target.ini"), kAfter);
+
+    fs::create_symlink("sub/new.ini", scratch.path("dangling.ini"));
+    EXPECT_EQ(save("dangling.ini"), 1);
+    EXPECT_EQ(scratch.read("sub/new.ini"), "[S]\r\nk=2\r\n");
+
+    fs::create_symlink("loop.ini", scratch.path("loop.ini"));
+    EXPECT_EQ(save("loop.ini"), 0);
+}
+
+TEST_F(LinuxSave, RefusesWhatMustNotBeWritten) {
+    scratch.write("s.ini", kBefore);
+    fs::permissions(scratch.path("s.ini"), fs::perms::owner_read);
+    EXPECT_EQ(save("s.ini"), 0);
+    fs::permissions(scratch.path("s.ini"), fs::perms::owner_all);
+    fs::permissions(scratch.folder(), fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_EQ(save("s.ini"), 0);
+    EXPECT_EQ(save("new.ini"), 0);
+    fs::permissions(scratch.folder(), fs::perms::owner_all);
+    EXPECT_EQ(scratch.read("s.ini"), kBefore);
+    EXPECT_EQ(scratch.count(), 1u);
+
+    fs::create_directory(scratch.path("folder.ini"));
+    ASSERT_EQ(mkfifo(scratch.path("pipe.ini").c_str(), 0600), 0);
+    EXPECT_EQ(save("folder.ini"), 0);
+    EXPECT_EQ(save("pipe.ini"), 0);
+    EXPECT_EQ(save("missing/s.ini"), 0);
+}
+
+/// Saves under a limit on the size of files, which ends a write in its middle.
+int saveWithLittleRoom(const std::vector<std::string>& arguments) {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit = {4096, 4096};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    QuorInifile ini;
+    ini.setIniFileName(fs::path(arguments[0]).u16string());
+    return static_cast<int>(ini.WriteKeyValue(u"S", u"k", String(10000, u'x')));
+}
+const PartName littleRoomPart("saveWithLittleRoom", saveWithLittleRoom);
+
+TEST_F(LinuxSave, AFullDiskLeavesTheOldContent) {
+    scratch.write("s.ini", kBefore);
+    for (const char* name : {"s.ini", "new.ini"}) {
+        Child child("saveWithLittleRoom", {scratch.path(name).string()});
+        EXPECT_EQ(child.wait(), 0);
+    }
+    EXPECT_EQ(scratch.read("s.ini"), kBefore);
+    EXPECT_EQ(scratch.count(), 1u);
+}
+
+}  // namespace
+}  // namespace quorkit::test
+#endif

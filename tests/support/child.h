@@ -1,0 +1,37 @@
+// Real processes for tests: this very program, started again to play a part.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quorkit::test {
+
+/// A part that a child can play; it gets the arguments behind the part's name.
+using Part = int (*)(const std::vector<std::string>& arguments);
+/// Names a part; a test file does so in a static initializer.
+struct PartName {
+    PartName(const char* name, Part part);
+};
+
+class Child {
+   public:
+    /// Starts this program in the named part.
+    Child(const std::string& part, const std::vector<std::string>& arguments);
+    ~Child();
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+
+    /// Ends the process at once, wherever it is.
+    void kill();
+    /// Waits for the end; the exit status, or -1 when it was killed.
+    int wait();
+
+   private:
+    std::intptr_t process_ = -1;
+};
+
+/// Plays the part that the command line names; false when it names none.
+bool playPart(int argc, char** argv, int& status);
+
+}  // namespace quorkit::test

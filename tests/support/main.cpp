@@ -1,0 +1,11 @@
+// The test program: the tests, or the part of a child that a test has started.
+#include <gtest/gtest.h>
+
+#include "support/child.h"
+
+int main(int argc, char** argv) {
+    int status = 0;
+    if (quorkit::test::playPart(argc, argv, status)) return status;
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
