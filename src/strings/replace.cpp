@@ -41,6 +41,7 @@ String GQuorStrings::StringReplace(const String& vsString, const String& vsOldPa
     const Occurrences occurrences(vsString, vsOldPattern, ignoreCase);
 
     String result;
+    result.reserve(vsString.size());
     std::size_t start = 0;
     std::size_t hit = occurrences.next(start);
     while (hit != Search::kNotFound) {
