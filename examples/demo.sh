@@ -2,13 +2,13 @@
 # A walk over one INI file: read, write, add, delete, merge, a value of several lines, each time with
 # `diff` as the witness that only the touched lines changed.
 #
-#     examples/demo.sh QUORKIT [INI-FILE]
+#     examples/demo.sh [INI-FILE]
 #
-# Works on a copy; without a file, on the demo's own settings.
+# Uses the `quorkit` on the PATH. Works on a copy; without a file, on the demo's own settings.
 set -eu
-quorkit=$1
+
 here=$(cd "$(dirname "$0")" && pwd)
-original=${2:-$here/settings.ini}
+original=${1:-$here/settings.ini}
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 file=$scratch/$(basename "$original")
@@ -23,14 +23,14 @@ ini() {
     for argument in "$@"; do printf " '%s'" "$argument"; done
     printf '\n'
     cp "$file" "$scratch/before"
-    "$quorkit" call "QuorInifile.$member" --set IniFileName="$file" "$@"
+    quorkit call "QuorInifile.$member" --set IniFileName="$file" "$@"
     diff "$scratch/before" "$file" || true
 }
 # The same, without a word.
 ask() {
     member=$1
     shift
-    "$quorkit" call "QuorInifile.$member" --set IniFileName="$file" "$@"
+    quorkit call "QuorInifile.$member" --set IniFileName="$file" "$@"
 }
 
 echo "== Reading $original"

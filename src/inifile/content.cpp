@@ -1,6 +1,8 @@
 // A whole section read as a table, and a table merged into a section.
 #include <quorkit/QuorInifile.h>
 
+#include <algorithm>
+#include <optional>
 #include <unordered_map>
 
 #include "frame/error_patterns.h"
@@ -11,64 +13,73 @@
 namespace quorkit {
 namespace {
 
-/// The table of a section while new entries are merged into it: entry `count` and those behind it
+String entry(StringView key, StringView value) {
+    String result;
+    result.reserve(key.size() + 1 + value.size());
+    return result.append(key).append(1, u'=').append(value);
+}
+
+/// The entries of a section while new ones are merged into them: entry `end_` and those behind it
 /// are overwritten one by one, whatever they hold.
 class Merge {
    public:
-    Merge(SectionContent content, Long newEntries)
-        : table_(std::move(content.table)), end_(content.count) {
-        const Long lines = table_.bounds(2).count;
-        table_.resizeLast(end_ + newEntries);
+    /// Both tables must outlive the merge.
+    Merge(const SectionContent& content, Long newEntries) : end_(index(content.count)) {
+        const auto& texts = content.table.elements();
         // An entry is found by its key only when it does not stand at the highest index.
-        searched_ = end_ + newEntries - 1;
-        next_.resize(static_cast<std::size_t>(searched_), kNone);
-        for (Long i = std::min(lines, searched_) - 1; i >= 0; --i) {
-            auto [first, isNew] = first_.try_emplace(runtime::toLower(table_.at(0, i)), i);
+        slots_.resize(end_ + index(newEntries));
+        searched_ = slots_.size() - 1;
+        next_.resize(searched_, kNone);
+        for (std::size_t i = std::min(texts.size() / 2, slots_.size()); i-- > 0;) {
+            slots_[i] = {texts[2 * i], texts[2 * i + 1]};
+            if (i >= searched_) continue;
+            const auto [first, isNew] = first_.try_emplace(slots_[i].key, i);
             if (isNew) continue;
-            next_[static_cast<std::size_t>(i)] = first->second;
+            next_[i] = first->second;
             first->second = i;
         }
     }
 
     /// Sets a key's value, or appends the key. False when the layout cannot carry a new key.
-    bool set(const String& key, const String& value) {
-        const String folded = runtime::toLower(key);
-        const auto found = first_.find(folded);
+    bool set(StringView key, StringView value) {
+        const auto found = first_.find(key);
         if (found != first_.end() && found->second != kNone) {
-            table_.at(1, found->second) = value;
+            slots_[found->second].value = value;
             return true;
         }
         if (end_ < searched_) {
             forget(end_);
-            first_[folded] = end_;
+            first_[key] = end_;
         }
-        table_.at(0, end_) = key;
-        table_.at(1, end_) = value;
-        ++end_;
+        slots_[end_++] = {key, value};
         return isKeyName(key);
     }
 
     std::vector<String> entries() const {
-        std::vector<String> result;
-        for (Long i = 0; i < end_; ++i) result.push_back(table_.at(0, i) + u'=' + table_.at(1, i));
+        std::vector<String> result(end_);
+        for (std::size_t i = 0; i < end_; ++i) result[i] = entry(slots_[i].key, slots_[i].value);
         return result;
     }
 
    private:
-    static constexpr Long kNone = -1;
+    struct Slot {
+        StringView key;
+        StringView value;
+    };
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    static std::size_t index(Long count) { return static_cast<std::size_t>(count); }
 
     /// The entry at `index` is about to be overwritten; a later one of its key takes its place.
-    void forget(Long index) {
-        const auto found = first_.find(runtime::toLower(table_.at(0, index)));
-        if (found != first_.end() && found->second == index)
-            found->second = next_[static_cast<std::size_t>(index)];
+    void forget(std::size_t slot) {
+        const auto found = first_.find(slots_[slot].key);
+        if (found != first_.end() && found->second == slot) found->second = next_[slot];
     }
 
-    Array<String> table_;
-    Long end_;
-    Long searched_ = 0;
-    std::unordered_map<String, Long> first_;  // folded key -> its first entry
-    std::vector<Long> next_;                  // entry -> the next one of the same key
+    std::vector<Slot> slots_;
+    std::size_t end_;
+    std::size_t searched_ = 0;
+    std::unordered_map<StringView, std::size_t, runtime::TextHash, runtime::TextEqual> first_;
+    std::vector<std::size_t> next_;  // slot -> the next one of the same key
 };
 
 }  // namespace
@@ -98,23 +109,22 @@ Long QuorInifile::WriteSectionContent(const String& sSection, const Variant& sKe
     lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
         written = 0;
         bool carried = true;
-        SectionContent content = readContent(document, sSection, size);
-        const bool merging = content.count > 0;
+        const SectionContent content = readContent(document, sSection, size);
         std::vector<String> entries;
         std::optional<Merge> merge;
-        if (merging) merge.emplace(std::move(content), input.count());
+        if (content.count > 0) merge.emplace(content, input.count());
         for (Long i = 0; i < input.count(); ++i) {
-            const String key = input.key(i);
+            const String& key = input.key(i);
             if (key.empty()) continue;
             ++written;
-            if (merging) {
+            if (merge) {
                 carried = merge->set(key, input.value(i)) && carried;
             } else {
                 carried = isKeyName(key) && carried;
-                entries.push_back(key + u'=' + input.value(i));
+                entries.push_back(entry(key, input.value(i)));
             }
         }
-        if (merging) entries = merge->entries();
+        if (merge) entries = merge->entries();
         return carried && document.setEntries(sSection, entries);
     });
     return written;

@@ -3,7 +3,6 @@
 #include "frame/error_patterns.h"
 #include "inifile/ini_file.h"
 #include "inifile/profile.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 
@@ -19,7 +18,7 @@ StringView RemoveTrailingDigits(StringView key) {
 Deletion::Deletion(StringView section, const Array<String>& names, const Variant& size,
                    BaseOfKey base)
     : section_(section), size_(size), base_(base) {
-    for (const String& name : names.elements()) names_.insert(runtime::toLower(trimBlanks(name)));
+    for (const String& name : names.elements()) names_.emplace(trimBlanks(name));
 }
 
 Deletion::Done Deletion::run(IniDocument& document) const {
@@ -27,14 +26,14 @@ Deletion::Done Deletion::run(IniDocument& document) const {
     SectionContent content;
     if (!resumeNext([&] { content = readContent(document, section_, bufferSize(size_)); }))
         return {};
-    std::unordered_set<String> keys;
+    std::unordered_set<StringView, runtime::TextHash, runtime::TextEqual> keys;
     std::vector<String> kept;
     Long removed = 0;
     for (Long i = 0; i < content.count; ++i) {
         const String& key = content.table.at(0, i);
-        if (!key.empty() && !keys.insert(runtime::toLower(key)).second) return {kTwice, false};
+        if (!key.empty() && !keys.insert(key).second) return {kTwice, false};
         const StringView base = base_(key);
-        if (!key.empty() && names_.contains(runtime::toLower(base)))
+        if (!key.empty() && names_.contains(base))
             removed += base == key ? 1 : 0;
         else
             kept.push_back(key + u'=' + content.table.at(1, i));

@@ -8,6 +8,7 @@
 #include <unordered_set>
 
 #include "inifile/document.h"
+#include "runtime/letter_case.h"
 
 namespace quorkit {
 
@@ -36,7 +37,7 @@ class Deletion {
 
    private:
     StringView section_;
-    std::unordered_set<String> names_;  // folded
+    std::unordered_set<String, runtime::TextHash, runtime::TextEqual> names_;
     const Variant& size_;
     BaseOfKey base_;
 };

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
+#include "inifile/old_lines.h"
 #include "runtime/letter_case.h"
 
 namespace quorkit {
@@ -292,47 +294,32 @@ bool IniDocument::setEntries(StringView section, const std::vector<String>& line
 /// unless that line stands before one that is already taken.
 std::optional<std::string> IniDocument::mergedLines(const Line& header,
                                                     const std::vector<String>& lines) const {
-    std::vector<Line> old;
+    OldLines old;
     forEachLine(header, [&](const Line& line) {
-        old.push_back(line);
+        old.add(line, line.kind == LineKind::Blank ? String() : entryOf(line));
         return true;
     });
-    const auto keyOf = [](StringView entry) {
-        return runtime::toLower(trimBlanks(entry.substr(0, entry.find(u'='))));
-    };
-    struct Places {
-        std::vector<std::size_t> indexes;
-        std::size_t next = 0;
-    };
-    std::unordered_map<String, Places> places;
-    for (std::size_t i = 0; i < old.size(); ++i)
-        if (old[i].kind != LineKind::Blank) places[keyOf(entryOf(old[i]))].indexes.push_back(i);
-
     const std::string lineEnd = lineEndAt(header);
     std::string result;
     const auto add = [&](const Line& line, std::string_view content) {
         result += content;
         result += line.ended() ? part(line.end, line.next) : std::string_view(lineEnd);
     };
-    std::size_t done = 0;
-    const auto addBlanksUpTo = [&](std::size_t end) {
-        for (; done < end; ++done)
-            if (old[done].kind == LineKind::Blank)
-                add(old[done], part(old[done].begin, old[done].end));
+    const auto addBlanks = [&](std::span<const Line> passed) {
+        for (const Line& line : passed)
+            if (line.kind == LineKind::Blank) add(line, part(line.begin, line.end));
     };
     for (const String& entry : lines) {
-        Places& place = places[keyOf(entry)];
-        while (place.next < place.indexes.size() && place.indexes[place.next] < done) ++place.next;
-        if (place.next == place.indexes.size()) {
+        const std::size_t place = old.find(entry);
+        if (place == old.size()) {
             const auto line = written(entry);
             if (!line) return std::nullopt;
-            result += *line + lineEnd;
+            (result += *line) += lineEnd;
             continue;
         }
-        const Line& line = old[place.indexes[place.next]];
-        addBlanksUpTo(place.indexes[place.next]);
-        ++done;
-        if (entryOf(line) == entry) {
+        addBlanks(old.passTo(place));
+        const Line& line = old.line(place);
+        if (old.entry(place) == entry) {
             add(line, part(line.begin, line.end));
         } else if (line.kind == LineKind::Key && entry.starts_with(nameOf(line) + u'=')) {
             add(line, rewritten(line, StringView(entry).substr(entry.find(u'=') + 1)));
@@ -342,9 +329,10 @@ std::optional<std::string> IniDocument::mergedLines(const Line& header,
             add(line, *content);
         }
     }
-    addBlanksUpTo(old.size());
-    const bool endsFile = old.empty() ? !header.ended() : !old.back().ended();
-    if (endsFile && !result.empty()) result.resize(result.size() - lineEnd.size());
+    addBlanks(old.passTo(old.size()));
+    const bool endsFile = old.size() == 0 ? !header.ended() : !old.line(old.size() - 1).ended();
+    if (endsFile && result.ends_with('\n')) result.pop_back();
+    if (endsFile && result.ends_with('\r')) result.pop_back();
     return result;
 }
 

@@ -18,6 +18,9 @@
 namespace quorkit {
 namespace {
 
+using runtime::TextEqual;
+using runtime::TextHash;
+
 constexpr StringView kMarker = u"$!MULTILINEFIELD@#";
 constexpr StringView kBreak = u"\r\n";
 constexpr Long kCheckedSectionSize = 100000;
@@ -45,7 +48,7 @@ template <class Find>
 String joinLines(StringView key, Find find) {
     String text;
     for (Long number = 1;; ++number) {
-        const String* line = find(runtime::toLower(numbered(key, number)));
+        const String* line = find(numbered(key, number));
         if (line == nullptr) break;
         text += *line;
         text += kBreak;
@@ -61,17 +64,17 @@ SectionContent joinedContent(const IniDocument& document, StringView section, Lo
     SectionContent joined;
     if (read.count < 1) return joined;
 
-    std::unordered_map<String, const String*> values;
+    std::unordered_map<StringView, const String*, TextHash, TextEqual> values;
     for (Long i = 0; i < read.count; ++i) {
         const String& key = read.table.at(0, i);
-        const bool isNew = values.emplace(runtime::toLower(key), &read.table.at(1, i)).second;
+        const bool isNew = values.emplace(key, &read.table.at(1, i)).second;
         if (!isNew && !key.empty()) {
             joined.count = Deletion::kTwice;
             return joined;
         }
     }
-    const auto find = [&](const String& folded) {
-        const auto found = values.find(folded);
+    const auto find = [&](StringView key) {
+        const auto found = values.find(key);
         return found == values.end() ? nullptr : found->second;
     };
     std::vector<String> texts;
@@ -142,8 +145,11 @@ Long QuorInifile::WriteMultiLineSection(const String& sSection, const Variant& s
     lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
         deletion.run(document);
         std::vector<String> all = entries;
-        const String rest = sectionText(document, sSection, bufferSize(*lOldSectionSizeInByte));
-        if (rest.size() > 2) std::ranges::move(entriesOf(rest), std::back_inserter(all));
+        SectionLines rest = sectionLines(document, sSection, bufferSize(*lOldSectionSizeInByte));
+        if (rest.size > 2) {
+            std::ranges::move(rest.whole, std::back_inserter(all));
+            if (!rest.cut.empty()) all.push_back(std::move(rest.cut));
+        }
         return carried && document.setEntries(sSection, all);
     });
     return static_cast<Long>(keys.size());
@@ -161,19 +167,19 @@ String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKe
     String value = cutValue(document.value(sSection, sKeyName).value_or(byDefault));
     if (!isMarker(value)) return value;
 
-    const String prefix = runtime::toLower(trimBlanks(sKeyName));
+    const StringView prefix = trimBlanks(sKeyName);
     std::vector<String> names;
-    std::unordered_map<String, String> lines;
+    std::unordered_map<String, String, TextHash, TextEqual> lines;
     document.forEachKey(sSection, [&](String name, const auto& valueOfKey) {
-        const String folded = runtime::toLower(name);
-        if (folded.starts_with(prefix) && !lines.contains(folded))
-            lines.emplace(folded, cutValue(valueOfKey()));
+        const StringView start = StringView(name).substr(0, prefix.size());
+        if (runtime::sameText(start, prefix) && !lines.contains(name))
+            lines.emplace(name, cutValue(valueOfKey()));
         names.push_back(std::move(name));
     });
-    std::unordered_set<String> known;
-    for (const String& name : fittingNames(std::move(names))) known.insert(runtime::toLower(name));
-    String text = joinLines(prefix, [&](const String& folded) -> const String* {
-        return known.contains(folded) ? &lines.at(folded) : nullptr;
+    names = fittingNames(std::move(names));
+    const std::unordered_set<StringView, TextHash, TextEqual> known(names.begin(), names.end());
+    const String text = joinLines(prefix, [&](const String& name) -> const String* {
+        return known.contains(name) ? &lines.find(name)->second : nullptr;
     });
     return text.empty() ? byDefault : text;
 }

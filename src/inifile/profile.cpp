@@ -28,25 +28,19 @@ std::vector<String> fittingNames(std::vector<String> names) {
     return names;
 }
 
-String sectionText(const IniDocument& document, StringView section, Long size) {
+SectionLines sectionLines(const IniDocument& document, StringView section, Long size) {
     const auto buffer = static_cast<std::size_t>(size);
-    String text;
-    for (const String& entry : document.entries(section, buffer)) {
-        text += entry;
-        text += u'\0';
-    }
-    if (text.size() > buffer - 1) text.resize(buffer - 2);
-    return text;
-}
+    SectionLines lines{document.entries(section, buffer), {}, 0};
+    for (const String& line : lines.whole) lines.size += line.size() + 1;
+    if (lines.size <= buffer - 1) return lines;
 
-std::vector<String> entriesOf(StringView sectionText) {
-    std::vector<String> entries;
-    while (!sectionText.empty()) {
-        const auto end = std::min(sectionText.find(u'\0'), sectionText.size());
-        entries.emplace_back(sectionText.substr(0, end));
-        sectionText.remove_prefix(std::min(end + 1, sectionText.size()));
-    }
-    return entries;
+    lines.size = buffer - 2;
+    std::size_t left = lines.size;
+    std::size_t fitting = 0;
+    while (lines.whole[fitting].size() + 1 <= left) left -= lines.whole[fitting++].size() + 1;
+    lines.cut = lines.whole[fitting].substr(0, left);
+    lines.whole.resize(fitting);
+    return lines;
 }
 
 Array<String> nameArray(std::vector<String> names) {
@@ -56,41 +50,37 @@ Array<String> nameArray(std::vector<String> names) {
 
 SectionContent readContent(const IniDocument& document, StringView section, Long size) {
     SectionContent content;
-    const String text = sectionText(document, section, size);
-    if (text.size() <= 2 || text.front() == u'\0') return content;
-    const auto lines = static_cast<Long>(std::ranges::count(text, u'\0'));
-    if (lines == 0) return content;
+    const SectionLines lines = sectionLines(document, section, size);
+    if (lines.size <= 2 || lines.whole.empty()) return content;
 
-    content.table = Array<String>({0, 2}, {0, lines});
+    content.table = Array<String>({0, 2}, {0, static_cast<Long>(lines.whole.size())});
     auto slot = content.table.elements().begin();
-    StringView rest = text;
-    for (Long i = 0; i < lines; ++i, slot += 2) {
-        const StringView line = rest.substr(0, rest.find(u'\0'));
-        rest.remove_prefix(line.size() + 1);
+    for (const String& line : lines.whole) {
         const auto equals = line.find(u'=');
-        if (equals == StringView::npos) continue;
-        slot[0] = line.substr(0, equals);
-        slot[1] = line.substr(equals + 1);
-        ++content.count;
+        if (equals != String::npos) {
+            slot[0].assign(line, 0, equals);
+            slot[1].assign(line, equals + 1);
+            ++content.count;
+        }
+        slot += 2;
     }
     return content;
 }
 
-KeyValueTable::KeyValueTable(const Variant& value) : value_(value) {
-    const auto entries = [](const auto* array) {
-        const bool table =
-            array != nullptr && array->dimensions() == 2 && array->bounds(1).count >= 2;
-        return table ? array->bounds(2).count : 0;
+KeyValueTable::KeyValueTable(const Variant& value) {
+    const auto take = [&](const auto& array) {
+        if (array.dimensions() != 2 || array.bounds(1).count < 2) return false;
+        step_ = static_cast<std::size_t>(array.bounds(1).count);
+        count_ = array.bounds(2).count;
+        return true;
     };
-    count_ =
-        std::max(entries(value.getIf<Array<String>>()), entries(value.getIf<Array<Variant>>()));
-}
-
-String KeyValueTable::element(Long row, Long index) const {
-    if (const auto* texts = value_.getIf<Array<String>>())
-        return texts->at(texts->lower(1) + row, texts->lower(2) + index);
-    const auto& values = value_.get<Array<Variant>>();
-    return runtime::CStr(values.at(values.lower(1) + row, values.lower(2) + index));
+    if (const auto* texts = value.getIf<Array<String>>()) {
+        if (take(*texts)) texts_ = texts->elements().data();
+    } else if (const auto* values = value.getIf<Array<Variant>>(); values && take(*values)) {
+        for (const Variant& element : values->elements())
+            converted_.push_back(runtime::CStr(element));
+        texts_ = converted_.data();
+    }
 }
 
 }  // namespace quorkit

@@ -24,11 +24,13 @@ String cutValue(String value);
 std::vector<String> fittingNames(std::vector<String> names);
 
 /// The lines of a section, each with a U+0000, as far as they fit into a buffer of `size`
-/// characters; a line may be cut.
-String sectionText(const IniDocument& document, StringView section, Long size);
-
-/// The entries of such a text, each up to its U+0000, the cut one at the end included.
-std::vector<String> entriesOf(StringView sectionText);
+/// characters with one more U+0000.
+struct SectionLines {
+    std::vector<String> whole;
+    String cut;            ///< what fits of the line that does not, without its U+0000
+    std::size_t size = 0;  ///< characters in all
+};
+SectionLines sectionLines(const IniDocument& document, StringView section, Long size);
 
 /// The names as an array counted from 0, one empty element when there are none.
 Array<String> nameArray(std::vector<String> names);
@@ -44,17 +46,18 @@ SectionContent readContent(const IniDocument& document, StringView section, Long
 /// texts or Variants. Any other value is a table without entries.
 class KeyValueTable {
    public:
+    /// `value` must outlive the table. Error 13 when an element has no text.
     explicit KeyValueTable(const Variant& value);
 
     Long count() const { return count_; }
-    /// Entry `index`, counted from 0. Error 13 when it has no text.
-    String key(Long index) const { return element(0, index); }
-    String value(Long index) const { return element(1, index); }
+    /// Entry `index`, counted from 0.
+    const String& key(Long index) const { return texts_[static_cast<std::size_t>(index) * step_]; }
+    const String& value(Long index) const { return (&key(index))[1]; }
 
    private:
-    String element(Long row, Long index) const;
-
-    const Variant& value_;
+    std::vector<String> converted_;
+    const String* texts_ = nullptr;
+    std::size_t step_ = 2;  ///< elements from one entry to the next
     Long count_ = 0;
 };
 

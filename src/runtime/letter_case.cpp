@@ -54,4 +54,10 @@ bool sameText(StringView a, StringView b) {
         a, b, [](char16_t x, char16_t y) { return x == y || toLower(x) == toLower(y); });
 }
 
+std::size_t TextHash::operator()(StringView text) const {
+    std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
+    for (const char16_t unit : text) hash = (hash ^ toLower(unit)) * 1099511628211u;
+    return static_cast<std::size_t>(hash);
+}
+
 }  // namespace quorkit::runtime

@@ -3,6 +3,8 @@
 
 #include <quorkit/values.h>
 
+#include <cstddef>
+
 namespace quorkit::runtime {
 
 /// The simple case mappings of Unicode; characters beyond U+FFFF stay as they are.
@@ -13,5 +15,15 @@ String toUpper(StringView text);
 
 /// `a` and `b` are the same text but for letter case.
 bool sameText(StringView a, StringView b);
+
+/// For hash tables whose keys match without regard to letter case.
+struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(StringView text) const;
+};
+struct TextEqual {
+    using is_transparent = void;
+    bool operator()(StringView a, StringView b) const { return sameText(a, b); }
+};
 
 }  // namespace quorkit::runtime

@@ -3,20 +3,29 @@
 namespace quorkit {
 namespace {
 
-/// The text that brings `s` to the length `maxLen`.
-String padding(const String& sPadChar, const String& s, Long maxLen) {
-    if (sPadChar.empty() || maxLen <= 0 || s.size() >= static_cast<std::size_t>(maxLen)) return {};
-    return String(static_cast<std::size_t>(maxLen) - s.size(), sPadChar.front());
+/// How many characters bring `s` to the length `maxLen`.
+std::size_t missing(const String& sPadChar, const String& s, Long maxLen) {
+    if (sPadChar.empty() || maxLen <= 0 || s.size() >= static_cast<std::size_t>(maxLen)) return 0;
+    return static_cast<std::size_t>(maxLen) - s.size();
+}
+
+String padded(std::size_t front, const String& sPadChar, const String& s, std::size_t back) {
+    String result;
+    result.reserve(front + s.size() + back);
+    if (front != 0) result.append(front, sPadChar.front());
+    result += s;
+    if (back != 0) result.append(back, sPadChar.front());
+    return result;
 }
 
 }  // namespace
 
 String GQuorStrings::LPad(const String& sPadChar, const String& s, Long maxLen) {
-    return padding(sPadChar, s, maxLen).append(s);
+    return padded(missing(sPadChar, s, maxLen), sPadChar, s, 0);
 }
 
 String GQuorStrings::RPad(const String& sPadChar, const String& s, Long maxLen) {
-    return s + padding(sPadChar, s, maxLen);
+    return padded(0, sPadChar, s, missing(sPadChar, s, maxLen));
 }
 
 }  // namespace quorkit

@@ -2,13 +2,21 @@
 
 #include <algorithm>
 
-#include "runtime/code_page.h"
-
 namespace quorkit {
 namespace {
 
+/// Below 33 the codes of the code page are those of UTF-16, and no other character has one.
 bool isWhite(char16_t unit) {
-    return runtime::toAnsi(unit) < 33;
+    return unit < 33;
+}
+
+StringView withoutFront(StringView s) {
+    return s.substr(static_cast<std::size_t>(std::ranges::find_if_not(s, isWhite) - s.begin()));
+}
+
+StringView withoutBack(StringView s) {
+    const auto kept = std::find_if_not(s.rbegin(), s.rend(), isWhite).base();
+    return s.substr(0, static_cast<std::size_t>(kept - s.begin()));
 }
 
 }  // namespace
@@ -18,15 +26,15 @@ String GQuorStrings::NullStringToString(const String& s) {
 }
 
 String GQuorStrings::TrimWhiteSpace(const String& s) {
-    return RTrimWhiteSpace(LTrimWhiteSpace(s));
+    return String(withoutBack(withoutFront(s)));
 }
 
 String GQuorStrings::RTrimWhiteSpace(const String& s) {
-    return String(s.begin(), std::find_if_not(s.rbegin(), s.rend(), isWhite).base());
+    return String(withoutBack(s));
 }
 
 String GQuorStrings::LTrimWhiteSpace(const String& s) {
-    return String(std::ranges::find_if_not(s, isWhite), s.end());
+    return String(withoutFront(s));
 }
 
 Boolean GQuorStrings::isWhiteSpace(Unchanged<String> c) {

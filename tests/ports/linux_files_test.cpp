@@ -33,14 +33,16 @@ TEST_F(LinuxSave, KeepsModeAndOwner) {
     scratch.write("s.ini", kBefore);
     ASSERT_EQ(chmod(scratch.path("s.ini").c_str(), 0646), 0);
     const bool root = geteuid() == 0;
-    if (root) ASSERT_EQ(chown(scratch.path("s.ini").c_str(), 12, 34), 0);
+    if (root) {
+        ASSERT_EQ(chown(scratch.path("s.ini").c_str(), 12, 34), 0);
+    }
     EXPECT_EQ(save("s.ini"), 1);
     EXPECT_EQ(scratch.read("s.ini"), kAfter);
     struct stat about = {};
     ASSERT_EQ(stat(scratch.path("s.ini").c_str(), &about), 0);
     EXPECT_EQ(about.st_mode & 07777, 0646u);
-    if (root) EXPECT_EQ(about.st_uid, 12u);
-    if (root) EXPECT_EQ(about.st_gid, 34u);
+    EXPECT_EQ(about.st_uid, root ? 12u : geteuid());
+    EXPECT_EQ(about.st_gid, root ? 34u : getegid());
 }
 
 TEST_F(LinuxSave, FollowsLinks) {
