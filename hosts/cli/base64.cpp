@@ -36,7 +36,7 @@ std::optional<std::vector<Byte>> fromBase64(std::string_view text) {
     unsigned bits = 0;
     for (const char digit : text) {
         const std::size_t value = kDigits.find(digit);
-        if (value == kDigits.npos) return {};
+        if (value == std::string_view::npos) return {};
         group = (group << 6 | static_cast<unsigned>(value)) & 0xFFFF;
         bits += 6;
         if (bits >= 8) {

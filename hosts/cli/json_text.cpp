@@ -81,7 +81,7 @@ std::string writeJson(const Json& value) {
     std::string result;
     result.reserve(text.size());
     std::size_t position = 0;
-    for (std::size_t mark; (mark = text.find(kMarkBytes, position)) != text.npos;) {
+    for (std::size_t mark; (mark = text.find(kMarkBytes, position)) != std::string::npos;) {
         result.append(text, position, mark - position);
         position = mark + kMarkBytes.size();
         if (text.compare(position, kMarkBytes.size(), kMarkBytes) == 0) {

@@ -14,7 +14,7 @@ namespace {
 
 std::string shortest(Double value) {
     char text[32];
-    return std::string(text, std::to_chars(text, std::end(text), value).ptr);
+    return {text, std::to_chars(text, std::end(text), value).ptr};
 }
 
 template <class T>

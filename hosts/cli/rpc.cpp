@@ -168,7 +168,7 @@ std::optional<std::string> RpcSession::answer(std::string_view message) {
 void serve(std::istream& in, std::ostream& out, Ports& ports) {
     RpcSession session(ports);
     for (std::string line; std::getline(in, line);) {
-        if (line.find_first_not_of(" \t\r") == line.npos) continue;
+        if (line.find_first_not_of(" \t\r") == std::string::npos) continue;
         if (const auto answer = session.answer(line)) out << *answer << '\n' << std::flush;
     }
 }

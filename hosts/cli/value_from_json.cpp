@@ -101,7 +101,7 @@ Variant readCollection(const Json& content, const ObjectTable& objects) {
     for (const Json& entry : array(content)) {
         const bool keyed = entry.is_object() && entry.contains("key");
         if (!entry.is_object() || !entry.contains("item") || entry.size() != (keyed ? 2u : 1u))
-            throw BadValue("an item of a collection is {\"key\":k,\"item\":v} or {\"item\":v}");
+            throw BadValue(R"(an item of a collection is {"key":k,"item":v} or {"item":v})");
         if (keyed) string(entry["key"]);
         collection->add(fromJson(entry["item"], objects), keyed ? textOf(entry["key"]) : String());
     }
