@@ -13,12 +13,6 @@
 namespace quorkit {
 namespace {
 
-String entry(StringView key, StringView value) {
-    String result;
-    result.reserve(key.size() + 1 + value.size());
-    return result.append(key).append(1, u'=').append(value);
-}
-
 /// The entries of a section while new ones are merged into them: entry `end_` and those behind it
 /// are overwritten one by one, whatever they hold.
 class Merge {
@@ -30,10 +24,11 @@ class Merge {
         slots_.resize(end_ + index(newEntries));
         searched_ = slots_.size() - 1;
         next_.resize(searched_, kNone);
+        first_.reserve(slots_.size());
         for (std::size_t i = std::min(texts.size() / 2, slots_.size()); i-- > 0;) {
             slots_[i] = {texts[2 * i], texts[2 * i + 1]};
             if (i >= searched_) continue;
-            const auto [first, isNew] = first_.try_emplace(slots_[i].key, i);
+            const auto [first, isNew] = first_.try_emplace(slots_[i].name, i);
             if (isNew) continue;
             next_[i] = first->second;
             first->second = i;
@@ -55,27 +50,19 @@ class Merge {
         return isKeyName(key);
     }
 
-    std::vector<String> entries() const {
-        std::vector<String> result(end_);
-        for (std::size_t i = 0; i < end_; ++i) result[i] = entry(slots_[i].key, slots_[i].value);
-        return result;
-    }
+    std::span<const IniEntry> entries() const { return std::span(slots_).first(end_); }
 
    private:
-    struct Slot {
-        StringView key;
-        StringView value;
-    };
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
     static std::size_t index(Long count) { return static_cast<std::size_t>(count); }
 
     /// The entry at `index` is about to be overwritten; a later one of its key takes its place.
     void forget(std::size_t slot) {
-        const auto found = first_.find(slots_[slot].key);
+        const auto found = first_.find(slots_[slot].name);
         if (found != first_.end() && found->second == slot) found->second = next_[slot];
     }
 
-    std::vector<Slot> slots_;
+    std::vector<IniEntry> slots_;
     std::size_t end_;
     std::size_t searched_ = 0;
     std::unordered_map<StringView, std::size_t, runtime::TextHash, runtime::TextEqual> first_;
@@ -110,7 +97,7 @@ Long QuorInifile::WriteSectionContent(const String& sSection, const Variant& sKe
         written = 0;
         bool carried = true;
         const SectionContent content = readContent(document, sSection, size);
-        std::vector<String> entries;
+        std::vector<IniEntry> entries;
         std::optional<Merge> merge;
         if (content.count > 0) merge.emplace(content, input.count());
         for (Long i = 0; i < input.count(); ++i) {
@@ -121,11 +108,10 @@ Long QuorInifile::WriteSectionContent(const String& sSection, const Variant& sKe
                 carried = merge->set(key, input.value(i)) && carried;
             } else {
                 carried = isKeyName(key) && carried;
-                entries.push_back(entry(key, input.value(i)));
+                entries.push_back({key, input.value(i)});
             }
         }
-        if (merge) entries = merge->entries();
-        return carried && document.setEntries(sSection, entries);
+        return carried && document.setEntries(sSection, merge ? merge->entries() : entries);
     });
     return written;
 }

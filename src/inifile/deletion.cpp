@@ -27,7 +27,7 @@ Deletion::Done Deletion::run(IniDocument& document) const {
     if (!resumeNext([&] { content = readContent(document, section_, bufferSize(size_)); }))
         return {};
     std::unordered_set<StringView, runtime::TextHash, runtime::TextEqual> keys;
-    std::vector<String> kept;
+    std::vector<IniEntry> kept;
     Long removed = 0;
     for (Long i = 0; i < content.count; ++i) {
         const String& key = content.table.at(0, i);
@@ -36,7 +36,7 @@ Deletion::Done Deletion::run(IniDocument& document) const {
         if (!key.empty() && names_.contains(base))
             removed += base == key ? 1 : 0;
         else
-            kept.push_back(key + u'=' + content.table.at(1, i));
+            kept.push_back({key, content.table.at(1, i)});
     }
     if (content.count < 1) return {};
     if (!document.setEntries(section_, kept)) return {kFailed, false};

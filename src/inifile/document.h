@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -15,6 +16,17 @@
 #include "inifile/line.h"
 
 namespace quorkit {
+
+/// A line that is to stand in a section: name, "=" and value; or `name` alone, as it stands. A name
+/// that begins with ";" makes it a comment. Refers to texts of the caller.
+struct IniEntry {
+    StringView name;
+    StringView value = {};
+    bool key = true;
+
+    /// From the form that IniDocument::entries gives.
+    static IniEntry of(StringView line);
+};
 
 class IniDocument {
    public:
@@ -50,9 +62,9 @@ class IniDocument {
     bool setValue(StringView section, StringView key, StringView value);
     bool removeKey(StringView section, StringView key);
     bool removeSection(StringView section);
-    /// Makes the lines of a section the given ones, in the form that `entries` gives. Lines that
-    /// stay as they were keep every byte, and blank lines keep their place.
-    bool setEntries(StringView section, const std::vector<String>& lines);
+    /// Makes the lines of a section the given ones. Lines that stay as they were keep every byte,
+    /// and blank lines keep their place.
+    bool setEntries(StringView section, std::span<const IniEntry> lines);
     /// Makes a section the last one, without the blank lines behind it. A section that another one
     /// of its name would then hide stays where it is.
     void moveSectionToEnd(StringView section);
@@ -70,9 +82,9 @@ class IniDocument {
     Encoding encoding() const;
     String decoded(std::size_t begin, std::size_t end) const;
     String nameOf(const Line& line) const { return decoded(line.nameBegin, line.nameEnd); }
-    String valueOf(const Line& line) const {
-        return readForm(decoded(line.valueBegin, line.valueEnd));
-    }
+    void addDecoded(String& text, std::size_t begin, std::size_t end) const;
+    void addValue(String& text, const Line& line) const;
+    String valueOf(const Line& line) const;
     String entryOf(const Line& line) const;
 
     Wanted wanted(StringView name) const;
@@ -87,12 +99,16 @@ class IniDocument {
     std::size_t endOfSection(const Line& header) const;
     Line lastFilledLine(const Line& header) const;
 
+    class OldLines;
+    bool holds(std::size_t begin, std::size_t end, StringView text) const;
+    bool holdsKey(const Line& line, StringView key) const;
+    bool isEntry(const Line& line, const IniEntry& entry) const;
     std::string lineEndAt(const Line& line) const;
-    std::string rewritten(const Line& line, StringView value) const;
-    std::optional<std::string> written(StringView entry) const;
-    std::optional<std::string> mergedLines(const Line& header,
-                                           const std::vector<String>& lines) const;
-    bool appendSection(StringView name, const std::vector<String>& lines);
+    void addRewritten(std::string& text, const Line& line, StringView value) const;
+    bool addWritten(std::string& text, const IniEntry& entry) const;
+    bool addMerged(std::string& text, const Line& header, std::span<const IniEntry> lines) const;
+    bool appendSection(StringView name, std::span<const IniEntry> lines);
+    void append(std::string_view lines);
     void replace(std::size_t begin, std::size_t end, std::string_view by);
 
     MarkedText marked_;
@@ -106,5 +122,14 @@ class IniDocument {
     mutable std::optional<Index> index_;
     bool changed_ = false;
 };
+
+template <class Use>
+void IniDocument::forEachLine(const Line& header, Use use) const {
+    for (std::size_t at = header.next; at < marked_.text.size();) {
+        const Line line = lineAt(marked_.text, at);
+        if (line.kind == LineKind::Section || !use(line)) return;
+        at = line.next;
+    }
+}
 
 }  // namespace quorkit

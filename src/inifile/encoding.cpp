@@ -1,6 +1,6 @@
 #include "inifile/encoding.h"
 
-#include <algorithm>
+#include <cstring>
 
 #include "runtime/code_page.h"
 
@@ -16,10 +16,6 @@ String unitsOf(std::string_view littleEndian) {
         units[i] = static_cast<char16_t>(static_cast<unsigned char>(littleEndian[2 * i]) |
                                          static_cast<unsigned char>(littleEndian[2 * i + 1]) << 8);
     return units;
-}
-
-bool isAscii(std::string_view bytes) {
-    return std::ranges::all_of(bytes, [](char byte) { return (byte & 0x80) == 0; });
 }
 
 }  // namespace
@@ -54,6 +50,17 @@ Encoding encodingOf(std::string_view unmarkedText) {
                                                                    : Encoding::Ansi;
 }
 
+bool isAscii(std::string_view bytes) {
+    std::uint64_t all = 0;
+    for (; bytes.size() >= sizeof all; bytes.remove_prefix(sizeof all)) {
+        std::uint64_t eight;
+        std::memcpy(&eight, bytes.data(), sizeof eight);
+        all |= eight;
+    }
+    for (const char byte : bytes) all |= static_cast<unsigned char>(byte);
+    return (all & 0x8080'8080'8080'8080) == 0;
+}
+
 String decode(std::string_view bytes, Encoding encoding) {
     return encoding == Encoding::Ansi ? runtime::fromAnsi(bytes) : runtime::fromUtf8(bytes);
 }
@@ -73,6 +80,19 @@ std::string encode(StringView text, Encoding encoding) {
             replaced[i] = u'?';
     }
     return runtime::toUtf8(replaced);
+}
+
+void addEncoded(std::string& bytes, StringView text, Encoding encoding) {
+    const std::size_t size = bytes.size();
+    bytes.resize(size + text.size());
+    char16_t all = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bytes[size + i] = static_cast<char>(text[i]);
+        all |= text[i];
+    }
+    if (all < 0x80) return;
+    bytes.resize(size);
+    bytes += encode(text, encoding);
 }
 
 }  // namespace quorkit

@@ -28,8 +28,12 @@ std::string putMarkOn(MarkedText marked);
 /// The encoding of text without a byte-order mark.
 Encoding encodingOf(std::string_view unmarkedText);
 
+bool isAscii(std::string_view bytes);
+
 /// One piece of handled text as text and back. A character that the encoding lacks becomes "?".
 String decode(std::string_view bytes, Encoding encoding);
 std::string encode(StringView text, Encoding encoding);
+/// The same, put behind what is there.
+void addEncoded(std::string& bytes, StringView text, Encoding encoding);
 
 }  // namespace quorkit

@@ -133,6 +133,17 @@ char16_t quoteOf(StringView written) {
     return quoted ? written.front() : u'\0';
 }
 
+bool isWrittenPlainly(StringView value) {
+    return value.empty() ||
+           (!isBlank(value.front()) && !isBlank(value.back()) && quoteOf(value) == 0 &&
+            !value.starts_with(kEscaped) && !holds(value, u"\r\n"));
+}
+
+bool isReadPlainly(std::string_view written) {
+    return written.empty() || (written.front() != '"' && written.front() != '\'' &&
+                               written.front() != kEscaped.front());
+}
+
 String writtenForm(StringView value, char16_t quote) {
     String written(value);
     if (holds(value, u"\r\n") || value.starts_with(kEscaped)) written = escape(value);

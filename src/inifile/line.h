@@ -44,9 +44,13 @@ bool isSectionName(StringView name);
 bool isKeyName(StringView name);
 bool isValue(StringView value);
 
+/// Whether a value is written as it is, without quotes and escapes.
+bool isWrittenPlainly(StringView value);
 /// How a value is written: line breaks escaped, then in quotes where it would not come back
 /// without. `quote` is the mark that the old value stood in, or U+0000.
 String writtenForm(StringView value, char16_t quote = u'\0');
+/// Whether what stands behind "=", without the blanks around it, is the value as it is.
+bool isReadPlainly(std::string_view written);
 /// The value of what stands behind "=": blanks around it and one pair of quotes taken off, line
 /// breaks put back.
 String readForm(StringView written);

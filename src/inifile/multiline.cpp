@@ -144,11 +144,13 @@ Long QuorInifile::WriteMultiLineSection(const String& sSection, const Variant& s
                             RemoveTrailingDigits);
     lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
         deletion.run(document);
-        std::vector<String> all = entries;
-        SectionLines rest = sectionLines(document, sSection, bufferSize(*lOldSectionSizeInByte));
+        std::vector<IniEntry> all;
+        for (const String& entry : entries) all.push_back(IniEntry::of(entry));
+        const SectionLines rest =
+            sectionLines(document, sSection, bufferSize(*lOldSectionSizeInByte));
         if (rest.size > 2) {
-            std::ranges::move(rest.whole, std::back_inserter(all));
-            if (!rest.cut.empty()) all.push_back(std::move(rest.cut));
+            for (const String& entry : rest.whole) all.push_back(IniEntry::of(entry));
+            if (!rest.cut.empty()) all.push_back(IniEntry::of(rest.cut));
         }
         return carried && document.setEntries(sSection, all);
     });

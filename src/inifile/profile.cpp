@@ -50,16 +50,16 @@ Array<String> nameArray(std::vector<String> names) {
 
 SectionContent readContent(const IniDocument& document, StringView section, Long size) {
     SectionContent content;
-    const SectionLines lines = sectionLines(document, section, size);
+    SectionLines lines = sectionLines(document, section, size);
     if (lines.size <= 2 || lines.whole.empty()) return content;
 
     content.table = Array<String>({0, 2}, {0, static_cast<Long>(lines.whole.size())});
     auto slot = content.table.elements().begin();
-    for (const String& line : lines.whole) {
+    for (String& line : lines.whole) {
         const auto equals = line.find(u'=');
         if (equals != String::npos) {
             slot[0].assign(line, 0, equals);
-            slot[1].assign(line, equals + 1);
+            slot[1] = std::move(line.erase(0, equals + 1));
             ++content.count;
         }
         slot += 2;
