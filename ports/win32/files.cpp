@@ -70,6 +70,18 @@ String fullName(const String& name) {
     });
 }
 
+/// The name of an existing file or folder when every link is followed; empty when there is none.
+String finalName(const String& name) {
+    const HANDLE file = ::CreateFileW(wide(name), 0, kShareAll, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return {};
+    String target = askForName([&](wchar_t* buffer, DWORD size) {
+        return ::GetFinalPathNameByHandleW(file, buffer, size, FILE_NAME_NORMALIZED);
+    });
+    ::CloseHandle(file);
+    return target;
+}
+
 /// One mutex for one file, whoever asks for it and however the name is spelled.
 std::wstring mutexName(const String& name) {
     String key = fullName(name);
@@ -150,16 +162,17 @@ ErrorCode Win32Files::CloseHandle(Handle handle) {
 
 ErrorCode Win32Files::GetFinalPathNameA(const String& name, String& target) {
     if (!validName(name)) return kInvalidName;
-    const HANDLE file = ::CreateFileW(wide(name), 0, kShareAll, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (file != INVALID_HANDLE_VALUE) {
-        target = askForName([&](wchar_t* buffer, DWORD size) {
-            return ::GetFinalPathNameByHandleW(file, buffer, size, FILE_NAME_NORMALIZED);
-        });
-        ::CloseHandle(file);
-        if (!target.empty()) return kSuccess;
-    }
+    target = finalName(name);
+    if (!target.empty()) return kSuccess;
+    // The file is not there, maybe only for the moment in which it is replaced. Its name must be
+    // the same as when it is, or two programs would lock two names.
     target = fullName(name);
+    const std::size_t last = target.find_last_of(u'\\') + 1;
+    String folder = last == 0 ? String() : finalName(target.substr(0, last));
+    if (!folder.empty()) {
+        if (!folder.ends_with(u'\\')) folder += u'\\';
+        target = folder + target.substr(last);
+    }
     return target.empty() ? lastError() : kSuccess;
 }
 
