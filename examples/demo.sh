@@ -6,7 +6,7 @@
 #
 # Uses the `quorkit` on the PATH. Works on a copy; without a file, on the demo's own settings.
 set -eu
-
+command -v quorkit >/dev/null || { echo "quorkit is not on the PATH" >&2 && exit 1; }
 here=$(cd "$(dirname "$0")" && pwd)
 original=${1:-$here/settings.ini}
 scratch=$(mktemp -d)

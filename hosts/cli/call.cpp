@@ -133,7 +133,9 @@ void setProperty(CatalogueObject& target, const Assignment& property) {
     invoke(target, member, {value});
 }
 
-Outcome run(CatalogueObject& target, const MemberInfo& published, const CallLine& line) {
+/// `given` receives the arguments as they were before the call.
+Outcome run(CatalogueObject& target, const MemberInfo& published, const CallLine& line,
+            std::vector<Variant>& given) {
     const MemberInfo member = withOptionalOutputs(published);
     std::vector<Variant> positional(line.positional.begin(), line.positional.end());
     std::vector<NamedArgument> named;
@@ -144,15 +146,20 @@ Outcome run(CatalogueObject& target, const MemberInfo& published, const CallLine
     for (std::size_t i = 0; i < outcome.arguments.size(); ++i)
         if (const auto* text = outcome.arguments[i].getIf<String>())
             outcome.arguments[i] = valueOf(*text, member.parameterRow[i].type.type);
+    given = outcome.arguments;
     outcome.result = target.run(member, outcome.arguments);
     return outcome;
 }
 
-void print(std::ostream& out, const Outcome& outcome, const MemberInfo& member) {
+void print(std::ostream& out, const Outcome& outcome, const MemberInfo& member,
+           const std::vector<Variant>& given) {
     printLines(out, outcome.result);
-    for (std::size_t i = 0; i < outcome.arguments.size(); ++i)
-        if (member.parameterRow[i].changed)
-            out << member.parameterRow[i].name << " = " << plainText(outcome.arguments[i]) << '\n';
+    for (std::size_t i = 0; i < given.size(); ++i) {
+        if (!member.parameterRow[i].changed) continue;
+        const std::string text = plainText(outcome.arguments[i]);
+        if (given[i].isMissing() || plainText(given[i]) != text)
+            out << member.parameterRow[i].name << " = " << text << '\n';
+    }
 }
 
 }  // namespace
@@ -163,12 +170,13 @@ void call(std::span<const String> arguments, std::ostream& out, Ports& ports) {
     const Target target = objectOf(library, line.className);
     for (const Assignment& property : line.properties) setProperty(*target, property);
     const MemberInfo& member = memberOf(target->info(), line.member, CallKind::Call);
-    const Outcome outcome = run(*target, member, line);
+    std::vector<Variant> given;
+    const Outcome outcome = run(*target, member, line, given);
     ObjectTable objects;
     if (line.json)
         out << writeJson(toJson(outcome, objects)) << '\n';
     else
-        print(out, outcome, member);
+        print(out, outcome, member, given);
 }
 
 }  // namespace quorkit::cli

@@ -36,25 +36,29 @@ inline constexpr bool isOneOf<T, std::variant<Types...>> = (std::is_same_v<T, Ty
 }  // namespace detail
 
 template <class T>
-concept VariantAlternative = detail::isOneOf<T, VariantValue>;
+concept VariantAlternative = detail::isOneOf<std::remove_cvref_t<T>, VariantValue>;
+template <class T>
+concept Enumeration = std::is_enum_v<T>;
 
 class Variant : public VariantValue {
    public:
+    // A Variant is any of its values.
+    // NOLINTBEGIN(google-explicit-constructor)
+
     /// Empty.
     Variant() = default;
     /// Exactly one of the value types; nothing converts on the way in.
-    template <class T>
-    requires VariantAlternative<std::remove_cvref_t<T>> Variant(
-        T&& value)  // NOLINT(google-explicit-constructor): a Variant is any of its values
+    template <VariantAlternative T>
+    Variant(T&& value)
         : VariantValue(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value)) {}
-    Variant(const char16_t* text) : Variant(String(text)) {}  // NOLINT(google-explicit-constructor)
+    Variant(const char16_t* text) : Variant(String(text)) {}
     /// A constant of a public enumeration crosses as its number.
-    template <class E>
-    requires std::is_enum_v<E> Variant(E constant)  // NOLINT(google-explicit-constructor)
-        : Variant(static_cast<Long>(constant)) {}
+    template <Enumeration E>
+    Variant(E constant) : Variant(static_cast<Long>(constant)) {}
     template <std::derived_from<Object> T>
-    Variant(const std::shared_ptr<T>& object)  // NOLINT(google-explicit-constructor)
-        : Variant(ObjectRef(object)) {}
+    Variant(const std::shared_ptr<T>& object) : Variant(ObjectRef(object)) {}
+
+    // NOLINTEND(google-explicit-constructor)
 
     /// The value of an optional argument that the caller left out. It is not Empty.
     static Variant missing() { return ErrorValue{0x80020004}; }

@@ -32,7 +32,7 @@ Boolean GQuorConvert::IntToBool(Integer iValue) {
 }
 
 Boolean GQuorConvert::cBoolEx(const Variant& vValue) {
-    if (const String* text = vValue.getIf<String>()) return saysYes(*text);
+    if (const auto* text = vValue.getIf<String>()) return saysYes(*text);
     const bool number =
         vValue.is<Boolean>() || vValue.is<Integer>() || vValue.is<Long>() || vValue.is<Double>();
     return number && runtime::CBool(vValue);

@@ -112,7 +112,7 @@ Double tolerant(StringView text) {
 }  // namespace
 
 Double GQuorConvert::myVal(const Variant& vValue) {
-    if (const String* text = vValue.getIf<String>()) return tolerant(*text);
+    if (const auto* text = vValue.getIf<String>()) return tolerant(*text);
     return onErrorReturn(0.0, [&] { return runtime::CDbl(vValue); });
 }
 

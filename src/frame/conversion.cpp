@@ -8,43 +8,43 @@ namespace quorkit {
 namespace {
 
 void requireObject(const Variant& value, std::string_view className) {
-    const ObjectRef* object = value.getIf<ObjectRef>();
+    const auto* object = value.getIf<ObjectRef>();
     if (object == nullptr) raise(ErrorNumber::TypeMismatch);
     if (*object != nullptr && className != "Object" && className != (*object)->className())
         raise(ErrorNumber::TypeMismatch);
 }
 
-/// Arrays of another element type do not convert, except that Variants may hold the wanted texts.
-/// An unallocated array of any type fits.
-template <class T>
-void requireArray(Variant& value) {
+Byte byteOf(const Variant& value) {
+    const Long number = runtime::CLng(value);
+    if (number < 0 || number > 255) raise(ErrorNumber::Overflow);
+    return static_cast<Byte>(number);
+}
+
+/// An array with each element converted; an unallocated one stays so. Error 13 for a table.
+template <class T, class From, class Convert>
+Array<T> converted(const Array<From>& from, Convert convert) {
+    if (!from.allocated()) return {};
+    if (from.dimensions() > 1) raise(ErrorNumber::TypeMismatch);
+    std::vector<T> elements;
+    elements.reserve(from.elements().size());
+    for (const From& element : from.elements()) elements.push_back(convert(element));
+    return Array<T>(std::move(elements), from.lower());
+}
+
+/// Variants convert to the elements of any array, and texts to Variants; no other array converts.
+template <class T, class Convert>
+void requireArray(Variant& value, Convert convert) {
     if (value.is<Array<T>>()) return;
     const auto* variants = value.getIf<Array<Variant>>();
-    if constexpr (std::is_same_v<T, Variant>) {
-        if (const auto* texts = value.getIf<Array<String>>(); texts != nullptr)
-            value = texts->allocated()
-                        ? Array<Variant>(std::vector<Variant>(texts->elements().begin(),
-                                                              texts->elements().end()),
-                                         texts->lower())
-                        : Array<Variant>();
-        else
-            raise(ErrorNumber::TypeMismatch);
-    } else {
-        if (variants == nullptr || variants->dimensions() > 1) raise(ErrorNumber::TypeMismatch);
-        std::vector<T> elements;
-        elements.reserve(variants->elements().size());
-        for (const Variant& element : variants->elements()) {
-            if constexpr (std::is_same_v<T, Byte>) {
-                const Long number = runtime::CLng(element);
-                if (number < 0 || number > 255) raise(ErrorNumber::Overflow);
-                elements.push_back(static_cast<Byte>(number));
-            } else {
-                elements.push_back(runtime::CStr(element));
-            }
-        }
-        value =
-            variants->allocated() ? Array<T>(std::move(elements), variants->lower()) : Array<T>();
-    }
+    if (variants == nullptr) raise(ErrorNumber::TypeMismatch);
+    value = converted<T>(*variants, convert);
+}
+
+void requireVariants(Variant& value) {
+    if (value.is<Array<Variant>>()) return;
+    const auto* texts = value.getIf<Array<String>>();
+    if (texts == nullptr) raise(ErrorNumber::TypeMismatch);
+    value = converted<Variant>(*texts, [](const String& text) { return text; });
 }
 
 }  // namespace
@@ -73,13 +73,13 @@ void convert(Variant& value, const TypeInfo& type) {
             if (!value.is<String>()) value = runtime::CStr(value);
             return;
         case Type::TextArray:
-            requireArray<String>(value);
+            requireArray<String>(value, runtime::CStr);
             return;
         case Type::ByteArray:
-            requireArray<Byte>(value);
+            requireArray<Byte>(value, byteOf);
             return;
         case Type::AnyArray:
-            requireArray<Variant>(value);
+            requireVariants(value);
             return;
         case Type::Object:
             requireObject(value, type.name);

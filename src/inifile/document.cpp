@@ -133,11 +133,11 @@ std::size_t IniDocument::endOfSection(const Line& header) const {
     return next ? next->begin : marked_.text.size();
 }
 
-/// The last line of a section that is not blank, its header if need be.
-Line IniDocument::lastFilledLine(const Line& header) const {
+/// The last line of a section that is of none of the given kinds, its header if need be.
+Line IniDocument::lastLineBut(const Line& header, std::initializer_list<LineKind> kinds) const {
     Line last = header;
     forEachLine(header, [&](const Line& line) {
-        if (line.kind != LineKind::Blank) last = line;
+        if (std::ranges::find(kinds, line.kind) == kinds.end()) last = line;
         return true;
     });
     return last;

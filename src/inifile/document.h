@@ -5,6 +5,7 @@
 #include <quorkit/values.h>
 
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -54,7 +55,7 @@ class IniDocument {
     /// other line as it stands. May stop when their text exceeds `enough` characters.
     std::vector<String> entries(StringView section, std::size_t enough) const;
     /// From here on sections are found by an index, for callers that ask for many of them.
-    void indexSections() { index_.emplace(); }
+    void indexSections() { index_ = Index(); }
 
     // Changing. False when the layout cannot carry it, or when what is to be removed is not there;
     // then nothing has changed.
@@ -97,7 +98,7 @@ class IniDocument {
     std::optional<Line> findInIndex(const String& folded) const;
     std::optional<Line> findKey(const Line& header, StringView key) const;
     std::size_t endOfSection(const Line& header) const;
-    Line lastFilledLine(const Line& header) const;
+    Line lastLineBut(const Line& header, std::initializer_list<LineKind> kinds) const;
 
     class OldLines;
     bool holds(std::size_t begin, std::size_t end, StringView text) const;

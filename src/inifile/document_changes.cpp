@@ -167,7 +167,8 @@ bool IniDocument::setValue(StringView section, StringView key, StringView value)
         return true;
     }
     if (!addWritten(text, entry)) return false;
-    const Line last = lastFilledLine(*header);
+    // Comments behind the last key mostly speak of the section that follows.
+    const Line last = lastLineBut(*header, {LineKind::Blank, LineKind::Comment});
     const std::string lineEnd = lineEndAt(last);
     replace(last.next, last.next, last.ended() ? text + lineEnd : lineEnd + text);
     return true;
@@ -197,7 +198,7 @@ void IniDocument::moveSectionToEnd(StringView section) {
         if (isNamed(*other, name)) return;
     if (end == marked_.text.size()) return;
 
-    const std::string lines(part(header->begin, lastFilledLine(*header).next));
+    const std::string lines(part(header->begin, lastLineBut(*header, {LineKind::Blank}).next));
     replace(header->begin, end, "");
     append(lines);
 }

@@ -124,13 +124,13 @@ Long QuorInifile::WriteMultiLineSection(const String& sSection, const Variant& s
     std::vector<String> entries;
     GQuorConvert convert(ports_);
     for (Long i = 0; i < input.count(); ++i) {
-        const String key = input.key(i);
+        const String& key = input.key(i);
         if (trimBlanks(key).empty() || endsInDigit(key)) continue;
         keys.push_back(key);
         carried = carried && isKeyName(key);
-        const String value = input.value(i);
+        const String& value = input.value(i);
         if (value.find(kBreak) == String::npos && !(oldFields && isOldField(key))) {
-            entries.push_back(key + u'=' + value);
+            entries.push_back(String(key).append(u"=").append(value));
             continue;
         }
         Array<String> lines;

@@ -122,7 +122,7 @@ String CStr(const Variant& value) {
 }
 
 Boolean CBool(const Variant& value) {
-    if (const String* text = value.getIf<String>()) {
+    if (const auto* text = value.getIf<String>()) {
         if (sameText(*text, u"True")) return true;
         if (sameText(*text, u"False")) return false;
     }
@@ -142,7 +142,7 @@ Double CDbl(const Variant& value) {
 }
 
 Date CDate(const Variant& value) {
-    if (const String* text = value.getIf<String>()) {
+    if (const auto* text = value.getIf<String>()) {
         const auto date = dateIn(Trim(*text));
         if (!date) raise(ErrorNumber::TypeMismatch);
         return *date;
