@@ -145,6 +145,7 @@ Long QuorInifile::WriteMultiLineSection(const String& sSection, const Variant& s
     lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
         deletion.run(document);
         std::vector<IniEntry> all;
+        all.reserve(entries.size());
         for (const String& entry : entries) all.push_back(IniEntry::of(entry));
         const SectionLines rest =
             sectionLines(document, sSection, bufferSize(*lOldSectionSizeInByte));
