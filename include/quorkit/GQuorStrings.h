@@ -28,7 +28,7 @@ class GQuorStrings {
     /// `vsString` with the old pattern replaced by the new one: everywhere unless `vbReplaceAll`
     /// is given and False, then only the first time. What was put in is not searched again. Letter
     /// case counts unless `vbIgnoreCase` is given and True. An empty old pattern is never found.
-    /// Linear in the text. Error 13 when an option does not convert to Boolean.
+    /// Linear in the text. Error 13 when an option does not convert to Boolean, 94 for Null.
     String StringReplace(const String& vsString, const String& vsOldPattern,
                          const String& vsNewPattern, const Optional<Variant>& vbReplaceAll = {},
                          const Optional<Variant>& vbIgnoreCase = {});

@@ -70,7 +70,9 @@ class QuorInifile {
 
     /// Merges a key/value table (any lower bounds) into a section: present keys get the new value
     /// in place, new ones follow at the end. The number of entries written, 0 when there was
-    /// nothing to write, -1 when the section could not be read. Lines without "=" become "=", and
+    /// nothing to write, -1 when the section could not be read. Entries that the layout cannot
+    /// carry are left out and not counted; an unreadable table or a section name that cannot be
+    /// carried gives 0. Lines without "=" become "=", and
     /// as many of the last entries are lost; so are lines past the size that is read. Whether the
     /// write itself succeeded shows only in `lastResult`.
     Long WriteSectionContent(const String& sSection, const Variant& sKeyArray,
@@ -79,7 +81,8 @@ class QuorInifile {
     // --- Values of several lines ---
 
     /// Stores a value, in several lines of the file when it holds "\r\n". 1, or 0 when the key is
-    /// refused because it is empty or ends in a digit.
+    /// refused because it is empty, ends in a digit or cannot be carried by the layout. Whether
+    /// the write itself succeeded shows only in `lastResult`.
     Long WriteMultiLineValue(const String& sSection, const String& sKey, const String& sValue);
 
     /// A value with its lines joined by "\r\n". An empty section or key name gives "", not the
@@ -89,7 +92,8 @@ class QuorInifile {
                               const Optional<Variant>& vsDefaultValue = {});
 
     /// Stores a key/value table in front of the section's other lines. Returns the number of
-    /// entries accepted: keys that are empty or end in a digit are left out. With
+    /// entries accepted: keys that are empty, end in a digit or cannot be carried are left out.
+    /// Never raises: an argument that does not convert gives 0, and nothing is written. With
     /// `vbSupportOldMultiLineFields` True six old key names always take the form of several lines.
     Long WriteMultiLineSection(const String& sSection, const Variant& sKeyValueArray,
                                const Optional<Variant>& lOldSectionSizeInByte = {},
@@ -101,8 +105,9 @@ class QuorInifile {
     Variant ReadMultiLineSection(const String& sSection, Long& countKeys,
                                  const Optional<Variant>& lSectionSizeInByte = {});
 
-    /// Like DeleteKeys, but each key goes with its numbered lines; counts the main keys only.
-    Long DeleteMultiLineKeys(Unchanged<String> sSection, Unchanged<Array<String>> sKeyNames,
+    /// Like DeleteKeys, but each key goes with its numbered lines; counts the main keys only. A key
+    /// whose own name ends in digits cannot be deleted this way.
+    Long DeleteMultiLineKeys(const String& sSection, Unchanged<Array<String>> sKeyNames,
                              const Optional<Variant>& lSectionSizeInByte = {});
     Long DeleteMultiLineKey(const String& sSection, const String& sKeyName);
 

@@ -25,6 +25,7 @@ class Array {
    public:
     /// An unallocated array: it has no bounds to ask for.
     Array() = default;
+    /// Error 9 for a negative count, or indexes beyond 32 bits.
     explicit Array(Bounds bounds) : Array(std::vector<Bounds>{bounds}) {}
     Array(Bounds first, Bounds second) : Array(std::vector<Bounds>{first, second}) {}
     /// A one-dimensional array of `elements`, counted from `lower`.
@@ -65,7 +66,8 @@ class Array {
    private:
     explicit Array(std::vector<Bounds> bounds) : bounds_(std::move(bounds)) {
         for (const Bounds& one : bounds_)
-            if (one.count < 0) raise(ErrorNumber::SubscriptOutOfRange);
+            if (one.count < 0 || std::int64_t{one.lower} + one.count > INT32_MAX)
+                raise(ErrorNumber::SubscriptOutOfRange);
         elements_.resize(size());
     }
     std::size_t size() const {

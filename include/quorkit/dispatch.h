@@ -54,7 +54,7 @@ class CatalogueObject : public Object {
 
 /// Puts arguments into the order of the member's parameters, `missing` for each one left out.
 /// Errors 448 (no parameter of that name), 449 (a required argument left out), 450 (too many
-/// arguments, or one given twice). The arguments are moved from.
+/// arguments, or one given twice); else the arguments are moved from.
 std::vector<Variant> arrange(const MemberInfo& member, const Arguments& arguments);
 
 }  // namespace quorkit

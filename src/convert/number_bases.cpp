@@ -20,8 +20,8 @@ void requireBase(Integer base) {
 /// Error 13 when `unit` is no digit of the base.
 Long digitValue(char16_t unit, Integer base) {
     constexpr StringView digits = u"0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-    const auto value =
-        digits.substr(0, static_cast<std::size_t>(base)).find(runtime::toUpper(unit));
+    const char16_t capital = unit < 0x80 ? runtime::toUpper(unit) : unit;
+    const auto value = digits.substr(0, static_cast<std::size_t>(base)).find(capital);
     if (value == StringView::npos) raise(ErrorNumber::TypeMismatch);
     return static_cast<Long>(value);
 }

@@ -51,17 +51,21 @@ Long CatalogueObject::identifierOf(StringView name) const {
 std::vector<Variant> arrange(const MemberInfo& member, const Arguments& arguments) {
     const auto parameters = member.parameters();
     if (arguments.positional.size() > parameters.size()) raise(ErrorNumber::WrongNumberOfArguments);
-    std::vector<Variant> values(parameters.size(), Variant::missing());
-    std::ranges::move(arguments.positional, values.begin());
+    std::array<Variant*, MemberInfo::kMaxParameters> sources = {};
+    for (std::size_t i = 0; i < arguments.positional.size(); ++i)
+        sources[i] = &arguments.positional[i];
     for (NamedArgument& one : arguments.named) {
-        const std::size_t position = positionOf(member, one.name);
-        if (position < arguments.positional.size() || !values[position].isMissing())
-            raise(ErrorNumber::WrongNumberOfArguments);
-        values[position] = std::move(one.value);
+        Variant*& source = sources[positionOf(member, one.name)];
+        if (source != nullptr) raise(ErrorNumber::WrongNumberOfArguments);
+        source = &one.value;
     }
     for (std::size_t i = 0; i < parameters.size(); ++i)
-        if (values[i].isMissing() && !parameters[i].optional())
+        if ((sources[i] == nullptr || sources[i]->isMissing()) && !parameters[i].optional())
             raise(ErrorNumber::ArgumentNotOptional);
+
+    std::vector<Variant> values(parameters.size(), Variant::missing());
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        if (sources[i] != nullptr) values[i] = std::move(*sources[i]);
     return values;
 }
 

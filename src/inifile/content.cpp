@@ -2,6 +2,7 @@
 #include <quorkit/QuorInifile.h>
 
 #include <algorithm>
+#include <deque>
 #include <optional>
 #include <unordered_map>
 
@@ -35,19 +36,19 @@ class Merge {
         }
     }
 
-    /// Sets a key's value, or appends the key. False when the layout cannot carry a new key.
-    bool set(StringView key, StringView value) {
-        const auto found = first_.find(key);
+    /// Sets the value of the key that is stored as `name`, or appends `key`.
+    void set(String name, StringView key, StringView value) {
+        const auto found = first_.find(name);
         if (found != first_.end() && found->second != kNone) {
             slots_[found->second].value = value;
-            return true;
+            return;
         }
         if (end_ < searched_) {
             forget(end_);
-            first_[key] = end_;
+            names_.push_back(std::move(name));
+            first_[names_.back()] = end_;
         }
         slots_[end_++] = {key, value};
-        return isKeyName(key);
     }
 
     std::span<const IniEntry> entries() const { return std::span(slots_).first(end_); }
@@ -63,6 +64,7 @@ class Merge {
     }
 
     std::vector<IniEntry> slots_;
+    std::deque<String> names_;  // of the appended keys
     std::size_t end_;
     std::size_t searched_ = 0;
     std::unordered_map<StringView, std::size_t, runtime::TextHash, runtime::TextEqual> first_;
@@ -88,30 +90,27 @@ Long QuorInifile::WriteSectionContent(const String& sSection, const Variant& sKe
                                       const Optional<Variant>& lOldSectionSizeInByte) {
     lLastResult = 0;
     const KeyValueTable input(sKeyArray);
-    if (input.count() < 1) return 0;
+    if (input.count() < 1 || !isSectionName(sSection)) return 0;
     Long size = 0;
     if (!resumeNext([&] { size = bufferSize(*lOldSectionSizeInByte); })) return -1;
 
     Long written = 0;
     lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
         written = 0;
-        bool carried = true;
         const SectionContent content = readContent(document, sSection, size);
         std::vector<IniEntry> entries;
         std::optional<Merge> merge;
         if (content.count > 0) merge.emplace(content, input.count());
         for (Long i = 0; i < input.count(); ++i) {
             const String& key = input.key(i);
-            if (key.empty()) continue;
+            if (!isEntry(key, input.value(i))) continue;
             ++written;
-            if (merge) {
-                carried = merge->set(key, input.value(i)) && carried;
-            } else {
-                carried = isKeyName(key) && carried;
+            if (merge)
+                merge->set(document.asStored(key), key, input.value(i));
+            else
                 entries.push_back({key, input.value(i)});
-            }
         }
-        return carried && document.setEntries(sSection, merge ? merge->entries() : entries);
+        return document.setEntries(sSection, merge ? merge->entries() : entries);
     });
     return written;
 }

@@ -17,23 +17,23 @@ StringView RemoveTrailingDigits(StringView key) {
 
 Deletion::Deletion(StringView section, const Array<String>& names, const Variant& size,
                    BaseOfKey base)
-    : section_(section), size_(size), base_(base) {
-    for (const String& name : names.elements()) names_.emplace(trimBlanks(name));
-}
+    : section_(section), names_(names), size_(size), base_(base) {}
 
 Deletion::Done Deletion::run(IniDocument& document) const {
-    if (names_.empty()) return {};
+    if (names_.dimensions() != 1 || names_.elements().empty()) return {};
+    std::unordered_set<String, runtime::TextHash, runtime::TextEqual> names;
+    for (const String& name : names_.elements()) names.insert(document.asStored(name));
     SectionContent content;
     if (!resumeNext([&] { content = readContent(document, section_, bufferSize(size_)); }))
-        return {};
+        return {kFailed, false};
     std::unordered_set<StringView, runtime::TextHash, runtime::TextEqual> keys;
     std::vector<IniEntry> kept;
     Long removed = 0;
     for (Long i = 0; i < content.count; ++i) {
         const String& key = content.table.at(0, i);
-        if (!key.empty() && !keys.insert(key).second) return {kTwice, false};
+        if (isKeyName(key) && !keys.insert(key).second) return {kTwice, false};
         const StringView base = base_(key);
-        if (!key.empty() && names_.contains(base))
+        if (!key.empty() && names.contains(base))
             removed += base == key ? 1 : 0;
         else
             kept.push_back({key, content.table.at(1, i)});

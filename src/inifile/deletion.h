@@ -23,7 +23,8 @@ StringView RemoveTrailingDigits(StringView key);
 class Deletion {
    public:
     /// `size` is the caller's size of the section, or missing. Keys go whose base is among `names`,
-    /// without regard to case; those that are their own base are counted.
+    /// without regard to case; those that are their own base are counted. `names` without exactly
+    /// one dimension is empty. The arguments must outlive the order.
     Deletion(StringView section, const Array<String>& names, const Variant& size, BaseOfKey base);
 
     enum Outcome : Long { kTwice = -2, kFailed = -1 };  // else the number of keys removed
@@ -37,7 +38,7 @@ class Deletion {
 
    private:
     StringView section_;
-    std::unordered_set<String, runtime::TextHash, runtime::TextEqual> names_;
+    const Array<String>& names_;
     const Variant& size_;
     BaseOfKey base_;
 };

@@ -74,14 +74,17 @@ String IniDocument::entryOf(const Line& line) const {
 
 // --- Finding ---
 
+String IniDocument::asStored(StringView name) const {
+    const StringView trimmed = trimBlanks(name);
+    if (isAscii(trimmed)) return String(trimmed);
+    return decode(encode(trimmed, encoding()), encoding());
+}
+
 IniDocument::Wanted IniDocument::wanted(StringView name) const {
     Wanted result{String(name), {}};
-    const auto ascii = [](StringView text) {
-        return std::ranges::all_of(text, [](char16_t unit) { return unit < 0x80; });
-    };
-    if (!ascii(name)) result.folded = decode(encode(name, encoding()), encoding());
+    if (!isAscii(name)) result.folded = decode(encode(name, encoding()), encoding());
     result.folded = runtime::toLower(result.folded);
-    if (ascii(result.folded)) result.ascii = encode(result.folded, Encoding::Ansi);
+    if (isAscii(result.folded)) result.ascii = encode(result.folded, Encoding::Ansi);
     return result;
 }
 
@@ -111,6 +114,7 @@ std::optional<Line> IniDocument::nextHeader(std::size_t from) const {
 }
 
 std::optional<Line> IniDocument::findSection(StringView name) const {
+    if (name.empty()) return std::nullopt;
     const Wanted section = wanted(name);
     if (index_) return findInIndex(section.folded);
     auto header = nextHeader(0);

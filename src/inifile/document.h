@@ -44,6 +44,9 @@ class IniDocument {
 
     // Reading. A name with characters that the encoding lacks is looked for with "?" for them.
 
+    /// A name as it would be read back: without blanks around it, and with "?" for what the
+    /// encoding lacks.
+    String asStored(StringView name) const;
     std::optional<String> value(StringView section, StringView key) const;
     /// Hands `use` the name of every key of a section, in order, and a function for its value.
     using KeyUse = std::function<void(String name, const std::function<String()>& value)>;

@@ -204,10 +204,7 @@ void IniDocument::moveSectionToEnd(StringView section) {
 }
 
 bool IniDocument::setEntries(StringView section, std::span<const IniEntry> lines) {
-    const bool carried = isSectionName(section) && std::ranges::all_of(lines, [](const auto& line) {
-                             return isValue(line.name) && isValue(line.value);
-                         });
-    if (!carried) return false;
+    if (!isSectionName(section)) return false;
     const auto header = findSection(section);
     if (!header) return appendSection(section, lines);
     std::string merged;

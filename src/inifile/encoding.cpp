@@ -1,5 +1,6 @@
 #include "inifile/encoding.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "runtime/code_page.h"
@@ -59,6 +60,10 @@ bool isAscii(std::string_view bytes) {
     }
     for (const char byte : bytes) all |= static_cast<unsigned char>(byte);
     return (all & 0x8080'8080'8080'8080) == 0;
+}
+
+bool isAscii(StringView text) {
+    return std::ranges::all_of(text, [](char16_t unit) { return unit < 0x80; });
 }
 
 String decode(std::string_view bytes, Encoding encoding) {

@@ -29,6 +29,7 @@ std::string putMarkOn(MarkedText marked);
 Encoding encodingOf(std::string_view unmarkedText);
 
 bool isAscii(std::string_view bytes);
+bool isAscii(StringView text);
 
 /// One piece of handled text as text and back. A character that the encoding lacks becomes "?".
 String decode(std::string_view bytes, Encoding encoding);

@@ -133,6 +133,13 @@ char16_t quoteOf(StringView written) {
     return quoted ? written.front() : u'\0';
 }
 
+bool isEntry(StringView key, StringView value) {
+    const StringView name = trimBlanks(key);
+    if (name.empty() || holds(key, StringView(u"=\r\n\0", 4)) || !isValue(value)) return false;
+    if (name.front() == u';') return !holds(value, u"\r\n");  // nothing is escaped in a comment
+    return name.front() != u'[' || (!holds(name, u"]") && !holds(value, u"]"));
+}
+
 bool isWrittenPlainly(StringView value) {
     return value.empty() ||
            (!isBlank(value.front()) && !isBlank(value.back()) && quoteOf(value) == 0 &&

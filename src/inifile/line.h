@@ -43,6 +43,8 @@ StringView trimBlanks(StringView text);
 bool isSectionName(StringView name);
 bool isKeyName(StringView name);
 bool isValue(StringView value);
+/// The same for an entry of a whole section, where a comment with "=" is an entry too.
+bool isEntry(StringView key, StringView value);
 
 /// Whether a value is written as it is, without quotes and escapes.
 bool isWrittenPlainly(StringView value);

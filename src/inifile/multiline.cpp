@@ -68,7 +68,7 @@ SectionContent joinedContent(const IniDocument& document, StringView section, Lo
     for (Long i = 0; i < read.count; ++i) {
         const String& key = read.table.at(0, i);
         const bool isNew = values.emplace(key, &read.table.at(1, i)).second;
-        if (!isNew && !key.empty()) {
+        if (!isNew && isKeyName(key)) {
             joined.count = Deletion::kTwice;
             return joined;
         }
@@ -101,6 +101,31 @@ bool isOldField(StringView key) {
     return std::ranges::find(kOldFields, runtime::toUpper(key)) != kOldFields.end();
 }
 
+/// The lines that store a table.
+struct MultiLineEntries {
+    std::vector<String> keys;  ///< those accepted
+    std::vector<String> lines;
+
+    void add(StringView key, const String& value, bool oldFields) {
+        const StringView name = trimBlanks(key);
+        if (endsInDigit(name) || !isEntry(key, value)) return;
+        keys.emplace_back(key);
+        if (value.find(kBreak) == String::npos && !(oldFields && isOldField(name))) {
+            addLine(key, value);
+            return;
+        }
+        Array<String> pieces;
+        const Long count = GQuorConvert().StringTokenToStringArray(value, String(kBreak), pieces);
+        addLine(key, kMarker);
+        for (Long i = 0; i < count; ++i) addLine(numbered(name, i + 1), pieces.at(i));
+    }
+
+   private:
+    void addLine(StringView key, StringView value) {
+        lines.push_back(String(key).append(u"=").append(value));
+    }
+};
+
 }  // namespace
 
 Long QuorInifile::WriteMultiLineValue(const String& sSection, const String& sKey,
@@ -114,48 +139,33 @@ Long QuorInifile::WriteMultiLineValue(const String& sSection, const String& sKey
 Long QuorInifile::WriteMultiLineSection(const String& sSection, const Variant& sKeyValueArray,
                                         const Optional<Variant>& lOldSectionSizeInByte,
                                         const Optional<Variant>& vbSupportOldMultiLineFields) {
-    const KeyValueTable input(sKeyValueArray);
-    if (input.count() < 1) return 0;
-    const bool oldFields =
-        !vbSupportOldMultiLineFields->isMissing() && runtime::CBool(*vbSupportOldMultiLineFields);
+    lLastResult = 0;
+    return onErrorReturn(Long{0}, [&] {
+        const Long size = bufferSize(*lOldSectionSizeInByte);
+        const bool oldFields = !vbSupportOldMultiLineFields->isMissing() &&
+                               runtime::CBool(*vbSupportOldMultiLineFields);
+        MultiLineEntries entries;
+        const KeyValueTable input(sKeyValueArray);
+        for (Long i = 0; i < input.count(); ++i)
+            entries.add(input.key(i), input.value(i), oldFields);
+        if (entries.keys.empty() || !isSectionName(sSection)) return Long{0};
 
-    bool carried = true;
-    std::vector<String> keys;
-    std::vector<String> entries;
-    GQuorConvert convert(ports_);
-    for (Long i = 0; i < input.count(); ++i) {
-        const String& key = input.key(i);
-        if (trimBlanks(key).empty() || endsInDigit(key)) continue;
-        keys.push_back(key);
-        carried = carried && isKeyName(key);
-        const String& value = input.value(i);
-        if (value.find(kBreak) == String::npos && !(oldFields && isOldField(key))) {
-            entries.push_back(String(key).append(u"=").append(value));
-            continue;
-        }
-        Array<String> lines;
-        const Long count = convert.StringTokenToStringArray(value, String(kBreak), lines);
-        entries.push_back(key + u'=' + String(kMarker));
-        for (Long line = 0; line < count; ++line)
-            entries.push_back(numbered(key, line + 1) + u'=' + lines.at(line));
-    }
-    if (keys.empty()) return 0;
-    const Deletion deletion(sSection, Array<String>(keys), *lOldSectionSizeInByte,
-                            RemoveTrailingDigits);
-    lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
-        deletion.run(document);
-        std::vector<IniEntry> all;
-        all.reserve(entries.size());
-        for (const String& entry : entries) all.push_back(IniEntry::of(entry));
-        const SectionLines rest =
-            sectionLines(document, sSection, bufferSize(*lOldSectionSizeInByte));
-        if (rest.size > 2) {
-            for (const String& entry : rest.whole) all.push_back(IniEntry::of(entry));
-            if (!rest.cut.empty()) all.push_back(IniEntry::of(rest.cut));
-        }
-        return carried && document.setEntries(sSection, all);
+        const Array<String> keys(entries.keys);
+        const Deletion deletion(sSection, keys, *lOldSectionSizeInByte, RemoveTrailingDigits);
+        lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
+            deletion.run(document);
+            std::vector<IniEntry> all;
+            all.reserve(entries.lines.size());
+            for (const String& line : entries.lines) all.push_back(IniEntry::of(line));
+            const SectionLines rest = sectionLines(document, sSection, size);
+            if (rest.size > 2) {
+                for (const String& line : rest.whole) all.push_back(IniEntry::of(line));
+                if (!rest.cut.empty()) all.push_back(IniEntry::of(rest.cut));
+            }
+            return document.setEntries(sSection, all);
+        });
+        return static_cast<Long>(entries.keys.size());
     });
-    return static_cast<Long>(keys.size());
 }
 
 String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKeyName,
@@ -170,7 +180,7 @@ String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKe
     String value = cutValue(document.value(sSection, sKeyName).value_or(byDefault));
     if (!isMarker(value)) return value;
 
-    const StringView prefix = trimBlanks(sKeyName);
+    const String prefix = document.asStored(sKeyName);
     std::vector<String> names;
     std::unordered_map<String, String, TextHash, TextEqual> lines;
     document.forEachKey(sSection, [&](String name, const auto& valueOfKey) {
@@ -200,12 +210,11 @@ Variant QuorInifile::ReadMultiLineSection(const String& sSection, Long& countKey
     return std::move(content.table);
 }
 
-Long QuorInifile::DeleteMultiLineKeys(Unchanged<String> sSection,
-                                      Unchanged<Array<String>> sKeyNames,
+Long QuorInifile::DeleteMultiLineKeys(const String& sSection, Unchanged<Array<String>> sKeyNames,
                                       const Optional<Variant>& lSectionSizeInByte) {
-    return deleteFromFile(
-        ports_.files, sIniFileName,
-        Deletion(*sSection, *sKeyNames, *lSectionSizeInByte, RemoveTrailingDigits), lLastResult);
+    return deleteFromFile(ports_.files, sIniFileName,
+                          Deletion(sSection, *sKeyNames, *lSectionSizeInByte, RemoveTrailingDigits),
+                          lLastResult);
 }
 
 Long QuorInifile::DeleteMultiLineKey(const String& sSection, const String& sKeyName) {
@@ -215,9 +224,11 @@ Long QuorInifile::DeleteMultiLineKey(const String& sSection, const String& sKeyN
 Boolean QuorInifile::isIniFileMultiLineFieldSave() {
     IniDocument document = readIni(ports_.files, sIniFileName);
     document.indexSections();
+    std::unordered_set<String, TextHash, TextEqual> checked;
     return std::ranges::all_of(
         fittingNames(document.sectionNames(kListBuffer)), [&](const String& section) {
-            return joinedContent(document, section, kCheckedSectionSize).count >= 0;
+            return !checked.insert(section).second ||
+                   joinedContent(document, section, kCheckedSectionSize).count >= 0;
         });
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "frame/error_patterns.h"
 #include "runtime/convert.h"
 
 namespace quorkit {
@@ -77,8 +78,11 @@ KeyValueTable::KeyValueTable(const Variant& value) {
     if (const auto* texts = value.getIf<Array<String>>()) {
         if (take(*texts)) texts_ = texts->elements().data();
     } else if (const auto* values = value.getIf<Array<Variant>>(); values && take(*values)) {
-        for (const Variant& element : values->elements())
-            converted_.push_back(runtime::CStr(element));
+        const bool readable = resumeNext([&] {
+            for (const Variant& element : values->elements())
+                converted_.push_back(runtime::CStr(element));
+        });
+        if (!readable) count_ = 0;
         texts_ = converted_.data();
     }
 }

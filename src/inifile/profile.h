@@ -42,11 +42,11 @@ struct SectionContent {
 };
 SectionContent readContent(const IniDocument& document, StringView section, Long size);
 
-/// A table handed in by a caller: two dimensions with any bounds, the first with two elements, of
-/// texts or Variants. Any other value is a table without entries.
+/// A table handed in by a caller: two dimensions with any bounds, the first with two elements or
+/// more, of texts or of Variants that have a text. Any other value is a table without entries.
 class KeyValueTable {
    public:
-    /// `value` must outlive the table. Error 13 when an element has no text.
+    /// `value` must outlive the table.
     explicit KeyValueTable(const Variant& value);
 
     Long count() const { return count_; }

@@ -161,9 +161,10 @@ TEST_F(IniTest, RefusesWhatTheLayoutCannotCarry) {
                    {u"A", u"k", u"1" + nul}};
     for (const auto& one : refused) {
         EXPECT_EQ(write(one.section, one.key, one.value), 0);
+        if (one.key == u";k") continue;  // as an entry of a whole section it is a comment
         const Variant entry = table({{one.key, one.value}});
-        ini(u"WriteSectionContent", {one.section, entry});
-        ini(u"WriteMultiLineSection", {one.section, entry});
+        EXPECT_EQ(ini(u"WriteSectionContent", {one.section, entry}), Variant(Long{0}));
+        EXPECT_EQ(ini(u"WriteMultiLineSection", {one.section, entry}), Variant(Long{0}));
         EXPECT_EQ(content(), before);
     }
     ini.let(u"IniFileName", String(u"a") + nul);

@@ -30,10 +30,16 @@ TEST_F(MultiLine, StoresNumberedLinesInFront) {
 }
 
 TEST_F(MultiLine, GivesBackWhatWasWritten) {
-    for (const String value : {u"x\r\n\r\ny", u"a\nb\r\n c ", u"\r\nx", u"\"q\"\r\n;", u"one"}) {
-        EXPECT_EQ(write(u"K", value), 1);
-        EXPECT_EQ(read(u"K"), value);
+    // Blanks around a key do not count, and a new file has "?" for the last one's letters.
+    for (const String key : {u"K", u"Text ", u" T", u"\u043A\u043B"}) {
+        for (const String value :
+             {u"x\r\n\r\ny", u"a\nb\r\n c ", u"\r\nx", u"\"q\"\r\n;", u"one"}) {
+            EXPECT_EQ(write(key, value), 1);
+            EXPECT_EQ(read(key), value);
+        }
     }
+    EXPECT_EQ(ini(u"isIniFileMultiLineFieldSave"), Variant(true));
+    EXPECT_EQ(ini(u"DeleteMultiLineKey", {u"S", u"\u043A\u043B"}), Variant(Long{1}));
     String many;
     for (int i = 0; i < 300; ++i) many += (i == 0 ? u"" : u"\r\n") + String(4000, u'x');
     EXPECT_EQ(write(u"K", many), 1);
@@ -49,6 +55,23 @@ TEST_F(MultiLine, AnswersForWhatIsNotWhole) {
     EXPECT_EQ(read(u"", u"default"), u"");
     EXPECT_EQ(read(u"d"), u"v");
     EXPECT_EQ(read(u"e"), u"x");
+    for (const auto& [size, old] :
+         {std::pair<Variant, Variant>{u"many", false}, {Long{0}, u"maybe"}})
+        EXPECT_EQ(ini(u"WriteMultiLineSection", {u"S", table({{u"b", u"1"}}), size, old}),
+                  Variant(Long{0}));
+}
+
+TEST_F(MultiLine, TakesBackTheSectionItRead) {
+    content("[S]\n;k=v\n;k=w\n");  // comments may repeat
+    EXPECT_EQ(ini(u"isIniFileMultiLineFieldSave"), Variant(true));
+    const std::string before("[S]\n;k=v\nb=\"1\"\nc=x\0y\n", 21);
+    content(before);
+    const Variant whole = ini(u"ReadMultiLineSection", {u"S", Long{0}});
+    EXPECT_EQ(entriesOf(whole).size(), 3u);
+    ini(u"WriteSectionContent", {u"S", whole});
+    EXPECT_EQ(content(), before);
+    EXPECT_EQ(ini(u"WriteSectionContent", {u"T", whole}), Variant(Long{2}));  // not the U+0000
+    EXPECT_EQ(content(), before + "[T]\n;k=v\nb=1\n");
 }
 
 TEST_F(MultiLine, ReadsAndWritesWholeSections) {

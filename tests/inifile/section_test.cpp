@@ -59,6 +59,7 @@ TEST_F(IniTest, MergesATable) {
         {"[S]\na=1\n; c\nb=2\n", {{u"b", u"9"}, {u"d", u"4"}}, "[S]\na=1\n=\nd=4\n", 2},
         {"[S]\na=1\n; c\nb=2\n", {{u"b", u"9"}}, "[S]\na=1\n=\nb=9\n", 1},
         {"[S]\nx=1", {{u"y", u"2"}}, "[S]\nx=1\ny=2", 1},
+        {"[S]\na = 1\n", {{u" a ", u"9"}, {u"a=b", u"8"}, {u"c", u"7"}}, "[S]\na = 9\nc=7\n", 2},
     };
     for (const auto& one : cases) {
         for (const Long lower : {0, 1}) {
@@ -96,6 +97,7 @@ TEST_F(IniTest, DeletesSeveralKeys) {
     }
     content("[S]\na=1\n");
     EXPECT_EQ(ini(u"DeleteKeys", {u"S", Array<String>()}), Variant(Long{0}));
+    EXPECT_EQ(ini(u"DeleteKeys", {u"S", names({u"a"}), u"many"}), Variant(Long{-1}));
     world.files.setReadOnly(kFile);
     EXPECT_EQ(ini(u"DeleteKeys", {u"S", names({u"a"})}), Variant(Long{-1}));
     EXPECT_EQ(content(), "[S]\na=1\n");
