@@ -27,7 +27,7 @@ constexpr const char* kHelp = R"(
 list      prints all classes and members
 describe  prints signature, identifier, defaults and purpose; as JSON, as a reference page, or as
           the interface definition of the library
-call      calls a member and prints its result, then each by-reference argument it may have changed
+call      calls a member and prints its result, then each by-reference argument that it changed
     --arg name=value      an argument by name
     --set Property=value  sets a property before the call
     -e                    reads \r \n \t \0 \\ \uXXXX in arguments

@@ -1,4 +1,7 @@
-#include "files.h"
+// Files on Linux. A name is UTF-8 on disk, exactly as spelled. Locks are flock locks on the file
+// itself, so they die with the process and leave nothing behind. A file or folder without any write
+// permission counts as read-only even for the superuser.
+#include "native/files.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -113,7 +116,7 @@ ErrorCode openRegular(const std::string& path, int flags, int& descriptor, struc
 
 }  // namespace
 
-ErrorCode LinuxFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
+ErrorCode NativeFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
     fs::path path;
     if (!toPath(name, path)) return kInvalidName;
     int descriptor = -1;
@@ -129,15 +132,15 @@ ErrorCode LinuxFiles::CreateFileA(const String& name, FileAccess access, Handle&
     return kSuccess;
 }
 
-ErrorCode LinuxFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
+ErrorCode NativeFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
     struct stat about = {};
     if (fstat(opened(handle).descriptor, &about) != 0) return lastError();
     size = static_cast<std::uint64_t>(about.st_size);
     return kSuccess;
 }
 
-ErrorCode LinuxFiles::ReadFile(Handle handle, char* buffer, std::size_t capacity,
-                               std::size_t& count) {
+ErrorCode NativeFiles::ReadFile(Handle handle, char* buffer, std::size_t capacity,
+                                std::size_t& count) {
     const ssize_t result =
         unlessInterrupted([&] { return read(opened(handle).descriptor, buffer, capacity); });
     if (result == -1) return lastError();
@@ -145,7 +148,7 @@ ErrorCode LinuxFiles::ReadFile(Handle handle, char* buffer, std::size_t capacity
     return kSuccess;
 }
 
-ErrorCode LinuxFiles::WriteFile(Handle handle, std::string_view bytes) {
+ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t result = unlessInterrupted(
             [&] { return write(opened(handle).descriptor, bytes.data(), bytes.size()); });
@@ -155,11 +158,11 @@ ErrorCode LinuxFiles::WriteFile(Handle handle, std::string_view bytes) {
     return kSuccess;
 }
 
-ErrorCode LinuxFiles::FlushFileBuffers(Handle handle) {
+ErrorCode NativeFiles::FlushFileBuffers(Handle handle) {
     return resultOf(fsync(opened(handle).descriptor));
 }
 
-ErrorCode LinuxFiles::CloseHandle(Handle handle) {
+ErrorCode NativeFiles::CloseHandle(Handle handle) {
     const Opened file = std::move(opened(handle));
     delete &opened(handle);
     if (!file.madeByLock.empty()) {
@@ -171,7 +174,7 @@ ErrorCode LinuxFiles::CloseHandle(Handle handle) {
     return resultOf(close(file.descriptor));
 }
 
-ErrorCode LinuxFiles::GetFinalPathNameA(const String& name, String& target) {
+ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
     fs::path path;
     if (!toPath(name, path)) return kInvalidName;
     constexpr int kMostLinks = 40;  // as many as the kernel follows
@@ -191,7 +194,7 @@ ErrorCode LinuxFiles::GetFinalPathNameA(const String& name, String& target) {
     return kInvalidName;
 }
 
-ErrorCode LinuxFiles::LockFileA(const String& name, Handle& handle) {
+ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle) {
     fs::path path;
     if (!toPath(name, path)) return kInvalidName;
     struct stat folder = {};
@@ -224,7 +227,7 @@ ErrorCode LinuxFiles::LockFileA(const String& name, Handle& handle) {
     }
 }
 
-ErrorCode LinuxFiles::ReplaceFileA(const String& name, const String& replacement) {
+ErrorCode NativeFiles::ReplaceFileA(const String& name, const String& replacement) {
     fs::path to;
     fs::path from;
     if (!toPath(name, to) || !toPath(replacement, from)) return kInvalidName;
@@ -243,7 +246,7 @@ ErrorCode LinuxFiles::ReplaceFileA(const String& name, const String& replacement
     return resultOf(rename(from.c_str(), to.c_str()));
 }
 
-ErrorCode LinuxFiles::FlushFolderOf(const String& name) {
+ErrorCode NativeFiles::FlushFolderOf(const String& name) {
     fs::path path;
     if (!toPath(name, path)) return kInvalidName;
     const int descriptor = open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -253,7 +256,7 @@ ErrorCode LinuxFiles::FlushFolderOf(const String& name) {
     return code;
 }
 
-ErrorCode LinuxFiles::DeleteFileA(const String& name) {
+ErrorCode NativeFiles::DeleteFileA(const String& name) {
     fs::path path;
     if (!toPath(name, path)) return kInvalidName;
     return resultOf(unlink(path.c_str()));

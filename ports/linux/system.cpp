@@ -1,6 +1,8 @@
-#include "system.h"
+// The language comes from the locale environment.
+#include "native/system.h"
 
 #include <cstdlib>
+#include <string_view>
 
 namespace quorkit {
 namespace {
@@ -21,8 +23,8 @@ constexpr Language kLanguages[] = {
     {"en_BZ", 10249}, {"en_TT", 11273}, {"es_ES", 1034},
 };
 
-}  // namespace
-
+/// The identifier of a locale name such as "de_CH.UTF-8"; 0 for a language that the table lacks. A
+/// country that it lacks counts as the language's main one.
 LanguageIdentifier languageOfLocale(std::string_view locale) {
     const std::string_view name = locale.substr(0, locale.find_first_of(".@"));
     if (name == "C" || name == "POSIX") return 1033;
@@ -35,7 +37,9 @@ LanguageIdentifier languageOfLocale(std::string_view locale) {
     return mainCountry;
 }
 
-LanguageIdentifier LinuxSystem::GetUserDefaultUILanguage() {
+}  // namespace
+
+LanguageIdentifier NativeSystem::GetUserDefaultUILanguage() {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         const char* value = std::getenv(variable);
         if (value != nullptr && *value != '\0') return languageOfLocale(value);
@@ -43,7 +47,8 @@ LanguageIdentifier LinuxSystem::GetUserDefaultUILanguage() {
     return languageOfLocale("C");
 }
 
-LanguageIdentifier LinuxSystem::GetSystemDefaultLangID() {
+/// A Linux system has no language apart from its locale environment.
+LanguageIdentifier NativeSystem::GetSystemDefaultLangID() {
     return GetUserDefaultUILanguage();
 }
 

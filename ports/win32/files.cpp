@@ -1,4 +1,7 @@
-#include "files.h"
+// Files on Windows, by their UTF-16 names. Locks are named mutexes made from the file's full name:
+// the kernel gives them back when their process dies, and no handle on the file stands in the way
+// of replacing it.
+#include "native/files.h"
 
 #include <windows.h>
 
@@ -107,7 +110,7 @@ BOOL whileInUse(Call call) {
 
 }  // namespace
 
-ErrorCode Win32Files::CreateFileA(const String& name, FileAccess access, Handle& handle) {
+ErrorCode NativeFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
     if (!validName(name)) return kInvalidName;
     const bool read = access == FileAccess::Read;
     const HANDLE file =
@@ -122,15 +125,15 @@ ErrorCode Win32Files::CreateFileA(const String& name, FileAccess access, Handle&
     return kSuccess;
 }
 
-ErrorCode Win32Files::GetFileSizeEx(Handle handle, std::uint64_t& size) {
+ErrorCode NativeFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
     LARGE_INTEGER result = {};
     if (!::GetFileSizeEx(opened(handle).handle, &result)) return lastError();
     size = static_cast<std::uint64_t>(result.QuadPart);
     return kSuccess;
 }
 
-ErrorCode Win32Files::ReadFile(Handle handle, char* buffer, std::size_t capacity,
-                               std::size_t& count) {
+ErrorCode NativeFiles::ReadFile(Handle handle, char* buffer, std::size_t capacity,
+                                std::size_t& count) {
     const auto wanted = static_cast<DWORD>(std::min<std::size_t>(capacity, 1u << 30));
     DWORD got = 0;
     if (!::ReadFile(opened(handle).handle, buffer, wanted, &got, nullptr)) return lastError();
@@ -138,7 +141,7 @@ ErrorCode Win32Files::ReadFile(Handle handle, char* buffer, std::size_t capacity
     return kSuccess;
 }
 
-ErrorCode Win32Files::WriteFile(Handle handle, std::string_view bytes) {
+ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes) {
     while (!bytes.empty()) {
         const auto wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1u << 30));
         DWORD written = 0;
@@ -149,18 +152,18 @@ ErrorCode Win32Files::WriteFile(Handle handle, std::string_view bytes) {
     return kSuccess;
 }
 
-ErrorCode Win32Files::FlushFileBuffers(Handle handle) {
+ErrorCode NativeFiles::FlushFileBuffers(Handle handle) {
     return resultOf(::FlushFileBuffers(opened(handle).handle));
 }
 
-ErrorCode Win32Files::CloseHandle(Handle handle) {
+ErrorCode NativeFiles::CloseHandle(Handle handle) {
     const Opened closing = opened(handle);
     delete &opened(handle);
     if (closing.lock) ::ReleaseMutex(closing.handle);
     return resultOf(::CloseHandle(closing.handle));
 }
 
-ErrorCode Win32Files::GetFinalPathNameA(const String& name, String& target) {
+ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
     if (!validName(name)) return kInvalidName;
     target = finalName(name);
     if (!target.empty()) return kSuccess;
@@ -176,7 +179,7 @@ ErrorCode Win32Files::GetFinalPathNameA(const String& name, String& target) {
     return target.empty() ? lastError() : kSuccess;
 }
 
-ErrorCode Win32Files::LockFileA(const String& name, Handle& handle) {
+ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle) {
     if (!validName(name)) return kInvalidName;
     const DWORD attributes = ::GetFileAttributesW(wide(name));
     constexpr DWORD kNotWritable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
@@ -202,7 +205,7 @@ ErrorCode Win32Files::LockFileA(const String& name, Handle& handle) {
     return kSuccess;
 }
 
-ErrorCode Win32Files::ReplaceFileA(const String& name, const String& replacement) {
+ErrorCode NativeFiles::ReplaceFileA(const String& name, const String& replacement) {
     if (!validName(name) || !validName(replacement)) return kInvalidName;
     if (::GetFileAttributesW(wide(name)) == INVALID_FILE_ATTRIBUTES)
         return resultOf(::MoveFileExW(wide(replacement), wide(name), MOVEFILE_WRITE_THROUGH));
@@ -213,11 +216,11 @@ ErrorCode Win32Files::ReplaceFileA(const String& name, const String& replacement
 }
 
 /// The system writes folders through by itself.
-ErrorCode Win32Files::FlushFolderOf(const String& name) {
+ErrorCode NativeFiles::FlushFolderOf(const String& name) {
     return validName(name) ? kSuccess : kInvalidName;
 }
 
-ErrorCode Win32Files::DeleteFileA(const String& name) {
+ErrorCode NativeFiles::DeleteFileA(const String& name) {
     if (!validName(name)) return kInvalidName;
     return resultOf(::DeleteFileW(wide(name)));
 }

@@ -76,11 +76,9 @@ class Merge {
 Variant QuorInifile::ReadSectionContent(const String& sSection, Long& countKeys,
                                         const Optional<Variant>& lSectionSizeInByte) {
     lLastResult = 0;
-    SectionContent content;
-    content.count = -1;
-    resumeNext([&] {
-        content = readContent(readIni(ports_.files, sIniFileName), sSection,
-                              bufferSize(*lSectionSizeInByte));
+    SectionContent content = onErrorReturn(SectionContent::unreadable(), [&] {
+        return readContent(readIni(ports_.files, sIniFileName), sSection,
+                           bufferSize(*lSectionSizeInByte));
     });
     countKeys = content.count;
     return std::move(content.table);

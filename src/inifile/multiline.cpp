@@ -200,11 +200,9 @@ String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKe
 Variant QuorInifile::ReadMultiLineSection(const String& sSection, Long& countKeys,
                                           const Optional<Variant>& lSectionSizeInByte) {
     lLastResult = 1;
-    SectionContent content;
-    content.count = -1;
-    resumeNext([&] {
-        content = joinedContent(readIni(ports_.files, sIniFileName), sSection,
-                                bufferSize(*lSectionSizeInByte));
+    SectionContent content = onErrorReturn(SectionContent::unreadable(), [&] {
+        return joinedContent(readIni(ports_.files, sIniFileName), sSection,
+                             bufferSize(*lSectionSizeInByte));
     });
     countKeys = content.count;
     return std::move(content.table);

@@ -39,6 +39,9 @@ Array<String> nameArray(std::vector<String> names);
 struct SectionContent {
     Array<String> table{{0, 2}, {0, 1}};
     Long count = 0;  ///< lines with "=", although the table has an entry for every line
+
+    /// What stands for a section whose reading failed.
+    static SectionContent unreadable() { return {Array<String>({0, 2}, {0, 1}), -1}; }
 };
 SectionContent readContent(const IniDocument& document, StringView section, Long size);
 

@@ -1,13 +1,11 @@
-// Files on Linux. A name is UTF-8 on disk, exactly as spelled.
+// Files of the system this program runs on. A build has one of the rooms that implement it.
 #pragma once
 
 #include <quorkit/ports/files.h>
 
 namespace quorkit {
 
-/// Locks are flock locks on the file itself, so they die with the process and leave nothing behind.
-/// A file or folder without any write permission counts as read-only even for the superuser.
-class LinuxFiles final : public Files {
+class NativeFiles final : public Files {
    public:
     ErrorCode CreateFileA(const String& name, FileAccess access, Handle& handle) override;
     ErrorCode GetFileSizeEx(Handle handle, std::uint64_t& size) override;

@@ -1,13 +1,13 @@
 #include <quorkit/ports/ports.h>
 
-#include "files.h"
-#include "system.h"
+#include "native/files.h"
+#include "native/system.h"
 
 namespace quorkit::ports {
 
 Ports& native() {
-    static LinuxFiles files;
-    static LinuxSystem system;
+    static NativeFiles files;
+    static NativeSystem system;
     static Ports ports{files, system};
     return ports;
 }
