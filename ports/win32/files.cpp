@@ -97,15 +97,24 @@ std::wstring mutexName(const String& name) {
 /// Other programs hold a file open for moments (readers, virus scanners); wait for them a while.
 template <class Call>
 BOOL whileInUse(Call call) {
-    constexpr int kTries = 200;
+    constexpr int kTries = 2000;
     for (int tries = 1;; ++tries) {
         if (call()) return TRUE;
         const DWORD code = ::GetLastError();
-        const bool inUse = code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED ||
-                           code == ERROR_UNABLE_TO_REMOVE_REPLACED;
+        const bool inUse = code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED;
         if (!inUse || tries == kTries) return FALSE;
-        ::Sleep(5);
+        ::Sleep(1);
     }
+}
+
+/// Gives `to` the attributes and the access rights of `from`, as far as the system allows it.
+void copyRights(const String& from, const String& to) {
+    ::SetFileAttributesW(wide(to), ::GetFileAttributesW(wide(from)));
+    DWORD size = 0;
+    ::GetFileSecurityW(wide(from), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    std::string rights(size, '\0');
+    if (::GetFileSecurityW(wide(from), DACL_SECURITY_INFORMATION, rights.data(), size, &size))
+        ::SetFileSecurityW(wide(to), DACL_SECURITY_INFORMATION, rights.data());
 }
 
 }  // namespace
@@ -207,11 +216,11 @@ ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle) {
 
 ErrorCode NativeFiles::ReplaceFileA(const String& name, const String& replacement) {
     if (!validName(name) || !validName(replacement)) return kInvalidName;
-    if (::GetFileAttributesW(wide(name)) == INVALID_FILE_ATTRIBUTES)
-        return resultOf(::MoveFileExW(wide(replacement), wide(name), MOVEFILE_WRITE_THROUGH));
+    if (::GetFileAttributesW(wide(name)) != INVALID_FILE_ATTRIBUTES) copyRights(name, replacement);
+    // One rename: the system's own call for replacing files leaves a moment without the name.
     return resultOf(whileInUse([&] {
-        return ::ReplaceFileW(wide(name), wide(replacement), nullptr,
-                              REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr);
+        return ::MoveFileExW(wide(replacement), wide(name),
+                             MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
     }));
 }
 

@@ -42,6 +42,7 @@ using MakeRoom = std::unique_ptr<Room> (*)();
 class FilesTest : public testing::TestWithParam<MakeRoom> {
    protected:
     void write(const std::string& file, const std::string& bytes) {
+        Handle handle = Handle::Invalid;  // threads have one each
         ASSERT_EQ(files.CreateFileA(room->name(file), FileAccess::CreateNew, handle), kSuccess);
         EXPECT_EQ(files.WriteFile(handle, bytes), kSuccess);
         EXPECT_EQ(files.FlushFileBuffers(handle), kSuccess);
@@ -55,7 +56,7 @@ class FilesTest : public testing::TestWithParam<MakeRoom> {
 
     std::unique_ptr<Room> room = GetParam()();
     Files& files = room->files();
-    Handle handle = Handle::Invalid;
+    Handle opened = Handle::Invalid;
 };
 
 TEST_P(FilesTest, WritesAndReads) {
@@ -63,13 +64,13 @@ TEST_P(FilesTest, WritesAndReads) {
     write("f", all);
     EXPECT_EQ(read("f"), all);
     std::uint64_t size = 0;
-    ASSERT_EQ(files.CreateFileA(room->name("f"), FileAccess::Read, handle), kSuccess);
-    EXPECT_EQ(files.GetFileSizeEx(handle, size), kSuccess);
+    ASSERT_EQ(files.CreateFileA(room->name("f"), FileAccess::Read, opened), kSuccess);
+    EXPECT_EQ(files.GetFileSizeEx(opened, size), kSuccess);
     EXPECT_EQ(size, all.size());
-    EXPECT_EQ(files.CloseHandle(handle), kSuccess);
-    EXPECT_EQ(files.CreateFileA(room->name("f"), FileAccess::CreateNew, handle), kFileExists);
+    EXPECT_EQ(files.CloseHandle(opened), kSuccess);
+    EXPECT_EQ(files.CreateFileA(room->name("f"), FileAccess::CreateNew, opened), kFileExists);
     EXPECT_EQ(files.DeleteFileA(room->name("f")), kSuccess);
-    EXPECT_EQ(files.CreateFileA(room->name("f"), FileAccess::Read, handle), kFileNotFound);
+    EXPECT_EQ(files.CreateFileA(room->name("f"), FileAccess::Read, opened), kFileNotFound);
     EXPECT_EQ(files.DeleteFileA(room->name("f")), kFileNotFound);
 }
 
@@ -84,10 +85,29 @@ TEST_P(FilesTest, Replaces) {
     EXPECT_EQ(read("old"), "new");
 }
 
+TEST_P(FilesTest, ReadersAlwaysFindOneWholeState) {
+    write("f", std::string(50000, 'a'));
+    std::atomic<bool> done = false;
+    std::thread writer([&] {
+        for (int i = 0; i < 200; ++i) {
+            write("new", std::string(50000, i % 2 == 0 ? 'b' : 'a'));
+            EXPECT_EQ(files.ReplaceFileA(room->name("f"), room->name("new")), kSuccess);
+        }
+        done = true;
+    });
+    int torn = 0;
+    while (!done) {
+        const std::string content = read("f");
+        torn += content != std::string(50000, content[0]);
+    }
+    writer.join();
+    EXPECT_EQ(torn, 0);
+}
+
 TEST_P(FilesTest, LocksByName) {
     for (const bool exists : {false, true}) {
         if (exists) write("f", "x");
-        ASSERT_EQ(files.LockFileA(room->name("f"), handle), kSuccess);
+        ASSERT_EQ(files.LockFileA(room->name("f"), opened), kSuccess);
         std::atomic<bool> entered = false;
         std::thread other([&] {
             Handle second = Handle::Invalid;
@@ -97,7 +117,7 @@ TEST_P(FilesTest, LocksByName) {
         });
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
         EXPECT_FALSE(entered);
-        EXPECT_EQ(files.CloseHandle(handle), kSuccess);
+        EXPECT_EQ(files.CloseHandle(opened), kSuccess);
         other.join();
         EXPECT_EQ(read("f"), exists ? "x" : "(failed)");  // a lock leaves no file behind
     }
@@ -106,12 +126,12 @@ TEST_P(FilesTest, LocksByName) {
 TEST_P(FilesTest, RefusesWhatIsNoWritableFile) {
     write("f", "x");
     room->makeReadOnly("f");
-    EXPECT_EQ(files.LockFileA(room->name("f"), handle), kAccessDenied);
-    EXPECT_EQ(files.LockFileA(room->name("no/f"), handle), kPathNotFound);
+    EXPECT_EQ(files.LockFileA(room->name("f"), opened), kAccessDenied);
+    EXPECT_EQ(files.LockFileA(room->name("no/f"), opened), kPathNotFound);
     const String nul = room->name("f") + u'\0' + u"g";
-    EXPECT_EQ(files.LockFileA(nul, handle), kInvalidName);
-    EXPECT_EQ(files.CreateFileA(nul, FileAccess::Read, handle), kInvalidName);
-    EXPECT_EQ(files.LockFileA(u"", handle), kInvalidName);
+    EXPECT_EQ(files.LockFileA(nul, opened), kInvalidName);
+    EXPECT_EQ(files.CreateFileA(nul, FileAccess::Read, opened), kInvalidName);
+    EXPECT_EQ(files.LockFileA(u"", opened), kInvalidName);
 }
 
 INSTANTIATE_TEST_SUITE_P(
