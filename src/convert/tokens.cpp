@@ -25,13 +25,13 @@ StringView eachPieceBefore(StringView delimiter, StringView s, Take take) {
 
 Long GQuorConvert::StringTokenToStringArray(const String& s, const String& delimiter,
                                             Array<String>& sArray) {
-    std::vector<String> pieces;
+    std::vector<StringView> views;  // the texts are made when their number is known
     const StringView rest =
-        eachPieceBefore(delimiter, s, [&](StringView piece) { pieces.emplace_back(piece); });
+        eachPieceBefore(delimiter, s, [&](StringView piece) { views.push_back(piece); });
     // Whether `s` ends with the delimiter decides, not whether a rest is left: where delimiters
     // could overlap ("aaa" at "aa") the rest is dropped.
-    if (pieces.empty() || !s.ends_with(delimiter)) pieces.emplace_back(rest);
-    sArray = Array<String>(std::move(pieces));
+    if (views.empty() || !s.ends_with(delimiter)) views.push_back(rest);
+    sArray = Array<String>(std::vector<String>(views.begin(), views.end()));
     return sArray.bounds().count;
 }
 
