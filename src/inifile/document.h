@@ -1,5 +1,10 @@
 // The text of one INI file, read and changed in place: a change touches its own line and nothing
 // else. The first section, and in it the first key, of a name is the one that counts.
+//
+// These are the four profile operations as Win32 has them, on a text in memory:
+// GetPrivateProfileStringA is value, forEachKey and sectionNames, WritePrivateProfileStringA is
+// setValue, removeKey and removeSection, GetPrivateProfileSectionA is entries and
+// WritePrivateProfileSectionA setEntries. What their buffers cut off is in profile.h.
 #pragma once
 
 #include <quorkit/values.h>

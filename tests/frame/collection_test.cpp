@@ -1,18 +1,12 @@
 #include <gtest/gtest.h>
 #include <quorkit/collection.h>
 
+#include "support/errors.h"
+
 namespace quorkit {
 namespace {
 
-template <class Body>
-Long errorOf(Body body) {
-    try {
-        body();
-        return 0;
-    } catch (const AutomationError& error) {
-        return error.number();
-    }
-}
+using test::errorOf;
 
 std::vector<Variant> items(const Collection& c) {
     std::vector<Variant> all;

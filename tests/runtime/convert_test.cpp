@@ -7,18 +7,12 @@
 #include <functional>
 #include <limits>
 
+#include "support/errors.h"
+
 namespace quorkit::runtime {
 namespace {
 
-template <class Body>
-Long errorOf(Body body) {
-    try {
-        body();
-        return 0;
-    } catch (const AutomationError& error) {
-        return error.number();
-    }
-}
+using test::errorOf;
 
 TEST(CStr, WritesEveryScalarType) {
     const struct {

@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "support/errors.h"
+
 namespace quorkit::test {
 
 std::set<std::string>& calledMembers() {
@@ -41,12 +43,7 @@ void Late::let(const char16_t* property, Variant value) {
 }
 
 Long Late::errorOf(const char16_t* member, std::vector<Variant> arguments) {
-    try {
-        call(member, std::move(arguments));
-        return 0;
-    } catch (const AutomationError& error) {
-        return error.number();
-    }
+    return test::errorOf([&] { call(member, std::move(arguments)); });
 }
 
 }  // namespace quorkit::test
