@@ -73,7 +73,10 @@ Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant> values
     return untrapped([&] {
         for (std::size_t i = 0; i < member.parameterCount; ++i) {
             const ParameterInfo& parameter = member.parameterRow[i];
-            if (values[i].isMissing() && parameter.optional()) values[i] = parameter.defaultValue();
+            if (values[i].isMissing()) {
+                if (!parameter.optional()) raise(ErrorNumber::ArgumentNotOptional);
+                values[i] = parameter.defaultValue();
+            }
             convert(values[i], parameter.type);
         }
         return member.run(self(), values.data());
