@@ -16,8 +16,6 @@
 
 namespace quorkit {
 
-class IniDocument;
-
 class QuorInifile {
    public:
     explicit QuorInifile(Ports& ports = ports::native()) : ports_(ports) {}

@@ -54,13 +54,6 @@ class Array {
     std::vector<T>& elements() { return elements_; }
     const std::vector<T>& elements() const { return elements_; }
 
-    /// Gives the last dimension `count` elements and keeps what fits. Error 9 when unallocated.
-    void resizeLast(Long count) {
-        if (!allocated() || count < 0) raise(ErrorNumber::SubscriptOutOfRange);
-        bounds_.back().count = count;
-        elements_.resize(size());
-    }
-
     friend bool operator==(const Array&, const Array&) = default;
 
    private:

@@ -184,7 +184,7 @@ bool IniDocument::removeKey(StringView section, StringView key) {
 
 bool IniDocument::removeSection(StringView section) {
     const auto header = findSection(section);
-    if (!header || section.empty()) return false;
+    if (!header) return false;
     replace(header->begin, endOfSection(*header), "");
     return true;
 }
@@ -221,8 +221,13 @@ bool IniDocument::addMerged(std::string& text, const Line& header,
     OldLines old(*this, header);
     text.reserve(old.size() * 16 + lines.size() * 32);
     const std::string lineEnd = lineEndAt(header);
+    std::size_t content = 0;  // the size of the text without its last line end
+    const auto addEnd = [&](std::string_view end) {
+        content = text.size();
+        text += end;
+    };
     const auto end = [&](const Line& line) {
-        text += line.ended() ? part(line.end, line.next) : std::string_view(lineEnd);
+        addEnd(line.ended() ? part(line.end, line.next) : std::string_view(lineEnd));
     };
     const auto addBlanks = [&](std::span<const Line> passed) {
         for (const Line& line : passed) {
@@ -235,7 +240,7 @@ bool IniDocument::addMerged(std::string& text, const Line& header,
         const std::size_t place = old.find(trimBlanks(entry.name));
         if (place == old.size()) {
             if (!addWritten(text, entry)) return false;
-            text += lineEnd;
+            addEnd(lineEnd);
             continue;
         }
         addBlanks(old.passTo(place));
@@ -252,8 +257,7 @@ bool IniDocument::addMerged(std::string& text, const Line& header,
     }
     addBlanks(old.passTo(old.size()));
     const bool endsFile = old.size() == 0 ? !header.ended() : !old.line(old.size() - 1).ended();
-    if (endsFile && text.ends_with('\n')) text.pop_back();
-    if (endsFile && text.ends_with('\r')) text.pop_back();
+    if (endsFile) text.resize(content);
     return true;
 }
 
@@ -272,9 +276,8 @@ bool IniDocument::appendSection(StringView name, std::span<const IniEntry> lines
 /// Puts whole lines at the end. A file without a final line end goes on without one.
 void IniDocument::append(std::string_view lines) {
     const std::string& text = marked_.text;
-    const Line last = lineAt(lines, 0);
     if (text.empty() || text.ends_with('\n')) return replace(text.size(), text.size(), lines);
-    const std::string_view lineEnd = lines.substr(last.end, last.next - last.end);
+    const std::string_view lineEnd = lines.ends_with("\r\n") ? "\r\n" : "\n";
     lines.remove_suffix(lineEnd.size());
     replace(text.size(), text.size(), std::string(lineEnd).append(lines));
 }

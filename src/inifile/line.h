@@ -28,7 +28,6 @@ struct Line {
     std::size_t valueBegin = 0;  ///< of a key, without blanks around it
     std::size_t valueEnd = 0;
 
-    std::size_t size() const { return next - begin; }
     bool ended() const { return next != end; }
 };
 

@@ -103,8 +103,9 @@ bool isOldField(StringView key) {
 
 /// The lines that store a table.
 struct MultiLineEntries {
-    std::vector<String> keys;  ///< those accepted
-    std::vector<String> lines;
+    GQuorConvert convert;
+    std::vector<String> keys = {};  ///< those accepted
+    std::vector<String> lines = {};
 
     void add(StringView key, const String& value, bool oldFields) {
         const StringView name = trimBlanks(key);
@@ -115,12 +116,11 @@ struct MultiLineEntries {
             return;
         }
         Array<String> pieces;
-        const Long count = GQuorConvert().StringTokenToStringArray(value, String(kBreak), pieces);
+        const Long count = convert.StringTokenToStringArray(value, String(kBreak), pieces);
         addLine(key, kMarker);
         for (Long i = 0; i < count; ++i) addLine(numbered(name, i + 1), pieces.at(i));
     }
 
-   private:
     void addLine(StringView key, StringView value) {
         lines.push_back(String(key).append(u"=").append(value));
     }
@@ -144,7 +144,7 @@ Long QuorInifile::WriteMultiLineSection(const String& sSection, const Variant& s
         const Long size = bufferSize(*lOldSectionSizeInByte);
         const bool oldFields = !vbSupportOldMultiLineFields->isMissing() &&
                                runtime::CBool(*vbSupportOldMultiLineFields);
-        MultiLineEntries entries;
+        MultiLineEntries entries{GQuorConvert(ports_)};
         const KeyValueTable input(sKeyValueArray);
         for (Long i = 0; i < input.count(); ++i)
             entries.add(input.key(i), input.value(i), oldFields);

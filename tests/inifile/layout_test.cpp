@@ -106,6 +106,21 @@ TEST_F(IniTest, AnswersForWhatIsMissing) {
     EXPECT_EQ(ini.get(u"IniFileName"), Variant(kFile));
 }
 
+TEST_F(IniTest, SavesInAnImitatedWorldAsOnADisk) {
+    world.files.addFolder(u"sub");
+    world.files.addLink(u"link.ini", u"sub/target.ini");
+    ini.let(u"IniFileName", u"link.ini");
+    EXPECT_EQ(write(u"S", u"k", u"1"), 1);
+    EXPECT_EQ(world.files.content(u"sub/target.ini"), "[S]\r\nk=1\r\n");
+    world.files.setFreeSpace(5);
+    EXPECT_EQ(write(u"S", u"k", u"2"), 0);
+    EXPECT_EQ(world.files.content(u"sub/target.ini"), "[S]\r\nk=1\r\n");
+    for (const char16_t* name : {u"sub", u"none/s.ini"}) {
+        ini.let(u"IniFileName", name);
+        EXPECT_EQ(write(u"S", u"k", u"1"), 0);
+    }
+}
+
 TEST_F(IniTest, CutsAtTheSizesOfItsBuffers) {
     write(u"A", u"long", String(5000, u'x'));
     EXPECT_EQ(read(u"A", u"long"), String(4095, u'x'));

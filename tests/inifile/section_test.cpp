@@ -59,6 +59,7 @@ TEST_F(IniTest, MergesATable) {
         {"[S]\na=1\n; c\nb=2\n", {{u"b", u"9"}, {u"d", u"4"}}, "[S]\na=1\n=\nd=4\n", 2},
         {"[S]\na=1\n; c\nb=2\n", {{u"b", u"9"}}, "[S]\na=1\n=\nb=9\n", 1},
         {"[S]\nx=1", {{u"y", u"2"}}, "[S]\nx=1\ny=2", 1},
+        {"[S]\ny=1\nx=1\r", {{u"y", u"2"}}, "[S]\ny=2\nx=1\r", 1},
         {"[S]\na = 1\n", {{u" a ", u"9"}, {u"a=b", u"8"}, {u"c", u"7"}}, "[S]\na = 9\nc=7\n", 2},
     };
     for (const auto& one : cases) {
@@ -83,6 +84,7 @@ TEST_F(IniTest, DeletesSeveralKeys) {
     } cases[] = {
         {"[S]\na=1\nb = 2\n\n[T]\nt=1\n", {u"A", u"a"}, "[T]\nt=1\n[S]\nb = 2\n", 1},
         {"[S]\nb=2\n[T]\nt=1", {u"x"}, "[T]\nt=1\n[S]\nb=2", 0},
+        {"[S]\r\na=1\nb=2\n[T]\nt=1", {u"a"}, "[T]\nt=1\n[S]\r\nb=2", 1},
         {"[S]\nName=1\nNAME=2\n[T]\n", {u"Name"}, "[S]\nName=1\nNAME=2\n[T]\n", -2},
         {"[S]\nx\ny\na=1\nb=2\nc=3\n", {u"a"}, "[S]\n=\n=\n", 1},
         {"[S]\na=1\n[T]\n", {}, "[S]\na=1\n[T]\n", 0},
