@@ -1,8 +1,16 @@
-// The language comes from the locale environment.
+// The language comes from the locale environment, variables are taken as UTF-8.
 #include "native/system.h"
 
+#include <sys/time.h>
+#include <time.h>
+#include <unistd.h>
+
 #include <cstdlib>
+#include <string>
 #include <string_view>
+
+#include "runtime/code_page.h"
+#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -37,6 +45,18 @@ LanguageIdentifier languageOfLocale(std::string_view locale) {
     return mainCountry;
 }
 
+/// The value in the entry "name=value" whose name `matches`; null when there is none.
+template <class Matches>
+const char* findVariable(Matches matches) {
+    for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry) {
+        const std::string_view text = *entry;
+        const auto equals = text.find('=');
+        if (equals != std::string_view::npos && matches(text.substr(0, equals)))
+            return *entry + equals + 1;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 LanguageIdentifier NativeSystem::GetUserDefaultUILanguage() {
@@ -50,6 +70,39 @@ LanguageIdentifier NativeSystem::GetUserDefaultUILanguage() {
 /// A Linux system has no language apart from its locale environment.
 LanguageIdentifier NativeSystem::GetSystemDefaultLangID() {
     return GetUserDefaultUILanguage();
+}
+
+SystemTime NativeSystem::GetLocalTime() {
+    timeval now{};
+    gettimeofday(&now, nullptr);
+    tm local{};
+    localtime_r(&now.tv_sec, &local);
+    return {local.tm_year + 1900,
+            local.tm_mon + 1,
+            local.tm_mday,
+            local.tm_hour,
+            local.tm_min,
+            local.tm_sec,
+            static_cast<int>(now.tv_usec / 1000)};
+}
+
+std::uint64_t NativeSystem::QueryPerformanceCounter() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000 +
+           static_cast<std::uint64_t>(now.tv_nsec);
+}
+
+bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
+    if (name.empty() || name.find_first_of(StringView(u"=\0", 2)) != String::npos) return false;
+    const std::string exact = runtime::toUtf8(name);
+    const char* found = findVariable([&](std::string_view one) { return one == exact; });
+    if (found == nullptr)
+        found = findVariable(
+            [&](std::string_view one) { return runtime::sameText(runtime::fromUtf8(one), name); });
+    if (found == nullptr) return false;
+    value = runtime::fromUtf8(found);
+    return true;
 }
 
 }  // namespace quorkit

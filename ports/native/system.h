@@ -9,6 +9,9 @@ class NativeSystem final : public System {
    public:
     LanguageIdentifier GetUserDefaultUILanguage() override;
     LanguageIdentifier GetSystemDefaultLangID() override;
+    SystemTime GetLocalTime() override;
+    std::uint64_t QueryPerformanceCounter() override;
+    bool GetEnvironmentVariableA(const String& name, String& value) override;
 };
 
 }  // namespace quorkit

@@ -49,10 +49,10 @@ TEST(Languages, TheSystemsOwnIsALanguageNumber) {
 }
 
 TEST(Languages, AFailingUserLanguageFallsBackOnTheSystems) {
-    struct Failing final : System {
+    struct Failing final : MemorySystem {
         LanguageIdentifier GetUserDefaultUILanguage() override { throw std::runtime_error("gone"); }
-        LanguageIdentifier GetSystemDefaultLangID() override { return 1040; }
     } system;
+    system.systemLanguage = 1040;
     MemoryFiles files;
     Ports ports{files, system};
     EXPECT_EQ(Late(u"GQuorConvert", ports)(u"LanguageIDToWindowsLanguageID", {Long{9}}),

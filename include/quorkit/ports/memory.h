@@ -1,5 +1,6 @@
 // An imitation of the system in memory, for tests of programs that use the library: files whose
-// rights, links and free space are set by hand, and a system that speaks the language it is told.
+// rights, links and free space are set by hand, and a system whose language, clock and environment
+// are what it is told.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -66,13 +67,19 @@ class MemoryFiles final : public Files {
     std::size_t freeSpace_ = static_cast<std::size_t>(-1);
 };
 
-class MemorySystem final : public System {
+class MemorySystem : public System {
    public:
     LanguageIdentifier userLanguage = 1033;
     LanguageIdentifier systemLanguage = 1033;
+    SystemTime localTime;
+    std::uint64_t performanceCounter = 0;
+    std::map<String, String> environment;
 
     LanguageIdentifier GetUserDefaultUILanguage() override { return userLanguage; }
     LanguageIdentifier GetSystemDefaultLangID() override { return systemLanguage; }
+    SystemTime GetLocalTime() override { return localTime; }
+    std::uint64_t QueryPerformanceCounter() override { return performanceCounter; }
+    bool GetEnvironmentVariableA(const String& name, String& value) override;
 };
 
 /// A whole world in memory.

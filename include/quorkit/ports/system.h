@@ -1,11 +1,24 @@
 // What the operating system says of itself and its user.
 #pragma once
 
+#include <quorkit/values.h>
+
 #include <cstdint>
 
 namespace quorkit {
 
 using LanguageIdentifier = std::uint16_t;  ///< a Windows language identifier
+
+/// A moment by the clock on the wall, in the user's time zone.
+struct SystemTime {
+    int year = 1970;
+    int month = 1;
+    int day = 1;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    int milliseconds = 0;
+};
 
 class System {
    public:
@@ -16,6 +29,15 @@ class System {
     virtual LanguageIdentifier GetUserDefaultUILanguage() = 0;
     /// The language of the system itself; 0 when it is not known.
     virtual LanguageIdentifier GetSystemDefaultLangID() = 0;
+
+    virtual SystemTime GetLocalTime() = 0;
+    /// A counter that runs for as long as the system does, in steps of a microsecond or less.
+    virtual std::uint64_t QueryPerformanceCounter() = 0;
+
+    /// The value of the environment variable `name`: of the one that is spelled so, otherwise of
+    /// one that is spelled so but for letter case. False when there is none, as always for an empty
+    /// name and for one that holds "=" or U+0000; `value` is then left as it is.
+    virtual bool GetEnvironmentVariableA(const String& name, String& value) = 0;
 };
 
 }  // namespace quorkit
