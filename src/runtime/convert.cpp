@@ -7,6 +7,7 @@
 #include <limits>
 #include <string>
 
+#include "runtime/calendar.h"
 #include "runtime/date_text.h"
 #include "runtime/letter_case.h"
 #include "runtime/number_text.h"
@@ -141,9 +142,9 @@ Double CDbl(const Variant& value) {
     return converted<ToNumber>(value);
 }
 
-Date CDate(const Variant& value) {
+Date CDate(const Variant& value, eLanguage language) {
     if (const auto* text = value.getIf<String>()) {
-        const auto date = dateIn(Trim(*text));
+        const auto date = dateIn(Trim(*text), language);
         if (!date) raise(ErrorNumber::TypeMismatch);
         return *date;
     }

@@ -4,6 +4,7 @@
 // array, an object, a missing argument; 94 for Null; 6 (overflow) for a number that does not fit.
 #pragma once
 
+#include <quorkit/enumerations.h>
 #include <quorkit/variant.h>
 
 #include <optional>
@@ -19,8 +20,8 @@ Boolean CBool(const Variant& value);
 Integer CInt(const Variant& value);
 Long CLng(const Variant& value);
 Double CDbl(const Variant& value);
-/// Texts as "yyyy-mm-dd", the time behind it as "hh:mm" or "hh:mm:ss" after a blank or "T".
-Date CDate(const Variant& value);
+/// Texts as `dateIn` of date_text.h reads them for the language, blanks around them allowed.
+Date CDate(const Variant& value, eLanguage language = eLanguage_English);
 
 /// A double as a 32-bit number, rounded to the nearest, halves to even. Error 6 when out of range.
 Long roundToLong(Double value);

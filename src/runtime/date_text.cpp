@@ -1,27 +1,19 @@
 #include "runtime/date_text.h"
 
-#include <chrono>
-#include <cmath>
+#include <algorithm>
 #include <cstdio>
-#include <string>
+#include <span>
+#include <utility>
+
+#include "runtime/calendar.h"
+#include "runtime/date_language.h"
+#include "runtime/letter_case.h"
 
 namespace quorkit::runtime {
 namespace {
 
-constexpr int kSecondsPerDay = 86400;
-constexpr std::chrono::sys_days kEpoch = std::chrono::year{1899} / 12 / 30;
-
-/// Takes digits of exactly this number off the front of `text`; -1 when they are not there.
-int takeNumber(StringView& text, std::size_t digits) {
-    if (text.size() < digits) return -1;
-    int value = 0;
-    for (const char16_t unit : text.substr(0, digits)) {
-        if (unit < u'0' || unit > u'9') return -1;
-        value = value * 10 + (unit - u'0');
-    }
-    text.remove_prefix(digits);
-    return value;
-}
+// Every function that takes something off the front of a text tells whether it was there. What it
+// leaves of the text when it was not is of no use; `attempt` gives the text back.
 
 bool take(StringView& text, StringView oneOf) {
     if (text.empty() || oneOf.find(text[0]) == StringView::npos) return false;
@@ -29,55 +21,174 @@ bool take(StringView& text, StringView oneOf) {
     return true;
 }
 
-}  // namespace
-
-bool isDateInRange(Double days) {
-    return days > -657435 && days < 2958466;
+void skipBlanks(StringView& text) {
+    text.remove_prefix(std::min(text.find_first_not_of(u' '), text.size()));
 }
 
-String dateText(Date date) {
-    Double day = std::trunc(date.days);
-    auto second = static_cast<int>(std::lround(std::abs(date.days - day) * kSecondsPerDay));
-    if (second == kSecondsPerDay) {
-        second = 0;
-        ++day;
+/// One of the marks, which is returned, with any blanks around it.
+StringView takeMark(StringView& text, StringView marks) {
+    skipBlanks(text);
+    const StringView mark = text.substr(0, 1);
+    const bool taken = take(text, marks);
+    skipBlanks(text);
+    return taken ? mark : StringView();
+}
+
+/// Blanks and one of the marks; either may be missing, but not both.
+bool takeGap(StringView& text, StringView marks) {
+    const std::size_t before = text.size();
+    takeMark(text, marks);
+    return text.size() < before;
+}
+
+struct Number {
+    int value = 0;
+    std::size_t digits = 0;
+};
+
+bool takeNumber(StringView& text, Number& number, std::size_t mostDigits) {
+    number = {};
+    while (number.digits < mostDigits && !text.empty() && text[0] >= u'0' && text[0] <= u'9') {
+        number.value = number.value * 10 + (text[0] - u'0');
+        ++number.digits;
+        text.remove_prefix(1);
     }
-    const std::chrono::year_month_day calendar(kEpoch + std::chrono::days(static_cast<int>(day)));
-    char buffer[48];
-    int length = std::snprintf(
-        buffer, sizeof buffer, "%04d-%02u-%02u", static_cast<int>(calendar.year()),
-        static_cast<unsigned>(calendar.month()), static_cast<unsigned>(calendar.day()));
-    if (second != 0)
-        length += std::snprintf(buffer + length, sizeof buffer - static_cast<std::size_t>(length),
-                                " %02d:%02d:%02d", second / 3600, second / 60 % 60, second % 60);
+    return number.digits != 0;
+}
+
+/// A word with or without a full stop behind it.
+StringView takeWord(StringView& text) {
+    const StringView word = text.substr(0, text.find_first_of(u" .,-/:0123456789"));
+    text.remove_prefix(word.size());
+    take(text, u".");
+    return word;
+}
+
+/// The position of a name that the word is, counted from 1; 0 when it is none of them.
+int positionIn(std::span<const StringView> names, StringView word) {
+    const auto found = std::ranges::find_if(names, [&](StringView name) {
+        if (name.ends_with(u'.')) name.remove_suffix(1);
+        return sameText(name, word);
+    });
+    return found == names.end() ? 0 : static_cast<int>(found - names.begin()) + 1;
+}
+
+int monthNamed(StringView word) {
+    for (const DateLanguage& one : dateLanguages())
+        for (const int month : {positionIn(one.months, word), positionIn(one.shortMonths, word)})
+            if (month != 0) return month;
+    return 0;
+}
+
+bool isDayName(StringView word) {
+    return std::ranges::any_of(dateLanguages(), [&](const DateLanguage& one) {
+        return positionIn(one.days, word) != 0 || positionIn(one.shortDays, word) != 0;
+    });
+}
+
+bool setDay(DateParts& parts, Number year, Number month, Number day) {
+    const int full = year.digits > 2 ? year.value : fullYear(year.value);
+    if (!isDay(full, month.value, day.value)) return false;
+    parts.year = full;
+    parts.month = month.value;
+    parts.day = day.value;
+    return true;
+}
+
+bool takeNumericDay(StringView& text, DateParts& parts, bool monthFirst) {
+    Number numbers[3];
+    auto& [first, second, third] = numbers;
+    if (!takeNumber(text, first, 4)) return false;
+    const StringView mark = takeMark(text, u"./-");
+    if (mark.empty() || !takeNumber(text, second, 2)) return false;
+    if (takeMark(text, mark).empty() || !takeNumber(text, third, 4)) return false;
+
+    if (first.digits > 2) return third.digits <= 2 && setDay(parts, first, second, third);
+    if (monthFirst && mark != u".") std::swap(first, second);
+    return setDay(parts, third, second, first) || setDay(parts, third, first, second);
+}
+
+bool takeNamedDay(StringView& text, DateParts& parts) {
+    Number day;
+    Number year;
+    const bool dayFirst = takeNumber(text, day, 2);
+    if (dayFirst) takeGap(text, u".-");
+    const Number month{monthNamed(takeWord(text)), 1};
+    takeGap(text, u",-");
+    if (!dayFirst && !(takeNumber(text, day, 2) && takeGap(text, u".,-"))) return false;
+    return takeNumber(text, year, 4) && setDay(parts, year, month, day);
+}
+
+bool takeTime(StringView& text, DateParts& parts) {
+    Number hour;
+    Number minute;
+    Number second;
+    if (!takeNumber(text, hour, 2)) return false;
+    const bool withMinute = take(text, u":");
+    if (withMinute && !takeNumber(text, minute, 2)) return false;
+    if (withMinute && take(text, u":") && !takeNumber(text, second, 2)) return false;
+
+    constexpr StringView halves[] = {u"AM", u"PM"};
+    StringView behind = text;
+    skipBlanks(behind);
+    const int half = positionIn(halves, takeWord(behind));
+    if (half != 0) text = behind;
+    if (half == 0 && !withMinute) return false;
+    if (half == 1 && hour.value == 12) hour.value = 0;
+    if (half == 2 && hour.value < 12) hour.value += 12;
+
+    if (hour.value > 23 || minute.value > 59 || second.value > 59) return false;
+    parts.hour = hour.value;
+    parts.minute = minute.value;
+    parts.second = second.value;
+    return true;
+}
+
+template <class Take>
+bool attempt(StringView& text, Take take) {
+    StringView rest = text;
+    if (!take(rest)) return false;
+    text = rest;
+    return true;
+}
+
+bool takeDay(StringView& text, DateParts& parts, bool monthFirst) {
+    const auto numeric = [&](StringView& rest) { return takeNumericDay(rest, parts, monthFirst); };
+    const auto named = [&](StringView& rest) { return takeNamedDay(rest, parts); };
+    // The name of the month first: "mar" is also a Tuesday.
+    if (attempt(text, named) || attempt(text, numeric)) return true;
+    return isDayName(takeWord(text)) && takeGap(text, u",") &&
+           (attempt(text, named) || attempt(text, numeric));
+}
+
+}  // namespace
+
+String dateText(Date date) {
+    const DateParts parts = partsOf(date);
+    const bool midnight = parts.hour == 0 && parts.minute == 0 && parts.second == 0;
+    char buffer[80];
+    const int length = std::snprintf(
+        buffer, sizeof buffer, midnight ? "%04d-%02d-%02d" : "%04d-%02d-%02d %02d:%02d:%02d",
+        parts.year, parts.month, parts.day, parts.hour, parts.minute, parts.second);
     return String(buffer, buffer + length);
 }
 
-std::optional<Date> dateIn(StringView text) {
-    const int year = takeNumber(text, 4);
-    if (!take(text, u"-")) return {};
-    const int month = takeNumber(text, 2);
-    if (!take(text, u"-")) return {};
-    const int day = takeNumber(text, 2);
-    if (year < 100 || month < 0 || day < 0) return {};
-    const auto calendar = std::chrono::year(year) / month / day;
-    if (!calendar.ok()) return {};
-
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    if (take(text, u" T")) {
-        hour = takeNumber(text, 2);
-        if (!take(text, u":")) return {};
-        minute = takeNumber(text, 2);
-        if (take(text, u":")) second = takeNumber(text, 2);
-    }
-    const auto within = [](int value, int limit) { return value >= 0 && value < limit; };
-    if (!text.empty() || !within(hour, 24) || !within(minute, 60) || !within(second, 60)) return {};
-
-    const auto days = static_cast<Double>((std::chrono::sys_days(calendar) - kEpoch).count());
-    const Double time = (hour * 3600 + minute * 60 + second) / Double{kSecondsPerDay};
-    return Date{days < 0 ? days - time : days + time};
+std::optional<Date> dateIn(StringView text, eLanguage language) {
+    const bool monthFirst = dateLanguage(language).monthFirst();
+    DateParts parts;
+    bool hasDay = false;
+    bool hasTime = false;
+    do {
+        if (!hasTime && attempt(text, [&](StringView& rest) { return takeTime(rest, parts); }))
+            hasTime = true;
+        else if (!hasDay &&
+                 attempt(text, [&](StringView& rest) { return takeDay(rest, parts, monthFirst); }))
+            hasDay = true;
+        else
+            return {};
+    } while (takeGap(text, u",") || (hasDay && !hasTime && take(text, u"T")));
+    if (!text.empty()) return {};
+    return dateOf(parts);
 }
 
 }  // namespace quorkit::runtime

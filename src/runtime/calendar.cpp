@@ -1,0 +1,146 @@
+#include "runtime/calendar.h"
+
+#include <quorkit/errors.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+
+namespace quorkit::runtime {
+namespace {
+
+using Seconds = std::int64_t;
+
+constexpr std::chrono::sys_days kDayZero = std::chrono::year{1899} / 12 / 30;
+constexpr int kFirstYear = 100;
+constexpr int kLastYear = 9999;
+constexpr int kFirstDay = -657434;
+constexpr int kLastDay = 2958465;
+constexpr Seconds kDay = 86400;
+constexpr Seconds kStart = kFirstDay * kDay;
+constexpr Seconds kEnd = (kLastDay + 1) * kDay;
+/// More than lie between any two dates, whatever the interval.
+constexpr Double kTooMany = 1e12;
+
+int count(std::chrono::days days) {
+    return static_cast<int>(days.count());
+}
+
+int timeOf(const DateParts& parts) {
+    return (parts.hour * 60 + parts.minute) * 60 + parts.second;
+}
+
+int dayOf(Seconds seconds) {
+    return count(std::chrono::floor<std::chrono::days>(std::chrono::seconds(seconds)));
+}
+
+/// Seconds since midnight of day 0. Unlike the Date's own fraction they always count forward.
+Seconds secondsOf(Date date) {
+    if (!isDateInRange(date.days)) raise(ErrorNumber::InvalidProcedureCall);
+    const Double day = std::trunc(date.days);
+    const Seconds clock = std::llround(std::abs(date.days - day) * static_cast<Double>(kDay));
+    return std::min(static_cast<Seconds>(day) * kDay + clock, kEnd - 1);
+}
+
+Date fromSeconds(Seconds seconds) {
+    if (seconds < kStart || seconds >= kEnd) raise(ErrorNumber::InvalidProcedureCall);
+    const int day = dayOf(seconds);
+    const Double time = static_cast<Double>(seconds - day * kDay) / static_cast<Double>(kDay);
+    return {day < 0 ? day - time : day + time};
+}
+
+/// Midnight of a day of a month, existing or not. `months` count from the year 0.
+Seconds midnight(std::int64_t months, std::int64_t day) {
+    const std::chrono::year_month month =
+        std::chrono::year(0) / 1 + std::chrono::months(static_cast<int>(months));
+    return (count(std::chrono::sys_days(month / 1) - kDayZero) + day - 1) * kDay;
+}
+
+Date addMonths(Date date, std::int64_t number) {
+    const DateParts parts = partsOf(date);
+    const std::int64_t months = parts.year * 12 + parts.month - 1 + number;
+    if (months < kFirstYear * 12 || months >= (kLastYear + 1) * 12)
+        raise(ErrorNumber::InvalidProcedureCall);
+    const Seconds lastDay = midnight(months + 1, 0);
+    return fromSeconds(std::min(midnight(months, parts.day), lastDay) + timeOf(parts));
+}
+
+}  // namespace
+
+bool isDateInRange(Double days) {
+    return days > kFirstDay - 1 && days < kLastDay + 1;
+}
+
+DateParts partsOf(Date date) {
+    const Seconds seconds = secondsOf(date);
+    const int day = dayOf(seconds);
+    const std::chrono::year_month_day calendar(kDayZero + std::chrono::days(day));
+    const int time = static_cast<int>(seconds - day * kDay);
+    return {static_cast<int>(calendar.year()),
+            static_cast<int>(static_cast<unsigned>(calendar.month())),
+            static_cast<int>(static_cast<unsigned>(calendar.day())),
+            time / 3600,
+            time / 60 % 60,
+            time % 60};
+}
+
+Date dateOf(const DateParts& parts) {
+    return fromSeconds(midnight(parts.year * 12 + parts.month - 1, parts.day) + timeOf(parts));
+}
+
+bool isDay(int year, int month, int day) {
+    return year >= kFirstYear && year <= kLastYear && month >= 1 && month <= 12 && day >= 1 &&
+           (std::chrono::year(year) / month / day).ok();
+}
+
+int fullYear(int year) {
+    if (year < 0 || year > 99) return year;
+    return year + (year < 30 ? 2000 : 1900);
+}
+
+Date DateSerial(Long year, Long month, Long day) {
+    const std::int64_t months = fullYear(year) * std::int64_t{12} + month - 1;
+    // Far beyond every date, and well within what the calendar below can hold.
+    if (months < 0 || months > 2 * kLastYear * 12) raise(ErrorNumber::InvalidProcedureCall);
+    return fromSeconds(midnight(months, day));
+}
+
+int Weekday(Date date, int firstDay) {
+    const std::chrono::weekday day(kDayZero + std::chrono::days(dayOf(secondsOf(date))));
+    return count(day - std::chrono::Sunday + std::chrono::days(8 - firstDay)) % 7 + 1;
+}
+
+int dayOfYear(Date date) {
+    const Seconds newYear = midnight(partsOf(date).year * 12, 1);
+    return dayOf(secondsOf(date) - newYear) + 1;
+}
+
+Date DateAdd(Interval interval, Double number, Date date) {
+    const Seconds from = secondsOf(date);
+    if (!(std::abs(number) < kTooMany)) raise(ErrorNumber::InvalidProcedureCall);
+    const auto whole = static_cast<std::int64_t>(std::nearbyint(number));
+    switch (interval) {
+        case Interval::Year:
+            return addMonths(date, whole * 12);
+        case Interval::Quarter:
+            return addMonths(date, whole * 3);
+        case Interval::Month:
+            return addMonths(date, whole);
+        case Interval::DayOfYear:
+        case Interval::Day:
+        case Interval::Weekday:
+            return fromSeconds(from + whole * kDay);
+        case Interval::Week:
+            return fromSeconds(from + whole * 7 * kDay);
+        case Interval::Hour:
+            return fromSeconds(from + whole * 3600);
+        case Interval::Minute:
+            return fromSeconds(from + whole * 60);
+        case Interval::Second:
+            return fromSeconds(from + whole);
+    }
+    raise(ErrorNumber::InvalidProcedureCall);
+}
+
+}  // namespace quorkit::runtime
