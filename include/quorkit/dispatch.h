@@ -38,18 +38,22 @@ class Library {
 /// An object whose class stands in the catalogue.
 class CatalogueObject : public Object {
    public:
+    explicit CatalogueObject(Ports& ports) : ports_(ports) {}
+
     virtual const ClassInfo& info() const = 0;
     const char* className() const override { return info().name; }
     Long identifierOf(StringView name) const override;
     Variant invoke(Long identifier, CallKind kind, const Arguments& arguments) override;
 
     /// Runs a member of the object's own class with one value per parameter (see `arrange`).
-    /// Converts the values in place first; afterwards they are the final values. Error 13 when a
-    /// value does not convert, and whatever the member raises.
+    /// Converts the values in place first, a text to a Date as the user's language has it;
+    /// afterwards they are the final values. Error 13 when a value does not convert, and whatever
+    /// the member raises.
     Variant run(const MemberInfo& member, std::span<Variant> values);
 
    private:
     virtual void* self() = 0;
+    Ports& ports_;
 };
 
 /// Puts arguments into the order of the member's parameters, `missing` for each one left out.

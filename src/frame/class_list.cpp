@@ -17,7 +17,8 @@ namespace {
 template <class C>
 class Instance final : public CatalogueObject {
    public:
-    Instance(const ClassInfo& info, Ports& ports) : info_(info), self_(ports) {}
+    Instance(const ClassInfo& info, Ports& ports)
+        : CatalogueObject(ports), info_(info), self_(ports) {}
     const ClassInfo& info() const override { return info_; }
 
    private:

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "runtime/convert.h"
+#include "windows/ui_language.h"
 
 namespace quorkit {
 namespace {
@@ -49,7 +50,7 @@ void requireVariants(Variant& value) {
 
 }  // namespace
 
-void convert(Variant& value, const TypeInfo& type) {
+void convert(Variant& value, const TypeInfo& type, Ports& ports) {
     switch (type.type) {
         case Type::None:
         case Type::Any:
@@ -67,7 +68,10 @@ void convert(Variant& value, const TypeInfo& type) {
             if (!value.is<Double>()) value = runtime::CDbl(value);
             return;
         case Type::Date:
-            if (!value.is<Date>()) value = runtime::CDate(value);
+            if (value.is<String>())
+                value = runtime::CDate(value, uiLanguage(ports));
+            else if (!value.is<Date>())
+                value = runtime::CDate(value);
             return;
         case Type::Text:
             if (!value.is<String>()) value = runtime::CStr(value);

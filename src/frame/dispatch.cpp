@@ -77,7 +77,7 @@ Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant> values
                 if (!parameter.optional()) raise(ErrorNumber::ArgumentNotOptional);
                 values[i] = parameter.defaultValue();
             }
-            convert(values[i], parameter.type);
+            convert(values[i], parameter.type, ports_);
         }
         return member.run(self(), values.data());
     });

@@ -1,6 +1,7 @@
 // Walks the whole catalogue.
 #include <gtest/gtest.h>
 #include <quorkit/catalogue.h>
+#include <quorkit/ports/ports.h>
 
 #include <fstream>
 #include <map>
@@ -30,7 +31,7 @@ TEST(Catalogue, RowsAreWhole) {
                 EXPECT_TRUE(names.insert(parameter.name).second) << parameter.name;
                 if (!parameter.optional()) continue;
                 Variant value = parameter.defaultValue();
-                EXPECT_NO_THROW(convert(value, parameter.type)) << parameter.name;
+                EXPECT_NO_THROW(convert(value, parameter.type, ports::native())) << parameter.name;
             }
         }
     }
