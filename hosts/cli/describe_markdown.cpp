@@ -1,3 +1,5 @@
+#include <quorkit/date_formats.h>
+
 #include "cli/describe.h"
 #include "cli/signature.h"
 
@@ -9,6 +11,22 @@ std::string cell(std::string_view text) {
     std::string result;
     for (const char one : text) result.append(one == '|' ? "\\" : "") += one;
     return result;
+}
+
+std::string dateFormats() {
+    std::string text =
+        "\n## Date formats\n\n"
+        "Letters in any case. Of several tokens the longest one counts. Text in double quotes, a "
+        "character behind\na backslash, and everything that is no token stand for themselves. "
+        "Hours go to 12 in a format that holds\nAM or PM in any form. An empty format is "
+        "`General Date`. Dates are rounded to the second.\n\n"
+        "| Token | What it writes |\n|---|---|\n";
+    for (const auto& [token, sentence] : dateTokens())
+        text.append("| `").append(token).append("` | ").append(sentence).append(" |\n");
+    text += "\n| A format by its name | The same as |\n|---|---|\n";
+    for (const auto& [name, format] : dateFormatNames())
+        text.append("| `").append(name).append("` | `").append(format).append("` |\n");
+    return text;
 }
 
 }  // namespace
@@ -49,7 +67,7 @@ std::string describeMarkdown() {
     text.append("\n## ").append(kRectangle.name).append("\n\n").append(kRectangle.sentence);
     text += "\n\n| Field | Type |\n|---|---|\n";
     for (const char* field : kRectangle.fields) text.append("| `").append(field) += "` | Long |\n";
-    return text;
+    return text + dateFormats();
 }
 
 }  // namespace quorkit::cli

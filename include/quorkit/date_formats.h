@@ -1,0 +1,23 @@
+// What a date format may hold, for help and reference pages.
+#pragma once
+
+#include <span>
+#include <vector>
+
+namespace quorkit {
+
+struct DateToken {
+    const char* token = "";
+    const char* sentence = "";
+};
+
+/// A format that may be given by its name alone.
+struct DateFormatName {
+    const char* name = "";
+    const char* format = "";
+};
+
+std::vector<DateToken> dateTokens();
+std::span<const DateFormatName> dateFormatNames();
+
+}  // namespace quorkit
