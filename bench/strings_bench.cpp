@@ -4,6 +4,9 @@
 #include <quorkit/GQuorConvert.h>
 #include <quorkit/GQuorStrings.h>
 
+#include <cstdlib>
+#include <cstring>
+
 #include "ratios.h"
 
 namespace quorkit::bench {
@@ -16,6 +19,10 @@ const Report kReport({
     {"LPad1MB", "LPad1MB_loop", "ratio <= 1.5"},
     {"Replace", "Replace_loop", "ratio <= 1.5"},
     {"Count", "Count_loop", "ratio <= 1.5"},
+    {"ParseLong", "ParseShort", "ratio about 10"},
+    {"FieldsLong", "FieldsShort", "ratio about 10"},
+    {"Fields1MB", "Fields1MB_loop", "ratio <= 1.5"},
+    {"CompareVersions", "CompareVersions_loop", "ratio <= 1.5"},
 });
 
 constexpr std::size_t kMegabyte = 1u << 20;
@@ -142,6 +149,87 @@ void Count_loop(benchmark::State& state) {
     }
 }
 BENCHMARK(Count_loop);
+
+/// Assignments in a text of nearly `length` characters.
+void parse(benchmark::State& state, std::size_t length) {
+    String text;
+    for (int i = 0; text.size() + 40 < length; ++i)
+        text += u"name" + wide(std::to_string(i)) + u" = \"a, value\", ";
+    GQuorStrings strings;
+    for (auto _ : state) benchmark::DoNotOptimize(strings.ParseString(text));
+}
+void ParseShort(benchmark::State& state) {
+    parse(state, 3'270);
+}
+BENCHMARK(ParseShort);
+void ParseLong(benchmark::State& state) {
+    parse(state, 32'700);
+}
+BENCHMARK(ParseLong);
+
+void fields(benchmark::State& state, std::size_t length) {
+    const String text = wide(repeated("Dear @#FirstName#@, ")).substr(0, length);
+    GQuorStrings strings;
+    for (auto _ : state) benchmark::DoNotOptimize(strings.ReadAllVarFields(text));
+}
+void FieldsShort(benchmark::State& state) {
+    fields(state, kMegabyte / 100);
+}
+BENCHMARK(FieldsShort);
+void FieldsLong(benchmark::State& state) {
+    fields(state, kMegabyte / 10);
+}
+BENCHMARK(FieldsLong);
+void Fields1MB(benchmark::State& state) {
+    fields(state, kMegabyte);
+}
+BENCHMARK(Fields1MB);
+/// Compares with regard to letter case, but makes the same collection.
+void Fields1MB_loop(benchmark::State& state) {
+    const String text = wide(repeated("Dear @#FirstName#@, "));
+    for (auto _ : state) {
+        auto names = std::make_shared<Collection>();
+        for (std::size_t at = 0; (at = text.find(u"@#", at)) != String::npos;) {
+            const std::size_t end = text.find(u"#@", at + 2);
+            if (end == String::npos) break;
+            names->add(text.substr(at + 2, end - at - 2));
+            at = end + 2;
+        }
+        benchmark::DoNotOptimize(names);
+    }
+}
+BENCHMARK(Fields1MB_loop);
+
+void CompareVersions(benchmark::State& state) {
+    GQuorStrings strings;
+    const String first = u"12.34.5678.90123";
+    const String second = u"12.34.5678.90124";
+    for (auto _ : state) benchmark::DoNotOptimize(strings.CompareAppVersionString(first, second));
+}
+BENCHMARK(CompareVersions);
+/// The same with strtod on plain characters.
+void CompareVersions_loop(benchmark::State& state) {
+    const std::string first = "12.34.5678.90123";
+    const std::string second = "12.34.5678.90124";
+    const auto piece = [](const char*& at) {
+        const char* end = std::strchr(at, '.');
+        const std::string text = end == nullptr ? std::string(at) : std::string(at, end);
+        at = end == nullptr ? at + text.size() : end + 1;
+        return std::strtod(text.c_str(), nullptr);
+    };
+    for (auto _ : state) {
+        const char* a = first.c_str();
+        const char* b = second.c_str();
+        int order = 0;
+        while (order == 0 && (*a != 0 || *b != 0)) {
+            const double x = piece(a);
+            const double y = piece(b);
+            order = x < y ? -1 : x > y ? 1 : 0;
+        }
+        benchmark::DoNotOptimize(order);
+    }
+}
+BENCHMARK(CompareVersions_loop);
 
 }  // namespace
 }  // namespace quorkit::bench

@@ -15,6 +15,7 @@ enum class ErrorNumber : Long {
     OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     TypeMismatch = 13,
+    OutOfStackSpace = 28,
     InternalError = 51,
     ObjectNotSet = 91,
     InvalidUseOfNull = 94,

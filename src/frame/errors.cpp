@@ -15,6 +15,8 @@ const char* textOf(ErrorNumber number) {
             return "Subscript out of range";
         case ErrorNumber::TypeMismatch:
             return "Type mismatch";
+        case ErrorNumber::OutOfStackSpace:
+            return "Out of stack space";
         case ErrorNumber::InternalError:
             return "Internal error";
         case ErrorNumber::ObjectNotSet:

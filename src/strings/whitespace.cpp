@@ -1,14 +1,11 @@
+#include "strings/whitespace.h"
+
 #include <quorkit/GQuorStrings.h>
 
 #include <algorithm>
 
 namespace quorkit {
 namespace {
-
-/// Below 33 the codes of the code page are those of UTF-16, and no other character has one.
-bool isWhite(char16_t unit) {
-    return unit < 33;
-}
 
 StringView withoutFront(StringView s) {
     return s.substr(static_cast<std::size_t>(std::ranges::find_if_not(s, isWhite) - s.begin()));

@@ -1,8 +1,19 @@
 #include "support/late.h"
 
+#include <ostream>
 #include <stdexcept>
 
+#include "cli/value_json.h"
 #include "support/errors.h"
+
+namespace quorkit {
+
+void PrintTo(const Variant& value, std::ostream* out) {
+    cli::ObjectTable objects;
+    *out << cli::writeJson(cli::toJson(value, objects));
+}
+
+}  // namespace quorkit
 
 namespace quorkit::test {
 

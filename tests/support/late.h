@@ -4,10 +4,15 @@
 
 #include <quorkit/dispatch.h>
 
-#include <initializer_list>
+#include <iosfwd>
 #include <set>
 #include <string>
 #include <vector>
+
+namespace quorkit {
+/// How a failed expectation shows a value: as the hosts do.
+void PrintTo(const Variant& value, std::ostream* out);
+}  // namespace quorkit
 
 namespace quorkit::test {
 

@@ -1,0 +1,66 @@
+// Field names in texts, field names with line numbers, and command-line parameters.
+#include <quorkit/GQuorStrings.h>
+
+#include "runtime/letter_case.h"
+#include "runtime/search.h"
+#include "strings/positions.h"
+
+namespace quorkit {
+namespace {
+
+using runtime::Search;
+
+/// Where the digits at the end of `s` begin.
+std::size_t lineNumberOf(const String& s) {
+    require16BitPositions(s);
+    const std::size_t last = s.find_last_not_of(u"0123456789");
+    return last == String::npos ? 0 : last + 1;
+}
+
+}  // namespace
+
+CollectionRef GQuorStrings::ReadAllVarFields(
+    Unchanged<String> sText, const Optional<String, Text(u"@#")>& sVarFieldHeader,
+    const Optional<String, Text(u"#@")>& sVarFieldTrailer) {
+    auto names = std::make_shared<Collection>();
+    const String text = runtime::toLower(*sText);
+    const String header = runtime::toLower(*sVarFieldHeader);
+    const String trailer = runtime::toLower(*sVarFieldTrailer);
+    const Search headers(header);
+    const Search trailers(trailer);
+    for (std::size_t trailerAt = 0;;) {
+        const std::size_t headerAt = headers.in(text, trailerAt + trailer.size());
+        if (headerAt == Search::kNotFound) break;
+        const std::size_t nameAt = headerAt + header.size();
+        trailerAt = trailers.in(text, nameAt);
+        if (trailerAt == Search::kNotFound) break;
+        if (trailerAt > nameAt) names->add(sText->substr(nameAt, trailerAt - nameAt));
+    }
+    return names;
+}
+
+void GQuorStrings::SplitDOSCMDParam(const String& Param, String& cmd, String& arg) {
+    require16BitPositions(Param);
+    const std::size_t equals = Param.find(u'=');
+    cmd = Param.substr(0, equals);
+    if (equals != String::npos) arg = Param.substr(equals + 1);
+}
+
+String GQuorStrings::getFieldNameWithoutLineNumber(const String& s,
+                                                   eConvertToUpperOrLower eConvert) {
+    String name = s.substr(0, lineNumberOf(s));
+    switch (eConvert) {
+        case eConvertChars_toUpper:
+            return runtime::toUpper(name);
+        case eConvertChars_toLower:
+            return runtime::toLower(name);
+        default:
+            return name;
+    }
+}
+
+String GQuorStrings::getFieldNameLineNumber(const String& s) {
+    return s.substr(lineNumberOf(s));
+}
+
+}  // namespace quorkit

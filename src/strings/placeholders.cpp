@@ -1,0 +1,91 @@
+// Placeholders that stand for something of the system, and the check of mail addresses.
+#include <quorkit/GQuorStrings.h>
+#include <quorkit/ports/system.h>
+
+#include <vector>
+
+#include "runtime/calendar.h"
+#include "runtime/date_format.h"
+#include "windows/ui_language.h"
+
+namespace quorkit {
+namespace {
+
+/// What is still to be read: the text of the caller and, in front of it, the values that have been
+/// put in, the last one first.
+class Unread {
+   public:
+    explicit Unread(StringView text) { putInFront(String(text)); }
+
+    void putInFront(String text) { pieces_.push_back({std::move(text), 0}); }
+
+    /// Moves everything before the next `mark` to the end of `into` and drops the mark. False when
+    /// there is none: then everything has been moved.
+    bool moveUpTo(char16_t mark, String& into) {
+        for (; !pieces_.empty(); pieces_.pop_back()) {
+            auto& [text, read] = pieces_.back();
+            const std::size_t hit = text.find(mark, read);
+            into.append(text, read, hit - read);
+            if (hit == String::npos) continue;
+            read = hit + 1;
+            return true;
+        }
+        return false;
+    }
+    /// Whether the mark that was just found came out of a value.
+    bool isInValue() const { return pieces_.size() > 1; }
+
+   private:
+    struct Piece {
+        String text;
+        std::size_t read;
+    };
+    std::vector<Piece> pieces_;
+};
+
+Date localNow(Ports& ports) {
+    const SystemTime now = ports.system.GetLocalTime();
+    return runtime::dateOf({now.year, now.month, now.day, now.hour, now.minute, now.second});
+}
+
+/// `s` with what stands between the two marks replaced by its value, in the values too.
+template <class ValueOf>
+String expanded(const String& s, char16_t opening, char16_t closing, ValueOf valueOf) {
+    constexpr int mostInOneValue = 1000;
+    int inValue = 0;
+    String done;
+    Unread unread(s);
+    while (unread.moveUpTo(opening, done)) {
+        inValue = unread.isInValue() ? inValue + 1 : 0;
+        if (inValue > mostInOneValue) raise(ErrorNumber::OutOfStackSpace);
+        String name;
+        if (!unread.moveUpTo(closing, name)) return done + opening + name;
+        unread.putInFront(valueOf(name));
+    }
+    return done;
+}
+
+}  // namespace
+
+String GQuorStrings::ExpandEnvironmentString(const String& s) {
+    return expanded(s, u'%', u'%', [&](const String& name) {
+        String value;
+        ports_.system.GetEnvironmentVariableA(name, value);
+        return value;
+    });
+}
+
+String GQuorStrings::ExpandDateString(const String& s) {
+    if (s.find(u'[') == String::npos) return s;
+    const Date now = localNow(ports_);
+    const eLanguage language = uiLanguage(ports_);
+    return expanded(s, u'[', u']',
+                    [&](const String& format) { return runtime::Format(now, format, language); });
+}
+
+Boolean GQuorStrings::isValidMailAddress(const String& sMailAddress) {
+    const std::size_t at = sMailAddress.find(u'@');
+    return at != 0 && at != String::npos && sMailAddress.find(u'.', at) != String::npos;
+}
+
+}  // namespace quorkit

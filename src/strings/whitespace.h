@@ -1,0 +1,13 @@
+// What counts as white space.
+#pragma once
+
+#include <quorkit/values.h>
+
+namespace quorkit {
+
+/// Below 33 the codes of the code page are those of UTF-16, and no other character has one.
+inline bool isWhite(char16_t unit) {
+    return unit < 33;
+}
+
+}  // namespace quorkit
