@@ -7,6 +7,7 @@
 #include "frame/error_patterns.h"
 #include "runtime/convert.h"
 #include "runtime/number_text.h"
+#include "runtime/trim.h"
 
 namespace quorkit {
 namespace {
@@ -104,7 +105,9 @@ class Reader {
 };
 
 Double tolerant(StringView text) {
-    const auto exact = runtime::numberIn(text);
+    // People end round prices with a dash, "5.-"; the runtime would take it for a sign.
+    const bool dashed = runtime::Trim(text).ends_with(u'-');
+    const auto exact = dashed ? std::nullopt : runtime::numberIn(text);
     const Double value = exact ? *exact : runtime::readNumber(Reader(text).number()).value;
     return std::isfinite(value) ? value : 0;
 }

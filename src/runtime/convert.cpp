@@ -124,13 +124,16 @@ String CStr(const Variant& value) {
 
 Boolean CBool(const Variant& value) {
     if (const auto* text = value.getIf<String>()) {
-        if (sameText(*text, u"True")) return true;
-        if (sameText(*text, u"False")) return false;
+        if (sameText(*text, u"True") || *text == u"#TRUE#") return true;
+        if (sameText(*text, u"False") || *text == u"#FALSE#") return false;
     }
     return converted<ToNumber>(value) != 0;
 }
 
 Integer CInt(const Variant& value) {
+    if (const auto* text = value.getIf<String>())
+        if (const auto bits = readWholeNumber(*text).bits; bits && *bits <= 0xFFFF)
+            return static_cast<Integer>(*bits);
     return rounded<Integer>(converted<ToNumber>(value));
 }
 
@@ -156,15 +159,18 @@ Long roundToLong(Double value) {
 }
 
 std::optional<Double> numberIn(StringView text) {
-    text = Trim(text);
-    std::string ascii;
-    for (const char16_t unit : text) {
-        if (unit > 0x7F) return {};
-        ascii += static_cast<char>(unit);
-    }
-    const NumberText number = readNumber(ascii);
-    if (number.length == 0 || number.length != ascii.size()) return {};
+    const NumberText number = readWholeNumber(text);
+    if (number.length == 0) return {};
     return number.value;
+}
+
+Boolean IsNumeric(const Variant& value) {
+    if (const auto* text = value.getIf<String>()) {
+        const auto number = numberIn(*text);
+        return number && std::isfinite(*number);
+    }
+    return value.is<Empty>() || value.is<Boolean>() || value.is<Integer>() || value.is<Long>() ||
+           value.is<Double>();
 }
 
 }  // namespace quorkit::runtime

@@ -14,9 +14,9 @@ namespace quorkit::runtime {
 /// Doubles with 15 significant digits, with an exponent ("1E+20") only where plain digits cannot
 /// show them; dates as "yyyy-mm-dd", and " hh:mm:ss" behind it unless it is midnight.
 String CStr(const Variant& value);
-/// Numbers other than 0 and the text "True", in any case, are True.
+/// Numbers other than 0 are True, and so are the texts "True", in any case, and "#TRUE#".
 Boolean CBool(const Variant& value);
-/// Rounds to the nearest, halves to even.
+/// Rounds to the nearest, halves to even. In a text "&H" and "&O" spell 16 bits: "&HFFFF" is -1.
 Integer CInt(const Variant& value);
 Long CLng(const Variant& value);
 Double CDbl(const Variant& value);
@@ -26,9 +26,15 @@ Date CDate(const Variant& value, eLanguage language = eLanguage_English);
 /// A double as a 32-bit number, rounded to the nearest, halves to even. Error 6 when out of range.
 Long roundToLong(Double value);
 
-/// The number that the whole text is, blanks around it allowed: sign, digits, full stop, exponent,
-/// or "&H" and "&O" with digits. Nothing when it is no number; infinite
-/// when it is too large.
+/// The number that the whole text is: digits with a full stop and an exponent behind e or d; a sign
+/// in front or behind, or parentheses, which mean a minus; or "&H" and "&O" with the digits of a
+/// signed 32-bit number, without a sign. White space may stand around it and beside the sign; there
+/// are no thousands marks. The text ends at its first U+0000. Nothing when it is no number;
+/// infinite when it is too large.
 std::optional<Double> numberIn(StringView text);
+
+/// The runtime's numeric test: True for what CDbl converts, but for dates, which are none. Never an
+/// error.
+Boolean IsNumeric(const Variant& value);
 
 }  // namespace quorkit::runtime

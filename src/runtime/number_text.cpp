@@ -8,6 +8,12 @@
 namespace quorkit::runtime {
 namespace {
 
+/// White space of Unicode, which may stand around a number and its sign.
+constexpr StringView kBlanks =
+    u"\t\n\v\f\r "
+    u"\u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A"
+    u"\u2028\u2029\u202F\u205F\u3000";
+constexpr StringView kSigns = u"+-";
 constexpr Double kInfinity = std::numeric_limits<Double>::infinity();
 
 bool isDigit(char c) {
@@ -32,9 +38,39 @@ NumberText readRadix(std::string_view text, unsigned bitsPerDigit) {
     }
     if (length == prefix) return {};
     if (value > 0xFFFF'FFFF) return {kInfinity, length};
+    const auto bits = static_cast<std::uint32_t>(value);
     if (length - prefix <= mostDigitsOf16Bits && value <= 0xFFFF)
-        return {static_cast<Double>(static_cast<std::int16_t>(value)), length};
-    return {static_cast<Double>(static_cast<std::int32_t>(value)), length};
+        return {static_cast<Double>(static_cast<std::int16_t>(bits)), length, bits};
+    return {static_cast<Double>(static_cast<std::int32_t>(bits)), length, bits};
+}
+
+StringView withoutBlanks(StringView text) {
+    const auto first = text.find_first_not_of(kBlanks);
+    if (first == StringView::npos) return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+bool isSign(char16_t unit) {
+    return kSigns.find(unit) != StringView::npos;
+}
+
+/// Takes the sign off `text`, which has no blanks around it and stays so: one in front or behind,
+/// or the parentheses that mean a minus. U+0000 when there is none.
+char16_t takeSign(StringView& text) {
+    if (text.size() < 2) return u'\0';
+    char16_t sign = u'\0';
+    if (text.front() == u'(' && text.back() == u')') {
+        sign = u'-';
+        text = text.substr(1, text.size() - 2);
+    } else if (isSign(text.front())) {
+        sign = text.front();
+        text.remove_prefix(1);
+    } else if (isSign(text.back())) {
+        sign = text.back();
+        text.remove_suffix(1);
+    }
+    text = withoutBlanks(text);
+    return sign;
 }
 
 /// Whether the decimal number `text`, with its exponent, is 1 or more.
@@ -96,6 +132,23 @@ NumberText readNumber(std::string_view text) {
     if (end > mantissa) number[mantissa - start] = 'e';
     const Double value = decimalValue(number);
     return {negative ? -value : value, end};
+}
+
+NumberText readWholeNumber(StringView text) {
+    text = withoutBlanks(text.substr(0, text.find(u'\0')));
+    const char16_t sign = takeSign(text);
+    // One sign is enough, and bits have none.
+    if (text.empty() || isSign(text[0]) || (sign != u'\0' && text[0] == u'&')) return {};
+    std::string ascii;
+    for (const char16_t unit : text) {
+        if (unit > 0x7F) return {};
+        ascii += static_cast<char>(unit);
+    }
+    NumberText number = readNumber(ascii);
+    if (number.length != ascii.size()) return {};
+    if (number.bits) number.value = static_cast<std::int32_t>(*number.bits);
+    if (sign == u'-') number.value = -number.value;
+    return number;
 }
 
 }  // namespace quorkit::runtime

@@ -50,20 +50,56 @@ TEST(CStr, WritesEveryScalarType) {
     for (const auto& [value, text] : cases) EXPECT_EQ(CStr(value), text);
 }
 
+// The texts and their numbers are those of the automation library, but for thousands marks and
+// currency signs, which depend on the language.
 TEST(Numbers, AreReadFromTextsAndOtherTypes) {
     const struct {
         Variant value;
         Double number;
     } cases[] = {
-        {{}, 0},         {true, -1},      {Date{2.5}, 2.5},    {u" 12 ", 12},
-        {u"-1.5", -1.5}, {u"+.5", 0.5},   {u"5.", 5},          {u"1e3", 1000},
-        {u"1D-2", 0.01}, {u"1e-400", 0},  {u"&HFF", 255},      {u"&hFFFF", -1},
-        {u"&O17", 15},   {u"0e99999", 0}, {u"&H0FFFF", 65535}, {u"&HFFFFFFFF", -1},
+        {{}, 0},
+        {true, -1},
+        {u" 12 ", 12},
+        {u"-1.5", -1.5},
+        {u"+.5", 0.5},
+        {u"5.", 5},
+        {u"\t\u00A0-\u30005\r\n", -5},
+        {u"5-", -5},
+        {u"5 + ", 5},
+        {u"( 5.5 )", -5.5},
+        {u"1e3", 1000},
+        {u"5.E+1", 50},
+        {u"1D-2", 0.01},
+        {u"1e5-", -100000},
+        {u"1e-400", 0},
+        {u"0e99999", 0},
+        {u"&HFF", 255},
+        {u"&hFFFF", 65535},
+        {u"&O17", 15},
+        {u"&HFFe", 4094},
+        {u" &HFFFFFFFF ", -1},
+        {String(u"5 \0 x", 5), 5},
     };
-    for (const auto& [value, number] : cases) EXPECT_EQ(CDbl(value), number) << CDbl(value);
-    for (const char16_t* text : {u"", u" ", u"-", u".", u"1 2", u"1x", u"e5", u"1e", u"&H", u"&HG",
-                                 u"--1", u"True", u"1,5", u"\u0661", u"inf"})
-        EXPECT_EQ(errorOf([&] { CDbl(text); }), 13);
+    for (const auto& [value, number] : cases) {
+        EXPECT_EQ(CDbl(value), number) << CDbl(value);
+        EXPECT_TRUE(IsNumeric(value)) << number;
+    }
+    for (const char16_t* text :
+         {u"",     u" ",    u"-",      u"+",     u".",   u"1 2",    u"1x",    u"e5",
+          u".e5",  u"1e",   u"1e+",    u"1 e5",  u"&H",  u"&HG",    u"&H F",  u"&H-1",
+          u"&O8",  u"&17",  u"-&HFF",  u"&HFF-", u"--1", u"-5-",    u"(5",    u"5)",
+          u"()",   u"(-5)", u"-(5)",   u"1.2.3", u"1,5", u"1'000",  u"$5",    u"5%",
+          u"True", u"0x1F", u"\u0661", u"inf",   u"nan", u"\uFF15", u"&HFF.5"}) {
+        EXPECT_EQ(errorOf([&] { CDbl(text); }), 13) << testing::PrintToString(StringView(text));
+        EXPECT_FALSE(IsNumeric(text));
+    }
+}
+
+TEST(IsNumeric, KnowsTheTypes) {
+    EXPECT_EQ(CDbl(Date{2.5}), 2.5);
+    for (const Variant& value : {Variant(Null{}), Variant(Date{2.5}), Variant::missing(),
+                                 Variant(ObjectRef()), Variant(Array<Byte>()), Variant(u"1e309")})
+        EXPECT_FALSE(IsNumeric(value));
 }
 
 TEST(Numbers, RoundHalvesToEvenAndStayInRange) {
@@ -75,19 +111,26 @@ TEST(Numbers, RoundHalvesToEvenAndStayInRange) {
     for (const auto& [value, number] : cases) EXPECT_EQ(roundToLong(value), number);
     EXPECT_EQ(CInt(32767.4), 32767);
     EXPECT_EQ(CInt(-32768.5), -32768);
+    EXPECT_EQ(CInt(u"32766.5"), 32766);
+    EXPECT_EQ(CInt(u"&HFFFF"), -1);
+    EXPECT_EQ(CInt(u"&H0000FFFE"), -2);
+    EXPECT_EQ(CLng(-2147483648.5), std::numeric_limits<Long>::min());
     for (const Double value : {32767.5, -32769.0, 1e300, std::numeric_limits<Double>::quiet_NaN()})
         EXPECT_EQ(errorOf([&] { CInt(value); }), 6);
-    EXPECT_EQ(errorOf([] { roundToLong(2147483647.5); }), 6);
+    for (const Double value : {2147483647.5, -2147483648.51})
+        EXPECT_EQ(errorOf([&] { roundToLong(value); }), 6);
+    EXPECT_EQ(errorOf([] { CInt(u"&H10000"); }), 6);
     for (const char16_t* text : {u"1e400", u"-1e99999999999999999999", u"&H100000000"})
         EXPECT_EQ(errorOf([&] { CDbl(text); }), 6);
 }
 
 TEST(CBool, TakesNumbersAndTheTwoWords) {
-    for (const Variant& value : {Variant(0.1), Variant(Long{-5}), Variant(u"true"), Variant(u"2")})
+    for (const Variant& value :
+         {Variant(0.1), Variant(Long{-5}), Variant(u"true"), Variant(u"2"), Variant(u"#TRUE#")})
         EXPECT_TRUE(CBool(value));
     for (const Variant& value : {Variant(), Variant(0.0), Variant(u"FALSE"), Variant(u"0.0")})
         EXPECT_FALSE(CBool(value));
-    for (const char16_t* text : {u"", u"yes", u" True"})
+    for (const char16_t* text : {u"", u"yes", u" True", u"#true#"})
         EXPECT_EQ(errorOf([&] { CBool(text); }), 13);
 }
 
