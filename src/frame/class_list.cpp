@@ -2,6 +2,7 @@
 #include <quorkit/GQuorConvert.h>
 #include <quorkit/GQuorLanguage.h>
 #include <quorkit/GQuorStrings.h>
+#include <quorkit/GQuorTools.h>
 #include <quorkit/QuorInifile.h>
 #include <quorkit/catalogue.h>
 #include <quorkit/dispatch.h>
@@ -68,9 +69,10 @@ constexpr ClassInfo kClasses[] = {
         "GQuorConvert", Global, 19,
         "conversions: Boolean/Integer, token strings to arrays and collections, language "
         "identifiers, number bases, colours, twips/pixels, tolerant number parsing"),
-    announced("GQuorTools", Global, 15,
-              "miscellaneous tools: element search, text-box input check, date arithmetic and "
-              "holidays, sorting, delay, error report"),
+    implemented<GQuorTools>(
+        "GQuorTools", Global, 15,
+        "miscellaneous tools: element search, text-box input check, date arithmetic and "
+        "holidays, sorting, delay, error report"),
     announced("GQuorProgram", Global, 6,
               "running programs and waiting for them, opening URLs and mail, URL path encoding"),
     announced(

@@ -1,10 +1,11 @@
-// The three ways in which a member meets a run-time failure.
+// The ways in which a member meets a run-time failure: the usual three, and a fourth of one member.
 #pragma once
 
 #include <quorkit/errors.h>
 
 #include <new>
 #include <stdexcept>
+#include <thread>
 #include <type_traits>
 #include <utility>
 
@@ -46,6 +47,12 @@ Result onErrorReturn(const Result& failure, Body&& body) {
     } catch (const std::exception&) {
         return failure;
     }
+}
+
+/// The step is tried again until it does not fail. One that always fails never returns.
+template <class Step>
+void retryUntilItSucceeds(Step&& step) {
+    while (!resumeNext(step)) std::this_thread::yield();
 }
 
 }  // namespace quorkit
