@@ -1,8 +1,9 @@
-// Tools that fit nowhere else: searching, sorting, hexadecimal texts. No state.
+// Tools that fit nowhere else: searching, sorting, hexadecimal texts, the calendar. No state.
 #pragma once
 
 #include <quorkit/array.h>
 #include <quorkit/collection.h>
+#include <quorkit/enumerations.h>
 #include <quorkit/parameters.h>
 #include <quorkit/ports/ports.h>
 #include <quorkit/values.h>
@@ -33,6 +34,36 @@ class GQuorTools {
     void QuickSortVariantArray(Array<Variant>& avarIn, Long iLowBound, Long iHighBound,
                                Optional<Boolean, true> bCaseSensitive = {},
                                Optional<Boolean, true> bSortUp = {});
+
+    // --- Calendar ---
+    //
+    // The years 0 to 29 mean 2000 to 2029, 30 to 99 mean 1930 to 1999. Error 5 when a date on the
+    // way is not in the years 100 to 9999. Results have no time of day.
+
+    /// Easter Sunday by Gauss's rule with its constants for 1700 to 2199; for other years they are
+    /// 0, and so the day is not Easter's. 26 March comes out as 19 April, as in 1989.
+    Date OsterSonntag(Integer iYear);
+    /// 49 days after OsterSonntag: Whit Sunday.
+    Date PfingstSonntag(Integer iYear);
+    /// 39 days after OsterSonntag: Ascension Day.
+    Date Auffahrt(Integer iYear);
+    /// 60 days after OsterSonntag: Corpus Christi.
+    Date Fronleichnam(Integer iYear);
+
+    /// The weekday of `D` in two letters, in German, French, Italian or English; "" for any other
+    /// language. The full names are one day late: a Sunday is "Montag", and a Saturday is "".
+    String WochentagString(Unchanged<Date> D, Optional<Boolean, false> bFullName = {},
+                           Optional<eLanguage, eLanguage_German> iLanguage = {});
+
+    /// 53 when the year has the weekday (Monday 1 ... Sunday 7) that often, otherwise 52. Also 52
+    /// for the 53 Sundays of a leap year that begins on a Saturday.
+    Integer CountWeekDaysInYear(Integer iYear, Integer iWeekDay);
+
+    /// The last day of a month, 28 to 31. Months below 1 and above 12 are those of other years.
+    /// Error 5 for December 9999 too.
+    Integer LastDayInMonth(Integer iMonth, Integer iYear);
+    /// The last day of the month of `D`.
+    Integer LastDayInMonth2(Date D);
 };
 
 }  // namespace quorkit

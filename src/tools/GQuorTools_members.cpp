@@ -19,6 +19,20 @@ std::span<const MemberInfo> memberRows<GQuorTools>() {
             0x60030004, "QuickSortVariantArray",
             {"avarIn", "iLowBound", "iHighBound", "bCaseSensitive", "bSortUp"},
             "Sorts a part of an array in place, up or down, with or without letter case."),
+        method<&C::OsterSonntag>(0x60030006, "OsterSonntag", {"iYear"}, "Easter Sunday of a year."),
+        method<&C::PfingstSonntag>(0x60030007, "PfingstSonntag", {"iYear"},
+                                   "Whit Sunday of a year."),
+        method<&C::Auffahrt>(0x60030008, "Auffahrt", {"iYear"}, "Ascension Day of a year."),
+        method<&C::Fronleichnam>(0x60030009, "Fronleichnam", {"iYear"},
+                                 "Corpus Christi of a year."),
+        method<&C::WochentagString>(0x6003000A, "WochentagString", {"D", "bFullName", "iLanguage"},
+                                    "The short or full name of a date's weekday."),
+        method<&C::CountWeekDaysInYear>(0x6003000B, "CountWeekDaysInYear", {"iYear", "iWeekDay"},
+                                        "How often a weekday, Monday 1 to Sunday 7, is in a year."),
+        method<&C::LastDayInMonth>(0x6003000C, "LastDayInMonth", {"iMonth", "iYear"},
+                                   "The last day of a month."),
+        method<&C::LastDayInMonth2>(0x6003000D, "LastDayInMonth2", {"D"},
+                                    "The last day of the month of a date."),
     };
     return rows;
 }
