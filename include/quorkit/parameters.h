@@ -28,7 +28,8 @@ struct Text {
     consteval Text(const char16_t (&text)[N]) {  // NOLINT(google-explicit-constructor)
         for (std::size_t i = 0; i < N; ++i) units[i] = text[i];
     }
-    operator String() const { return String(units, N - 1); }  // NOLINT
+    operator String() const { return String(units, N - 1); }            // NOLINT
+    operator Variant() const { return Variant(String(units, N - 1)); }  // NOLINT
 };
 
 namespace detail {

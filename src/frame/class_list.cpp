@@ -3,11 +3,13 @@
 #include <quorkit/GQuorLanguage.h>
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/GQuorTools.h>
+#include <quorkit/QuorCollection.h>
 #include <quorkit/QuorInifile.h>
 #include <quorkit/catalogue.h>
 #include <quorkit/dispatch.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "frame/member_row.h"
 #include "frame/names.h"
@@ -18,8 +20,10 @@ namespace {
 template <class C>
 class Instance final : public CatalogueObject {
    public:
-    Instance(const ClassInfo& info, Ports& ports)
-        : CatalogueObject(ports), info_(info), self_(ports) {}
+    /// `from` is what C is made of.
+    template <class From>
+    Instance(const ClassInfo& info, Ports& ports, From&& from)
+        : CatalogueObject(ports), info_(info), self_(std::forward<From>(from)) {}
     const ClassInfo& info() const override { return info_; }
 
    private:
@@ -54,8 +58,9 @@ constexpr ClassInfo kClasses[] = {
         "GQuorStrings", Global, 28,
         "string helpers: white space, padding, replacement, digit extraction, parsing, field-name "
         "line numbers, application version strings, placeholder expansion, mail-address check"),
-    announced("QuorCollection", Creatable, 11,
-              "ordered key/value collection with index and key access, key list and clone"),
+    implemented<QuorCollection>(
+        "QuorCollection", Creatable, 11,
+        "ordered key/value collection with index and key access, key list and clone"),
     implemented<QuorInifile>("QuorInifile", Creatable, 19,
                              "INI file: keys, sections, bulk section content, multi-line values"),
     announced("GQuorRegistry", Global, 12,
@@ -88,10 +93,15 @@ constexpr ClassInfo kClasses[] = {
     implemented<GQuorLanguage>("GQuorLanguage", Global, 0, "a class with no members"),
 };
 
+template <class C, class From>
+ObjectRef instance(Ports& ports, From&& from) {
+    static const ClassInfo& info = *std::ranges::find(kClasses, &make<C>, &ClassInfo::create);
+    return std::make_shared<Instance<C>>(info, ports, std::forward<From>(from));
+}
+
 template <class C>
 ObjectRef make(Ports& ports) {
-    static const ClassInfo& info = *std::ranges::find(kClasses, &make<C>, &ClassInfo::create);
-    return std::make_shared<Instance<C>>(info, ports);
+    return instance<C>(ports, ports);
 }
 
 #define ENUMERATION(name, sentence) constexpr ConstantInfo k_##name[] = {
@@ -119,6 +129,11 @@ bool reaches(CallKind kind, const MemberInfo& member) {
 }
 
 }  // namespace
+
+ObjectRef objectOf(QuorCollection result) {
+    Ports& ports = *result.ports_;
+    return instance<QuorCollection>(ports, std::move(result));
+}
 
 std::span<const ClassInfo> classes() {
     return kClasses;

@@ -2,6 +2,7 @@
 // by reference, optional or not and defaults all come from the signature.
 #pragma once
 
+#include <quorkit/QuorCollection.h>
 #include <quorkit/catalogue.h>
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
@@ -21,6 +22,9 @@ namespace quorkit {
 /// The rows of a class, specialised in its <class>_members.cpp.
 template <class C>
 std::span<const MemberInfo> memberRows();
+
+/// A new object of a public class, for a member that returns the class by value.
+ObjectRef objectOf(QuorCollection result);
 
 namespace rows {
 
@@ -69,6 +73,8 @@ constexpr TypeInfo typeOf() {
         return {Type::Object, "Collection"};
     else if constexpr (std::is_same_v<T, DictionaryRef>)
         return {Type::Object, "Dictionary"};
+    else if constexpr (std::is_same_v<T, QuorCollection>)
+        return {Type::Object, "QuorCollection"};
     else
         return {Type::Int32, enumerationName(T{})};
 }
@@ -159,6 +165,8 @@ struct Shape {
         if constexpr (std::is_void_v<R>) {
             call();
             return {};
+        } else if constexpr (requires { objectOf(call()); }) {
+            return objectOf(call());
         } else {
             return Variant(call());
         }
