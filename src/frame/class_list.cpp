@@ -3,6 +3,7 @@
 #include <quorkit/GQuorLanguage.h>
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/GQuorTools.h>
+#include <quorkit/QuorAddress.h>
 #include <quorkit/QuorCollection.h>
 #include <quorkit/QuorInifile.h>
 #include <quorkit/catalogue.h>
@@ -80,7 +81,7 @@ constexpr ClassInfo kClasses[] = {
         "holidays, sorting, delay, error report"),
     announced("GQuorProgram", Global, 6,
               "running programs and waiting for them, opening URLs and mail, URL path encoding"),
-    announced(
+    implemented<QuorAddress>(
         "QuorAddress", Creatable, 8,
         "address record with named attributes, postal address block, phone number formatting"),
     announced("GQuorWindows", Global, 17,

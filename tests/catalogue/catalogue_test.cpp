@@ -53,8 +53,8 @@ TEST(Catalogue, IdentifiersAndNamesAreUniqueInAClassExceptForGetAndLet) {
 }
 
 TEST(Catalogue, FinishedClassesHaveAllTheirMembers) {
-    const std::set<std::string> finished = {"GQuorStrings", "QuorCollection", "QuorInifile",
-                                            "GQuorConvert", "GQuorLanguage"};
+    const std::set<std::string> finished = {"GQuorStrings", "QuorAddress",  "QuorCollection",
+                                            "QuorInifile",  "GQuorConvert", "GQuorLanguage"};
     std::size_t published = 0;
     for (const ClassInfo& info : classes()) {
         published += info.publishedMembers;

@@ -1,0 +1,12 @@
+// The attributes that have a number.
+#pragma once
+
+#include <quorkit/enumerations.h>
+#include <quorkit/values.h>
+
+namespace quorkit {
+
+/// The name under which a known attribute is stored; empty for a number that is none.
+StringView storedName(eKnownAttributes attribut);
+
+}  // namespace quorkit
