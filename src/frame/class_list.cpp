@@ -6,6 +6,7 @@
 #include <quorkit/QuorAddress.h>
 #include <quorkit/QuorCollection.h>
 #include <quorkit/QuorInifile.h>
+#include <quorkit/QuorTesting.h>
 #include <quorkit/catalogue.h>
 #include <quorkit/dispatch.h>
 
@@ -89,8 +90,8 @@ constexpr ClassInfo kClasses[] = {
               "form positions, wait window, about dialog"),
     announced("GQuorKeyboard", Global, 5, "state of Shift, Control and Scroll Lock keys"),
     announced("GQuorClipboard", Global, 8, "clipboard text, RTF text and pictures"),
-    announced("QuorTesting", Creatable, 3,
-              "random test data: last names, first names, organisational units"),
+    implemented<QuorTesting>("QuorTesting", Creatable, 3,
+                             "random test data: last names, first names, organisational units"),
     implemented<GQuorLanguage>("GQuorLanguage", Global, 0, "a class with no members"),
 };
 

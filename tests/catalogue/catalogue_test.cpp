@@ -53,8 +53,9 @@ TEST(Catalogue, IdentifiersAndNamesAreUniqueInAClassExceptForGetAndLet) {
 }
 
 TEST(Catalogue, FinishedClassesHaveAllTheirMembers) {
-    const std::set<std::string> finished = {"GQuorStrings", "QuorAddress",  "QuorCollection",
-                                            "QuorInifile",  "GQuorConvert", "GQuorLanguage"};
+    const std::set<std::string> finished = {"GQuorStrings", "QuorCollection", "QuorInifile",
+                                            "GQuorConvert", "QuorAddress",    "QuorTesting",
+                                            "GQuorLanguage"};
     std::size_t published = 0;
     for (const ClassInfo& info : classes()) {
         published += info.publishedMembers;

@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+#include <quorkit/enumerations.h>
+#include <quorkit/ports/memory.h>
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+
+#include "support/late.h"
+
+namespace quorkit::test {
+namespace {
+
+/// A table in its order, as draws show it: a limit raised by one lets one more entry occur.
+std::vector<String> tableOf(Late& data, const char16_t* member, std::vector<Variant> arguments) {
+    arguments.emplace_back();
+    const auto draw = [&](const Variant& iMax) {
+        arguments.back() = iMax;
+        std::set<String> drawn;
+        for (int i = 0; i < 1500; ++i) drawn.insert(data(member, arguments).get<String>());
+        return drawn;
+    };
+    std::vector<String> table;
+    std::set<String> before;
+    for (Integer iMax = 0; table.size() == static_cast<std::size_t>(iMax); ++iMax) {
+        const std::set<String> drawn = draw(iMax);
+        std::ranges::set_difference(drawn, before, std::back_inserter(table));
+        before = drawn;
+    }
+    for (const Variant& all : {Variant::missing(), Variant(Integer{-1}), Variant(Integer{500})})
+        EXPECT_EQ(draw(all), before);
+    return table;
+}
+
+TEST(QuorTesting, DrawsFromAllOfEachTable) {
+    const struct {
+        const char16_t* member;
+        std::vector<Variant> arguments;
+        std::size_t entries;
+        std::size_t units;  ///< of all entries
+        const char16_t* first;
+    } cases[] = {
+        {u"GetRandomLastName", {}, 67, 455, u"Amberg"},
+        {u"GetRandomFirstName", {male}, 44, 236, u"Anton"},
+        {u"GetRandomFirstName", {female}, 33, 212, u"Anna"},
+        {u"GetRandomFirstName", {Long{3}}, 33, 212, u"Anna"},
+        {u"GetRandomOE", {}, 7, 71, u"IT Entwicklung"},
+    };
+    MemoryPorts world;
+    for (const auto& [member, arguments, entries, units, first] : cases) {
+        Late data(u"QuorTesting", world);
+        const std::vector<String> table = tableOf(data, member, arguments);
+        std::size_t total = 0;
+        for (const String& one : table) total += one.size();
+        ASSERT_EQ(table.size(), entries);
+        EXPECT_EQ(total, units);
+        EXPECT_EQ(table[0], first);
+    }
+}
+
+TEST(QuorTesting, ANewObjectStartsTheSequenceOfItsCounter) {
+    MemoryPorts world;
+    std::set<String> firsts;
+    for (; world.system.performanceCounter < 50; ++world.system.performanceCounter) {
+        Late data(u"QuorTesting", world);
+        const Variant sexCode = Variant::missing();  // chosen by a draw of its own
+        firsts.insert(data(u"GetRandomFirstName", {sexCode, Integer{0}}).get<String>());
+        const Variant third = data(u"GetRandomLastName");
+        Late again(u"QuorTesting", world);
+        again(u"GetRandomOE");
+        again(u"GetRandomOE");
+        EXPECT_EQ(again(u"GetRandomLastName"), third);
+    }
+    EXPECT_EQ(firsts, (std::set<String>{u"Anton", u"Anna"}));
+}
+
+}  // namespace
+}  // namespace quorkit::test
