@@ -12,7 +12,7 @@ namespace quorkit {
 
 class GQuorTools {
    public:
-    explicit GQuorTools(Ports& = ports::native()) {}
+    explicit GQuorTools(Ports& ports = ports::native()) : ports_(ports) {}
 
     /// The position, counted from 1, of the first item of `c` that equals `vElement`: numbers by
     /// value, texts with their letter case, Null nothing. -1 when there is none, and for Nothing.
@@ -38,7 +38,17 @@ class GQuorTools {
     // --- Calendar ---
     //
     // The years 0 to 29 mean 2000 to 2029, 30 to 99 mean 1930 to 1999. Error 5 when a date on the
-    // way is not in the years 100 to 9999. Results have no time of day.
+    // way is not in the years 100 to 9999.
+
+    /// `RefDate` moved by the amounts of an option string such as "y=1, m=-2, d=10": years (y),
+    /// months (m), days (d), hours (h), minutes (n) and seconds (s), always applied in this
+    /// sequence, letter case aside, and backwards with `bInvertOptionString`. The 31st becomes the
+    /// last day of a shorter month; a fraction is rounded to the nearest whole, halves to even.
+    /// GQuorStrings.ParseString tells how the text is read. Never an error: a unit whose amount is
+    /// no number or leads out of the years 100 to 9999 is not applied, and none is when the text
+    /// cannot be read.
+    Date DateAddEx(Unchanged<Date> RefDate, Unchanged<String> sOptionString,
+                   Optional<Boolean, false> bInvertOptionString = {});
 
     /// Easter Sunday by Gauss's rule with its constants for 1700 to 2199; for other years they are
     /// 0, and so the day is not Easter's. 26 March comes out as 19 April, as in 1989.
@@ -64,6 +74,9 @@ class GQuorTools {
     Integer LastDayInMonth(Integer iMonth, Integer iYear);
     /// The last day of the month of `D`.
     Integer LastDayInMonth2(Date D);
+
+   private:
+    Ports& ports_;
 };
 
 }  // namespace quorkit

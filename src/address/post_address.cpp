@@ -1,5 +1,4 @@
 #include <quorkit/GQuorConvert.h>
-#include <quorkit/GQuorStrings.h>
 #include <quorkit/QuorAddress.h>
 
 #include <initializer_list>
@@ -7,13 +6,10 @@
 
 #include "address/known_attributes.h"
 #include "runtime/letter_case.h"
+#include "strings/whitespace.h"
 
 namespace quorkit {
 namespace {
-
-String trimmed(StringView text) {
-    return GQuorStrings().TrimWhiteSpace(String(text));
-}
 
 /// The parts that are not empty, with `separator` between them.
 String joined(std::initializer_list<StringView> parts, StringView separator) {
@@ -36,8 +32,8 @@ class Block {
     void add(StringView text) {
         for (;;) {
             const std::size_t end = text.find_first_of(u"\r\n");
-            const String line = trimmed(text.substr(0, end));
-            if (!line.empty()) text_ += (text_.empty() ? u"" : u"\r\n") + line;
+            const StringView line = trimmed(text.substr(0, end));
+            if (!line.empty()) text_.append(text_.empty() ? u"" : u"\r\n").append(line);
             if (end == StringView::npos) return;
             text.remove_prefix(end + 1);
         }
@@ -66,7 +62,7 @@ bool isBusiness(StringView type, StringView company) {
 
 String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) const {
     const auto part = [&](eKnownAttributes attribut) {
-        return trimmed(getAttribut(String(storedName(attribut))).get<String>());
+        return String(trimmed(getAttribut(String(storedName(attribut))).get<String>()));
     };
     const auto namesOf = [&]() -> Names {
         const String first = part(eAdr_Vorname);
@@ -96,7 +92,7 @@ String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) con
     block.add(part(eAdr_Strasse));
     block.add(inOneLine(part(eAdr_Plz), part(eAdr_Ort)));
 
-    const String home = trimmed(HomeCountry());
+    const String home(trimmed(HomeCountry()));
     const String stored = part(eAdr_Land);
     const String country = stored.empty() ? home : stored;
     if (*bIncludeCountry || !runtime::sameText(country, home)) block.add(runtime::toUpper(country));

@@ -18,12 +18,16 @@ StringView withoutBack(StringView s) {
 
 }  // namespace
 
+StringView trimmed(StringView s) {
+    return withoutBack(withoutFront(s));
+}
+
 String GQuorStrings::NullStringToString(const String& s) {
     return s.substr(0, s.find(u'\0'));
 }
 
 String GQuorStrings::TrimWhiteSpace(const String& s) {
-    return String(withoutBack(withoutFront(s)));
+    return String(trimmed(s));
 }
 
 String GQuorStrings::RTrimWhiteSpace(const String& s) {

@@ -10,4 +10,7 @@ inline bool isWhite(char16_t unit) {
     return unit < 33;
 }
 
+/// `s` without the white space at both ends.
+StringView trimmed(StringView s);
+
 }  // namespace quorkit

@@ -21,19 +21,13 @@ Century centuryOf(int year) {
     return {};
 }
 
-Date daysAfterEaster(Integer year, int days) {
-    return {GQuorTools().OsterSonntag(year).days + days};
-}
-
-}  // namespace
-
-Date GQuorTools::OsterSonntag(Integer iYear) {
+Date daysAfterEaster(int year, int days) {
     constexpr int march = 3;
     constexpr int april = 4;
-    const Century century = centuryOf(iYear);
-    const int a = iYear % 19;
-    const int b = iYear % 4;
-    const int c = iYear % 7;
+    const Century century = centuryOf(year);
+    const int a = year % 19;
+    const int b = year % 4;
+    const int c = year % 7;
     const int d = (19 * a + century.m) % 30;
     const int e = (2 * b + 4 * c + 6 * d + century.n) % 7;
     int day = 22 + d + e;
@@ -51,7 +45,13 @@ Date GQuorTools::OsterSonntag(Integer iYear) {
         day = 18;
         month = april;
     }
-    return runtime::DateSerial(iYear, month, day);
+    return {runtime::DateSerial(year, month, day).days + days};
+}
+
+}  // namespace
+
+Date GQuorTools::OsterSonntag(Integer iYear) {
+    return daysAfterEaster(iYear, 0);
 }
 
 Date GQuorTools::PfingstSonntag(Integer iYear) {

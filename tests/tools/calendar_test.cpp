@@ -15,6 +15,37 @@ Variant integer(int value) {
     return static_cast<Integer>(value);
 }
 
+TEST(ToolsCalendar, DateAddEx) {
+    const Date from = DateSerial(2024, 1, 31);
+    const auto at = [](int year, int month, int day, Double seconds = 0) {
+        return Date{DateSerial(year, month, day).days + seconds / 86400};
+    };
+    const struct {
+        const char16_t* options;
+        Date forward;
+        Date back;
+    } cases[] = {
+        {u"m=1,d=1", at(2024, 3, 1), at(2023, 12, 30)},
+        {u"d=1, M=1 , y = \"1\"", at(2025, 3, 1), at(2022, 12, 30)},
+        {u"h=1,n=1,s=1", at(2024, 1, 31, 3661), at(2024, 1, 30, 86400 - 3661)},
+        {u"d=1.5", at(2024, 2, 2), at(2024, 1, 29)},
+        {u"d=2.5", at(2024, 2, 2), at(2024, 1, 29)},
+        {u"y=,d=1", at(2024, 2, 1), at(2024, 1, 30)},
+        {u"y=x,d=1,w=5", at(2024, 2, 1), at(2024, 1, 30)},
+        {u"y=9000,d=1", at(2024, 2, 1), at(2024, 1, 30)},
+        {u"d=1,d=2", from, from},
+        {u"nonsense", from, from},
+        {u"", from, from},
+    };
+    Late tools(u"GQuorTools");
+    for (const auto& [options, forward, back] : cases) {
+        EXPECT_EQ(tools(u"DateAddEx", {from, options}), Variant(forward));
+        EXPECT_EQ(tools(u"DateAddEx", {from, options, true}), Variant(back));
+    }
+    EXPECT_EQ(tools(u"DateAddEx", {Date{1e9}, u"d=1"}), Variant(Date{1e9}));
+    EXPECT_EQ(tools(u"DateAddEx", {from, String(40000, u'x')}), Variant(from));
+}
+
 TEST(ToolsCalendar, HolidaysThatDependOnEaster) {
     Late tools(u"GQuorTools");
     const struct {
@@ -26,7 +57,7 @@ TEST(ToolsCalendar, HolidaysThatDependOnEaster) {
         {1954, DateSerial(1954, 4, 18)}, {2038, DateSerial(2038, 4, 25)},
         {1700, DateSerial(1700, 4, 11)}, {1818, DateSerial(1818, 3, 22)},
         {2199, DateSerial(2199, 4, 14)}, {1699, DateSerial(1699, 3, 27)},
-        {2200, DateSerial(2200, 4, 6)}, {24, DateSerial(2024, 3, 27)},
+        {2200, DateSerial(2200, 4, 6)},  {24, DateSerial(2024, 3, 27)},
     };
     for (const auto& [year, easter] : cases)
         EXPECT_EQ(tools(u"OsterSonntag", {integer(year)}), Variant(easter)) << year;

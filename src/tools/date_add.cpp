@@ -1,0 +1,41 @@
+#include <quorkit/GQuorStrings.h>
+#include <quorkit/GQuorTools.h>
+
+#include "frame/error_patterns.h"
+#include "runtime/calendar.h"
+#include "runtime/convert.h"
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+namespace {
+
+using runtime::Interval;
+
+struct Unit {
+    const char16_t* key;
+    Interval interval;
+};
+constexpr Unit kUnits[] = {
+    {u"y", Interval::Year}, {u"m", Interval::Month},  {u"d", Interval::Day},
+    {u"h", Interval::Hour}, {u"n", Interval::Minute}, {u"s", Interval::Second},
+};
+
+}  // namespace
+
+Date GQuorTools::DateAddEx(Unchanged<Date> RefDate, Unchanged<String> sOptionString,
+                           Optional<Boolean, false> bInvertOptionString) {
+    const int sign = *bInvertOptionString ? -1 : 1;
+    Date date = *RefDate;
+    resumeNext([&] {
+        String options = runtime::toLower(*sOptionString);
+        const CollectionRef amounts = GQuorStrings(ports_).ParseString(options);
+        for (const auto& [key, interval] : kUnits)
+            resumeNext([&] {
+                const Double amount = runtime::CDbl(amounts->item(key));
+                date = runtime::DateAdd(interval, sign * amount, date);
+            });
+    });
+    return date;
+}
+
+}  // namespace quorkit
