@@ -139,7 +139,7 @@ TEST(QuorCollection, IsWholeWhenAValueIsReleased) {
 }
 
 // With a walk over all elements this would not end.
-TEST(QuorCollection, IsFast) {
+TEST(QuorCollection, IsNotQuadratic) {
     constexpr Long count = 200'000;
     QuorCollection c;
     const auto key = [](Long i) { return String{char16_t(i >> 12), char16_t(0xD000 + i % 4096)}; };
