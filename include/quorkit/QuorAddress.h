@@ -49,8 +49,8 @@ class QuorAddress {
     /// "Type" chooses the form: "G" for business, "P" for private, in any case. Without one of
     /// these it is private when "Firma" is empty, business otherwise.
     /// - Business: the company, then the person. The salutation stands in front of the name.
-    /// - Private: the person, with the salutation on a line of its own. The company is left out,
-    ///   but for an address that names no person.
+    /// - Private: the person, with the salutation on a line of its own, then the company, if there
+    ///   is one: the letter is for the person's own eyes.
     /// - The partner is named too when "InklName2" is a yes to GQuorConvert.cBoolEx ("1", "True",
     ///   "Ja", "x" ...): together with the person when their last name is the same or not stored,
     ///   on a line of their own when it is another. The salutation, which is then that of both,

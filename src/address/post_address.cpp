@@ -80,7 +80,7 @@ String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) con
     const Names names = namesOf();
     Block block;
     const bool business = isBusiness(part(eAdr_Type), company);
-    if (business || names.none()) block.add(company);
+    if (business) block.add(company);
     const String salutation = names.none() ? String() : part(eAdr_Anrede);
     if (business && !names.two) {
         block.add(inOneLine(salutation, names.person));
@@ -89,6 +89,7 @@ String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) con
         block.add(names.person);
         block.add(names.partner);
     }
+    if (!business) block.add(company);
     block.add(part(eAdr_Strasse));
     block.add(inOneLine(part(eAdr_Plz), part(eAdr_Ort)));
 
