@@ -5,7 +5,7 @@
 // the same ones occur; -1, any other negative number and one beyond the table mean all of it.
 //
 // All objects of the process draw from one sequence, and each new object starts it anew from the
-// system's counter. No member ever raises an error.
+// system's counter.
 #pragma once
 
 #include <quorkit/enumerations.h>
