@@ -56,30 +56,12 @@ TEST(Numbers, AreReadFromTextsAndOtherTypes) {
     const struct {
         Variant value;
         Double number;
-    } cases[] = {
-        {{}, 0},
-        {true, -1},
-        {u" 12 ", 12},
-        {u"-1.5", -1.5},
-        {u"+.5", 0.5},
-        {u"5.", 5},
-        {u"\t\u00A0-\u30005\r\n", -5},
-        {u"5-", -5},
-        {u"5 + ", 5},
-        {u"( 5.5 )", -5.5},
-        {u"1e3", 1000},
-        {u"5.E+1", 50},
-        {u"1D-2", 0.01},
-        {u"1e5-", -100000},
-        {u"1e-400", 0},
-        {u"0e99999", 0},
-        {u"&HFF", 255},
-        {u"&hFFFF", 65535},
-        {u"&O17", 15},
-        {u"&HFFe", 4094},
-        {u" &HFFFFFFFF ", -1},
-        {String(u"5 \0 x", 5), 5},
-    };
+    } cases[] = {{{}, 0},         {true, -1},         {u" 12 ", 12},       {u"-1.5", -1.5},
+                 {u"+.5", 0.5},   {u"5.", 5},         {u"\t-\u00A05", -5}, {u"5-", -5},
+                 {u"5 + ", 5},    {u"( 5.5 )", -5.5}, {u"1e3", 1000},      {u"5.E+1", 50},
+                 {u"1D-2", 0.01}, {u"1e5-", -1e5},    {u"1e-400", 0},      {u"0e99999", 0},
+                 {u"&HFF", 255},  {u"&hFFFF", 65535}, {u"&O17", 15},       {u"&HFFFFFFFF", -1}};
+    EXPECT_EQ(CDbl(String(u"\u3000\n5\r \0 x", 8)), 5);
     for (const auto& [value, number] : cases) {
         EXPECT_EQ(CDbl(value), number) << CDbl(value);
         EXPECT_TRUE(IsNumeric(value)) << number;
@@ -95,10 +77,9 @@ TEST(Numbers, AreReadFromTextsAndOtherTypes) {
     }
 }
 
-TEST(IsNumeric, KnowsTheTypes) {
-    EXPECT_EQ(CDbl(Date{2.5}), 2.5);
+TEST(IsNumeric, IsFalseForAllThatIsNoNumber) {
     for (const Variant& value : {Variant(Null{}), Variant(Date{2.5}), Variant::missing(),
-                                 Variant(ObjectRef()), Variant(Array<Byte>()), Variant(u"1e309")})
+                                 Variant(ObjectRef()), Variant(u"1e309")})
         EXPECT_FALSE(IsNumeric(value));
 }
 
