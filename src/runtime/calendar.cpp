@@ -15,6 +15,7 @@ using Seconds = std::int64_t;
 constexpr std::chrono::sys_days kDayZero = std::chrono::year{1899} / 12 / 30;
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
+constexpr int kFarYear = 20000;
 constexpr int kFirstDay = -657434;
 constexpr int kLastDay = 2958465;
 constexpr Seconds kDay = 86400;
@@ -27,7 +28,12 @@ int count(std::chrono::days days) {
     return static_cast<int>(days.count());
 }
 
-int timeOf(const DateParts& parts) {
+/// Months since the beginning of the year 0.
+constexpr std::int64_t monthsOf(std::int64_t year, std::int64_t month) {
+    return year * 12 + month - 1;
+}
+
+int timeOf(const SystemTime& parts) {
     return (parts.hour * 60 + parts.minute) * 60 + parts.second;
 }
 
@@ -50,7 +56,7 @@ Date fromSeconds(Seconds seconds) {
     return {day < 0 ? day - time : day + time};
 }
 
-/// Midnight of a day of a month, existing or not. `months` count from the year 0.
+/// Midnight of a day of a month, existing or not.
 Seconds midnight(std::int64_t months, std::int64_t day) {
     const std::chrono::year_month month =
         std::chrono::year(0) / 1 + std::chrono::months(static_cast<int>(months));
@@ -58,9 +64,9 @@ Seconds midnight(std::int64_t months, std::int64_t day) {
 }
 
 Date addMonths(Date date, std::int64_t number) {
-    const DateParts parts = partsOf(date);
-    const std::int64_t months = parts.year * 12 + parts.month - 1 + number;
-    if (months < kFirstYear * 12 || months >= (kLastYear + 1) * 12)
+    const SystemTime parts = partsOf(date);
+    const std::int64_t months = monthsOf(parts.year, parts.month) + number;
+    if (months < monthsOf(kFirstYear, 1) || months > monthsOf(kLastYear, 12))
         raise(ErrorNumber::InvalidProcedureCall);
     const Seconds lastDay = midnight(months + 1, 0);
     return fromSeconds(std::min(midnight(months, parts.day), lastDay) + timeOf(parts));
@@ -72,7 +78,7 @@ bool isDateInRange(Double days) {
     return days > kFirstDay - 1 && days < kLastDay + 1;
 }
 
-DateParts partsOf(Date date) {
+SystemTime partsOf(Date date) {
     const Seconds seconds = secondsOf(date);
     const int day = dayOf(seconds);
     const std::chrono::year_month_day calendar(kDayZero + std::chrono::days(day));
@@ -82,11 +88,12 @@ DateParts partsOf(Date date) {
             static_cast<int>(static_cast<unsigned>(calendar.day())),
             time / 3600,
             time / 60 % 60,
-            time % 60};
+            time % 60,
+            0};
 }
 
-Date dateOf(const DateParts& parts) {
-    return fromSeconds(midnight(parts.year * 12 + parts.month - 1, parts.day) + timeOf(parts));
+Date dateOf(const SystemTime& parts) {
+    return fromSeconds(midnight(monthsOf(parts.year, parts.month), parts.day) + timeOf(parts));
 }
 
 bool isDay(int year, int month, int day) {
@@ -100,9 +107,9 @@ int fullYear(int year) {
 }
 
 Date DateSerial(Long year, Long month, Long day) {
-    const std::int64_t months = fullYear(year) * std::int64_t{12} + month - 1;
+    const std::int64_t months = monthsOf(fullYear(year), month);
     // Far beyond every date, and well within what the calendar below can hold.
-    if (months < 0 || months > 2 * kLastYear * 12) raise(ErrorNumber::InvalidProcedureCall);
+    if (months < 0 || months > monthsOf(kFarYear, 12)) raise(ErrorNumber::InvalidProcedureCall);
     return fromSeconds(midnight(months, day));
 }
 
@@ -112,7 +119,7 @@ int Weekday(Date date, int firstDay) {
 }
 
 int dayOfYear(Date date) {
-    const Seconds newYear = midnight(partsOf(date).year * 12, 1);
+    const Seconds newYear = midnight(monthsOf(partsOf(date).year, 1), 1);
     return dayOf(secondsOf(date) - newYear) + 1;
 }
 

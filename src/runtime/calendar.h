@@ -5,6 +5,7 @@
 // last second of 9999), and results have no fraction of a second. Error 5 for a Date out of range.
 #pragma once
 
+#include <quorkit/ports/system.h>
 #include <quorkit/values.h>
 
 namespace quorkit::runtime {
@@ -12,19 +13,11 @@ namespace quorkit::runtime {
 /// Whether a Date may hold this number of days.
 bool isDateInRange(Double days);
 
-/// What a calendar and a clock show; at first midnight of day 0.
-struct DateParts {
-    int year = 1899;
-    int month = 12;
-    int day = 30;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-};
-
-DateParts partsOf(Date date);
-/// `parts` are a day that exists and a time of that day.
-Date dateOf(const DateParts& parts);
+/// What a calendar and a clock show; no milliseconds.
+SystemTime partsOf(Date date);
+/// `parts` are a day that exists and a time of that day. Milliseconds are left out, as in the
+/// runtime's own Now.
+Date dateOf(const SystemTime& parts);
 
 /// Whether the day exists: a year from 100 to 9999, and a day that its month has.
 bool isDay(int year, int month, int day);

@@ -23,7 +23,7 @@ void appendPattern(String& out, Date date, StringView pattern, const DateLanguag
 struct Writer {
     String& out;
     Date date;
-    DateParts parts;
+    SystemTime parts;
     const DateLanguage& language;
     bool twelveHours;
     StringView token;  ///< the current one, as the format spells it

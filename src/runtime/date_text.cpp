@@ -86,7 +86,7 @@ bool isDayName(StringView word) {
     });
 }
 
-bool setDay(DateParts& parts, Number year, Number month, Number day) {
+bool setDay(SystemTime& parts, Number year, Number month, Number day) {
     const int full = year.digits > 2 ? year.value : fullYear(year.value);
     if (!isDay(full, month.value, day.value)) return false;
     parts.year = full;
@@ -95,7 +95,7 @@ bool setDay(DateParts& parts, Number year, Number month, Number day) {
     return true;
 }
 
-bool takeNumericDay(StringView& text, DateParts& parts, bool monthFirst) {
+bool takeNumericDay(StringView& text, SystemTime& parts, bool monthFirst) {
     Number numbers[3];
     auto& [first, second, third] = numbers;
     if (!takeNumber(text, first, 4)) return false;
@@ -108,7 +108,7 @@ bool takeNumericDay(StringView& text, DateParts& parts, bool monthFirst) {
     return setDay(parts, third, second, first) || setDay(parts, third, first, second);
 }
 
-bool takeNamedDay(StringView& text, DateParts& parts) {
+bool takeNamedDay(StringView& text, SystemTime& parts) {
     Number day;
     Number year;
     const bool dayFirst = takeNumber(text, day, 2);
@@ -119,7 +119,7 @@ bool takeNamedDay(StringView& text, DateParts& parts) {
     return takeNumber(text, year, 4) && setDay(parts, year, month, day);
 }
 
-bool takeTime(StringView& text, DateParts& parts) {
+bool takeTime(StringView& text, SystemTime& parts) {
     Number hour;
     Number minute;
     Number second;
@@ -152,7 +152,7 @@ bool attempt(StringView& text, Take take) {
     return true;
 }
 
-bool takeDay(StringView& text, DateParts& parts, bool monthFirst) {
+bool takeDay(StringView& text, SystemTime& parts, bool monthFirst) {
     const auto numeric = [&](StringView& rest) { return takeNumericDay(rest, parts, monthFirst); };
     const auto named = [&](StringView& rest) { return takeNamedDay(rest, parts); };
     // The name of the month first: "mar" is also a Tuesday.
@@ -164,7 +164,7 @@ bool takeDay(StringView& text, DateParts& parts, bool monthFirst) {
 }  // namespace
 
 String dateText(Date date) {
-    const DateParts parts = partsOf(date);
+    const SystemTime parts = partsOf(date);
     const bool midnight = parts.hour == 0 && parts.minute == 0 && parts.second == 0;
     char buffer[80];
     const int length = std::snprintf(
@@ -175,7 +175,7 @@ String dateText(Date date) {
 
 std::optional<Date> dateIn(StringView text, eLanguage language) {
     const bool monthFirst = dateLanguage(language).monthFirst();
-    DateParts parts;
+    SystemTime parts = partsOf({0});
     bool hasDay = false;
     bool hasTime = false;
     do {

@@ -43,11 +43,6 @@ class Unread {
     std::vector<Piece> pieces_;
 };
 
-Date localNow(Ports& ports) {
-    const SystemTime now = ports.system.GetLocalTime();
-    return runtime::dateOf({now.year, now.month, now.day, now.hour, now.minute, now.second});
-}
-
 /// `s` with what stands between the two marks replaced by its value, in the values too.
 template <class ValueOf>
 String expanded(const String& s, char16_t opening, char16_t closing, ValueOf valueOf) {
@@ -77,7 +72,7 @@ String GQuorStrings::ExpandEnvironmentString(const String& s) {
 
 String GQuorStrings::ExpandDateString(const String& s) {
     if (s.find(u'[') == String::npos) return s;
-    const Date now = localNow(ports_);
+    const Date now = runtime::dateOf(ports_.system.GetLocalTime());
     const eLanguage language = uiLanguage(ports_);
     return expanded(s, u'[', u']',
                     [&](const String& format) { return runtime::Format(now, format, language); });

@@ -47,7 +47,7 @@ Integer GQuorTools::LastDayInMonth(Integer iMonth, Integer iYear) {
 }
 
 Integer GQuorTools::LastDayInMonth2(Date D) {
-    const runtime::DateParts parts = runtime::partsOf(D);
+    const SystemTime parts = runtime::partsOf(D);
     return LastDayInMonth(static_cast<Integer>(parts.month), static_cast<Integer>(parts.year));
 }
 
