@@ -68,8 +68,9 @@ class GQuorStrings {
     /// text delimiter it keeps them, and argument delimiters too; in three also text delimiters.
     /// What follows the closing one is ignored up to the next argument delimiter. A text without a
     /// further command delimiter ends the list, and so does an open quote, whose assignment is
-    /// dropped. Delimiters are single characters, compared by code unit; an empty one is never
-    /// found. White space behind the command delimiter is skipped. Linear.
+    /// dropped. Delimiters are single characters, compared by code unit; a longer one is found as a
+    /// whole but passed by one character, an empty one is never found. White space behind the
+    /// command delimiter is skipped. Linear.
     ///
     /// Error 457 when a name occurs twice, letter case aside; 6 when the trimmed text is longer
     /// than 32,767 characters.
@@ -116,7 +117,8 @@ class GQuorStrings {
                                   const Optional<Boolean, true>& b4Digit = {});
     /// 0 when the versions are equal, 1 when the first is higher, -1 when the second is. Any number
     /// of components counts, missing ones are 0; of each the number at its start counts ("2b" is
-    /// 2, "x" is 0). Error 6 for a component too large for a Double.
+    /// 2, "x" is 0). Error 6 for a component too large for a Double, and for a hexadecimal or octal
+    /// one beyond 32 bits.
     Long CompareAppVersionString(const String& sVersionNr1, const String& sVersionNr2);
 
     // --- Placeholders ---
@@ -124,7 +126,7 @@ class GQuorStrings {
     /// `s` with every %NAME% replaced by the environment variable NAME: by the one that is spelled
     /// so, otherwise by one spelled so but for letter case; by nothing when there is none, as for
     /// "%%". A "%" without a partner stays. Placeholders in a value are replaced too; error 28 when
-    /// more than 1,000 of them come out of one value, which is then one that holds itself.
+    /// what they bring in passes 1,000,000 characters for one value, as with one that holds itself.
     String ExpandEnvironmentString(const String& s);
     /// `s` with every [FORMAT] replaced by the current local date and time in that format, such as
     /// [yyyy-mm-dd] (docs/reference.md lists what a format may hold); month and day names are those

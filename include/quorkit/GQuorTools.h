@@ -15,8 +15,9 @@ class GQuorTools {
     explicit GQuorTools(Ports& ports = ports::native()) : ports_(ports) {}
 
     /// The position, counted from 1, of the first item of `c` that equals `vElement`: numbers by
-    /// value, texts with their letter case, Null nothing. -1 when there is none, and for Nothing.
-    /// Error 13, 438 or 91 when it meets what cannot be compared: arrays, error values, objects.
+    /// value (a NaN equals all), texts with their letter case; Null equals nothing. -1 when there
+    /// is none, and for Nothing. Error 13, 438 or 91 when it meets what cannot be compared: arrays,
+    /// error values, objects.
     Long IndexOfElementInCollection(Unchanged<Variant> vElement, Unchanged<CollectionRef> c);
 
     /// Whether `sHex` holds nothing but hexadecimal digits, in any case; so does the empty text.
@@ -29,8 +30,9 @@ class GQuorTools {
     /// Fast for texts with case and for numbers of one type in any sequence; others may take time
     /// in the square of their count, as when they rise and fall again.
     ///
-    /// Never returns when an element cannot be compared (Null, arrays, error values, objects) or a
-    /// bound is outside the array: a failing step is retried until it succeeds.
+    /// Never returns when an element cannot be compared (Null, arrays, error values, objects;
+    /// without letter case also an infinite number or a date out of range, which have no text) or
+    /// a bound is outside the array: a failing step is retried until it succeeds.
     void QuickSortVariantArray(Array<Variant>& avarIn, Long iLowBound, Long iHighBound,
                                Optional<Boolean, true> bCaseSensitive = {},
                                Optional<Boolean, true> bSortUp = {});
@@ -38,7 +40,7 @@ class GQuorTools {
     // --- Calendar ---
     //
     // The years 0 to 29 mean 2000 to 2029, 30 to 99 mean 1930 to 1999. Error 5 when a date on the
-    // way is not in the years 100 to 9999.
+    // way is not in the years 100 to 9999. Dates are taken to the nearest second.
 
     /// `RefDate` moved by the amounts of an option string such as "y=1, m=-2, d=10": years (y),
     /// months (m), days (d), hours (h), minutes (n) and seconds (s), always applied in this
@@ -66,7 +68,7 @@ class GQuorTools {
                            Optional<eLanguage, eLanguage_German> iLanguage = {});
 
     /// 53 when the year has the weekday (Monday 1 ... Sunday 7) that often, otherwise 52. Also 52
-    /// for the 53 Sundays of a leap year that begins on a Saturday.
+    /// for the 53 Sundays of a leap year that begins on a Saturday, where 53 stands for day 0.
     Integer CountWeekDaysInYear(Integer iYear, Integer iWeekDay);
 
     /// The last day of a month, 28 to 31. Months below 1 and above 12 are those of other years.

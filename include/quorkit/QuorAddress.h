@@ -70,7 +70,7 @@ class QuorAddress {
     /// "044 123 45 67". What counts is the number of digits, "00" for a leading "+" included: 7
     /// (local), 9 (without the 0 of its area), 10 (national, or a service number), 13 and 14
     /// (international); with any other number of digits it comes back as it was typed. The
-    /// attributes have no part in it.
+    /// attributes have no part in it. A "(0)" behind the country code is a digit like any other.
     ///
     /// With `bExpandToInternational` a national number gets `sIntPrefix`, as it is given, instead
     /// of its 0: "0041 44 123 45 67"; service numbers ("0800", "0848", "0900" ...) do not. With

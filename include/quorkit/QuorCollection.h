@@ -25,6 +25,7 @@ class KeyedList;
 class QuorCollection {
    public:
     explicit QuorCollection(Ports& ports = ports::native());
+    /// The collection that was moved from may only be destroyed or assigned to.
     QuorCollection(QuorCollection&&) noexcept;
     QuorCollection& operator=(QuorCollection&&) noexcept;
     ~QuorCollection();

@@ -3,8 +3,11 @@
 
 #include <quorkit/variant.h>
 
+#include <concepts>
 #include <cstddef>
+#include <optional>
 #include <type_traits>
+#include <utility>
 
 namespace quorkit {
 
@@ -13,11 +16,21 @@ template <class T>
 class Unchanged {
    public:
     Unchanged(const T& value) : value_(value) {}  // NOLINT(google-explicit-constructor)
+    /// What makes a T may stand for one, as in a call with a literal.
+    template <class U>
+    requires(!std::is_same_v<std::remove_cvref_t<U>, T> &&
+             !std::is_same_v<std::remove_cvref_t<U>, Unchanged> && std::constructible_from<T, U>)
+        Unchanged(U&& value)  // NOLINT(google-explicit-constructor)
+        : made_(std::in_place, std::forward<U>(value)), value_(*made_) {}
+    Unchanged(const Unchanged&) = delete;
+    Unchanged& operator=(const Unchanged&) = delete;
+
     operator const T&() const { return value_; }  // NOLINT(google-explicit-constructor)
     const T& operator*() const { return value_; }
     const T* operator->() const { return &value_; }
 
    private:
+    std::optional<T> made_;
     const T& value_;
 };
 

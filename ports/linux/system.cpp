@@ -94,7 +94,7 @@ std::uint64_t NativeSystem::QueryPerformanceCounter() {
 }
 
 bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
-    if (name.empty() || name.find_first_of(StringView(u"=\0", 2)) != String::npos) return false;
+    if (!isVariableName(name)) return false;
     const std::string exact = runtime::toUtf8(name);
     const char* found = findVariable([&](std::string_view one) { return one == exact; });
     if (found == nullptr)

@@ -7,7 +7,7 @@
 namespace quorkit {
 
 bool MemorySystem::GetEnvironmentVariableA(const String& name, String& value) {
-    if (name.empty() || name.find_first_of(StringView(u"=\0", 2)) != String::npos) return false;
+    if (!isVariableName(name)) return false;
     auto found = environment.find(name);
     if (found == environment.end())
         found = std::ranges::find_if(

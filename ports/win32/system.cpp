@@ -33,7 +33,7 @@ std::uint64_t NativeSystem::QueryPerformanceCounter() {
 }
 
 bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
-    if (name.empty() || name.find_first_of(StringView(u"=\0", 2)) != String::npos) return false;
+    if (!isVariableName(name)) return false;
     String buffer(256, u'\0');
     for (;;) {
         ::SetLastError(ERROR_SUCCESS);

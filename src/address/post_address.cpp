@@ -1,4 +1,5 @@
 #include <quorkit/GQuorConvert.h>
+#include <quorkit/GQuorStrings.h>
 #include <quorkit/QuorAddress.h>
 
 #include <initializer_list>
@@ -71,9 +72,10 @@ String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) con
         const String last2 = part(eAdr_Nachname2);
         const bool included = GQuorConvert(ports_).cBoolEx(part(eadr_InklName2));
         if (!included || (first2.empty() && last2.empty())) return {inOneLine(first, last), {}};
-        if (last2.empty() || runtime::sameText(last, last2))
+        const bool sameName = last2.empty() || runtime::sameText(last, last2);
+        if (sameName && (!first.empty() || first2.empty()))
             return {inOneLine(joined({first, first2}, u" und "), last), {}, true};
-        return {inOneLine(first, last), inOneLine(first2, last2), true};
+        return {inOneLine(first, last), inOneLine(first2, last2.empty() ? last : last2), true};
     };
 
     const String company = part(eAdr_Firma);
@@ -96,7 +98,8 @@ String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) con
     const String home(trimmed(HomeCountry()));
     const String stored = part(eAdr_Land);
     const String country = stored.empty() ? home : stored;
-    if (*bIncludeCountry || !runtime::sameText(country, home)) block.add(runtime::toUpper(country));
+    if (*bIncludeCountry || !runtime::sameText(country, home))
+        block.add(runtime::toUpper(GQuorStrings(ports_).StringReplace(country, u"\u00DF", u"SS")));
     return block.text();
 }
 

@@ -1,19 +1,10 @@
 #include "frame/conversion.h"
 
-#include <string_view>
-
 #include "runtime/convert.h"
 #include "windows/ui_language.h"
 
 namespace quorkit {
 namespace {
-
-void requireObject(const Variant& value, std::string_view className) {
-    const auto* object = value.getIf<ObjectRef>();
-    if (object == nullptr) raise(ErrorNumber::TypeMismatch);
-    if (*object != nullptr && className != "Object" && className != (*object)->className())
-        raise(ErrorNumber::TypeMismatch);
-}
 
 Byte byteOf(const Variant& value) {
     const Long number = runtime::CLng(value);
@@ -86,7 +77,7 @@ void convert(Variant& value, const TypeInfo& type, Ports& ports) {
             requireVariants(value);
             return;
         case Type::Object:
-            requireObject(value, type.name);
+            if (!value.is<ObjectRef>()) raise(ErrorNumber::TypeMismatch);
             return;
     }
 }

@@ -120,7 +120,7 @@ class Argument {
         if constexpr (std::is_enum_v<Value>)
             local_ = static_cast<Value>(slot.get<Long>());
         else if constexpr (!Native<Value>)
-            local_ = std::static_pointer_cast<typename Value::element_type>(slot.get<ObjectRef>());
+            local_ = objectOf(slot.get<ObjectRef>());
     }
     Argument(const Argument&) = delete;
     Argument& operator=(const Argument&) = delete;
@@ -138,6 +138,13 @@ class Argument {
     }
 
    private:
+    /// Error 13 for an object of another class, whatever it calls itself.
+    static Value objectOf(const ObjectRef& object) {
+        auto found = std::dynamic_pointer_cast<typename Value::element_type>(object);
+        if (object != nullptr && found == nullptr) raise(ErrorNumber::TypeMismatch);
+        return found;
+    }
+
     Variant& slot_;
     [[no_unique_address]] std::conditional_t<Native<Value>, std::monostate, Value> local_;
 };

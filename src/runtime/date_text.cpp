@@ -22,7 +22,7 @@ bool take(StringView& text, StringView oneOf) {
 }
 
 void skipBlanks(StringView& text) {
-    text.remove_prefix(std::min(text.find_first_not_of(u' '), text.size()));
+    text.remove_prefix(std::min(text.find_first_not_of(u" \u00A0"), text.size()));
 }
 
 /// One of the marks, which is returned, with any blanks around it.
@@ -58,7 +58,7 @@ bool takeNumber(StringView& text, Number& number, std::size_t mostDigits) {
 
 /// A word with or without a full stop behind it.
 StringView takeWord(StringView& text) {
-    const StringView word = text.substr(0, text.find_first_of(u" .,-/:0123456789"));
+    const StringView word = text.substr(0, text.find_first_of(u" \u00A0.,-/:0123456789"));
     text.remove_prefix(word.size());
     take(text, u".");
     return word;
@@ -73,7 +73,16 @@ int positionIn(std::span<const StringView> names, StringView word) {
     return found == names.end() ? 0 : static_cast<int>(found - names.begin()) + 1;
 }
 
+/// How people write months too, beside the names that are written.
+struct Spelling {
+    StringView name;
+    int month;
+};
+constexpr Spelling kOtherMonths[] = {{u"J\u00E4nner", 1}, {u"Maerz", 3}, {u"Mrz", 3}, {u"Sept", 9}};
+
 int monthNamed(StringView word) {
+    for (const auto& [name, month] : kOtherMonths)
+        if (sameText(name, word)) return month;
     for (const DateLanguage& one : dateLanguages())
         for (const int month : {positionIn(one.months, word), positionIn(one.shortMonths, word)})
             if (month != 0) return month;
@@ -81,6 +90,7 @@ int monthNamed(StringView word) {
 }
 
 bool isDayName(StringView word) {
+    if (sameText(word, u"Sonnabend")) return true;
     return std::ranges::any_of(dateLanguages(), [&](const DateLanguage& one) {
         return positionIn(one.days, word) != 0 || positionIn(one.shortDays, word) != 0;
     });

@@ -16,9 +16,9 @@ String dateText(Date date);
 /// - A day: "2024-01-31" (also with "/" or "."), "31.1.2024"; "1/31/2024" and "1-31-2024" for
 ///   English, "31/1/2024" and "31-1-2024" for the other languages. When the order of the language
 ///   gives no day, the other order is tried.
-/// - A day with the name of its month, long or short, in any of the languages of date_language.h:
-///   "31. Januar 2024", "31-Jan-24", "janv. 31, 2024". In front of any day its name may stand; it
-///   is not compared with the day.
+/// - A day with the name of its month, long or short, in any of the languages of date_language.h,
+///   also as "Jaenner" with its umlaut, "Maerz", "Mrz" or "Sept": "31. Januar 2024", "31-Jan-24",
+///   "janv. 31, 2024". In front of any day its name may stand; it is not compared with the day.
 /// - A year of one or two digits is 2000 to 2029 or 1930 to 1999. It must be there.
 /// - A time: "13:05", "13:05:59", "1:05 PM", "1 PM". It may stand behind the day or before it, with
 ///   blanks or a comma between them, or behind it after a "T"; without a day it is one of day 0.

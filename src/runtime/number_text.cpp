@@ -75,7 +75,7 @@ char16_t takeSign(StringView& text) {
 
 /// Whether the decimal number `text`, with its exponent, is 1 or more.
 bool reachesOne(std::string_view text) {
-    const std::size_t mantissa = std::min(text.find('e'), text.size());
+    const std::size_t mantissa = std::min(text.find_first_of("eE"), text.size());
     const std::size_t point = std::min(text.find('.'), mantissa);
     const std::size_t first = std::min(text.find_first_not_of("0."), mantissa);
     long long exponent = 0;
@@ -85,10 +85,10 @@ bool reachesOne(std::string_view text) {
             std::from_chars(sign + (*sign == '+'), text.data() + text.size(), exponent);
         if (error != std::errc()) return *sign != '-';
     }
-    return static_cast<long long>(point) - static_cast<long long>(first) + exponent > 0;
+    return exponent > static_cast<long long>(first) - static_cast<long long>(point);
 }
 
-/// `text` has no sign, and its exponent is written with "e".
+/// `text` has no sign, and its exponent is written with "e" or "E".
 Double decimalValue(std::string_view text) {
     Double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -128,8 +128,13 @@ NumberText readNumber(std::string_view text) {
         if (at(end) == '-' || at(end) == '+') ++end;
         if (skipDigits() == 0) end = mantissa;
     }
-    std::string number(text.substr(start, end - start));
-    if (end > mantissa) number[mantissa - start] = 'e';
+    std::string_view number = text.substr(start, end - start);
+    std::string withE;
+    if (end > mantissa && letter == 'd') {
+        withE = number;
+        withE[mantissa - start] = 'e';
+        number = withE;
+    }
     const Double value = decimalValue(number);
     return {negative ? -value : value, end};
 }

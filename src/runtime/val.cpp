@@ -2,7 +2,10 @@
 
 #include <quorkit/errors.h>
 
+#include <array>
 #include <cmath>
+#include <cstddef>
+#include <memory_resource>
 #include <string>
 
 #include "runtime/number_text.h"
@@ -10,7 +13,10 @@
 namespace quorkit::runtime {
 
 Double Val(StringView text) {
-    std::string packed;
+    // Numbers are short: with this no version and no amount needs memory from the heap.
+    std::array<std::byte, 256> buffer;
+    std::pmr::monotonic_buffer_resource memory(buffer.data(), buffer.size());
+    std::pmr::string packed(&memory);
     for (const char16_t unit : text) {
         if (unit == u' ' || unit == u'\t' || unit == u'\n') continue;
         if (StringView(u"0123456789+-.&abcdefhoABCDEFHO").find(unit) == StringView::npos) break;

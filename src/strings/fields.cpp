@@ -1,6 +1,8 @@
 // Field names in texts, field names with line numbers, and command-line parameters.
 #include <quorkit/GQuorStrings.h>
 
+#include <utility>
+
 #include "runtime/letter_case.h"
 #include "runtime/search.h"
 #include "strings/positions.h"
@@ -42,8 +44,9 @@ CollectionRef GQuorStrings::ReadAllVarFields(
 void GQuorStrings::SplitDOSCMDParam(const String& Param, String& cmd, String& arg) {
     require16BitPositions(Param);
     const std::size_t equals = Param.find(u'=');
-    cmd = Param.substr(0, equals);
+    String command = Param.substr(0, equals);  // the results may be the very text that is split
     if (equals != String::npos) arg = Param.substr(equals + 1);
+    cmd = std::move(command);
 }
 
 String GQuorStrings::getFieldNameWithoutLineNumber(const String& s,

@@ -46,16 +46,18 @@ class Unread {
 /// `s` with what stands between the two marks replaced by its value, in the values too.
 template <class ValueOf>
 String expanded(const String& s, char16_t opening, char16_t closing, ValueOf valueOf) {
-    constexpr int mostInOneValue = 1000;
-    int inValue = 0;
+    constexpr std::size_t most = 1'000'000;
+    std::size_t nested = 0;  // characters put in for placeholders that a value has brought in
     String done;
     Unread unread(s);
     while (unread.moveUpTo(opening, done)) {
-        inValue = unread.isInValue() ? inValue + 1 : 0;
-        if (inValue > mostInOneValue) raise(ErrorNumber::OutOfStackSpace);
+        const bool inValue = unread.isInValue();
         String name;
         if (!unread.moveUpTo(closing, name)) return done + opening + name;
-        unread.putInFront(valueOf(name));
+        String value = valueOf(name);
+        nested = inValue ? nested + value.size() : 0;
+        if (nested > most) raise(ErrorNumber::OutOfStackSpace);
+        unread.putInFront(std::move(value));
     }
     return done;
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "frame/error_patterns.h"
 #include "runtime/convert.h"
@@ -48,7 +49,7 @@ Version split(const String& text) {
         Pieces pieces(text);
         for (Long& component : version.components) {
             const auto number = runtime::numberIn(pieces.next());
-            if (number)
+            if (number && std::isfinite(*number))
                 component = runtime::roundToLong(*number);
             else
                 result = -1;

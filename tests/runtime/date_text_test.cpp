@@ -20,11 +20,27 @@ Double daysIn(const char16_t* text) {
 }
 
 TEST(DateIn, ReadsADayInManyForms) {
-    for (const char16_t* text :
-         {u"2024-01-03", u"2024-1-3", u"2024/1/3", u"2024.1.3", u"3.1.2024", u"03. 01. 24",
-          u"3. Januar 2024", u"3 Jan 2024", u"3. Jan. 2024", u"3-Jan-24", u"3jan2024",
-          u"January 3, 2024", u"Jan-3-24", u"janv. 3 2024", u"3 GENNAIO 2024", u"Mo 3.1.2024",
-          u"Mittwoch, 3. Januar 2024", u"mer. 3 janvier 2024", u"mar 3 gennaio 2024"})
+    for (const char16_t* text : {u"2024-01-03",
+                                 u"2024-1-3",
+                                 u"2024/1/3",
+                                 u"2024.1.3",
+                                 u"3.1.2024",
+                                 u"03. 01. 24",
+                                 u"3. Januar 2024",
+                                 u"3.\u00A0J\u00E4nner 2024",
+                                 u"Sonnabend, 3. Jan 2024",
+                                 u"3 Jan 2024",
+                                 u"3. Jan. 2024",
+                                 u"3-Jan-24",
+                                 u"3jan2024",
+                                 u"January 3, 2024",
+                                 u"Jan-3-24",
+                                 u"janv. 3 2024",
+                                 u"3 GENNAIO 2024",
+                                 u"Mo 3.1.2024",
+                                 u"Mittwoch, 3. Januar 2024",
+                                 u"mer. 3 janvier 2024",
+                                 u"mar 3 gennaio 2024"})
         EXPECT_EQ(daysIn(text), 45294) << testing::PrintToString(text);
     const struct {
         const char16_t* text;

@@ -25,6 +25,7 @@ TEST(Val, ReadsTheNumberInFront) {
         {u"2 d - 1", 0.2},
         {u"1D2", 100},
         {u"1e-400", 0},
+        {u".001e-9223372036854775808", 0},
         {u"&H1Fz", 31},
         {u"&hffff", -1},
         {u"&H8000", -32768},
@@ -48,8 +49,8 @@ TEST(Val, ReadsTheNumberInFront) {
 }
 
 TEST(Val, OverflowsBeyondItsTypes) {
-    for (const char16_t* text :
-         {u"&H100000000", u"&O40000000000", u"1e309", u"-1e99999999999999999"})
+    for (const char16_t* text : {u"&H100000000", u"&O40000000000", u"1e309",
+                                 u"-1e99999999999999999", u"10e9223372036854775807"})
         EXPECT_THROW(Val(text), AutomationError);
 }
 

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <quorkit/GQuorTools.h>
 #include <quorkit/collection.h>
 
 #include "support/late.h"
@@ -28,6 +29,22 @@ TEST(Tools, IsHex) {
         EXPECT_EQ(tools(u"isHex", {hex}), true);
     for (const char16_t* other : {u"&H1F", u"0x1F", u"1G", u" 1", u"g", u"/", u":", u"@", u"`"})
         EXPECT_EQ(tools(u"isHex", {other}), false);
+}
+
+// What passes by reference and never changes takes what a parameter by value does.
+TEST(Tools, TakeLiterals) {
+    EXPECT_TRUE(GQuorTools().isHex(u"1F"));
+    EXPECT_EQ(GQuorTools().IndexOfElementInCollection(5.0, nullptr), -1);
+}
+
+// An object may call itself anything.
+TEST(Tools, IndexOfElementInCollectionTakesOnlyCollections) {
+    struct Stranger final : Object {
+        const char* className() const override { return "Collection"; }
+    };
+    EXPECT_EQ(Late(u"GQuorTools")
+                  .errorOf(u"IndexOfElementInCollection", {u"x", std::make_shared<Stranger>()}),
+              13);
 }
 
 }  // namespace

@@ -38,6 +38,12 @@ class System {
     /// one that is spelled so but for letter case. False when there is none, as always for an empty
     /// name and for one that holds "=" or U+0000; `value` is then left as it is.
     virtual bool GetEnvironmentVariableA(const String& name, String& value) = 0;
+
+   protected:
+    /// Whether an environment variable can have this name.
+    static bool isVariableName(const String& name) {
+        return !name.empty() && name.find_first_of(StringView(u"=\0", 2)) == String::npos;
+    }
 };
 
 }  // namespace quorkit
