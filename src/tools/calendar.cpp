@@ -28,8 +28,8 @@ constexpr const char16_t* kFullNames[kLanguages][8] = {
 String GQuorTools::WochentagString(Unchanged<Date> D, Optional<Boolean, false> bFullName,
                                    Optional<eLanguage, eLanguage_German> iLanguage) {
     const int day = runtime::Weekday(D);
+    if (*iLanguage < eLanguage_German || *iLanguage > eLanguage_English) return {};
     const int language = *iLanguage - eLanguage_German;
-    if (language < 0 || language >= kLanguages) return {};
     return *bFullName ? kFullNames[language][day] : kShortNames[language][day - 1];
 }
 
