@@ -1,5 +1,7 @@
 #include <quorkit/GQuorTools.h>
 
+#include <compare>
+
 #include "runtime/compare.h"
 
 namespace quorkit {
@@ -9,7 +11,7 @@ Long GQuorTools::IndexOfElementInCollection(Unchanged<Variant> vElement,
     constexpr Long absent = -1;
     if (*c == nullptr) return absent;
     for (Long position = 1; position <= (*c)->count(); ++position)
-        if (runtime::compare((*c)->item(position), vElement) == 0) return position;
+        if (std::is_eq(runtime::compare((*c)->item(position), vElement))) return position;
     return absent;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <compare>
 #include <functional>
 
 #include "frame/error_patterns.h"
@@ -12,9 +13,6 @@
 
 namespace quorkit {
 namespace {
-
-template <class T>
-constexpr bool kIsNumber = std::is_arithmetic_v<T> || std::is_same_v<T, Date>;
 
 bool isEmptyOrText(const Variant& value) {
     return value.is<Empty>() || value.is<String>();
@@ -56,7 +54,7 @@ struct Mixed {
                           : std::partial_ordering(a.key.capitals <=> b.key.capitals);
         // A range with Null never ends, since Null stands neither before nor behind nor beside it.
         if (order == std::partial_ordering::unordered) raise(ErrorNumber::InvalidUseOfNull);
-        return up ? order < 0 : order > 0;
+        return up ? std::is_lt(order) : std::is_gt(order);
     }
 };
 
@@ -111,9 +109,11 @@ class Sort {
         std::ranges::sort(numbers);
         if (!up_) std::ranges::reverse(numbers);
         const auto write = [&]<class T>(const T&) {
-            if constexpr (kIsNumber<T>)
-                for (std::size_t i = 0; i < numbers.size(); ++i)
-                    range_[i].template get<T>() = T(numbers[i]);
+            for (std::size_t i = 0; i < numbers.size(); ++i)
+                if constexpr (std::is_same_v<T, Date>)
+                    range_[i].template get<T>() = {numbers[i]};
+                else if constexpr (std::is_arithmetic_v<T>)
+                    range_[i].template get<T>() = static_cast<T>(numbers[i]);
         };
         std::visit(write, static_cast<const VariantValue&>(range_[0]));
         return true;
