@@ -29,10 +29,10 @@ Date GQuorTools::DateAddEx(Unchanged<Date> RefDate, Unchanged<String> sOptionStr
     resumeNext([&] {
         String options = runtime::toLower(*sOptionString);
         const CollectionRef amounts = GQuorStrings(ports_).ParseString(options);
-        for (const auto& [key, interval] : kUnits)
+        for (const Unit& unit : kUnits)
             resumeNext([&] {
-                const Double amount = runtime::CDbl(amounts->item(key));
-                date = runtime::DateAdd(interval, sign * amount, date);
+                const Double amount = runtime::CDbl(amounts->item(unit.key));
+                date = runtime::DateAdd(unit.interval, sign * amount, date);
             });
     });
     return date;
