@@ -2,10 +2,10 @@
 #include "native/system.h"
 
 #include <sys/time.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <ctime>
 #include <string>
 #include <string_view>
 

@@ -53,7 +53,7 @@ String expanded(const String& s, char16_t opening, char16_t closing, ValueOf val
     while (unread.moveUpTo(opening, done)) {
         const bool inValue = unread.isInValue();
         String name;
-        if (!unread.moveUpTo(closing, name)) return done + opening + name;
+        if (!unread.moveUpTo(closing, name)) return done.append(1, opening).append(name);
         String value = valueOf(name);
         nested = inValue ? nested + value.size() : 0;
         if (nested > most) raise(ErrorNumber::OutOfStackSpace);
