@@ -1,3 +1,4 @@
+// Token lists, arrays and collections.
 #include <gtest/gtest.h>
 #include <quorkit/collection.h>
 
@@ -6,50 +7,80 @@
 namespace quorkit::test {
 namespace {
 
-using Values = std::vector<Variant>;
+using Texts = std::vector<String>;
 
-Values itemsOf(const Variant& collection) {
-    Values items;
-    const auto c = std::dynamic_pointer_cast<Collection>(collection.get<ObjectRef>());
-    for (Long position = 1; position <= c->count(); ++position) items.push_back(c->item(position));
-    return items;
+CollectionRef collectionOf(const std::vector<Variant>& items) {
+    auto c = std::make_shared<Collection>();
+    for (const Variant& item : items) c->add(item);
+    return c;
 }
 
-TEST(Lists, ArrayToCollectionAndBack) {
-    const struct {
-        Variant array;
-        Values items;
-    } cases[] = {
+// Where delimiters could overlap at the end, the array loses the rest: the end of the text is
+// compared on its own, while the collection goes by the position.
+TEST(Lists, TextsAreSplit) {
+    const Array<String> old({5, 3}, {1, 2});
+    const auto array = [](Texts texts) {
+        return std::vector<Variant>{static_cast<Long>(texts.size()), Array<String>(texts)};
+    };
+    Late convert(u"GQuorConvert");
+    convert.expect(
+        u"StringTokenToStringArray",
+        {Row({u"a", u",", old}, array({u"a"})),
+         Row({u"a,,b,", u",", old}, array({u"a", u"", u"b"})),
+         Row({u",a", u",", old}, array({u"", u"a"})), Row({u",", u",", old}, array({u""})),
+         Row({u"a,b,,", u",", old}, array({u"a", u"b", u""})),
+         Row({u"a\r\nb\rc\r\n", u"\r\n", old}, array({u"a", u"b\rc"})),
+         Row({u"aXbxc", u"x", old}, array({u"aXb", u"c"})),
+         Row({u"a,b", u"", old}, array({u"a,b"})), Row({u"", u",", old}, array({u""})),
+         Row({u"aaa", u"aa", old}, array({u""}))});
+    const ObjectRef nothing;
+    convert.expect(
+        u"StringTokenToStringCollection",
+        {Row({u"a", u",", false, nothing}, {1, u":a|"}),
+         Row({u"a,,b,", u",", false, nothing}, {3, u":a|:|:b|"}),
+         Row({u",", u",", false, nothing}, {1, u":|"}),
+         Row({u"a,b,,", u",", false, nothing}, {3, u":a|:b|:|"}),
+         Row({u"a\r\nb\rc\r\n", u"\r\n", false, nothing}, {2, u":a|:b\rc|"}),
+         Row({u"aXb ", u"x", false, nothing}, {1, u":aXb |"}),
+         Row({u"a,b", u"", false, nothing}, {1, u":a,b|"}),
+         Row({u"", u",", false, nothing}, {0, nothing}),
+         Row({u"aaa", u"aa", false, nothing}, {2, u":|:a|"}),
+         Row({u" a ; ;\tb;", u";", true, collectionOf({u"old"})}, {4, u":old|:a|:|:\tb|"})});
+}
+
+TEST(Lists, CollectionsAreJoined) {
+    Late convert(u"GQuorConvert");
+    convert.expect(
+        u"CollectionToStringToken",
+        {Row({collectionOf({u"", true, -5, 1.5, Empty{}, u"c"}), u";"}, u";True;-5;1.5;;c"),
+         Row({collectionOf({}), u";"}, u""), Row({ObjectRef(), u";"}, Error{91}),
+         Row({collectionOf({Array<Byte>()}), u";"}, Error{13}),
+         Row({u"no collection", u";"}, Error{13})});
+}
+
+TEST(Lists, ArraysBecomeCollectionsAndBack) {
+    using Values = std::vector<Variant>;
+    Array<Variant> table({1, 2}, {1, 3});
+    table.elements() = {u"One", 1, u"", 2, 3, u"three"};
+    const std::pair<Variant, Values> cases[] = {
         {Array<String>({u"b", u"a"}, 5), {u"b", u"a"}},
-        {Array<Variant>({Long{1}, Null{}, u"x"}), {Long{1}, Null{}, u"x"}},
+        {Array<Variant>({1, Null{}, u"x"}), {1, Null{}, u"x"}},
         {Array<Byte>(std::vector<Byte>{0, 255}), {Integer{0}, Integer{255}}},
         {Array<String>(), {}},
         {Array<String>(Bounds{0, 0}), {}},
+        {table, {1, 2, u"three"}},
     };
     Late convert(u"GQuorConvert");
-    for (const auto& [array, items] : cases) {
-        const Variant c = convert(u"ArrayToCollection", {array});
-        EXPECT_EQ(itemsOf(c), items);
-        EXPECT_EQ(convert(u"CollectionToArray", {c}), Variant(Array<Variant>(items)));
-    }
-    EXPECT_EQ(convert.errorOf(u"ArrayToCollection", {u"text"}), 13);
-    EXPECT_EQ(convert.errorOf(u"CollectionToArray", {ObjectRef()}), 91);
-}
-
-TEST(Lists, AKeyValueTableGivesItsValuesUnderTheirKeys) {
-    Late convert(u"GQuorConvert");
-    Array<Variant> table({1, 2}, {1, 3});
-    table.elements() = {u"One", Long{1}, u"", Long{2}, Long{3}, u"three"};
-    const auto c = std::dynamic_pointer_cast<Collection>(
-        convert(u"ArrayToCollection", {table}).get<ObjectRef>());
-    ASSERT_EQ(c->count(), 3);
-    EXPECT_EQ(c->item(u"one"), Variant(Long{1}));
-    EXPECT_EQ(c->item(2), Variant(Long{2}));
-    EXPECT_EQ(c->item(u"3"), Variant(u"three"));
-
+    for (const auto& [array, items] : cases)
+        EXPECT_EQ(convert(u"CollectionToArray", {convert(u"ArrayToCollection", {array})}),
+                  Variant(Array<Variant>(items)));
+    Array<String> texts({1, 2}, {1, 2});
+    texts.elements() = {u"One", u"1", u"", u"2"};
     table.at(1, 3) = u"ONE";
-    EXPECT_EQ(convert.errorOf(u"ArrayToCollection", {table}), 457);
-    EXPECT_EQ(convert.errorOf(u"ArrayToCollection", {Array<String>({0, 3}, {0, 1})}), 13);
+    convert.expect(u"ArrayToCollection",
+                   {Row({texts}, u"One:1|:2|"), Row({table}, Error{457}),
+                    Row({Array<String>({0, 3}, {0, 1})}, Error{13}), Row({u"text"}, Error{13})});
+    EXPECT_EQ(convert.errorOf(u"CollectionToArray", {ObjectRef()}), 91);
 }
 
 }  // namespace

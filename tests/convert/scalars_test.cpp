@@ -1,171 +1,88 @@
-// Members with one value in and one out: each a table of values and results.
+// Members with one value in and one out.
 #include <gtest/gtest.h>
-
-#include <limits>
 
 #include "support/late.h"
 
 namespace quorkit::test {
 namespace {
 
-constexpr Long kMin = std::numeric_limits<Long>::min();
-constexpr Long kMax = std::numeric_limits<Long>::max();
-
-struct Case {
-    std::vector<Variant> arguments;
-    Variant result;
-};
-
-void expect(const char16_t* member, const std::vector<Case>& cases) {
+TEST(Scalars, Booleans) {
     Late convert(u"GQuorConvert");
-    for (std::size_t i = 0; i < cases.size(); ++i)
-        EXPECT_EQ(convert(member, cases[i].arguments), cases[i].result) << "case " << i;
+    convert.expect(u"BoolToInt", {Row({true}, Integer{1}), Row({false}, Integer{0})});
+    convert.expect(u"IntToBool", {Row({0}, false), Row({-1}, true), Row({2}, true)});
+    convert.expect(u"cBoolEx",
+                   {Row({true}, true), Row({-3}, true), Row({0.5}, true), Row({u" Yes "}, true),
+                    Row({u"WAHR"}, true), Row({u"S\u00CC"}, true), Row({u"x"}, true),
+                    Row({u"-1"}, true), Row({u"0.1"}, true), Row({u"on"}, true)});
+    convert.expect(u"cBoolEx",
+                   {Row({Empty{}}, false), Row({Null{}}, false), Row({false}, false),
+                    Row({0.0}, false), Row({u""}, false), Row({u"no"}, false), Row({u"0"}, false),
+                    Row({u"yes!"}, false), Row({Array<String>({u"yes"})}, false),
+                    Row({ObjectRef()}, false), Row({ErrorValue{1}}, false), Row({Date{1}}, false)});
 }
 
-void expectError(const char16_t* member, Long number,
-                 const std::vector<std::vector<Variant>>& cases) {
+TEST(Scalars, Colours) {
     Late convert(u"GQuorConvert");
-    for (std::size_t i = 0; i < cases.size(); ++i)
-        EXPECT_EQ(convert.errorOf(member, cases[i]), number) << "case " << i;
+    convert.expect(
+        u"RGBString_to_RGBColor",
+        {Row({u"1,2,3"}, 0x030201), Row({u" 255 ; 0;0 "}, 0xFF), Row({u"1 2  3"}, 0x030201),
+         Row({u"rgb (0, 0,255)"}, 0xFF0000), Row({u"RGB( 1,2,3 )"}, 0x030201),
+         Row({u"256,99999999999,007"}, 0x07FFFF), Row({u"#0a0B0C"}, 0x0C0B0A)});
+    for (const char16_t* none :
+         {u"", u"1,2", u"1,2,3,4", u"1,2,", u"1,,2,3", u"-1,2,3", u"red", u"#12345", u"#1234567",
+          u"#12345G", u"#-12345", u"RGB(1,2,3", u"1,2,3)", u"RGB 1,2,3", u"RGB", u"1.5,2,3"})
+        convert.expect(u"RGBString_to_RGBColor", {Row({none}, Error{5})});
 }
 
-TEST(Convert, HexToDec) {
-    expect(u"HexToDec", {{{u"0x1F"}, Long{31}},
-                         {{u"&H1f"}, Long{31}},
-                         {{u"1F"}, Long{31}},
-                         {{u"zz"}, Long{0}},
-                         {{u""}, Long{0}},
-                         {{u"0x"}, Long{0}},
-                         {{u"FFFF"}, Long{-1}},
-                         {{u"0X8000"}, Long{-32768}},
-                         {{u"0000FFFF"}, Long{65535}},
-                         {{u"FFFFFFFF"}, Long{-1}},
-                         {{u"0x0x1"}, Long{0}}});
-    expectError(u"HexToDec", 6, {{u"100000000"}, {u"0xFFFFFFFFFFFFFFFFFFFF"}});
+TEST(Scalars, NumberBases) {
+    Late convert(u"GQuorConvert");
+    convert.expect(u"HexToDec",
+                   {Row({u"0x1F"}, 31), Row({u"&H1f"}, 31), Row({u"1F"}, 31), Row({u"zz"}, 0),
+                    Row({u""}, 0), Row({u"0x"}, 0), Row({u"FFFF"}, -1), Row({u"0X8000"}, -32768),
+                    Row({u"0000FFFF"}, 65535), Row({u"FFFFFFFF"}, -1), Row({u"0x0x1"}, 0),
+                    Row({u"100000000"}, Error{6}), Row({u"0xFFFFFFFFFFFFFFFFFFFF"}, Error{6})});
+    convert.expect(u"ConvertDezToAny",
+                   {Row({255, 16}, u"FF"), Row({-5, 2, 6}, u"-000101"), Row({35, 36, 1}, u"Z"),
+                    Row({0, 10, -3}, u"0"), Row({INT32_MIN, 2}, u"-1" + String(31, u'0')),
+                    Row({1, 1}, Error{5}), Row({1, 37}, Error{5}), Row({1, -16}, Error{5})});
+    convert.expect(
+        u"ConvertAnyToDez",
+        {Row({u"ff", 16}, 255), Row({u" -1010 ", 2}, -10), Row({u"+Zz", 36}, 1295),
+         Row({u"-80000000", 16}, INT32_MIN), Row({u"2147483647", 10}, INT32_MAX),
+         Row({u"1", 0}, Error{5}), Row({u"1", 37}, Error{5}), Row({u"", 10}, Error{13}),
+         Row({u"-", 10}, Error{13}), Row({u"12", 2}, Error{13}), Row({u"1 1", 2}, Error{13}),
+         Row({u"1.5", 10}, Error{13}), Row({u"--1", 10}, Error{13}),
+         Row({u"99999999999999999999999x", 10}, Error{13}), Row({u"2147483648", 10}, Error{6}),
+         Row({u"-2147483649", 10}, Error{6}), Row({String(100, u'Z'), 36}, Error{6})});
 }
 
-TEST(Convert, Booleans) {
-    expect(u"BoolToInt", {{{true}, Integer{1}}, {{false}, Integer{0}}, {{Long{7}}, Integer{1}}});
-    expect(u"IntToBool", {{{Integer{0}}, false}, {{Integer{-1}}, true}, {{Integer{2}}, true}});
-    for (const Variant& yes :
-         {Variant(true), Variant(Long{-3}), Variant(0.5), Variant(u" Yes "), Variant(u"WAHR"),
-          Variant(u"S\u00CC"), Variant(u"x"), Variant(u"-1"), Variant(u"0.1"), Variant(u"on")})
-        expect(u"cBoolEx", {{{yes}, true}});
-    for (const Variant& no :
-         {Variant(), Variant(Null{}), Variant(false), Variant(0.0), Variant(u""), Variant(u"no"),
-          Variant(u"0"), Variant(u"yes!"), Variant(Array<String>({u"yes"})), Variant(ObjectRef()),
-          Variant(ErrorValue{1}), Variant(Date{1})})
-        expect(u"cBoolEx", {{{no}, false}});
+TEST(Scalars, ScreenUnits) {
+    Late convert(u"GQuorConvert");
+    convert.expect(
+        {u"TwipsToPixelsX", u"TwipsToPixelsY"},
+        {Row({150}, 10), Row({7}, 0), Row({8}, 1), Row({-8}, -1), Row({INT32_MIN}, -143165577)});
+    convert.expect({u"PixelsToTwipsX", u"PixelsToTwipsY"},
+                   {Row({10}, 150), Row({-143165576}, -2147483640), Row({143165577}, Error{6}),
+                    Row({INT32_MIN}, Error{6})});
 }
 
-TEST(Convert, Colours) {
-    expect(u"RGBString_to_RGBColor", {{{u"1,2,3"}, Long{0x030201}},
-                                      {{u" 255 ; 0;0 "}, Long{0xFF}},
-                                      {{u"1 2  3"}, Long{0x030201}},
-                                      {{u"rgb (0, 0,255)"}, Long{0xFF0000}},
-                                      {{u"RGB( 1,2,3 )"}, Long{0x030201}},
-                                      {{u"256,99999999999,007"}, Long{0x07FFFF}},
-                                      {{u"#0a0B0C"}, Long{0x0C0B0A}}});
-    expectError(u"RGBString_to_RGBColor", 5,
-                {{u""},
-                 {u"1,2"},
-                 {u"1,2,3,4"},
-                 {u"1,2,"},
-                 {u"1,,2,3"},
-                 {u"-1,2,3"},
-                 {u"red"},
-                 {u"#12345"},
-                 {u"#1234567"},
-                 {u"#12345G"},
-                 {u"#-12345"},
-                 {u"RGB(1,2,3"},
-                 {u"1,2,3)"},
-                 {u"RGB 1,2,3"},
-                 {u"RGB"},
-                 {u"1.5,2,3"}});
-}
-
-TEST(Convert, NumberBases) {
-    const auto integer = [](int value) { return static_cast<Integer>(value); };
-    expect(u"ConvertDezToAny", {{{Long{255}, integer(16)}, u"FF"},
-                                {{Long{-5}, integer(2), integer(6)}, u"-000101"},
-                                {{Long{35}, integer(36), integer(1)}, u"Z"},
-                                {{Long{0}, integer(10), integer(-3)}, u"0"},
-                                {{kMin, integer(2)}, u"-1" + String(31, u'0')}});
-    expectError(u"ConvertDezToAny", 5,
-                {{Long{1}, integer(1)}, {Long{1}, integer(37)}, {Long{1}, integer(-16)}});
-
-    expect(u"ConvertAnyToDez", {{{u"ff", integer(16)}, Long{255}},
-                                {{u" -1010 ", integer(2)}, Long{-10}},
-                                {{u"+Zz", integer(36)}, Long{1295}},
-                                {{u"-80000000", integer(16)}, kMin},
-                                {{u"2147483647", integer(10)}, kMax}});
-    expectError(u"ConvertAnyToDez", 5, {{u"1", integer(0)}, {u"1", integer(37)}});
-    expectError(u"ConvertAnyToDez", 13,
-                {{u"", integer(10)},
-                 {u"-", integer(10)},
-                 {u"12", integer(2)},
-                 {u"1 1", integer(2)},
-                 {u"1.5", integer(10)},
-                 {u"--1", integer(10)},
-                 {u"99999999999999999999999x", integer(10)}});
-    expectError(u"ConvertAnyToDez", 6,
-                {{u"2147483648", integer(10)},
-                 {u"-2147483649", integer(10)},
-                 {String(100, u'Z'), integer(36)}});
-}
-
-TEST(Convert, ScreenUnits) {
-    for (const char16_t* member : {u"TwipsToPixelsX", u"TwipsToPixelsY"})
-        expect(member, {{{Long{150}}, Long{10}},
-                        {{Long{7}}, Long{0}},
-                        {{Long{8}}, Long{1}},
-                        {{Long{-8}}, Long{-1}},
-                        {{kMin}, Long{-143165577}}});
-    for (const char16_t* member : {u"PixelsToTwipsX", u"PixelsToTwipsY"}) {
-        expect(member, {{{Long{10}}, Long{150}}, {{Long{-143165576}}, Long{-2147483640}}});
-        expectError(member, 6, {{Long{143165577}}, {kMin}});
-    }
-}
-
-TEST(Convert, MyVal) {
-    expect(u"myVal", {
-                         {{u"1'234.50"}, 1234.5},
-                         {{u"1\u2019234\u2019567"}, 1234567.0},
-                         {{u"1 234,50"}, 1234.5},
-                         {{u"12\u00A0345"}, 12345.0},
-                         {{u"1.234,50"}, 1234.5},
-                         {{u"1,234.50"}, 1234.5},
-                         {{u"1,234,567"}, 1234567.0},
-                         {{u"1.234.567"}, 1234567.0},
-                         {{u"1.234"}, 1.234},
-                         {{u"CHF -12.50"}, -12.5},
-                         {{u"CHF 5.-"}, 5.0},
-                         {{u"5.- "}, 5.0},
-                         {{u"Fr.5"}, 5.0},
-                         {{u"-,5 m"}, -0.5},
-                         {{u"\u2212 7"}, -7.0},
-                         {{u"12,5 %"}, 12.5},
-                         {{u"1e3"}, 1000.0},
-                         {{u"x 2E-1 y"}, 0.2},
-                         {{u"12EUR"}, 12.0},
-                         {{u"&H1F"}, 31.0},
-                         {{u"3 4"}, 3.0},
-                         {{u"3 4000"}, 3.0},
-                         {{u"12.50 200"}, 12.5},
-                         {{u"2 x 3"}, 2.0},
-                         {{u"1,2.3.4"}, 1234.0},
-                         {{u""}, 0.0},
-                         {{u"none"}, 0.0},
-                         {{u"1e999"}, 0.0},
-                         {{u"x 1e999"}, 0.0},
-                         {{Variant()}, 0.0},
-                         {{Null{}}, 0.0},
-                         {{Array<Byte>()}, 0.0},
-                         {{ObjectRef()}, 0.0},
-                         {{true}, -1.0},
-                         {{Long{5}}, 5.0},
-                     });
+TEST(Scalars, NumbersAsPeopleWriteThem) {
+    Late convert(u"GQuorConvert");
+    convert.expect(
+        u"myVal",
+        {Row({u"1'234.50"}, 1234.5), Row({u"1\u2019234\u2019567"}, 1234567.0),
+         Row({u"1 234,50"}, 1234.5), Row({u"12\u00A0345"}, 12345.0), Row({u"1.234,50"}, 1234.5),
+         Row({u"1,234.50"}, 1234.5), Row({u"1,234,567"}, 1234567.0), Row({u"1.234.567"}, 1234567.0),
+         Row({u"1.234"}, 1.234), Row({u"CHF -12.50"}, -12.5), Row({u"CHF 5.-"}, 5.0),
+         Row({u"5.- "}, 5.0), Row({u"Fr.5"}, 5.0), Row({u"-,5 m"}, -0.5), Row({u"\u2212 7"}, -7.0),
+         Row({u"12,5 %"}, 12.5)});
+    convert.expect(
+        u"myVal",
+        {Row({u"1e3"}, 1000.0), Row({u"x 2E-1 y"}, 0.2), Row({u"12EUR"}, 12.0),
+         Row({u"&H1F"}, 31.0), Row({u"3 4"}, 3.0), Row({u"3 4000"}, 3.0), Row({u"12.50 200"}, 12.5),
+         Row({u"2 x 3"}, 2.0), Row({u"1,2.3.4"}, 1234.0), Row({u""}, 0.0), Row({u"none"}, 0.0),
+         Row({u"1e999"}, 0.0), Row({u"x 1e999"}, 0.0), Row({Empty{}}, 0.0), Row({Null{}}, 0.0),
+         Row({Array<Byte>()}, 0.0), Row({ObjectRef()}, 0.0), Row({true}, -1.0), Row({5}, 5.0)});
 }
 
 }  // namespace

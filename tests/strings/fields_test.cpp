@@ -1,95 +1,98 @@
+// Assignments, fields, parameters and field names.
 #include <gtest/gtest.h>
 #include <quorkit/enumerations.h>
 
-#include "support/collections.h"
 #include "support/late.h"
 
 namespace quorkit::test {
 namespace {
 
-TEST(ReadAllVarFields, ListsTheNames) {
-    const struct {
-        std::vector<Variant> arguments;
-        const char16_t* names;
-    } cases[] = {
-        {{u"Dear @#Name#@, @#City#@"}, u":Name|:City|"},
-        {{u"@#Name#@ text"}, u""},  // the search starts behind it
-        {{u" @#Name#@"}, u""},
-        {{u"  @#Name#@"}, u":Name|"},
-        {{u"x @#A#@@#A#@"}, u":A|:A|"},
-        {{u"x @##@@#B#@"}, u":B|"},
-        {{u"x @#a@#b#@"}, u":a@#b|"},
-        {{u"x @#open"}, u""},
-        {{u"x @#A#@ @#open"}, u":A|"},
-        {{u""}, u""},
-        {{u"....<Ab>c<de>", u"<", u">"}, u":Ab|:de|"},
-        {{u"-----begIn X eNd-", u"BEGIN", u"end"}, u": X |"},
-        {{u"x @#A#@", u"", u"#@"}, u""},
-        {{u"x @#A#@", u"@#", u""}, u""},
-    };
+TEST(ParseString, ReadsAssignments) {
+    const String longest = u"a=" + String(32765, u'x');
     Late strings(u"GQuorStrings");
-    for (const auto& [arguments, names] : cases)
-        EXPECT_EQ(flat(strings(u"ReadAllVarFields", arguments)), names);
-
-    String text = u"--";
-    for (int i = 0; i < 100'000; ++i) text += u"@#field#@";
-    const auto fields = strings(u"ReadAllVarFields", {text}).get<ObjectRef>();
-    EXPECT_EQ(std::dynamic_pointer_cast<Collection>(fields)->count(), 100'000);
+    // A longer delimiter matches as a whole and is passed by one character only.
+    strings.expect(u"ParseString",
+                   {Row({u"a=\"\""}, u"a:|"),
+                    Row({u"a=\"\"ignored, b=2"}, u"a:|b:2|"),
+                    Row({u"a=\"\"\"\"b\"\"\""}, u"a:\"b|"),
+                    Row({u"a=1,b=\"open"}, u"a:1|"),
+                    Row({u"a=1,b=\"\"\"open\"\""}, u"a:1|"),
+                    Row({u"just text"}, u""),
+                    Row({u""}, u""),
+                    Row({u"  "}, u""),
+                    Row({u"\tx=\r\n\t1\t"}, u"\tx:1\t|"),
+                    Row({u"=5,=6"}, u":5|:6|"),
+                    Row({u"a=b=c"}, u"a:b=c|"),
+                    Row({u"p, q=1"}, u"p, q:1|"),
+                    Row({u"a=1,"}, u"a:1|"),
+                    Row({u"="}, u":|"),
+                    Row({u"\xD800=\xDC00"}, u"\xD800:\xDC00|"),
+                    Row({u"a=1,b=2", u""}, u""),
+                    Row({u"A=1,a=2"}, Error{457}),
+                    Row({u"\u00C4=1,\u00E4=2"}, Error{457}),
+                    Row({u"a=1, b = \"x, y\" ,c="}, u"a:1|b:x, y|c:|"),
+                    Row({u"a=\" x \" ignored = , b=2"}, u"a: x |b:2|"),
+                    Row({u"a=\"\"\"say \"hi\", \"\"now\"\"\", b=2"}, u"a:say \"hi\", \"\"now|b:2|"),
+                    Row({u"a:'1;2';b:3", u":", u"'", u";"}, u"a:1;2|b:3|"),
+                    Row({u"a==1&&b==2", u"==", u"\"", u"&&"}, u"a:=1|&b:=2|"),
+                    Row({u"a=\"1\",b=2", u"=", u""}, u"a:\"1\"|b:2|"),
+                    Row({u"a=1,b=2", u"=", u"\"", u""}, u"a:1,b=2|"),
+                    Row({String(u"a\0b=c\0d", 7)}, String(u"a\0b:c\0d|", 8)),
+                    Row({u"  " + longest + u" "}, u"a:" + longest.substr(2) + u"|"),
+                    Row({longest + u"x"}, Error{6})});
+    // The first step trims the caller's own text.
+    EXPECT_EQ(strings.call(u"ParseString", {u"  x=1  "}).arguments[0], Variant(u"x=1"));
 }
 
-TEST(SplitDOSCMDParam, SplitsAtTheFirstEqualsSign) {
-    const struct {
-        const char16_t* parameter;
-        const char16_t* command;
-        const char16_t* argument;
-    } cases[] = {
-        {u"/log=c:\\x=1", u"/log", u"c:\\x=1"},
-        {u"/quiet", u"/quiet", u"as it was"},
-        {u"=x", u"", u"x"},
-        {u"/a=", u"/a", u""},
-        {u"", u"", u"as it was"},
-    };
+TEST(ReadAllVarFields, ListsTheNames) {
     Late strings(u"GQuorStrings");
-    for (const auto& [parameter, command, argument] : cases) {
-        const auto outcome = strings.call(u"SplitDOSCMDParam", {parameter, u"", u"as it was"});
-        EXPECT_EQ(outcome.arguments[1], Variant(command));
-        EXPECT_EQ(outcome.arguments[2], Variant(argument));
+    // The search starts behind as many characters as the trailer has.
+    strings.expect(
+        u"ReadAllVarFields",
+        {Row({u"@#Name#@ text"}, u""), Row({u" @#Name#@"}, u""), Row({u"  @#Name#@"}, u":Name|"),
+         Row({u"x @#A#@@#A#@"}, u":A|:A|"), Row({u"x @##@@#B#@"}, u":B|"),
+         Row({u"x @#a@#b#@"}, u":a@#b|"), Row({u"x @#open"}, u""), Row({u"x @#A#@ @#open"}, u":A|"),
+         Row({u""}, u""), Row({u"x @#A#@", u"", u"#@"}, u""), Row({u"x @#A#@", u"@#", u""}, u""),
+         Row({u"....<Ab>c<de>", u"<", u">"}, u":Ab|:de|"),
+         Row({u"-----begIn X eNd-", u"BEGIN", u"end"}, u": X |")});
+
+    String many = u"--", names;
+    for (int i = 0; i < 100'000; ++i) {
+        many += u"@#field#@";
+        names += u":field|";
     }
+    strings.expect(u"ReadAllVarFields", {Row({many}, names)});
+}
+
+// Positions have 16 bits.
+const String kLongest(32767, u'7');
+const String kTooLong = kLongest + u"=";
+
+TEST(SplitDOSCMDParam, SplitsAtTheFirstEqualsSign) {
+    Late strings(u"GQuorStrings");
+    strings.expect(
+        u"SplitDOSCMDParam",
+        {Row({u"/log=c:\\x=1", u"", u"?"}, {Empty{}, u"/log", u"c:\\x=1"}),
+         Row({u"/quiet", u"", u"?"}, {Empty{}, u"/quiet", u"?"}),
+         Row({u"=x", u"", u"?"}, {Empty{}, u"", u"x"}),
+         Row({u"/a=", u"", u"?"}, {Empty{}, u"/a", u""}),
+         Row({u"", u"?", u"?"}, {Empty{}, u"", u"?"}),
+         Row({kLongest, u"", u""}, {Empty{}, kLongest, u""}), Row({kTooLong, u"", u""}, Error{6})});
 }
 
 TEST(FieldNames, LoseOrShowTheirLineNumber) {
-    const struct {
-        const char16_t* field;
-        Long convert;
-        const char16_t* name;
-        const char16_t* number;
-    } cases[] = {
-        {u"Street12", eConvertChars_toUpper, u"STREET", u"12"},
-        {u"Str\u00E4\u00DFe012", eConvertChars_toUpper, u"STR\u00C4\u00DFE", u"012"},
-        {u"Street1\u00C42", eConvertChars_toLower, u"street1\u00E4", u"2"},
-        {u"Street", eConvertChars_noConvert, u"Street", u""},
-        {u"Street\u0661", 3, u"Street\u0661", u""},
-        {u"007", -1, u"", u"007"},
-        {u"", eConvertChars_toUpper, u"", u""},
-    };
     Late strings(u"GQuorStrings");
-    for (const auto& [field, convert, name, number] : cases) {
-        EXPECT_EQ(strings(u"getFieldNameWithoutLineNumber", {field, convert}), Variant(name));
-        EXPECT_EQ(strings(u"getFieldNameLineNumber", {field}), Variant(number));
-    }
-}
-
-TEST(FieldNames, PositionsHave16Bits) {
-    Late strings(u"GQuorStrings");
-    const String longest(32767, u'7');
-    EXPECT_EQ(strings(u"getFieldNameLineNumber", {longest}), Variant(longest));
-    EXPECT_EQ(strings(u"getFieldNameWithoutLineNumber", {longest, Long{0}}), Variant(u""));
-    EXPECT_EQ(strings.call(u"SplitDOSCMDParam", {longest, u"", u""}).arguments[1],
-              Variant(longest));
-    const String tooLong = longest + u"=";
-    EXPECT_EQ(strings.errorOf(u"getFieldNameLineNumber", {tooLong}), 6);
-    EXPECT_EQ(strings.errorOf(u"getFieldNameWithoutLineNumber", {tooLong, Long{0}}), 6);
-    EXPECT_EQ(strings.errorOf(u"SplitDOSCMDParam", {tooLong, u"", u""}), 6);
+    strings.expect(u"getFieldNameWithoutLineNumber",
+                   {Row({u"Str\u00E4\u00DFe012", eConvertChars_toUpper}, u"STR\u00C4\u00DFE"),
+                    Row({u"Street1\u00C42", eConvertChars_toLower}, u"street1\u00E4"),
+                    Row({u"Street", eConvertChars_noConvert}, u"Street"),
+                    Row({u"Street\u0661", 3}, u"Street\u0661"), Row({u"007", -1}, u""),
+                    Row({u"", eConvertChars_toUpper}, u""), Row({kLongest, 0}, u""),
+                    Row({kTooLong, 0}, Error{6})});
+    strings.expect(u"getFieldNameLineNumber",
+                   {Row({u"Street12"}, u"12"), Row({u"Stre0et012"}, u"012"),
+                    Row({u"Street\u0661"}, u""), Row({u"007"}, u"007"), Row({u""}, u""),
+                    Row({kLongest}, kLongest), Row({kTooLong}, Error{6})});
 }
 
 }  // namespace

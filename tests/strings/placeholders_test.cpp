@@ -12,72 +12,43 @@ TEST(ExpandEnvironmentString, PutsInValues) {
         {u"A", u"first"}, {u"B", u"%A%-%A%"},   {u"Half", u"1%"},        {u"TEMP", u"/tmp"},
         {u"Cut", u"x%A"}, {u"Self", u"%self%"}, {u"Grows", u"%Grows%x"}, {u"P", u"%"},
     };
-    const struct {
-        const char16_t* text;
-        const char16_t* result;
-    } cases[] = {
-        {u"%TEMP%\\x", u"/tmp\\x"},
-        {u"%Temp%", u"/tmp"},
-        {u"50% off", u"50% off"},
-        {u"50% off, 10% more", u"50 more"},
-        {u"%UNDEFINED_NAME%x", u"x"},
-        {u"%A%%B%", u"firstfirst-first"},
-        {u"%A%%", u"first%"},
-        {u"%%%A%", u"first"},
-        {u"%Half%A%", u"1first"},  // the "%" of the value pairs with the next one
-        {u"%Cut%B", u"x%AB"},
-        {u"%Cut% %", u"x"},
-        {u"%P%A%", u"first"},
-        {u"", u""},
-        {u"%", u"%"},
-    };
+    // The "%" of a value pairs with the next one. Many placeholders are no endless one.
+    String many, expanded;
+    for (int i = 0; i < 50'000; ++i) {
+        many += u"%B%";
+        expanded += u"first-first";
+    }
     Late strings(u"GQuorStrings", world);
-    for (const auto& [text, result] : cases)
-        EXPECT_EQ(strings(u"ExpandEnvironmentString", {text}), Variant(result));
-    for (const char16_t* endless : {u"%Self%", u"a %Grows%"})
-        EXPECT_EQ(strings.errorOf(u"ExpandEnvironmentString", {endless}), 28);
-
-    // Many placeholders are no endless one.
-    String text;
-    for (int i = 0; i < 50'000; ++i) text += u"%B%";
-    EXPECT_EQ(strings(u"ExpandEnvironmentString", {text}).get<String>().size(), 50'000 * 11);
+    strings.expect(
+        u"ExpandEnvironmentString",
+        {Row({u"%Temp%\\x"}, u"/tmp\\x"), Row({u"50% off"}, u"50% off"),
+         Row({u"5% off, 1% on"}, u"5 on"), Row({u"%NONE%x"}, u"x"),
+         Row({u"%A%%B%"}, u"firstfirst-first"), Row({u"%A%%"}, u"first%"),
+         Row({u"%%%A%"}, u"first"), Row({u"%Half%A%"}, u"1first"), Row({u"%Cut%B"}, u"x%AB"),
+         Row({u"%Cut% %"}, u"x"), Row({u"%P%A%"}, u"first"), Row({u"%"}, u"%"),
+         Row({u"%Self%"}, Error{28}), Row({u"a %Grows%"}, Error{28}), Row({many}, expanded)});
 }
 
 TEST(ExpandDateString, PutsInTheLocalTime) {
     MemoryPorts world;
     world.system.localTime = {2024, 3, 5, 7, 8, 9, 999};
     world.system.userLanguage = 1031;
-    const struct {
-        const char16_t* text;
-        const char16_t* result;
-    } cases[] = {
-        {u"log_[yyyymmdd].txt", u"log_20240305.txt"},
-        {u"[dd.mm.yyyy hh:nn:ss]", u"05.03.2024 07:08:09"},
-        {u"[dddd], [d. mmmm]", u"Dienstag, 5. M\u00E4rz"},
-        {u"a[b", u"a[b"},
-        {u"a]b[yy]]", u"a]b24]"},
-        {u"[[yyyy]]", u"2024"},  // the first one gives "[2024", which is a format again
-        {u"[]", u"05.03.2024 07:08:09"},
-        {u"", u""},
-    };
+    // The first "]" of "[[yyyy]]" gives "[2024", which is a format again.
     Late strings(u"GQuorStrings", world);
-    for (const auto& [text, result] : cases)
-        EXPECT_EQ(strings(u"ExpandDateString", {text}), Variant(result));
-    EXPECT_EQ(strings.errorOf(u"ExpandDateString", {String(5000, u'[') + String(5000, u']')}), 28);
+    strings.expect(
+        u"ExpandDateString",
+        {Row({u"log_[yyyymmdd].txt"}, u"log_20240305.txt"),
+         Row({u"[dddd], [d. mmmm]"}, u"Dienstag, 5. M\u00E4rz"), Row({u"[[yyyy]]"}, u"2024"),
+         Row({u"[]"}, u"05.03.2024 07:08:09"), Row({u"a[b"}, u"a[b"), Row({u"a]b[yy]]"}, u"a]b24]"),
+         Row({u""}, u""), Row({String(5000, u'[') + String(5000, u']')}, Error{28})});
 }
 
 TEST(IsValidMailAddress, IsCoarse) {
-    const struct {
-        const char16_t* address;
-        bool valid;
-    } cases[] = {
-        {u"a@b.c", true},    {u"a@b", false}, {u"@b.c", false},   {u"a.b@c", false},
-        {u"a@.", true},      {u"", false},    {u"@a@b.c", false}, {u"a@@.", true},
-        {u"a b@c d.", true}, {u"a.c", false},
-    };
     Late strings(u"GQuorStrings");
-    for (const auto& [address, valid] : cases)
-        EXPECT_EQ(strings(u"isValidMailAddress", {address}), Variant(valid));
+    strings.expect(u"isValidMailAddress",
+                   {Row({u"a@b.c"}, true), Row({u"a@b"}, false), Row({u"@b.c"}, false),
+                    Row({u"a.b@c"}, false), Row({u"a@."}, true), Row({u""}, false),
+                    Row({u"@a@b.c"}, false), Row({u"a b@c d."}, true), Row({u"a.c"}, false)});
 }
 
 }  // namespace

@@ -1,8 +1,13 @@
 #include "support/late.h"
 
+#include <gtest/gtest.h>
+#include <quorkit/collection.h>
+
+#include <algorithm>
 #include <ostream>
 #include <stdexcept>
 
+#include "cli/utf8.h"
 #include "cli/value_json.h"
 #include "support/errors.h"
 
@@ -16,6 +21,20 @@ void PrintTo(const Variant& value, std::ostream* out) {
 }  // namespace quorkit
 
 namespace quorkit::test {
+namespace {
+
+/// A collection as a row expects it; any other value as it is.
+Variant flat(const Variant& value) {
+    const auto* object = value.getIf<ObjectRef>();
+    const auto c = object == nullptr ? nullptr : std::dynamic_pointer_cast<Collection>(*object);
+    if (c == nullptr) return value;
+    String text;
+    for (Long i = 1; i <= c->count(); ++i)
+        text += c->entry(i).key + u":" + c->entry(i).item.get<String>() + u"|";
+    return text;
+}
+
+}  // namespace
 
 std::set<std::string>& calledMembers() {
     static std::set<std::string> members;
@@ -55,6 +74,27 @@ void Late::let(const char16_t* property, Variant value) {
 
 Long Late::errorOf(const char16_t* member, std::vector<Variant> arguments) {
     return test::errorOf([&] { call(member, std::move(arguments)); });
+}
+
+void Late::expect(const std::vector<const char16_t*>& members, const std::vector<Row>& rows) {
+    for (const Row& row : rows) {
+        std::vector<Variant> expected = row.expected;
+        if (expected.size() == 1) expected.resize(members.size(), expected[0]);
+        std::vector<Variant> found;
+        for (const char16_t* member : members) {
+            Outcome outcome;
+            const Long error = test::errorOf([&] { outcome = call(member, row.arguments); });
+            if (error != 0) outcome.result = Error{static_cast<std::uint32_t>(error)};
+            found.push_back(flat(outcome.result));
+            if (members.size() > 1) continue;
+            const auto last = std::min(expected.size() - 1, outcome.arguments.size());
+            for (auto i = outcome.arguments.end() - static_cast<std::ptrdiff_t>(last);
+                 i != outcome.arguments.end(); ++i)
+                found.push_back(flat(*i));
+        }
+        EXPECT_EQ(found, expected)
+            << cli::toUtf8(members[0]) << testing::PrintToString(row.arguments);
+    }
 }
 
 }  // namespace quorkit::test

@@ -25,6 +25,23 @@ struct Outcome {
     std::vector<Variant> arguments;
 };
 
+/// As the expected result of a row: the call must raise this error.
+using Error = ErrorValue;
+
+/// The arguments of a call, and what must come of it. A collection of texts is expected as the text
+/// "key:item|key:item|", an item without a key as ":item|".
+struct Row {
+    /// One result, from all members.
+    Row(std::vector<Variant> of, Variant result) : Row(std::move(of), std::vector{result}) {}
+    /// A result from each of the members. Those of a single member may be followed by the final
+    /// values of its last parameters.
+    Row(std::vector<Variant> of, std::vector<Variant> results)
+        : arguments(std::move(of)), expected(std::move(results)) {}
+
+    std::vector<Variant> arguments;
+    std::vector<Variant> expected;
+};
+
 /// A client with one object of a class, global or created, over the given ports.
 class Late {
    public:
@@ -38,6 +55,11 @@ class Late {
     void let(const char16_t* property, Variant value);
     /// The number of the error that the call raises; 0 when it raises none.
     Long errorOf(const char16_t* member, std::vector<Variant> arguments = {});
+    /// Calls the members with each row's arguments.
+    void expect(const std::vector<const char16_t*>& members, const std::vector<Row>& rows);
+    void expect(const char16_t* member, const std::vector<Row>& rows) {
+        expect(std::vector{member}, rows);
+    }
 
     CatalogueObject& object() { return *object_; }
 
