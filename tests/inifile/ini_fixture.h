@@ -22,6 +22,24 @@ class IniTest : public testing::Test {
     void content(std::string bytes) { world.files.put(kFile, std::move(bytes)); }
     std::string content() const { return world.files.content(kFile).value_or("(no file)"); }
 
+    /// A file, what a member is called with, its result, and the file afterwards.
+    struct Edit {
+        Edit(std::string bytes, std::vector<Variant> with, Variant returned, std::string edited)
+            : before(std::move(bytes)),
+              row(std::move(with), std::move(returned)),
+              after(std::move(edited)) {}
+        std::string before;
+        Row row;
+        std::string after;
+    };
+    void edit(const char16_t* member, const std::vector<Edit>& edits) {
+        for (const Edit& one : edits) {
+            content(one.before);
+            ini.expect(member, {one.row});
+            EXPECT_EQ(content(), one.after) << one.before;
+        }
+    }
+
     Long write(String section, String key, String value) {
         return ini(u"WriteKeyValue", {std::move(section), std::move(key), std::move(value)})
             .get<Long>();
@@ -37,13 +55,6 @@ class IniTest : public testing::Test {
             result.at(lower + 1, lower + i) = entries[static_cast<std::size_t>(i)].second;
         }
         return result;
-    }
-    static Entries entriesOf(const Variant& value) {
-        Entries entries;
-        const auto& array = value.get<Array<String>>();
-        for (Long i = array.lower(2); i <= array.upper(2); ++i)
-            entries.emplace_back(array.at(0, i), array.at(1, i));
-        return entries;
     }
     static Variant names(std::vector<String> list) { return Array<String>(std::move(list)); }
 
