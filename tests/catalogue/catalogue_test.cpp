@@ -11,6 +11,7 @@
 
 #include "frame/conversion.h"
 #include "hosts/command.h"
+#include "support/late.h"
 
 namespace quorkit::test {
 namespace {
@@ -69,14 +70,31 @@ TEST(Catalogue, FinishedClassesHaveAllTheirMembers) {
     EXPECT_EQ(published, 207u);
 }
 
+/// Fails a whole test run that has not called every member.
+class AllMembersCalled : public testing::Environment {
+    void TearDown() override {
+        if (testing::GTEST_FLAG(filter) != "*" || testing::UnitTest::GetInstance()->Failed())
+            return;
+        for (const ClassInfo& info : classes())
+            for (const MemberInfo& member : info.members()) {
+                const char* mark = member.kind == MemberKind::PropertyLet ? "=" : "";
+                const std::string name = std::string(info.name) + "." + member.name + mark;
+                EXPECT_TRUE(calledMembers().contains(name)) << "no test calls " << name;
+            }
+    }
+};
+
+const testing::Environment* const kEnvironment =
+    testing::AddGlobalTestEnvironment(new AllMembersCalled);
+
 /// The interface is frozen: what clients rely on changes only on purpose.
-void expectFrozen(const char* name, const char16_t* option) {
+void expectFrozen(const char* name, const String& option) {
     std::ifstream file(std::string(QUORKIT_SOURCE_DIR "/docs/") + name, std::ios::binary);
     std::ostringstream frozen;
     frozen << file.rdbuf();
-    EXPECT_TRUE(frozen.str() == command({u"describe", option}).output)
+    EXPECT_TRUE(frozen.str() == command(u"describe " + option).output)
         << "The catalogue has changed. Review the difference after\n    quorkit describe "
-        << std::string(option, option + std::u16string_view(option).size()) << " > docs/" << name;
+        << std::string(option.begin(), option.end()) << " > docs/" << name;
 }
 
 TEST(Catalogue, IsAsFrozen) {

@@ -5,72 +5,75 @@
 namespace quorkit::test {
 namespace {
 
+/// What follows "call" on the command line, and what is printed.
 struct Case {
-    std::vector<String> words;
+    Case(String words, std::string printed) : line(u"call " + words), output(std::move(printed)) {}
+    String line;
     std::string output;
 };
 
-TEST(Call, PrintsResultAndChangedArguments) {
-    const Case cases[] = {
-        // Names without regard to case, texts coerced, arguments by name.
-        {{u"GQuorStrings.LPad", u"0", u"7", u"3"}, "007\n"},
-        {{u"gquorstrings.LPAD", u"0", u"--arg", u"MAXLEN=3", u"--arg", u"s=="}, "00=\n"},
-        {{u"GQuorStrings.StringReplace", u"aAa", u"a", u"", u"--arg", u"vbIgnoreCase=True"}, "\n"},
-        {{u"GQuorConvert.IntToBool", u"-5"}, "True\n"},
-        {{u"GQuorConvert.myVal", u"1'234.50"}, "1234.5\n"},
-        // Pure outputs need not be given.
-        {{u"GQuorConvert.StringTokenToStringArray", u"a,\u00E4", u","},
-         "2\nsArray = {\"array\":[\"a\",\"\u00E4\"],\"lower\":0}\n"},
-        {{u"GQuorConvert.StringTokenToStringCollection", u"a b", u" ", u"False"},
-         "2\nc = {\"collection\":[{\"item\":\"a\"},{\"item\":\"b\"}]}\n"},
-        {{u"GQuorConvert.StringTokenToStringCollection", u"", u" ", u"False"}, "0\nc = \n"},
-        {{u"--json", u"GQuorConvert.StringTokenToStringArray", u"a", u","},
-         "{\"args\":[\"a\",\",\",{\"array\":[\"a\"],\"lower\":0}],\"result\":1}\n"},
-        // Structures are given as JSON, and printed line by line.
-        {{u"GQuorConvert.CollectionToStringToken", uR"({"collection":[{"item":"x"},{"item":2}]})",
-          u";"},
-         "x;2\n"},
-        {{u"GQuorConvert.ArrayToCollection", uR"(["p",true,[1,2]])"},
-         "p\nTrue\n{\"array\":[1,2],\"lower\":0}\n"},
-        {{u"GQuorConvert.ArrayToCollection", uR"({"table":[["k","v"],["","w"]],"lower":[1,1]})"},
-         "k\tv\nw\n"},
-        {{u"GQuorConvert.CollectionToArray", uR"({"collection":[{"item":1.5},{"item":null}]})"},
-         "1.5\n\n"},
-        {{u"GQuorConvert.CollectionToArray", uR"({"collection":[]})"}, ""},
-        {{u"GQuorConvert.cBoolEx", u"[ja"}, "False\n"},
-        {{u"GQuorStrings.getNoNumbers", u"[\"a\"]"}, "[\"a\"]\n"},
-        // Escapes only when asked for; options end at --.
-        {{u"GQuorStrings.getNoNumbers", u"1\\n"}, "\\n\n"},
-        {{u"-e", u"GQuorStrings.getNoNumbers", uR"(\u00e91\t\q\\u\u12)"}, "\u00E9\t\\q\\u\\u\n"},
-        {{u"-e", u"GQuorStrings.NullStringToString", u"--arg", uR"(s=a\0b)"}, "a\n"},
-        {{u"GQuorStrings.LPad", u"--", u"--arg", u"x", u"3"}, "--x\n"},
-        // Properties.
-        {{u"QuorInifile.IniFileName", u"--set", u"inifilename=a=b.ini"}, "a=b.ini\n"},
-    };
-    for (Case one : cases) {
-        one.words.insert(one.words.begin(), u"call");
-        const CommandOutcome outcome = command(one.words);
+void expectOutput(const std::vector<Case>& cases) {
+    for (const Case& one : cases) {
+        const CommandOutcome outcome = command(one.line);
         EXPECT_EQ(outcome.output, one.output) << outcome.errors;
         EXPECT_EQ(outcome.status, 0);
     }
 }
 
+TEST(Call, TakesTextsAndNamedArguments) {
+    expectOutput(
+        {Case(u"GQuorStrings.LPad 0 7 3", "007\n"),
+         Case(u"gquorstrings.LPAD 0 --arg MAXLEN=3 --arg s==", "00=\n"),
+         Case(u"GQuorStrings.StringReplace aAa a  --arg vbIgnoreCase=True", "\n"),
+         Case(u"GQuorStrings.LPad -- --arg x 3", "--x\n"),
+         Case(u"GQuorConvert.IntToBool -5", "True\n"),
+         Case(u"GQuorConvert.myVal 1'234.50", "1234.5\n"),
+         Case(u"QuorInifile.IniFileName --set inifilename=a=b.ini", "a=b.ini\n"),
+         Case(u"GQuorConvert.cBoolEx [ja", "False\n"),
+         Case(u"GQuorStrings.getNoNumbers [\"a\"]", "[\"a\"]\n"),
+         // Escapes only when asked for.
+         Case(u"GQuorStrings.getNoNumbers 1\\n", "\\n\n"),
+         Case(uR"(-e GQuorStrings.getNoNumbers \u00e91\t\q\\u\u12)", "\u00E9\t\\q\\u\\u\n"),
+         Case(uR"(-e GQuorStrings.NullStringToString --arg s=a\0b)", "a\n")});
+}
+
+TEST(Call, TakesAndPrintsStructures) {
+    const String tokens = u"GQuorConvert.StringTokenTo";
+    expectOutput(
+        {// Pure outputs need not be given.
+         Case(tokens + u"StringArray a,\u00E4 ,",
+              "2\nsArray = {\"array\":[\"a\",\"\u00E4\"],\"lower\":0}\n"),
+         Case(tokens + u"StringCollection a;b ; False",
+              "2\nc = {\"collection\":[{\"item\":\"a\"},{\"item\":\"b\"}]}\n"),
+         Case(tokens + u"StringCollection  ; False", "0\nc = \n"),
+         Case(u"--json " + tokens + u"StringArray a ,",
+              "{\"args\":[\"a\",\",\",{\"array\":[\"a\"],\"lower\":0}],\"result\":1}\n"),
+         Case(uR"(GQuorConvert.CollectionToStringToken {"collection":[{"item":"x"},{"item":2}]} ;)",
+              "x;2\n"),
+         Case(uR"(GQuorConvert.ArrayToCollection ["p",true,[1,2]])",
+              "p\nTrue\n{\"array\":[1,2],\"lower\":0}\n"),
+         Case(uR"(GQuorConvert.ArrayToCollection {"table":[["k","v"],["","w"]],"lower":[1,1]})",
+              "k\tv\nw\n"),
+         Case(uR"(GQuorConvert.CollectionToArray {"collection":[{"item":1.5},{"item":null}]})",
+              "1.5\n\n"),
+         Case(uR"(GQuorConvert.CollectionToArray {"collection":[]})", "")});
+}
+
 TEST(Call, TellsErrors) {
     const Case cases[] = {
-        {{u"GQuorNothing.LPad"}, "429: Cannot create object"},
-        {{u"GQuorStrings.Nothing"}, "438: Object doesn't support this property or method"},
-        {{u"QuorInifile.IniFileName", u"--set", u"LPad=1"},
+        {u"GQuorNothing.LPad", "429: Cannot create object"},
+        {u"GQuorStrings.Nothing", "438: Object doesn't support this property or method"},
+        {u"QuorInifile.IniFileName --set LPad=1",
          "438: Object doesn't support this property or method"},
-        {{u"GQuorStrings.LPad", u"0", u"7", u"x"}, "13: Type mismatch"},
-        {{u"GQuorStrings.LPad", u"0", u"7"}, "449: Argument not optional"},
-        {{u"GQuorStrings.LPad", u"0", u"7", u"3", u"4"},
+        {u"GQuorStrings.LPad 0 7 x", "13: Type mismatch"},
+        {u"GQuorStrings.LPad 0 7", "449: Argument not optional"},
+        {u"GQuorStrings.LPad 0 7 3 4",
          "450: Wrong number of arguments or invalid property assignment"},
-        {{u"GQuorStrings.LPad", u"--arg", u"t=1"}, "448: Named argument not found"},
-        {{u"GQuorConvert.CollectionToArray", u"{\"object\":1}"}, "424: Object required"},
+        {u"GQuorStrings.LPad --arg t=1", "448: Named argument not found"},
+        {u"GQuorConvert.CollectionToArray {\"object\":1}", "424: Object required"},
     };
-    for (Case one : cases) {
-        one.words.insert(one.words.begin(), u"call");
-        const CommandOutcome outcome = command(one.words);
+    for (const Case& one : cases) {
+        const CommandOutcome outcome = command(one.line);
         EXPECT_EQ(outcome.errors, "quorkit: error " + one.output + '\n');
         EXPECT_EQ(outcome.output, "");
         EXPECT_EQ(outcome.status, 1);
@@ -78,21 +81,11 @@ TEST(Call, TellsErrors) {
 }
 
 TEST(CommandLine, ThatIsNotUnderstoodShowsUsage) {
-    const std::vector<String> lines[] = {
-        {},
-        {u"frobnicate"},
-        {u"list", u"x"},
-        {u"call"},
-        {u"call", u"LPad"},
-        {u"call", u"A.B", u"--arg"},
-        {u"call", u"A.B", u"--arg", u"name"},
-        {u"call", u"A.B", u"--colour"},
-        {u"describe", u"GQuorStrings", u"QuorInifile"},
-        {u"describe", u"GQuorStrings", u"--idl"},
-        {u"describe", u"--yaml"},
-    };
-    for (const auto& words : lines) {
-        const CommandOutcome outcome = command(words);
+    for (const char16_t* line :
+         {u"", u"frobnicate", u"list x", u"call", u"call LPad", u"call A.B --arg",
+          u"call A.B --arg name", u"call A.B --colour", u"describe GQuorStrings QuorInifile",
+          u"describe GQuorStrings --idl", u"describe --yaml"}) {
+        const CommandOutcome outcome = command(line);
         EXPECT_EQ(outcome.status, 2) << outcome.errors;
         EXPECT_NE(outcome.errors.find("usage: quorkit"), std::string::npos);
         EXPECT_EQ(outcome.output, "");

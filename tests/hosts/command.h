@@ -17,7 +17,13 @@ struct CommandOutcome {
     std::string errors;
 };
 
-inline CommandOutcome command(const std::vector<String>& words, const std::string& input = {}) {
+/// `line` holds the words with one blank between them, none when it is empty.
+inline CommandOutcome command(const String& line, const std::string& input = {}) {
+    std::vector<String> words;
+    for (std::size_t start = 0, end = 0; !line.empty() && end != String::npos; start = end + 1) {
+        end = line.find(u' ', start);
+        words.push_back(line.substr(start, end - start));
+    }
     MemoryPorts ports;
     std::istringstream in(input);
     std::ostringstream out;

@@ -6,24 +6,24 @@ namespace quorkit::test {
 namespace {
 
 TEST(Describe, ShowsOneMember) {
-    EXPECT_EQ(command({u"describe", u"quorinifile.INIFILENAME"}).output,
+    EXPECT_EQ(command(u"describe quorinifile.INIFILENAME").output,
               "Property Get IniFileName() As String\n"
               "    0x68030000  The name of the file that all members work on.\n"
               "Property Let IniFileName(newValue As String)\n"
               "    0x68030000  Names the file that all members work on.\n");
-    EXPECT_EQ(command({u"describe", u"--json", u"GQuorConvert.ConvertDezToAny"}).output,
-              command({u"describe", u"gquorconvert.convertdeztoany", u"--json"}).output);
-    EXPECT_NE(command({u"describe", u"GQuorConvert.ConvertDezToAny"})
+    EXPECT_EQ(command(u"describe --json GQuorConvert.ConvertDezToAny").output,
+              command(u"describe gquorconvert.convertdeztoany --json").output);
+    EXPECT_NE(command(u"describe GQuorConvert.ConvertDezToAny")
                   .output.find("Optional iMinLength As Integer = 0) As String\n"),
               std::string::npos);
-    EXPECT_EQ(command({u"describe", u"GQuorNothing"}).errors,
+    EXPECT_EQ(command(u"describe GQuorNothing").errors,
               "quorkit: error 429: Cannot create object\n");
-    EXPECT_EQ(command({u"describe", u"GQuorStrings.Nothing"}).errors,
+    EXPECT_EQ(command(u"describe GQuorStrings.Nothing").errors,
               "quorkit: error 438: Object doesn't support this property or method\n");
 }
 
 TEST(Describe, WritesAnInterfaceDefinition) {
-    const std::string text = command({u"describe", u"--idl"}).output;
+    const std::string text = command(u"describe --idl").output;
     const char* parts[] = {
         "[uuid(673d863d-04b8-44f9-aadf-94b1a8221c8d), version(1.0)]\nlibrary quorkit\n",
         "[uuid(673d863e-04b8-44f9-aadf-94b1a8221c8d)]\n    dispinterface _GQuorStrings {",
@@ -44,7 +44,7 @@ TEST(Describe, WritesAnInterfaceDefinition) {
 }
 
 TEST(List, EndsWithTheTotals) {
-    const std::string text = command({u"list"}).output;
+    const std::string text = command(u"list").output;
     EXPECT_NE(text.find("QuorInifile     creatable  19/19\n    IniFileName ReadKeyValue "),
               std::string::npos);
     EXPECT_NE(text.find(" members in 15 classes\n"), std::string::npos);

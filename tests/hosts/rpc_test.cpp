@@ -19,7 +19,7 @@ void expectAnswers(const Exchange (&exchanges)[N]) {
         input += one.message + '\n';
         if (!one.answer.empty()) expected += one.answer + '\n';
     }
-    EXPECT_EQ(command({u"rpc"}, input).output, expected);
+    EXPECT_EQ(command(u"rpc", input).output, expected);
 }
 
 std::string request(const std::string& method, const std::string& parameters) {

@@ -3,6 +3,7 @@
 #include <quorkit/ports/memory.h>
 #include <stdlib.h>
 
+#include <array>
 #include <chrono>
 #include <ctime>
 
@@ -18,27 +19,17 @@ void setVariable(const std::string& name, const std::string& value) {
 }
 
 void expectEnvironment(System& system) {
-    const struct {
-        String name;
-        const char16_t* value;  // null: there is none
-    } cases[] = {
-        {u"QuorkitTest", u"mixed"},
-        {u"quorkittest", u"mixed"},
-        {u"QUORKITTEST", u"mixed"},
-        {u"QuorkitTes", nullptr},
-        {u"QuorkitTest2", nullptr},
-        {u"", nullptr},
-        {u"QuorkitTest=", nullptr},
-        {u"=", nullptr},
-        {String(u"QuorkitTest\0x", 13), nullptr},
-        {String(1, u'\xD800'), nullptr},
-    };
-    for (const auto& one : cases) {
-        String value = u"untouched";
-        EXPECT_EQ(system.GetEnvironmentVariableA(one.name, value), one.value != nullptr);
-        EXPECT_EQ(value, one.value == nullptr ? u"untouched" : one.value);
-    }
     String value;
+    for (const char16_t* name : {u"QuorkitTest", u"quorkittest", u"QUORKITTEST"}) {
+        EXPECT_TRUE(system.GetEnvironmentVariableA(name, value));
+        EXPECT_EQ(value, u"mixed");
+    }
+    for (const String& name :
+         {String(u"QuorkitTes"), String(u"QuorkitTest2"), String(), String(u"QuorkitTest="),
+          String(u"="), String(u"QuorkitTest\0x", 13), String(1, u'\xD800')}) {
+        EXPECT_FALSE(system.GetEnvironmentVariableA(name, value));
+        EXPECT_EQ(value, u"mixed");
+    }
     EXPECT_TRUE(system.GetEnvironmentVariableA(u"QuorkitLong", value));
     EXPECT_EQ(value, String(5000, u'x'));
 }
@@ -63,6 +54,27 @@ TEST(NativeSystem, PrefersTheVariableSpelledSo) {
     String value;
     EXPECT_TRUE(ports::native().system.GetEnvironmentVariableA(u"QUORKITTWICE", value));
     EXPECT_EQ(value, u"as spelled");
+}
+
+TEST(LinuxSystem, ReadsTheLanguageFromTheLocale) {
+    const std::pair<std::array<const char*, 3>, LanguageIdentifier> cases[] = {
+        {{"de_CH.UTF-8", "fr_FR", "it_IT"}, 2055},
+        {{"", "fr_CH@euro", "it_IT"}, 4108},
+        {{"", "", "it_IT.UTF-8"}, 1040},
+        {{"", "", ""}, 1033},
+        {{"POSIX", "", "de_DE"}, 1033},
+        {{"de_BE", "", ""}, 1031},
+        {{"es", "", ""}, 1034},
+        {{"ja_JP.UTF-8", "", "de_DE"}, 0},
+        {{"den_CA", "", ""}, 0},
+    };
+    for (const auto& [locale, language] : cases) {
+        setVariable("LC_ALL", locale[0]);
+        setVariable("LC_MESSAGES", locale[1]);
+        setVariable("LANG", locale[2]);
+        EXPECT_EQ(ports::native().system.GetUserDefaultUILanguage(), language)
+            << testing::PrintToString(locale);
+    }
 }
 #endif
 
