@@ -7,8 +7,6 @@
 namespace quorkit::test {
 namespace {
 
-using Texts = std::vector<String>;
-
 CollectionRef collectionOf(const std::vector<Variant>& items) {
     auto c = std::make_shared<Collection>();
     for (const Variant& item : items) c->add(item);
@@ -19,7 +17,7 @@ CollectionRef collectionOf(const std::vector<Variant>& items) {
 // compared on its own, while the collection goes by the position.
 TEST(Lists, TextsAreSplit) {
     const Array<String> old({5, 3}, {1, 2});
-    const auto array = [](Texts texts) {
+    const auto array = [](std::vector<String> texts) {
         return std::vector<Variant>{static_cast<Long>(texts.size()), Array<String>(texts)};
     };
     Late convert(u"GQuorConvert");
@@ -59,10 +57,9 @@ TEST(Lists, CollectionsAreJoined) {
 }
 
 TEST(Lists, ArraysBecomeCollectionsAndBack) {
-    using Values = std::vector<Variant>;
     Array<Variant> table({1, 2}, {1, 3});
     table.elements() = {u"One", 1, u"", 2, 3, u"three"};
-    const std::pair<Variant, Values> cases[] = {
+    const std::pair<Variant, std::vector<Variant>> cases[] = {
         {Array<String>({u"b", u"a"}, 5), {u"b", u"a"}},
         {Array<Variant>({1, Null{}, u"x"}), {1, Null{}, u"x"}},
         {Array<Byte>(std::vector<Byte>{0, 255}), {Integer{0}, Integer{255}}},

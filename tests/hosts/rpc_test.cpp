@@ -11,8 +11,7 @@ struct Exchange {
 };
 
 /// One session answers all messages in order.
-template <std::size_t N>
-void expectAnswers(const Exchange (&exchanges)[N]) {
+void expectAnswers(const std::vector<Exchange>& exchanges) {
     std::string input;
     std::string expected;
     for (const Exchange& one : exchanges) {
@@ -61,8 +60,6 @@ TEST(Rpc, CallsMembersAndKeepsObjects) {
         {request("invoke", R"({"object":1,"member":"IniFileName"})"),
          failure(424, "Object required")},
         {request("release", R"({"object":1})"), failure(424, "Object required")},
-        {request("create", R"({"class":"GQuorNothing"})"), failure(429, "Cannot create object")},
-        {request("invoke", R"({"object":3,"member":"Nothing"})"), failure(438, noMember)},
         {request("invoke", R"({"object":3,"member":"LPad","kind":"let"})"), failure(438, noMember)},
         {request("invoke", R"({"object":3,"member":"LPad","args":["0","7","x"]})"),
          failure(13, "Type mismatch")},

@@ -51,6 +51,10 @@ TEST(IniReliability, EveryFailingOperationLeavesOldOrNewContent) {
             EXPECT_EQ(scratch.read("s.ini"), after) << failing;
             EXPECT_EQ(scratch.count(), 1u) << failing;
         }
+        scratch.write("s.ini", before);
+        files.answer(1, kDiskFull, "Flush");  // comes before the new content takes the place
+        write(ini);
+        EXPECT_EQ(scratch.read("s.ini"), before);
     }
 }
 

@@ -14,7 +14,7 @@ TEST(ExpandEnvironmentString, PutsInValues) {
     };
     // The "%" of a value pairs with the next one. Many placeholders are no endless one.
     String many, expanded;
-    for (int i = 0; i < 50'000; ++i) {
+    for (int i = 0; i < 100'000; ++i) {
         many += u"%B%";
         expanded += u"first-first";
     }
