@@ -23,14 +23,16 @@ void PrintTo(const Variant& value, std::ostream* out) {
 namespace quorkit::test {
 namespace {
 
-/// A collection as a row expects it; any other value as it is.
+/// A collection of texts as a row expects it; any other value as it is.
 Variant flat(const Variant& value) {
     const auto* object = value.getIf<ObjectRef>();
     const auto c = object == nullptr ? nullptr : std::dynamic_pointer_cast<Collection>(*object);
     if (c == nullptr) return value;
     String text;
-    for (Long i = 1; i <= c->count(); ++i)
-        text += c->entry(i).key + u":" + c->entry(i).item.get<String>() + u"|";
+    for (Long i = 1; i <= c->count(); ++i) {
+        if (!c->item(i).is<String>()) return value;
+        text += c->entry(i).key + u":" + c->item(i).get<String>() + u"|";
+    }
     return text;
 }
 
