@@ -1,5 +1,6 @@
 // Assignments, fields, parameters and field names.
 #include <gtest/gtest.h>
+#include <quorkit/GQuorStrings.h>
 #include <quorkit/enumerations.h>
 
 #include "support/late.h"
@@ -78,6 +79,14 @@ TEST(SplitDOSCMDParam, SplitsAtTheFirstEqualsSign) {
          Row({u"/a=", u"", u"?"}, {Empty{}, u"/a", u""}),
          Row({u"", u"?", u"?"}, {Empty{}, u"", u"?"}),
          Row({kLongest, u"", u""}, {Empty{}, kLongest, u""}), Row({kTooLong, u"", u""}, Error{6})});
+
+    String text = u"/a=b";  // from C++ a text may be split into itself
+    String value;
+    GQuorStrings().SplitDOSCMDParam(text, text, value);
+    EXPECT_EQ(text + u" " + value, u"/a b");
+    text = u"/a=b";
+    GQuorStrings().SplitDOSCMDParam(text, value, text);
+    EXPECT_EQ(value + u" " + text, u"/a b");
 }
 
 TEST(FieldNames, LoseOrShowTheirLineNumber) {

@@ -13,7 +13,9 @@ TEST(ExpandEnvironmentString, PutsInValues) {
         {u"Cut", u"x%A"}, {u"Self", u"%self%"}, {u"Grows", u"%Grows%x"}, {u"P", u"%"},
     };
     // The "%" of a value pairs with the next one. Many placeholders are no endless one.
-    String many, expanded;
+    String many, expanded, nested;
+    for (int i = 0; i < 10'000; ++i) nested += u"%A%";
+    world.system.environment[u"Nested"] = nested;
     for (int i = 0; i < 100'000; ++i) {
         many += u"%B%";
         expanded += u"first-first";
@@ -27,6 +29,7 @@ TEST(ExpandEnvironmentString, PutsInValues) {
          Row({u"%%%A%"}, u"first"), Row({u"%Half%A%"}, u"1first"), Row({u"%Cut%B"}, u"x%AB"),
          Row({u"%Cut% %"}, u"x"), Row({u"%P%A%"}, u"first"), Row({u"%"}, u"%"),
          Row({u"%Self%"}, Error{28}), Row({u"a %Grows%"}, Error{28}), Row({many}, expanded)});
+    EXPECT_EQ(strings(u"ExpandEnvironmentString", {u"%Nested%"}).get<String>().size(), 50'000u);
 }
 
 TEST(ExpandDateString, PutsInTheLocalTime) {

@@ -97,7 +97,8 @@ TEST(Versions, Split) {
         {u" 1 .+2.-3.1e2", {1, 2, -3, 100, 0}},
         {u"1,2", {-1, 0, 0, 0, -1}},
         {u"x.99999999999", {-1, -1, -1, -1, -1}},
-        {u"2147483647.2147483648.3", {2147483647, -1, -1, -1, -1}}};
+        {u"2147483647.2147483648.3", {2147483647, -1, -1, -1, -1}},
+        {u"1.1e400.2.3", {1, -1, 2, 3, -1}}};
     Late strings(u"GQuorStrings");
     for (const auto& [version, all] : versions) {
         strings.expect(u"SplitAppVersionString",
