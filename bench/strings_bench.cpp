@@ -22,7 +22,7 @@ const Report kReport({
     {"ParseLong", "ParseShort", "ratio about 10"},
     {"FieldsLong", "FieldsShort", "ratio about 10"},
     {"Fields1MB", "Fields1MB_loop", "ratio <= 1.5"},
-    {"CompareVersions", "CompareVersions_loop", "ratio <= 1.5"},
+    {"CompareVersions", "CompareVersions_loop", "ratio <= 2"},
 });
 
 constexpr std::size_t kMegabyte = 1u << 20;
@@ -153,7 +153,7 @@ BENCHMARK(Count_loop);
 /// Assignments in a text of nearly `length` characters.
 void parse(benchmark::State& state, std::size_t length) {
     String text;
-    for (int i = 0; text.size() + 40 < length; ++i)
+    for (int i = 1000; text.size() + 40 < length; ++i)
         text += u"name" + wide(std::to_string(i)) + u" = \"a, value\", ";
     GQuorStrings strings;
     for (auto _ : state) benchmark::DoNotOptimize(strings.ParseString(text));
