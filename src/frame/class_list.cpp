@@ -1,5 +1,6 @@
 // The one list of public classes, and look-ups in it.
 #include <quorkit/GQuorConvert.h>
+#include <quorkit/GQuorFile.h>
 #include <quorkit/GQuorLanguage.h>
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/GQuorTools.h>
@@ -68,7 +69,7 @@ constexpr ClassInfo kClasses[] = {
     announced("GQuorRegistry", Global, 12,
               "registry: typed values, enumeration, bulk write, deletion"),
     announced("QuorLogFile", Creatable, 20, "log file writer with levels, formats and size limit"),
-    announced(
+    implemented<GQuorFile>(
         "GQuorFile", Global, 36,
         "path names, directory listings, drives and UNC names, file content, temporary files, "
         "dialogs, special folders, version information, shortcuts"),

@@ -1,0 +1,45 @@
+#include <quorkit/GQuorFile.h>
+
+#include "frame/member_row.h"
+
+namespace quorkit {
+
+using rows::method;
+
+template <>
+std::span<const MemberInfo> memberRows<GQuorFile>() {
+    using C = GQuorFile;
+    static constexpr MemberInfo rows[] = {
+        method<&C::PathAddBackSlash>(0x60030000, "PathAddBackSlash", {"vsPath"},
+                                     "A path with a backslash at its end."),
+        method<&C::getParentDirectory>(0x60030002, "getParentDirectory", {"sPath"},
+                                       "The folder around a path."),
+        method<&C::ExtractDrive>(0x60030004, "ExtractDrive", {"vsFileName"},
+                                 "The drive of a name, or the server of a network name."),
+        method<&C::ExtractFileName>(0x60030005, "ExtractFileName", {"vsString"},
+                                    "The file name at the end of a path."),
+        method<&C::ExtractPath>(0x60030006, "ExtractPath", {"vsFileName"},
+                                "A name without its file name."),
+        method<&C::ExtractFileExt>(0x60030007, "ExtractFileExt", {"vsFileName"},
+                                   "The extension of a file name, with its full stop."),
+        method<&C::ChangeFileExt>(0x60030008, "ChangeFileExt", {"vsFileName", "vsNewExtension"},
+                                  "A name with another extension."),
+        method<&C::ExpandFileName>(0x60030009, "ExpandFileName", {"vsFileName"},
+                                   "A name with its %NAME% and [FORMAT] placeholders replaced."),
+        method<&C::ExtractUNCName>(0x6003000B, "ExtractUNCName", {"vsFileName"},
+                                   "The server of a network name."),
+        method<&C::ExtractUNCServerAndShareName>(0x6003000C, "ExtractUNCServerAndShareName",
+                                                 {"sFileName"},
+                                                 "Server and share of a network name."),
+        method<&C::GetFileNameForLanguage>(
+            0x6003000E, "GetFileNameForLanguage",
+            {"sFileName", "sLanguageLetter", "sFileExtension"},
+            "The name of a language's variant of a file, such as help_F.chm."),
+        method<&C::DriveType2DriveTypeName>(0x60030016, "DriveType2DriveTypeName",
+                                            {"typ", "language"},
+                                            "A drive type in words, English or German."),
+    };
+    return rows;
+}
+
+}  // namespace quorkit
