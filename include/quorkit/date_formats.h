@@ -6,6 +6,7 @@
 
 namespace quorkit {
 
+/// What stands for a part of the date, and what it writes.
 struct DateToken {
     const char* token = "";
     const char* sentence = "";
@@ -17,6 +18,7 @@ struct DateFormatName {
     const char* format = "";
 };
 
+/// All of them, in the order in which a reader expects them.
 std::vector<DateToken> dateTokens();
 std::span<const DateFormatName> dateFormatNames();
 

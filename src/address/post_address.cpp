@@ -47,8 +47,8 @@ class Block {
 
 /// The persons of an address as lines.
 struct Names {
-    String person;   ///< with the partner of the same last name
-    String partner;  ///< of another last name
+    String person;   ///< with the partner when the two share a line
+    String partner;  ///< otherwise
     bool two = false;
 
     bool none() const { return person.empty() && partner.empty(); }

@@ -120,7 +120,7 @@ class Argument {
         if constexpr (std::is_enum_v<Value>)
             local_ = static_cast<Value>(slot.get<Long>());
         else if constexpr (!Native<Value>)
-            local_ = objectOf(slot.get<ObjectRef>());
+            local_ = narrowed(slot.get<ObjectRef>());
     }
     Argument(const Argument&) = delete;
     Argument& operator=(const Argument&) = delete;
@@ -139,7 +139,7 @@ class Argument {
 
    private:
     /// Error 13 for an object of another class, whatever it calls itself.
-    static Value objectOf(const ObjectRef& object) {
+    static Value narrowed(const ObjectRef& object) {
         auto found = std::dynamic_pointer_cast<typename Value::element_type>(object);
         if (object != nullptr && found == nullptr) raise(ErrorNumber::TypeMismatch);
         return found;
