@@ -1,7 +1,8 @@
 // Path names, and what they stand for. No state.
 //
 // Names are Windows names: "\" separates, a drive is a letter and a colon, a network name begins
-// with "\\". Nothing normalises a name: letter case, repeated separators, "." and ".." stay.
+// with "\\". Nothing normalises a name: letter case, repeated separators, "." and ".." stay. What
+// a name leads to on each system is in ports/files.h.
 #pragma once
 
 #include <quorkit/enumerations.h>
@@ -49,6 +50,22 @@ class GQuorFile {
     /// Error 5 when less than two characters are left of the name without it.
     String GetFileNameForLanguage(const String& sFileName, const String& sLanguageLetter,
                                   const Optional<String>& sFileExtension = {});
+
+    // --- What is there ---
+    //
+    // A link counts as what it leads to. What cannot be looked at is not there.
+
+    /// Whether there is a file or a folder of that name.
+    Boolean FileExists(const String& vsFileName);
+    /// Whether there is a folder of that name. Names shorter than 2 characters are none.
+    Boolean PathExists(const String& vsPath);
+    /// Whether the folder is there, can be searched, and holds nothing. Names shorter than 2
+    /// characters are no folder.
+    Boolean IsDirectoryEmpty(const String& sDir);
+    /// Makes a folder and all that is missing around it. True when it is there afterwards. False
+    /// may leave some of the folders around it made. Only "\" leads to a folder around another
+    /// (see getParentDirectory), so of "/a/b/c" only the last one is made.
+    Boolean mkDirEx(const String& sDir);
 
     // --- Drives ---
 

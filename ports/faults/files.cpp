@@ -21,6 +21,9 @@ ErrorCode FaultyFiles::CreateFileA(const String& name, FileAccess access, Handle
 ErrorCode FaultyFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
     return due("GetFileSizeEx") ? code_ : inner_.GetFileSizeEx(handle, size);
 }
+ErrorCode FaultyFiles::SetFilePointerEx(Handle handle, std::uint64_t position) {
+    return due("SetFilePointerEx") ? code_ : inner_.SetFilePointerEx(handle, position);
+}
 ErrorCode FaultyFiles::ReadFile(Handle handle, char* buffer, std::size_t capacity,
                                 std::size_t& count) {
     return due("ReadFile") ? code_ : inner_.ReadFile(handle, buffer, capacity, count);
@@ -29,6 +32,9 @@ ErrorCode FaultyFiles::WriteFile(Handle handle, std::string_view bytes) {
     if (!due("WriteFile")) return inner_.WriteFile(handle, bytes);
     inner_.WriteFile(handle, bytes.substr(0, bytes.size() / 2));
     return code_;
+}
+ErrorCode FaultyFiles::SetEndOfFile(Handle handle) {
+    return due("SetEndOfFile") ? code_ : inner_.SetEndOfFile(handle);
 }
 ErrorCode FaultyFiles::FlushFileBuffers(Handle handle) {
     return due("FlushFileBuffers") ? code_ : inner_.FlushFileBuffers(handle);
@@ -40,8 +46,8 @@ ErrorCode FaultyFiles::CloseHandle(Handle handle) {
 ErrorCode FaultyFiles::GetFinalPathNameA(const String& name, String& target) {
     return due("GetFinalPathNameA") ? code_ : inner_.GetFinalPathNameA(name, target);
 }
-ErrorCode FaultyFiles::LockFileA(const String& name, Handle& handle) {
-    return due("LockFileA") ? code_ : inner_.LockFileA(name, handle);
+ErrorCode FaultyFiles::LockFileA(const String& name, Handle& handle, Wait wait) {
+    return due("LockFileA") ? code_ : inner_.LockFileA(name, handle, wait);
 }
 ErrorCode FaultyFiles::ReplaceFileA(const String& name, const String& replacement) {
     return due("ReplaceFileA") ? code_ : inner_.ReplaceFileA(name, replacement);
@@ -51,6 +57,22 @@ ErrorCode FaultyFiles::FlushFolderOf(const String& name) {
 }
 ErrorCode FaultyFiles::DeleteFileA(const String& name) {
     return due("DeleteFileA") ? code_ : inner_.DeleteFileA(name);
+}
+ErrorCode FaultyFiles::GetFileAttributesA(const String& name, std::uint32_t& attributes) {
+    return due("GetFileAttributesA") ? code_ : inner_.GetFileAttributesA(name, attributes);
+}
+ErrorCode FaultyFiles::CreateDirectoryA(const String& name) {
+    return due("CreateDirectoryA") ? code_ : inner_.CreateDirectoryA(name);
+}
+ErrorCode FaultyFiles::FindFirstFileA(const String& folder, FindDetail detail, Handle& search,
+                                      FindData& entry) {
+    return due("FindFirstFileA") ? code_ : inner_.FindFirstFileA(folder, detail, search, entry);
+}
+ErrorCode FaultyFiles::FindNextFileA(Handle search, FindData& entry) {
+    return due("FindNextFileA") ? code_ : inner_.FindNextFileA(search, entry);
+}
+void FaultyFiles::FindClose(Handle search) {
+    inner_.FindClose(search);
 }
 
 }  // namespace quorkit

@@ -1,4 +1,4 @@
-// Files on Linux. A name is UTF-8 on disk, exactly as spelled. Locks are flock locks on the file
+// Files on Linux. Locks are flock locks on the file
 // itself, so they die with the process and leave nothing behind. A file or folder without any write
 // permission counts as read-only even for the superuser.
 #include "native/files.h"
@@ -9,76 +9,30 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <string>
+#include <thread>
+
+#include "linux/calls.h"
+#include "linux/names.h"
 
 namespace quorkit {
 namespace {
 
 namespace fs = std::filesystem;
+using disk::folderOf;
+using disk::lastError;
+using disk::pathOf;
+using disk::resultOf;
+using disk::unlessInterrupted;
 
-ErrorCode lastError() {
-    switch (errno) {
-        case ENOENT:
-            return kFileNotFound;
-        case ENOTDIR:
-            return kPathNotFound;
-        case EMFILE:
-        case ENFILE:
-            return kTooManyOpenFiles;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case EISDIR:
-        case ETXTBSY:
-            return kAccessDenied;
-        case EBADF:
-            return kInvalidHandle;
-        case EEXIST:
-            return kFileExists;
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            return kDiskFull;
-        case ELOOP:
-        case ENAMETOOLONG:
-        case EINVAL:
-            return kInvalidName;
-        default:
-            return kGeneralFailure;
-    }
-}
-
-ErrorCode resultOf(int returned) {
-    return returned == 0 ? kSuccess : lastError();
-}
-
-/// The name as the system stores it; false for one that no file can have.
-bool toPath(const String& name, fs::path& path) {
-    if (name.empty() || name.find(u'\0') != String::npos) return false;
-    try {
-        path = fs::path(name);
-        return true;
-    } catch (const std::exception&) {  // a surrogate without its partner
-        return false;
-    }
-}
-
-fs::path folderOf(const fs::path& path) {
-    const fs::path folder = path.parent_path();
-    return folder.empty() ? fs::path(".") : folder;
-}
-
-template <class Call>
-auto unlessInterrupted(Call call) {
-    auto result = call();
-    while (result == -1 && errno == EINTR) result = call();
-    return result;
-}
-
-/// Behind a Handle. A lock knows the file it made, to take it away again if nobody filled it.
+/// Behind a Handle: a file, or a lock. A lock knows the file it made, to take it away again if
+/// nobody filled it.
 struct Opened {
     int descriptor = -1;
+    FileAccess access = FileAccess::Read;
+    nlink_t names = 0;  ///< of a file opened for adding
     std::string madeByLock;
 };
 
@@ -86,8 +40,8 @@ Opened& opened(Handle handle) {
     return *reinterpret_cast<Opened*>(handle);
 }
 
-Handle handOut(int descriptor, std::string madeByLock = {}) {
-    return Handle(reinterpret_cast<std::intptr_t>(new Opened{descriptor, std::move(madeByLock)}));
+Handle handOut(Opened file) {
+    return Handle(reinterpret_cast<std::intptr_t>(new Opened(std::move(file))));
 }
 
 bool sameFile(const struct stat& a, const struct stat& b) {
@@ -114,22 +68,94 @@ ErrorCode openRegular(const std::string& path, int flags, int& descriptor, struc
     return kAccessDenied;
 }
 
+ErrorCode lock(int descriptor, int kind) {
+    return resultOf(unlessInterrupted([&] { return flock(descriptor, kind); }));
+}
+
+/// As `lock`, but not for longer than a moment. The kernel has no wait of that kind.
+ErrorCode lockBriefly(int descriptor, int kind) {
+    constexpr auto step = std::chrono::microseconds(100);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(100);
+    while (flock(descriptor, kind | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR) return lastError();
+        if (std::chrono::steady_clock::now() > end) return kLockViolation;
+        std::this_thread::sleep_for(step);
+    }
+    return kSuccess;
+}
+
+/// Whether a file for adding, locked, still has the names it was opened with. Files are replaced
+/// under the lock alone, which takes one from them.
+bool keepsItsNames(const Opened& file) {
+    struct stat about = {};
+    return fstat(file.descriptor, &about) == 0 && about.st_nlink == file.names && file.names != 0;
+}
+
+/// Adds `bytes` in one piece. The kernel does that in one call, unless the disk is full: then it
+/// may take a part, which is taken back.
+ErrorCode add(int descriptor, std::string_view bytes) {
+    const ssize_t result =
+        unlessInterrupted([&] { return write(descriptor, bytes.data(), bytes.size()); });
+    if (result == -1) return lastError();
+    if (static_cast<std::size_t>(result) == bytes.size()) return kSuccess;
+    const off_t end = lseek(descriptor, 0, SEEK_CUR);
+    struct stat about = {};
+    const bool last = fstat(descriptor, &about) == 0 && about.st_size == end;
+    if (last && ftruncate(descriptor, end - result) != 0) return lastError();
+    return kDiskFull;
+}
+
+ErrorCode openToRead(const std::string& path, Opened& file) {
+    struct stat about = {};
+    return openRegular(path, O_RDONLY, file.descriptor, about);
+}
+
+ErrorCode openNew(const std::string& path, Opened& file) {
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    file.descriptor = unlessInterrupted([&] { return open(path.c_str(), flags, 0600); });
+    return file.descriptor == -1 ? lastError() : kSuccess;
+}
+
+ErrorCode openToAdd(const std::string& path, Opened& file) {
+    for (;;) {
+        constexpr int flags = O_APPEND | O_CREAT;
+        struct stat about = {};
+        ErrorCode code = openRegular(path, flags | O_RDWR, file.descriptor, about);
+        if (code == kAccessDenied)
+            code = openRegular(path, flags | O_WRONLY, file.descriptor, about);
+        if (code != kSuccess) return code == kFileNotFound ? kPathNotFound : code;
+        file.names = about.st_nlink;
+        if (!writableByAnyone(about)) code = kAccessDenied;
+        // Where a file system has no locks, nobody replaces its files under one.
+        if (code == kSuccess && file.access == FileAccess::Append) lock(file.descriptor, LOCK_SH);
+        if (code == kSuccess && keepsItsNames(file)) return kSuccess;
+        close(file.descriptor);
+        if (code != kSuccess) return code;
+    }
+}
+
 }  // namespace
 
 ErrorCode NativeFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
-    fs::path path;
-    if (!toPath(name, path)) return kInvalidName;
-    int descriptor = -1;
-    if (access == FileAccess::Read) {
-        struct stat about = {};
-        if (const ErrorCode code = openRegular(path, O_RDONLY, descriptor, about)) return code;
-    } else {
-        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-        descriptor = unlessInterrupted([&] { return open(path.c_str(), flags, 0600); });
-        if (descriptor == -1) return lastError();
+    std::string path;
+    if (const ErrorCode code = pathOf(name, path)) return code;
+    Opened file;
+    file.access = access;
+    ErrorCode code = kSuccess;
+    switch (access) {
+        case FileAccess::Read:
+            code = openToRead(path, file);
+            break;
+        case FileAccess::CreateNew:
+            code = openNew(path, file);
+            break;
+        case FileAccess::Append:
+        case FileAccess::AppendYielding:
+            code = openToAdd(path, file);
+            break;
     }
-    handle = handOut(descriptor);
-    return kSuccess;
+    if (code == kSuccess) handle = handOut(std::move(file));
+    return code;
 }
 
 ErrorCode NativeFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
@@ -137,6 +163,12 @@ ErrorCode NativeFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
     if (fstat(opened(handle).descriptor, &about) != 0) return lastError();
     size = static_cast<std::uint64_t>(about.st_size);
     return kSuccess;
+}
+
+ErrorCode NativeFiles::SetFilePointerEx(Handle handle, std::uint64_t position) {
+    if (position > static_cast<std::uint64_t>(INT64_MAX)) return kInvalidHandle;
+    const auto offset = static_cast<off_t>(position);
+    return lseek(opened(handle).descriptor, offset, SEEK_SET) == -1 ? lastError() : kSuccess;
 }
 
 ErrorCode NativeFiles::ReadFile(Handle handle, char* buffer, std::size_t capacity,
@@ -149,13 +181,25 @@ ErrorCode NativeFiles::ReadFile(Handle handle, char* buffer, std::size_t capacit
 }
 
 ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes) {
+    const Opened& file = opened(handle);
+    if (file.access == FileAccess::Append) return add(file.descriptor, bytes);
+    if (file.access == FileAccess::AppendYielding) {
+        lock(file.descriptor, LOCK_SH);
+        const ErrorCode code = keepsItsNames(file) ? add(file.descriptor, bytes) : kFileReplaced;
+        lock(file.descriptor, LOCK_UN);
+        return code;
+    }
     while (!bytes.empty()) {
-        const ssize_t result = unlessInterrupted(
-            [&] { return write(opened(handle).descriptor, bytes.data(), bytes.size()); });
+        const ssize_t result =
+            unlessInterrupted([&] { return write(file.descriptor, bytes.data(), bytes.size()); });
         if (result == -1) return lastError();
         bytes.remove_prefix(static_cast<std::size_t>(result));
     }
     return kSuccess;
+}
+
+ErrorCode NativeFiles::SetEndOfFile(Handle handle) {
+    return resultOf(ftruncate(opened(handle).descriptor, 0));
 }
 
 ErrorCode NativeFiles::FlushFileBuffers(Handle handle) {
@@ -175,28 +219,26 @@ ErrorCode NativeFiles::CloseHandle(Handle handle) {
 }
 
 ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
-    fs::path path;
-    if (!toPath(name, path)) return kInvalidName;
+    std::string path;
+    if (const ErrorCode code = pathOf(name, path)) return code;
     constexpr int kMostLinks = 40;  // as many as the kernel follows
     for (int followed = 0; followed <= kMostLinks; ++followed) {
         std::error_code error;
         const fs::path link = fs::read_symlink(path, error);
         if (error) {
-            try {
-                target = path.u16string();
-                return kSuccess;
-            } catch (const std::exception&) {  // a link to a name that is not UTF-8
-                return kInvalidName;
-            }
+            const fs::path folder = fs::canonical(folderOf(path), error);
+            if (!error) path = folder / fs::path(path).filename();
+            target = disk::nameOf(path);
+            return kSuccess;
         }
-        path = path.parent_path() / link;
+        path = fs::path(path).parent_path() / link;
     }
     return kInvalidName;
 }
 
-ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle) {
-    fs::path path;
-    if (!toPath(name, path)) return kInvalidName;
+ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle, Wait wait) {
+    std::string path;
+    if (const ErrorCode code = pathOf(name, path)) return code;
     struct stat folder = {};
     if (stat(folderOf(path).c_str(), &folder) != 0)
         return errno == ENOENT ? kPathNotFound : lastError();
@@ -213,24 +255,26 @@ ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle) {
             made = true;
         }
         if (code != kSuccess) return code;
-        Handle lock = handOut(descriptor, made ? path.native() : std::string());
+        const Handle held = handOut({descriptor, FileAccess::Read, 0, made ? path : std::string()});
         if (!writableByAnyone(about)) code = kAccessDenied;
         if (code == kSuccess)
-            code = resultOf(unlessInterrupted([&] { return flock(descriptor, LOCK_EX); }));
+            code = wait == Wait::Forever ? lock(descriptor, LOCK_EX)
+                                         : lockBriefly(descriptor, LOCK_EX);
         if (code == kSuccess && leadsTo(path, about)) {
-            handle = lock;
+            handle = held;
             return kSuccess;
         }
         // While this process waited, the holder replaced or removed the file it had locked.
-        CloseHandle(lock);
+        CloseHandle(held);
         if (code != kSuccess) return code;
     }
 }
 
 ErrorCode NativeFiles::ReplaceFileA(const String& name, const String& replacement) {
-    fs::path to;
-    fs::path from;
-    if (!toPath(name, to) || !toPath(replacement, from)) return kInvalidName;
+    std::string to;
+    std::string from;
+    if (const ErrorCode code = pathOf(name, to)) return code;
+    if (const ErrorCode code = pathOf(replacement, from)) return code;
     struct stat old = {};
     if (stat(to.c_str(), &old) == 0) {
         struct stat mine = {};
@@ -247,8 +291,8 @@ ErrorCode NativeFiles::ReplaceFileA(const String& name, const String& replacemen
 }
 
 ErrorCode NativeFiles::FlushFolderOf(const String& name) {
-    fs::path path;
-    if (!toPath(name, path)) return kInvalidName;
+    std::string path;
+    if (const ErrorCode code = pathOf(name, path)) return code;
     const int descriptor = open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor == -1) return lastError();
     const ErrorCode code = resultOf(fsync(descriptor));
@@ -257,8 +301,8 @@ ErrorCode NativeFiles::FlushFolderOf(const String& name) {
 }
 
 ErrorCode NativeFiles::DeleteFileA(const String& name) {
-    fs::path path;
-    if (!toPath(name, path)) return kInvalidName;
+    std::string path;
+    if (const ErrorCode code = pathOf(name, path)) return code;
     return resultOf(unlink(path.c_str()));
 }
 

@@ -105,4 +105,14 @@ bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
     return true;
 }
 
+bool NativeSystem::FileTimeToSystemTime(FileTime, SystemTime&) {
+    return false;
+}
+bool NativeSystem::GetTempPathA(String&) {
+    return false;
+}
+bool NativeSystem::SHGetFolderPathA(int, String&) {
+    return false;
+}
+
 }  // namespace quorkit

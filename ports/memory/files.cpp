@@ -138,7 +138,7 @@ ErrorCode MemoryFiles::GetFinalPathNameA(const String& name, String& target) {
     return kInvalidName;
 }
 
-ErrorCode MemoryFiles::LockFileA(const String& name, Handle& handle) {
+ErrorCode MemoryFiles::LockFileA(const String& name, Handle& handle, Wait) {
     String target;
     if (const ErrorCode code = GetFinalPathNameA(name, target)) return code;
     std::unique_lock guard(mutex_);
@@ -171,5 +171,25 @@ ErrorCode MemoryFiles::DeleteFileA(const String& name) {
     const std::lock_guard guard(mutex_);
     return files_.erase(name) != 0 ? kSuccess : kFileNotFound;
 }
+
+ErrorCode MemoryFiles::SetFilePointerEx(Handle, std::uint64_t) {
+    return kGeneralFailure;
+}
+ErrorCode MemoryFiles::SetEndOfFile(Handle) {
+    return kGeneralFailure;
+}
+ErrorCode MemoryFiles::GetFileAttributesA(const String&, std::uint32_t&) {
+    return kGeneralFailure;
+}
+ErrorCode MemoryFiles::CreateDirectoryA(const String&) {
+    return kGeneralFailure;
+}
+ErrorCode MemoryFiles::FindFirstFileA(const String&, FindDetail, Handle&, FindData&) {
+    return kGeneralFailure;
+}
+ErrorCode MemoryFiles::FindNextFileA(Handle, FindData&) {
+    return kGeneralFailure;
+}
+void MemoryFiles::FindClose(Handle) {}
 
 }  // namespace quorkit

@@ -1,6 +1,7 @@
 #include <quorkit/ports/memory.h>
 
 #include <algorithm>
+#include <chrono>
 
 #include "runtime/letter_case.h"
 
@@ -14,6 +15,38 @@ bool MemorySystem::GetEnvironmentVariableA(const String& name, String& value) {
             environment, [&](const auto& one) { return runtime::sameText(one.first, name); });
     if (found == environment.end()) return false;
     value = found->second;
+    return true;
+}
+
+bool MemorySystem::FileTimeToSystemTime(FileTime time, SystemTime& local) {
+    constexpr std::int64_t ticksAMillisecond = 10'000;
+    const std::chrono::milliseconds sinceStart(static_cast<std::int64_t>(time) / ticksAMillisecond);
+    const auto moment = std::chrono::sys_days(std::chrono::January / 1 / 1601) + sinceStart +
+                        std::chrono::minutes(minutesEastOfUtc);
+    const auto day = std::chrono::floor<std::chrono::days>(moment);
+    const std::chrono::year_month_day date(day);
+    const std::chrono::hh_mm_ss clock(moment - day);
+    if (static_cast<int>(date.year()) > 9999) return false;
+    local = {static_cast<int>(date.year()),
+             static_cast<int>(static_cast<unsigned>(date.month())),
+             static_cast<int>(static_cast<unsigned>(date.day())),
+             static_cast<int>(clock.hours().count()),
+             static_cast<int>(clock.minutes().count()),
+             static_cast<int>(clock.seconds().count()),
+             static_cast<int>(clock.subseconds().count())};
+    return true;
+}
+
+bool MemorySystem::GetTempPathA(String& folder) {
+    if (temporaryFolder.empty()) return false;
+    folder = temporaryFolder;
+    return true;
+}
+
+bool MemorySystem::SHGetFolderPathA(int folder, String& path) {
+    const auto found = specialFolders.find(folder);
+    if (found == specialFolders.end()) return false;
+    path = found->second;
     return true;
 }
 

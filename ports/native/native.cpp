@@ -1,14 +1,18 @@
 #include <quorkit/ports/ports.h>
 
+#include "native/drives.h"
 #include "native/files.h"
+#include "native/host.h"
 #include "native/system.h"
 
 namespace quorkit::ports {
 
 Ports& native() {
     static NativeFiles files;
+    static NativeDrives drives;
     static NativeSystem system;
-    static Ports ports{files, system};
+    static NativeHost host;
+    static Ports ports{files, drives, system, host};
     return ports;
 }
 

@@ -11,7 +11,10 @@ class NativeSystem final : public System {
     LanguageIdentifier GetSystemDefaultLangID() override;
     SystemTime GetLocalTime() override;
     std::uint64_t QueryPerformanceCounter() override;
+    bool FileTimeToSystemTime(FileTime time, SystemTime& local) override;
     bool GetEnvironmentVariableA(const String& name, String& value) override;
+    bool GetTempPathA(String& folder) override;
+    bool SHGetFolderPathA(int folder, String& path) override;
 };
 
 }  // namespace quorkit

@@ -188,7 +188,7 @@ ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
     return target.empty() ? lastError() : kSuccess;
 }
 
-ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle) {
+ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle, Wait) {
     if (!validName(name)) return kInvalidName;
     const DWORD attributes = ::GetFileAttributesW(wide(name));
     constexpr DWORD kNotWritable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
@@ -233,5 +233,25 @@ ErrorCode NativeFiles::DeleteFileA(const String& name) {
     if (!validName(name)) return kInvalidName;
     return resultOf(::DeleteFileW(wide(name)));
 }
+
+ErrorCode NativeFiles::SetFilePointerEx(Handle, std::uint64_t) {
+    return kGeneralFailure;
+}
+ErrorCode NativeFiles::SetEndOfFile(Handle) {
+    return kGeneralFailure;
+}
+ErrorCode NativeFiles::GetFileAttributesA(const String&, std::uint32_t&) {
+    return kGeneralFailure;
+}
+ErrorCode NativeFiles::CreateDirectoryA(const String&) {
+    return kGeneralFailure;
+}
+ErrorCode NativeFiles::FindFirstFileA(const String&, FindDetail, Handle&, FindData&) {
+    return kGeneralFailure;
+}
+ErrorCode NativeFiles::FindNextFileA(Handle, FindData&) {
+    return kGeneralFailure;
+}
+void NativeFiles::FindClose(Handle) {}
 
 }  // namespace quorkit

@@ -49,4 +49,14 @@ bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
     }
 }
 
+bool NativeSystem::FileTimeToSystemTime(FileTime, SystemTime&) {
+    return false;
+}
+bool NativeSystem::GetTempPathA(String&) {
+    return false;
+}
+bool NativeSystem::SHGetFolderPathA(int, String&) {
+    return false;
+}
+
 }  // namespace quorkit

@@ -112,8 +112,8 @@ TEST(Languages, TheSystemsOwnIsALanguageNumber) {
             return userLanguage == 13 ? throw std::runtime_error("gone") : userLanguage;
         }
     } system;
-    MemoryFiles files;
-    Ports ports{files, system};
+    MemoryPorts world;
+    Ports ports{world.files, world.drives, system, world.host};
     Late convert(u"GQuorConvert", ports);
     const LanguageIdentifier cases[][3] = {{1031, 1036, 1}, {0, 1036, 2},      {0, 0, 0},
                                            {3082, 1031, 0}, {0xFFFF, 1031, 0}, {13, 1040, 3}};

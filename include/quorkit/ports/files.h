@@ -1,4 +1,5 @@
-// Files as operations. Each returns an error code; `kSuccess` is the only one that means done.
+// Files and folders as operations. Each returns an error code; `kSuccess` is the only one that
+// means done.
 #pragma once
 
 #include <quorkit/values.h>
@@ -17,50 +18,105 @@ enum ErrorCode : std::uint32_t {
     kTooManyOpenFiles = 4,
     kAccessDenied = 5,
     kInvalidHandle = 6,
+    kNoMoreFiles = 18,
+    kGeneralFailure = 31,
     kSharingViolation = 32,
+    kLockViolation = 33,
     kFileExists = 80,
     kDiskFull = 112,
     kInvalidName = 123,
-    kGeneralFailure = 31,
+    kFileReplaced = 1006,
 };
 
-/// An open file or a held lock. Never inherited by a program we start.
+/// An open file, a search or a held lock. Never inherited by a program we start.
 enum class Handle : std::intptr_t { Invalid = -1 };
 
 enum class FileAccess {
-    Read,       ///< an existing regular file, from its start
-    CreateNew,  ///< a file that must not exist yet, readable by its owner only, for writing
+    Read,            ///< an existing regular file, from its start
+    CreateNew,       ///< a file that must not exist yet, readable by its owner only, for writing
+    Append,          ///< for adding at the end, made when missing; see LockFileA
+    AppendYielding,  ///< the same, without keeping others from replacing the file
 };
 
-/// Names are text; each system stores them its own way (UTF-8 on Linux). A name that holds U+0000
-/// gives kInvalidName everywhere. An operation that fails changes nothing unless it says so.
+/// How long to wait for what another process holds.
+enum class Wait {
+    Forever,
+    Briefly,  ///< a tenth of a second
+};
+
+/// Bits of FindData::attributes, by the numbers of Win32.
+enum FileAttribute : std::uint32_t {
+    kReadOnly = 1,  ///< may not be written by this process
+    kHidden = 2,    ///< on Linux: the name begins with a full stop
+    kSystem = 4,    ///< on Linux: never
+    kDirectory = 16,
+    kArchive = 32,  ///< on Linux: every regular file
+    kNormal = 128,
+    kReparsePoint = 1024,  ///< a link; the other bits are those of what it leads to
+};
+
+/// 100 nanoseconds since 1 January 1601, UTC.
+using FileTime = std::uint64_t;
+
+/// One entry of a folder.
+struct FindData {
+    String name;
+    std::uint32_t attributes = 0;
+    FileTime lastWrite = 0;
+};
+
+enum class FindDetail {
+    Names,       ///< the name, and of the attributes kDirectory and kReparsePoint alone
+    Times,       ///< the time of the last change besides
+    Attributes,  ///< and all attributes
+};
+
+/// Names are Windows names: a drive is a letter and a colon, a network name begins with "\\", "\"
+/// and "/" separate. A name is taken as it is spelled when it exists so, else without regard to
+/// letter case. Each system stores names its own way (UTF-8 on Linux); a name that this process was
+/// given by an operation opens again, whatever bytes it has on disk. A name that holds U+0000 gives
+/// kInvalidName everywhere. An operation that fails changes nothing unless it says so.
 class Files {
    public:
     virtual ~Files() = default;
 
+    // --- Content ---
+
     /// Opens a file. A directory, a pipe or a device gives kAccessDenied and is never waited for.
     virtual ErrorCode CreateFileA(const String& name, FileAccess access, Handle& handle) = 0;
     virtual ErrorCode GetFileSizeEx(Handle handle, std::uint64_t& size) = 0;
-    /// Reads up to `capacity` bytes from where the last read ended; `count` 0 is the end.
+    /// The next read begins `position` bytes behind the start of the file.
+    virtual ErrorCode SetFilePointerEx(Handle handle, std::uint64_t position) = 0;
+    /// Reads up to `capacity` bytes from where the last read ended; `count` 0 is the end. A file
+    /// opened for adding may be readable or not; one made by CreateNew is not.
     virtual ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
                                std::size_t& count) = 0;
-    /// Writes all of `bytes` behind the last write. A failure may leave a part written.
+    /// Writes all of `bytes` behind the last write; a failure may leave a part written. To a file
+    /// opened for adding they go behind whatever any process has written, in one piece, or not at
+    /// all; kFileReplaced when the name no longer leads to this file, then nothing is written.
     virtual ErrorCode WriteFile(Handle handle, std::string_view bytes) = 0;
+    /// Empties a file that is opened for adding.
+    virtual ErrorCode SetEndOfFile(Handle handle) = 0;
     /// Returns when what was written has reached the disk.
     virtual ErrorCode FlushFileBuffers(Handle handle) = 0;
     /// Closes a file or gives a lock back. The handle is gone, whatever the answer.
     virtual ErrorCode CloseHandle(Handle handle) = 0;
+
+    // --- Changing a file whole ---
 
     /// The name that `name` leads to when every link is followed. The last component need not
     /// exist.
     virtual ErrorCode GetFinalPathNameA(const String& name, String& target) = 0;
 
     /// Waits for the sole right to change the file `name`, among all processes that ask for it
-    /// this way. The kernel holds it and takes it back when the process dies. The file need not
-    /// exist; its folder must, and both must allow writing, else kAccessDenied. It may stand empty
-    /// while the lock is held; CloseHandle removes it again if it was made by the lock and is
-    /// still empty.
-    virtual ErrorCode LockFileA(const String& name, Handle& handle) = 0;
+    /// this way; kLockViolation when the wait was too short. The kernel holds it and takes it back
+    /// when the process dies. The file need not exist; its folder must, and both must allow
+    /// writing, else kAccessDenied. It may stand empty while the lock is held; CloseHandle removes
+    /// it again if it was made by the lock and is still empty.
+    ///
+    /// Nobody gets the lock while the file is open for FileAccess::Append, and nobody opens it so
+    /// while it is locked; of AppendYielding that is true of each single write.
+    virtual ErrorCode LockFileA(const String& name, Handle& handle, Wait wait = Wait::Forever) = 0;
 
     /// Puts the file `replacement` in the place of the file `name`, in one step: at every moment
     /// the name leads to the whole old content or the whole new one. Rights and owner of the old
@@ -72,6 +128,24 @@ class Files {
     virtual ErrorCode FlushFolderOf(const String& name) = 0;
 
     virtual ErrorCode DeleteFileA(const String& name) = 0;
+
+    // --- Folders ---
+
+    /// The attributes of a file or folder, with kReparsePoint for a link; a link that leads nowhere
+    /// is not found.
+    virtual ErrorCode GetFileAttributesA(const String& name, std::uint32_t& attributes) = 0;
+    /// Makes one folder; kPathNotFound when the folder around it is missing.
+    virtual ErrorCode CreateDirectoryA(const String& name) = 0;
+
+    /// Begins to list the folder `folder`, in the system's own order, and gives its first entry.
+    /// "." and ".." are among the entries, but not always in the root of a drive. What vanishes
+    /// meanwhile is left out or not. kFileNotFound for a folder without entries, kPathNotFound
+    /// for a name that leads to no folder. On success FindClose must follow.
+    virtual ErrorCode FindFirstFileA(const String& folder, FindDetail detail, Handle& search,
+                                     FindData& entry) = 0;
+    /// The next entry; kNoMoreFiles behind the last one.
+    virtual ErrorCode FindNextFileA(Handle search, FindData& entry) = 0;
+    virtual void FindClose(Handle search) = 0;
 };
 
 }  // namespace quorkit

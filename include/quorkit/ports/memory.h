@@ -3,7 +3,9 @@
 // are what it is told.
 #pragma once
 
+#include <quorkit/ports/drives.h>
 #include <quorkit/ports/files.h>
+#include <quorkit/ports/host.h>
 #include <quorkit/ports/ports.h>
 #include <quorkit/ports/system.h>
 
@@ -31,16 +33,24 @@ class MemoryFiles final : public Files {
 
     ErrorCode CreateFileA(const String& name, FileAccess access, Handle& handle) override;
     ErrorCode GetFileSizeEx(Handle handle, std::uint64_t& size) override;
+    ErrorCode SetFilePointerEx(Handle handle, std::uint64_t position) override;
     ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
                        std::size_t& count) override;
     ErrorCode WriteFile(Handle handle, std::string_view bytes) override;
+    ErrorCode SetEndOfFile(Handle handle) override;
     ErrorCode FlushFileBuffers(Handle handle) override;
     ErrorCode CloseHandle(Handle handle) override;
     ErrorCode GetFinalPathNameA(const String& name, String& target) override;
-    ErrorCode LockFileA(const String& name, Handle& handle) override;
+    ErrorCode LockFileA(const String& name, Handle& handle, Wait wait) override;
     ErrorCode ReplaceFileA(const String& name, const String& replacement) override;
     ErrorCode FlushFolderOf(const String& name) override;
     ErrorCode DeleteFileA(const String& name) override;
+    ErrorCode GetFileAttributesA(const String& name, std::uint32_t& attributes) override;
+    ErrorCode CreateDirectoryA(const String& name) override;
+    ErrorCode FindFirstFileA(const String& folder, FindDetail detail, Handle& search,
+                             FindData& entry) override;
+    ErrorCode FindNextFileA(Handle search, FindData& entry) override;
+    void FindClose(Handle search) override;
 
    private:
     struct File {
@@ -79,14 +89,64 @@ class MemorySystem : public System {
     LanguageIdentifier GetSystemDefaultLangID() override { return systemLanguage; }
     SystemTime GetLocalTime() override { return localTime; }
     std::uint64_t QueryPerformanceCounter() override { return performanceCounter; }
+    /// Added to a UTC time to give the local one.
+    std::int64_t minutesEastOfUtc = 0;
+    String temporaryFolder = u"C:\\Temp\\";
+    std::map<int, String> specialFolders;
+
+    bool FileTimeToSystemTime(FileTime time, SystemTime& local) override;
     bool GetEnvironmentVariableA(const String& name, String& value) override;
+    bool GetTempPathA(String& folder) override;
+    bool SHGetFolderPathA(int folder, String& path) override;
+};
+
+/// A drive in memory, under its letter and colon.
+struct MemoryDrive {
+    int type = 3;
+    std::uint32_t serialNumber = 0;
+    String remoteName;
+};
+
+class MemoryDrives final : public Drives {
+   public:
+    std::map<String, MemoryDrive> drives = {{u"C:", {}}};
+    /// What asking for the network connections answers.
+    ErrorCode networkAnswer = kSuccess;
+
+    int GetDriveTypeA(const String& root) override;
+    std::vector<String> GetLogicalDriveStringsA() override;
+    ErrorCode GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) override;
+    ErrorCode WNetEnumResourceA(std::vector<NetworkConnection>& connections) override;
+};
+
+/// A user who answers dialogs as told, and a record of what was shown.
+class MemoryHost final : public Host {
+   public:
+    struct Message {
+        String text;
+        String caption;
+    };
+    std::vector<Message> messages;
+    std::vector<FileDialog> dialogs;
+    /// The answer to the next dialogs; none cancels them.
+    std::optional<String> chosen;
+
+    void MessageBoxA(const String& text, const String& caption) override;
+    bool GetOpenFileNameA(const FileDialog& dialog, String& name) override;
+    bool GetSaveFileNameA(const FileDialog& dialog, String& name) override;
+    bool SHBrowseForFolderA(const FileDialog& dialog, String& name) override;
+
+   private:
+    bool answer(const FileDialog& dialog, String& name);
 };
 
 /// A whole world in memory.
 struct MemoryPorts {
     MemoryFiles files;
+    MemoryDrives drives;
     MemorySystem system;
-    Ports ports{files, system};
+    MemoryHost host;
+    Ports ports{files, drives, system, host};
     operator Ports&() { return ports; }  // NOLINT(google-explicit-constructor): it is one
 };
 

@@ -4,12 +4,16 @@
 
 namespace quorkit {
 
+class Drives;
 class Files;
+class Host;
 class System;
 
 struct Ports {
     Files& files;
+    Drives& drives;
     System& system;
+    Host& host;
 };
 
 namespace ports {

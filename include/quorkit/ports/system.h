@@ -1,6 +1,7 @@
 // What the operating system says of itself and its user.
 #pragma once
 
+#include <quorkit/ports/files.h>
 #include <quorkit/values.h>
 
 #include <cstdint>
@@ -31,6 +32,9 @@ class System {
     virtual LanguageIdentifier GetSystemDefaultLangID() = 0;
 
     virtual SystemTime GetLocalTime() = 0;
+    /// A time in the user's time zone. False when it is none that a calendar can show. Linux counts
+    /// with the daylight saving time of that day, Windows always with today's.
+    virtual bool FileTimeToSystemTime(FileTime time, SystemTime& local) = 0;
     /// A counter that runs for as long as the system does, in steps of a microsecond or less.
     virtual std::uint64_t QueryPerformanceCounter() = 0;
 
@@ -38,6 +42,13 @@ class System {
     /// one that is spelled so but for letter case. False when there is none, as always for an empty
     /// name and for one that holds "=" or U+0000; `value` is then left as it is.
     virtual bool GetEnvironmentVariableA(const String& name, String& value) = 0;
+
+    /// The folder for temporary files, with a separator at its end. False when there is none.
+    virtual bool GetTempPathA(String& folder) = 0;
+    /// The path of a special folder, by its CSIDLS number, without a separator at its end; whether
+    /// it exists is not asked. False for a folder that this system does not have or that is no
+    /// folder on disk.
+    virtual bool SHGetFolderPathA(int folder, String& path) = 0;
 
    protected:
     /// Whether an environment variable can have this name.

@@ -1,0 +1,36 @@
+// Drives, their volumes, and the network names that stand behind them.
+#pragma once
+
+#include <quorkit/ports/files.h>
+#include <quorkit/values.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace quorkit {
+
+/// A network share with a drive letter, "X:" for "\\server\share". The local name is empty when it
+/// has none.
+struct NetworkConnection {
+    String localName;
+    String remoteName;
+};
+
+/// On Linux `C:` is the root file system and the mounts behind it follow in the order of their
+/// names.
+class Drives {
+   public:
+    virtual ~Drives() = default;
+
+    /// The type of a drive such as "C:" or "C:\", by the numbers of Win32: 2 removable, 3 fixed,
+    /// 4 network, 5 optical, 6 memory; 1 when there is no such drive, 0 when its type is unknown.
+    virtual int GetDriveTypeA(const String& root) = 0;
+    /// The roots of all drives, such as "C:\", in alphabetical order.
+    virtual std::vector<String> GetLogicalDriveStringsA() = 0;
+    /// The serial number of the volume whose root is "C:\" or "\\server\share\".
+    virtual ErrorCode GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) = 0;
+    /// The network connections, in the system's order.
+    virtual ErrorCode WNetEnumResourceA(std::vector<NetworkConnection>& connections) = 0;
+};
+
+}  // namespace quorkit

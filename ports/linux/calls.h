@@ -1,0 +1,25 @@
+// System calls and what they answer.
+#pragma once
+
+#include <quorkit/ports/files.h>
+
+#include <cerrno>
+
+namespace quorkit::disk {
+
+/// The code for `errno`.
+ErrorCode lastError();
+
+inline ErrorCode resultOf(int returned) {
+    return returned == 0 ? kSuccess : lastError();
+}
+
+/// Repeats a call for as long as a signal interrupts it.
+template <class Call>
+auto unlessInterrupted(Call call) {
+    auto result = call();
+    while (result == -1 && errno == EINTR) result = call();
+    return result;
+}
+
+}  // namespace quorkit::disk

@@ -1,0 +1,36 @@
+#include <quorkit/ports/memory.h>
+
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+
+int MemoryDrives::GetDriveTypeA(const String& root) {
+    const auto found = drives.find(runtime::toUpper(root.substr(0, 2)));
+    constexpr int noRootDirectory = 1;
+    return found == drives.end() ? noRootDirectory : found->second.type;
+}
+
+std::vector<String> MemoryDrives::GetLogicalDriveStringsA() {
+    std::vector<String> roots;
+    for (const auto& [name, drive] : drives) roots.push_back(name + u'\\');
+    return roots;
+}
+
+ErrorCode MemoryDrives::GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) {
+    for (const auto& [name, drive] : drives)
+        for (const String& mine : {name, drive.remoteName})
+            if (!mine.empty() && runtime::sameText(mine + u'\\', root)) {
+                serialNumber = drive.serialNumber;
+                return kSuccess;
+            }
+    return kPathNotFound;
+}
+
+ErrorCode MemoryDrives::WNetEnumResourceA(std::vector<NetworkConnection>& connections) {
+    if (networkAnswer != kSuccess) return networkAnswer;
+    for (const auto& [name, drive] : drives)
+        if (!drive.remoteName.empty()) connections.push_back({name, drive.remoteName});
+    return kSuccess;
+}
+
+}  // namespace quorkit
