@@ -88,7 +88,7 @@ ErrorCode lockBriefly(int descriptor, int kind) {
 /// under the lock alone, which takes one from them.
 bool keepsItsNames(const Opened& file) {
     struct stat about = {};
-    return fstat(file.descriptor, &about) == 0 && about.st_nlink == file.names && file.names != 0;
+    return fstat(file.descriptor, &about) == 0 && about.st_nlink == file.names;
 }
 
 /// Adds `bytes` in one piece. The kernel does that in one call, unless the disk is full: then it
@@ -118,17 +118,24 @@ ErrorCode openNew(const std::string& path, Opened& file) {
 
 ErrorCode openToAdd(const std::string& path, Opened& file) {
     for (;;) {
-        constexpr int flags = O_APPEND | O_CREAT;
-        struct stat about = {};
-        ErrorCode code = openRegular(path, flags | O_RDWR, file.descriptor, about);
-        if (code == kAccessDenied)
-            code = openRegular(path, flags | O_WRONLY, file.descriptor, about);
-        if (code != kSuccess) return code == kFileNotFound ? kPathNotFound : code;
-        file.names = about.st_nlink;
-        if (!writableByAnyone(about)) code = kAccessDenied;
+        constexpr int flags = O_APPEND | O_CREAT | kQuietly;
+        const auto tryToOpen = [&](int access) {
+            return unlessInterrupted([&] { return open(path.c_str(), flags | access, 0666); });
+        };
+        file.descriptor = tryToOpen(O_RDWR);
+        if (file.descriptor == -1 && errno == EACCES) file.descriptor = tryToOpen(O_WRONLY);
+        if (file.descriptor == -1) return errno == ENOENT ? kPathNotFound : lastError();
         // Where a file system has no locks, nobody replaces its files under one.
-        if (code == kSuccess && file.access == FileAccess::Append) lock(file.descriptor, LOCK_SH);
-        if (code == kSuccess && keepsItsNames(file)) return kSuccess;
+        if (file.access == FileAccess::Append) lock(file.descriptor, LOCK_SH);
+
+        struct stat about = {};
+        ErrorCode code = resultOf(fstat(file.descriptor, &about));
+        if (code == kSuccess && !(S_ISREG(about.st_mode) && writableByAnyone(about)))
+            code = kAccessDenied;
+        // It may have been replaced before it was locked.
+        const bool named = about.st_nlink == 1 || leadsTo(path, about);
+        file.names = about.st_nlink;
+        if (code == kSuccess && named) return kSuccess;
         close(file.descriptor);
         if (code != kSuccess) return code;
     }

@@ -1,7 +1,6 @@
 // The language comes from the locale environment, variables are taken as UTF-8.
 #include "native/system.h"
 
-#include <sys/time.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -73,17 +72,20 @@ LanguageIdentifier NativeSystem::GetSystemDefaultLangID() {
 }
 
 SystemTime NativeSystem::GetLocalTime() {
-    timeval now{};
-    gettimeofday(&now, nullptr);
-    tm local{};
-    localtime_r(&now.tv_sec, &local);
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    // What the calendar shows stays the same for a second.
+    thread_local time_t second = -1;
+    thread_local tm local{};
+    if (now.tv_sec != second) localtime_r(&now.tv_sec, &local);
+    second = now.tv_sec;
     return {local.tm_year + 1900,
             local.tm_mon + 1,
             local.tm_mday,
             local.tm_hour,
             local.tm_min,
             local.tm_sec,
-            static_cast<int>(now.tv_usec / 1000)};
+            static_cast<int>(now.tv_nsec / 1'000'000)};
 }
 
 std::uint64_t NativeSystem::QueryPerformanceCounter() {

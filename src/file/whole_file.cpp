@@ -19,11 +19,14 @@ String besideOf(const String& name) {
 
 }  // namespace
 
-ErrorCode readWholeFile(Files& files, const String& name, std::string& content) {
+ErrorCode readWholeFile(Files& files, const String& name, std::string& content,
+                        std::uint64_t start) {
     Handle handle = Handle::Invalid;
     if (const ErrorCode code = files.CreateFileA(name, FileAccess::Read, handle)) return code;
     std::uint64_t size = 0;
     ErrorCode code = files.GetFileSizeEx(handle, size);
+    if (code == kSuccess && start != 0) code = files.SetFilePointerEx(handle, start);
+    size = size > start ? size - start : 0;
     // The size is a hint: one byte more shows the end, and a file that grows is read on.
     std::size_t used = 0;
     content.clear();
@@ -37,9 +40,9 @@ ErrorCode readWholeFile(Files& files, const String& name, std::string& content) 
     return code != kSuccess ? code : closed;
 }
 
-LockedFile::LockedFile(Files& files, const String& name) : files_(files) {
+LockedFile::LockedFile(Files& files, const String& name, Wait wait) : files_(files) {
     status_ = files_.GetFinalPathNameA(name, name_);
-    if (status_ == kSuccess) status_ = files_.LockFileA(name_, lock_);
+    if (status_ == kSuccess) status_ = files_.LockFileA(name_, lock_, wait);
 }
 
 LockedFile::~LockedFile() {
@@ -64,7 +67,10 @@ ErrorCode LockedFile::writeBeside(const String& beside, std::string_view content
 }
 
 ErrorCode LockedFile::replace(std::string_view content) {
-    const String beside = besideOf(name_);
+    return replaceBy(besideOf(name_), content);
+}
+
+ErrorCode LockedFile::replaceBy(const String& beside, std::string_view content) {
     ErrorCode code = writeBeside(beside, content);
     if (code == kFileExists) {  // a process was killed here
         files_.DeleteFileA(beside);

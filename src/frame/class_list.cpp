@@ -7,6 +7,7 @@
 #include <quorkit/QuorAddress.h>
 #include <quorkit/QuorCollection.h>
 #include <quorkit/QuorInifile.h>
+#include <quorkit/QuorLogFile.h>
 #include <quorkit/QuorTesting.h>
 #include <quorkit/catalogue.h>
 #include <quorkit/dispatch.h>
@@ -68,7 +69,8 @@ constexpr ClassInfo kClasses[] = {
                              "INI file: keys, sections, bulk section content, multi-line values"),
     announced("GQuorRegistry", Global, 12,
               "registry: typed values, enumeration, bulk write, deletion"),
-    announced("QuorLogFile", Creatable, 20, "log file writer with levels, formats and size limit"),
+    implemented<QuorLogFile>("QuorLogFile", Creatable, 20,
+                             "log file writer with levels, formats and size limit"),
     implemented<GQuorFile>(
         "GQuorFile", Global, 36,
         "path names, directory listings, drives and UNC names, file content, temporary files, "

@@ -6,44 +6,26 @@
 #include "runtime/code_page.h"
 
 namespace quorkit {
-namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view kUtf16Mark = "\xFF\xFE";
-
-String unitsOf(std::string_view littleEndian) {
-    String units(littleEndian.size() / 2, u'\0');
-    for (std::size_t i = 0; i < units.size(); ++i)
-        units[i] = static_cast<char16_t>(static_cast<unsigned char>(littleEndian[2 * i]) |
-                                         static_cast<unsigned char>(littleEndian[2 * i + 1]) << 8);
-    return units;
-}
-
-}  // namespace
+using runtime::kUtf16Mark;
+using runtime::kUtf8Mark;
 
 MarkedText takeMarkOff(std::string content) {
     const std::string_view view = content;
     if (view.starts_with(kUtf8Mark))
         return {true, Encoding::Utf8, content.substr(kUtf8Mark.size())};
     if (view.starts_with(kUtf16Mark))
-        return {
-            true, Encoding::Utf16,
-            runtime::toUtf8(unitsOf(view.substr(kUtf16Mark.size())), runtime::LoneSurrogate::Keep),
-            std::string(view.substr(view.size() - view.size() % 2))};
+        return {true, Encoding::Utf16,
+                runtime::toUtf8(runtime::fromUtf16(view.substr(kUtf16Mark.size())),
+                                runtime::LoneSurrogate::Keep),
+                std::string(view.substr(view.size() - view.size() % 2))};
     return {false, Encoding::Ansi, std::move(content)};
 }
 
 std::string putMarkOn(MarkedText marked) {
     if (!marked.marked) return std::move(marked.text);
     if (marked.encoding == Encoding::Utf8) return std::string(kUtf8Mark) + marked.text;
-    std::string content(kUtf16Mark);
-    const String units = runtime::fromUtf8(marked.text);
-    content.reserve(content.size() + 2 * units.size());
-    for (const char16_t unit : units) {
-        content += static_cast<char>(unit & 0xFF);
-        content += static_cast<char>(unit >> 8);
-    }
-    return content + marked.tail;
+    return std::string(kUtf16Mark) + runtime::toUtf16(runtime::fromUtf8(marked.text)) + marked.tail;
 }
 
 Encoding encodingOf(std::string_view unmarkedText) {

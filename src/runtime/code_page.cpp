@@ -136,7 +136,9 @@ char16_t fromAnsi(Byte byte) {
 
 std::string toAnsi(StringView text) {
     std::string bytes(text.size(), '\0');
-    std::ranges::transform(text, bytes.begin(),
+    char* target = bytes.data();
+    copyAscii(text, target);
+    std::ranges::transform(text, target,
                            [](char16_t unit) { return static_cast<char>(toAnsi(unit)); });
     return bytes;
 }
@@ -193,6 +195,23 @@ bool isUtf8(std::string_view bytes) {
             return false;
         bytes.remove_prefix(next.length);
     }
+}
+
+std::string toUtf16(StringView text) {
+    std::string bytes(2 * text.size(), '\0');
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bytes[2 * i] = static_cast<char>(text[i] & 0xFF);
+        bytes[2 * i + 1] = static_cast<char>(text[i] >> 8);
+    }
+    return bytes;
+}
+
+String fromUtf16(std::string_view bytes) {
+    String text(bytes.size() / 2, u'\0');
+    for (std::size_t i = 0; i < text.size(); ++i)
+        text[i] = static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
+                                        static_cast<unsigned char>(bytes[2 * i + 1]) << 8);
+    return text;
 }
 
 }  // namespace quorkit::runtime

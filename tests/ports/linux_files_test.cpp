@@ -2,11 +2,13 @@
 #ifdef __linux__
 #include <gtest/gtest.h>
 #include <quorkit/QuorInifile.h>
+#include <quorkit/QuorLogFile.h>
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "support/child.h"
@@ -100,6 +102,41 @@ TEST_F(LinuxSave, AFullDiskLeavesTheOldContent) {
     }
     EXPECT_EQ(scratch.read("s.ini"), kBefore);
     EXPECT_EQ(scratch.count(), 1u);
+}
+
+/// Adds entries under the same limit, to a file kept open.
+int logWithLittleRoom(const std::vector<std::string>& arguments) {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit = {4096, 4096};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    QuorLogFile log;
+    log.setLogFileName(fs::path(arguments[0]).u16string());
+    for (int i = 0; i < 10; ++i) {
+        String entry(998, u'x');
+        log.writeLogfileEntry(entry, eLogEntryType_Error);
+    }
+    return 0;
+}
+const PartName logWithLittleRoomPart("logWithLittleRoom", logWithLittleRoom);
+
+TEST(LinuxLog, AFullDiskTakesNoHalfEntry) {
+    Scratch scratch;
+    Child child("logWithLittleRoom", {scratch.path("a.log").string()});
+    EXPECT_EQ(child.wait(), 0);
+    EXPECT_EQ(scratch.read("a.log").size(), 4u * 1000);
+}
+
+TEST(LinuxLog, StartedProgramsDoNotInheritIt) {
+    Scratch scratch;
+    QuorLogFile log;
+    log.setLogFileName(scratch.name("a.log"));
+    log.setAutoOpenClose(false);
+    ASSERT_TRUE(log.OpenLogfile());
+    const std::string command = "ls -l /proc/self/fd > " + scratch.path("handles").string();
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    const std::string handles = scratch.read("handles");
+    EXPECT_NE(handles.find("/handles"), std::string::npos);
+    EXPECT_EQ(handles.find("a.log"), std::string::npos);
 }
 
 }  // namespace

@@ -1,0 +1,82 @@
+#include <quorkit/QuorLogFile.h>
+
+#include <charconv>
+#include <tuple>
+
+#include "runtime/trim.h"
+
+namespace quorkit {
+namespace {
+
+StringView levelText(eLogEntryType level) {
+    switch (level) {
+        case eLogEntryType_Error:
+            return u"Error    ";
+        case eLogEntryType_Warning:
+            return u"Warning  ";
+        case eLogEntryType_Statistic:
+            return u"Statistic";
+        case eLogEntryType_Information:
+            return u"Info     ";
+        case eLogEntryType_Test:
+            return u"Test     ";
+        case eLogEntryType_TestEx:
+            return u"TestEx   ";
+        case eLogEntryType_TestDump:
+            return u"TestDump  ";
+        default:
+            return {};
+    }
+}
+
+bool sameSecond(const SystemTime& a, const SystemTime& b) {
+    return std::tie(a.second, a.minute, a.hour, a.day, a.month, a.year) ==
+           std::tie(b.second, b.minute, b.hour, b.day, b.month, b.year);
+}
+
+/// Puts the last digits of `number` over the places at `position`.
+void putDigits(String& text, std::size_t position, std::size_t places, int number) {
+    for (std::size_t i = places; i-- > 0; number /= 10)
+        text[position + i] = static_cast<char16_t>(u'0' + number % 10);
+}
+
+}  // namespace
+
+String QuorLogFile::levelNrToLevelText(Unchanged<eLogEntryType> level) {
+    const StringView text = levelText(level);
+    return String(separator_.size() == 1 ? runtime::Trim(text) : text);
+}
+
+const String& QuorLogFile::now() {
+    const SystemTime now = ports_.system.GetLocalTime();
+    if (dateAndTime_.empty() || !sameSecond(now, second_)) {
+        second_ = now;
+        dateAndTime_ = u"dd.MM.yyyy HH:mm:ss";
+        putDigits(dateAndTime_, 0, 2, now.day);
+        putDigits(dateAndTime_, 3, 2, now.month);
+        putDigits(dateAndTime_, 6, 4, now.year);
+        putDigits(dateAndTime_, 11, 2, now.hour);
+        putDigits(dateAndTime_, 14, 2, now.minute);
+        putDigits(dateAndTime_, 17, 2, now.second);
+    }
+    return dateAndTime_;
+}
+
+void QuorLogFile::addPrefixes(String& s, eLogEntryType level) {
+    String prefixes;
+    const auto add = [&](eLogFormat prefix, const auto& text) {
+        if ((logFormat_ & prefix) != 0) prefixes.append(text()).append(separator_);
+    };
+    const auto variable = [&](const String& name) {
+        String value;
+        ports_.system.GetEnvironmentVariableA(name, value);
+        return value;
+    };
+    add(eLogFormat_DateTime, [&]() -> const String& { return now(); });
+    add(eLogFormat_UserName, [&] { return variable(u"Username"); });
+    add(eLogFormat_MachineName, [&] { return variable(u"ComputerName"); });
+    add(eLogFormat_MsgLevel, [&] { return levelNrToLevelText(level); });
+    s.insert(0, prefixes);
+}
+
+}  // namespace quorkit

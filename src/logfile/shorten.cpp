@@ -1,0 +1,79 @@
+#include <quorkit/QuorLogFile.h>
+
+#include <cmath>
+#include <optional>
+#include <string_view>
+
+#include "file/whole_file.h"
+#include "frame/error_patterns.h"
+#include "logfile/log_text.h"
+#include "runtime/code_page.h"
+
+namespace quorkit {
+namespace {
+
+/// The size of the file; nothing when there is none that can be read.
+std::optional<std::uint64_t> sizeOf(Files& files, const String& name) {
+    Handle file = Handle::Invalid;
+    if (files.CreateFileA(name, FileAccess::Read, file) != kSuccess) return std::nullopt;
+    std::uint64_t size = 0;
+    const ErrorCode code = files.GetFileSizeEx(file, size);
+    files.CloseHandle(file);
+    return code == kSuccess ? std::optional(size) : std::nullopt;
+}
+
+/// What stays of a plain file of `size` bytes.
+std::optional<std::string> newerPart(Files& files, const String& name, std::uint64_t size,
+                                     Long limit) {
+    constexpr double keptShare = 0.8;
+    constexpr std::uint64_t lastLineEnd = 2;
+    const double skipped = std::nearbyint(static_cast<double>(size) - keptShare * limit);
+    if (skipped > static_cast<double>(size)) return std::nullopt;
+    std::string kept;
+    if (readWholeFile(files, name, kept, static_cast<std::uint64_t>(skipped)) != kSuccess)
+        return std::nullopt;
+    const std::size_t lineEnd = kept.find('\n');
+    if (lineEnd == std::string::npos || kept.size() < lineEnd + 1 + lastLineEnd)
+        return std::nullopt;
+    return kept.substr(lineEnd + 1, kept.size() - lineEnd - 1 - lastLineEnd);
+}
+
+/// What stays of a UTF-16 file.
+std::optional<std::string> olderHalf(Files& files, const String& name, std::uint64_t size) {
+    std::string content;
+    const auto half = static_cast<std::size_t>(std::nearbyint(static_cast<double>(size) / 2 - 1));
+    if (readWholeFile(files, name, content) != kSuccess) return std::nullopt;
+    return content.substr(runtime::kUtf16Mark.size(), half);
+}
+
+bool isUtf16(Files& files, const String& name) {
+    Handle file = Handle::Invalid;
+    if (files.CreateFileA(name, FileAccess::Read, file) != kSuccess) return false;
+    const bool result = readMark(files, file) == runtime::kUtf16Mark;
+    files.CloseHandle(file);
+    return result;
+}
+
+}  // namespace
+
+Boolean QuorLogFile::limitFileSize(Unchanged<String> sFileName, Unchanged<Long> MaxFileSize) {
+    return onErrorReturn(Boolean(false), [&]() -> Boolean {
+        const auto withinLimit = [&](std::uint64_t size) {
+            return static_cast<double>(size) <= MaxFileSize;
+        };
+        const auto glance = sizeOf(ports_.files, sFileName);
+        if (!glance || withinLimit(*glance)) return glance.has_value();
+
+        LockedFile file(ports_.files, sFileName, Wait::Briefly);
+        if (file.status() != kSuccess) return false;
+        const String& name = file.name();
+        const auto size = sizeOf(ports_.files, name);
+        if (!size || withinLimit(*size)) return size.has_value();  // another was quicker
+        const auto kept = isUtf16(ports_.files, name)
+                              ? olderHalf(ports_.files, name, *size)
+                              : newerPart(ports_.files, name, *size, MaxFileSize);
+        return kept && file.replaceBy(name + u".xxx", *kept) == kSuccess;
+    });
+}
+
+}  // namespace quorkit

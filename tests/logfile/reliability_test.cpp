@@ -1,0 +1,163 @@
+// Nothing is lost: not to other writers, not to a kill, not to failing operations.
+#include <gtest/gtest.h>
+#include <quorkit/QuorLogFile.h>
+#include <quorkit/ports/faults.h>
+
+#include <charconv>
+#include <chrono>
+#include <map>
+#include <thread>
+
+#include "support/child.h"
+#include "support/scratch.h"
+
+namespace quorkit::test {
+namespace {
+
+/// Writes entries "<a0000000>", "<a0000001>" ... and then sleeps if told to.
+int writeEntries(const std::vector<std::string>& arguments) {
+    const std::string& letter = arguments[1];
+    QuorLogFile log;
+    log.setLogFileName(std::filesystem::path(arguments[0]).u16string());
+    log.setAppend(true);
+    log.setMaxFileSize(std::stoi(arguments[3]));
+    log.setAutoOpenClose(arguments[4] == "opened");
+    if (!log.AutoOpenClose() && !log.OpenLogfile()) return 1;
+    const int count = std::stoi(arguments[2]);
+    for (int i = 0; i < count; ++i) {
+        std::string number = std::to_string(i);
+        number.insert(0, 7 - number.size(), '0');
+        const std::string text = "<" + letter + number + ">";
+        String entry(text.begin(), text.end());
+        log.writeLogfileEntry(entry, eLogEntryType_Error);
+    }
+    if (arguments.size() > 5) std::this_thread::sleep_for(std::chrono::minutes(1));
+    return 0;
+}
+const PartName writeEntriesPart("writeEntries", writeEntries);
+
+/// The numbers in the file by their letters; fails on anything that is no whole entry.
+std::map<char, std::vector<int>> entriesOf(std::string_view content) {
+    std::map<char, std::vector<int>> entries;
+    constexpr std::size_t size = 10;
+    while (!content.empty()) {
+        int number = -1;
+        const std::string_view entry = content.substr(0, size);
+        if (entry.size() == size && entry[0] == '<' && entry[size - 1] == '>')
+            std::from_chars(entry.data() + 2, entry.data() + size - 1, number);
+        if (number == -1) {
+            ADD_FAILURE() << "torn: " << content.substr(0, 2 * size);
+            return entries;
+        }
+        entries[entry[1]].push_back(number);
+        content.remove_prefix(size);
+        if (content.starts_with("\r\n")) content.remove_prefix(2);
+    }
+    return entries;
+}
+
+#ifdef _WIN32
+constexpr int kEntries = 2000;  // each takes its time there
+#else
+constexpr int kEntries = 50000;
+#endif
+
+TEST(LogReliability, FourWritersLoseNothing) {
+    for (const char* mode : {"opened", "kept"})
+        for (const int limit : {0, 20000}) {
+            Scratch scratch;
+            std::vector<std::unique_ptr<Child>> writers;
+            for (const char* letter : {"a", "b", "c", "d"})
+                writers.push_back(std::make_unique<Child>(
+                    "writeEntries", std::vector<std::string>{scratch.path("a.log").string(), letter,
+                                                             std::to_string(kEntries),
+                                                             std::to_string(limit), mode}));
+            for (const auto& writer : writers) EXPECT_EQ(writer->wait(), 0);
+            const std::string content = scratch.read("a.log");
+            const auto entries = entriesOf(content);
+            std::size_t total = 0;
+            for (const auto& [letter, numbers] : entries) {
+                // What is cut off is older than what stays.
+                for (std::size_t i = 0; i < numbers.size(); ++i)
+                    ASSERT_EQ(numbers[i], kEntries - static_cast<int>(numbers.size() - i))
+                        << mode << limit << letter;
+                total += numbers.size();
+            }
+            if (limit == 0) {
+                EXPECT_EQ(total, 4u * kEntries);
+            } else {
+                EXPECT_LT(content.size(), 200'000u) << mode;
+            }
+            EXPECT_EQ(scratch.count(), 1u);
+        }
+}
+
+TEST(LogReliability, AKilledWriterHasWrittenEveryEntry) {
+    for (const char* mode : {"opened", "kept"}) {
+        Scratch scratch;
+        scratch.write("a.log", "");
+        Child writer("writeEntries",
+                     {scratch.path("a.log").string(), "a", "1000", "0", mode, "sleep"});
+        constexpr std::size_t all = 1000 * std::string_view("<a0000000>\r\n").size();
+        for (int waits = 0; waits < 10000 && scratch.read("a.log").size() < all; ++waits)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        writer.kill();
+        writer.wait();
+        EXPECT_EQ(entriesOf(scratch.read("a.log"))['a'].size(), 1000u);
+    }
+}
+
+TEST(LogReliability, AFileThatIsKeptOpenIsNotShortenedByOthers) {
+    Scratch scratch;
+    QuorLogFile keeper;
+    QuorLogFile other;
+    keeper.setLogFileName(scratch.name("a.log"));
+    keeper.setAutoOpenClose(false);
+    ASSERT_TRUE(keeper.OpenLogfile());
+    String entry = String(100, u'x');
+    for (int i = 0; i < 10; ++i) keeper.writeLogfileEntry(entry, eLogEntryType_Error);
+    EXPECT_FALSE(other.limitFileSize(scratch.name("a.log"), Long{500}));
+    keeper.writeLogfileEntry(entry, eLogEntryType_Error);
+    EXPECT_EQ(scratch.read("a.log").size(), 11u * 102);
+    keeper.CloseLogfile();
+    EXPECT_TRUE(other.limitFileSize(scratch.name("a.log"), Long{500}));
+    EXPECT_EQ(scratch.read("a.log").size(), 3u * 102 - 2);
+}
+
+TEST(LogReliability, EveryFailingOperationLeavesWhatWasThere) {
+    const std::string before = "first\r\nsecond\r\nthird\r\nfourth\r\n";
+    const std::string shortened = "third\r\nfourth";
+    for (const bool keptOpen : {false, true})
+        for (std::size_t failing = 1;; ++failing) {
+            Scratch scratch;
+            scratch.write("a.log", before);
+            FaultyFiles files(ports::native().files);
+            Ports ports{files, ports::native().drives, ports::native().system,
+                        ports::native().host};
+            QuorLogFile log(ports);
+            log.setLogFileName(scratch.name("a.log"));
+            log.setAppend(true);
+            log.setMaxFileSize(20);
+            log.setAutoOpenClose(!keptOpen);
+            if (keptOpen) log.OpenLogfile();
+            files.answer(failing, kDiskFull);
+            String entry = u"new";
+            log.writeLogfileEntry(entry, eLogEntryType_Error);
+            const std::size_t calls = files.calls();
+            log.CloseLogfile();
+            const std::string after = scratch.read("a.log");
+            const bool fits = after == before || after == before + "new\r\n" ||
+                              after == shortened || after == shortened + "new\r\n";
+            EXPECT_TRUE(fits) << failing << after;
+            files.answer(static_cast<std::size_t>(-1), kSuccess);
+            EXPECT_TRUE(log.limitFileSize(scratch.name("a.log"), Long{20}));
+            EXPECT_EQ(scratch.count(), 1u) << failing;
+            if (calls < failing) {
+                EXPECT_EQ(after, shortened + "new\r\n");
+                break;
+            }
+        }
+}
+
+}  // namespace
+}  // namespace quorkit::test
