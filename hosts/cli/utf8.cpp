@@ -4,6 +4,7 @@ namespace quorkit::cli {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kByteBase = 0xDC00;
 
 void appendUtf16(String& text, char32_t codePoint) {
     if (codePoint < 0x10000) {
@@ -72,7 +73,10 @@ std::string toUtf8(StringView text) {
     bytes.reserve(text.size());
     for (std::size_t position = 0; position < text.size();) {
         const char32_t codePoint = nextCodePoint(text, position);
-        appendUtf8(bytes, isSurrogate(codePoint) ? kReplacement : codePoint);
+        if (codePoint >= kByteBase + 0x80 && codePoint <= kByteBase + 0xFF)
+            bytes += static_cast<char>(codePoint - kByteBase);
+        else
+            appendUtf8(bytes, isSurrogate(codePoint) ? kReplacement : codePoint);
     }
     return bytes;
 }
@@ -82,7 +86,8 @@ String fromUtf8(std::string_view bytes) {
     text.reserve(bytes.size());
     while (!bytes.empty()) {
         const Decoded next = decode(bytes);
-        appendUtf16(text, next.length == 0 ? kReplacement : next.codePoint);
+        const char32_t byte = kByteBase + static_cast<unsigned char>(bytes.front());
+        appendUtf16(text, next.length == 0 ? byte : next.codePoint);
         bytes.remove_prefix(next.length == 0 ? 1 : next.length);
     }
     return text;

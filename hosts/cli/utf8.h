@@ -16,10 +16,11 @@ char32_t nextCodePoint(StringView text, std::size_t& position);
 /// Appends a code point that is no surrogate.
 void appendUtf8(std::string& bytes, char32_t codePoint);
 
-/// Surrogates without a partner become U+FFFD.
-std::string toUtf8(StringView text);
-/// Bytes that are no UTF-8 become U+FFFD each.
+/// Bytes that are no UTF-8 become the surrogate U+DC00 + byte each, as in the names of files, and
+/// go back so: a name from the command line or to it opens, whatever it is made of.
 String fromUtf8(std::string_view bytes);
+/// Any other surrogate without its partner becomes U+FFFD.
+std::string toUtf8(StringView text);
 
 inline bool isSurrogate(char32_t codePoint) {
     return codePoint >= 0xD800 && codePoint <= 0xDFFF;
