@@ -16,7 +16,11 @@ bool FaultyFiles::due(std::string_view operation) {
 }
 
 ErrorCode FaultyFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
-    return due("CreateFileA") ? code_ : inner_.CreateFileA(name, access, handle);
+    if (due("CreateFileA")) return code_;
+    const ErrorCode code = inner_.CreateFileA(name, access, handle);
+    const bool adds = access == FileAccess::Append || access == FileAccess::AppendYielding;
+    if (code == kSuccess && adds) adding_.insert(handle);
+    return code;
 }
 ErrorCode FaultyFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
     return due("GetFileSizeEx") ? code_ : inner_.GetFileSizeEx(handle, size);
@@ -30,7 +34,8 @@ ErrorCode FaultyFiles::ReadFile(Handle handle, char* buffer, std::size_t capacit
 }
 ErrorCode FaultyFiles::WriteFile(Handle handle, std::string_view bytes) {
     if (!due("WriteFile")) return inner_.WriteFile(handle, bytes);
-    inner_.WriteFile(handle, bytes.substr(0, bytes.size() / 2));
+    if (code_ != kSuccess && !adding_.contains(handle))
+        inner_.WriteFile(handle, bytes.substr(0, bytes.size() / 2));
     return code_;
 }
 ErrorCode FaultyFiles::SetEndOfFile(Handle handle) {
@@ -40,6 +45,7 @@ ErrorCode FaultyFiles::FlushFileBuffers(Handle handle) {
     return due("FlushFileBuffers") ? code_ : inner_.FlushFileBuffers(handle);
 }
 ErrorCode FaultyFiles::CloseHandle(Handle handle) {
+    adding_.erase(handle);
     const ErrorCode code = inner_.CloseHandle(handle);
     return due("CloseHandle") ? code_ : code;
 }

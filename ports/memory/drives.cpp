@@ -5,9 +5,11 @@
 namespace quorkit {
 
 int MemoryDrives::GetDriveTypeA(const String& root) {
-    const auto found = drives.find(runtime::toUpper(root.substr(0, 2)));
+    for (const auto& [name, drive] : drives)
+        if (runtime::sameText(name, root) || runtime::sameText(name + u'\\', root))
+            return drive.type;
     constexpr int noRootDirectory = 1;
-    return found == drives.end() ? noRootDirectory : found->second.type;
+    return noRootDirectory;
 }
 
 std::vector<String> MemoryDrives::GetLogicalDriveStringsA() {
@@ -28,6 +30,7 @@ ErrorCode MemoryDrives::GetVolumeInformationA(const String& root, std::uint32_t&
 
 ErrorCode MemoryDrives::WNetEnumResourceA(std::vector<NetworkConnection>& connections) {
     if (networkAnswer != kSuccess) return networkAnswer;
+    connections.clear();
     for (const auto& [name, drive] : drives)
         if (!drive.remoteName.empty()) connections.push_back({name, drive.remoteName});
     return kSuccess;

@@ -1,195 +1,131 @@
-#include <quorkit/ports/memory.h>
-
+// The content of files in memory.
 #include <algorithm>
 #include <cstring>
 
+#include "memory/state.h"
+
 namespace quorkit {
+
+using memory::Entry;
+using memory::Place;
+
 namespace {
 
-String folderOf(const String& name) {
-    const auto end = name.find_last_of(u"/\\");
-    return end == String::npos ? String() : name.substr(0, end);
-}
-
-bool validName(const String& name) {
-    return !name.empty() && name.find(u'\0') == String::npos;
+bool forAdding(FileAccess access) {
+    return access == FileAccess::Append || access == FileAccess::AppendYielding;
 }
 
 }  // namespace
 
-void MemoryFiles::addFolder(const String& name) {
-    const std::lock_guard guard(mutex_);
-    folders_.insert(name);
+MemoryFiles::State::Opened* MemoryFiles::State::find(Handle handle) {
+    const auto found = opened.find(std::intptr_t(handle));
+    return found == opened.end() || found->second.item == nullptr ? nullptr : &found->second;
 }
 
-void MemoryFiles::put(const String& name, std::string content) {
-    const std::lock_guard guard(mutex_);
-    files_[name] = std::make_shared<File>(File{std::move(content)});
+Handle MemoryFiles::State::handOut(Opened file) {
+    const std::intptr_t number = nextHandle++;
+    opened[number] = std::move(file);
+    return Handle(number);
 }
 
-std::optional<std::string> MemoryFiles::content(const String& name) const {
-    const std::lock_guard guard(mutex_);
-    const auto found = files_.find(name);
-    if (found == files_.end()) return std::nullopt;
-    return found->second->content;
-}
-
-void MemoryFiles::setReadOnly(const String& name, bool readOnly) {
-    const std::lock_guard guard(mutex_);
-    files_.at(name)->readOnly = readOnly;
-}
-
-void MemoryFiles::addLink(const String& name, const String& target) {
-    const std::lock_guard guard(mutex_);
-    links_[name] = target;
-}
-
-void MemoryFiles::setFreeSpace(std::size_t bytes) {
-    const std::lock_guard guard(mutex_);
-    freeSpace_ = bytes;
-}
-
-bool MemoryFiles::folderExists(const String& name) const {
-    return folders_.contains(folderOf(name));
+ErrorCode MemoryFiles::State::findFile(const String& name, Place& place) {
+    if (const ErrorCode code = tree.find(name, place)) return code;
+    if (place.entry == nullptr) return place.folder ? kPathNotFound : kSuccess;
+    return place.entry->kind == Entry::Folder ? kAccessDenied : kSuccess;
 }
 
 ErrorCode MemoryFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
-    String target;
-    if (const ErrorCode code = GetFinalPathNameA(name, target)) return code;
-    const std::lock_guard guard(mutex_);
-    if (folders_.contains(target)) return kAccessDenied;
-    if (!folderExists(target)) return kPathNotFound;
-    auto found = files_.find(target);
-    if (access == FileAccess::CreateNew) {
-        if (found != files_.end()) return kFileExists;
-        found = files_.emplace(target, std::make_shared<File>()).first;
+    std::unique_lock guard(state_->mutex);
+    Place place;
+    ErrorCode code = state_->findFile(name, place);
+    while (code == kSuccess && access == FileAccess::Append && state_->locked.contains(place.key)) {
+        state_->released.wait(guard);
+        code = state_->findFile(name, place);  // much may have happened meanwhile
     }
-    if (found == files_.end()) return kFileNotFound;
-    handle = Handle(nextHandle_++);
-    opened_[std::intptr_t(handle)] = {found->second, 0, {}};
+    if (code != kSuccess) return code;
+    if (access == FileAccess::CreateNew) {
+        Place asSpelled;  // a link is in the way, wherever it leads to
+        state_->tree.find(name, asSpelled, {.followLast = false});
+        if (asSpelled.entry != nullptr) return kFileExists;
+    }
+    if (place.entry == nullptr) {
+        if (access == FileAccess::Read) return kFileNotFound;
+        if (place.around->readOnly()) return kAccessDenied;
+        state_->tree.add(place, Entry::File);
+    }
+    if (forAdding(access) && place.entry->readOnly()) return kAccessDenied;
+    if (access == FileAccess::Append) state_->adding.insert(place.key);
+    handle = state_->handOut({place.entry->item, access, place.key});
     return kSuccess;
 }
 
-std::string* MemoryFiles::contentOf(Handle handle, std::size_t*& position) {
-    const auto found = opened_.find(std::intptr_t(handle));
-    if (found == opened_.end() || found->second.file == nullptr) return nullptr;
-    position = &found->second.position;
-    return &found->second.file->content;
+ErrorCode MemoryFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
+    const std::lock_guard guard(state_->mutex);
+    const State::Opened* file = state_->find(handle);
+    if (file == nullptr) return kInvalidHandle;
+    size = file->item->content.size();
+    return kSuccess;
 }
 
-ErrorCode MemoryFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
-    const std::lock_guard guard(mutex_);
-    std::size_t* position = nullptr;
-    const std::string* content = contentOf(handle, position);
-    if (content == nullptr) return kInvalidHandle;
-    size = content->size();
+ErrorCode MemoryFiles::SetFilePointerEx(Handle handle, std::uint64_t position) {
+    const std::lock_guard guard(state_->mutex);
+    State::Opened* file = state_->find(handle);
+    if (file == nullptr) return kInvalidHandle;
+    file->position = position;
     return kSuccess;
 }
 
 ErrorCode MemoryFiles::ReadFile(Handle handle, char* buffer, std::size_t capacity,
                                 std::size_t& count) {
-    const std::lock_guard guard(mutex_);
-    std::size_t* position = nullptr;
-    const std::string* content = contentOf(handle, position);
-    if (content == nullptr) return kInvalidHandle;
-    count = std::min(capacity, content->size() - *position);
-    std::memcpy(buffer, content->data() + *position, count);
-    *position += count;
+    const std::lock_guard guard(state_->mutex);
+    State::Opened* file = state_->find(handle);
+    if (file == nullptr) return kInvalidHandle;
+    if (file->access == FileAccess::CreateNew) return kAccessDenied;
+    const std::string& content = file->item->content;
+    count = 0;
+    if (file->position < content.size()) {
+        const auto start = static_cast<std::size_t>(file->position);
+        count = std::min(capacity, content.size() - start);
+        std::memcpy(buffer, content.data() + start, count);
+    }
+    file->position += count;
     return kSuccess;
+}
+
+ErrorCode MemoryFiles::State::mayChange(std::unique_lock<std::mutex>& guard, const Opened& file) {
+    if (file.access == FileAccess::Read) return kAccessDenied;
+    if (!forAdding(file.access)) return kSuccess;
+    if (file.access == FileAccess::AppendYielding)
+        released.wait(guard, [&] { return !locked.contains(file.key); });
+    const Entry* now = tree.at(file.key);
+    return now != nullptr && now->item == file.item ? kSuccess : kFileReplaced;
 }
 
 ErrorCode MemoryFiles::WriteFile(Handle handle, std::string_view bytes) {
-    const std::lock_guard guard(mutex_);
-    std::size_t* position = nullptr;
-    std::string* content = contentOf(handle, position);
-    if (content == nullptr) return kInvalidHandle;
-    const std::size_t fitting = std::min(bytes.size(), freeSpace_);
-    content->append(bytes.substr(0, fitting));
-    freeSpace_ -= fitting;
-    return fitting == bytes.size() ? kSuccess : kDiskFull;
+    std::unique_lock guard(state_->mutex);
+    const State::Opened* file = state_->find(handle);
+    if (file == nullptr) return kInvalidHandle;
+    if (const ErrorCode code = state_->mayChange(guard, *file)) return code;
+    const bool fits = bytes.size() <= state_->freeSpace;
+    if (!fits) bytes = bytes.substr(0, forAdding(file->access) ? 0 : state_->freeSpace);
+    file->item->content.append(bytes);
+    state_->freeSpace -= bytes.size();
+    return fits ? kSuccess : kDiskFull;
+}
+
+ErrorCode MemoryFiles::SetEndOfFile(Handle handle) {
+    std::unique_lock guard(state_->mutex);
+    const State::Opened* file = state_->find(handle);
+    if (file == nullptr) return kInvalidHandle;
+    if (!forAdding(file->access)) return kAccessDenied;
+    if (const ErrorCode code = state_->mayChange(guard, *file)) return code;
+    file->item->content.clear();
+    return kSuccess;
 }
 
 ErrorCode MemoryFiles::FlushFileBuffers(Handle handle) {
-    const std::lock_guard guard(mutex_);
-    return opened_.contains(std::intptr_t(handle)) ? kSuccess : kInvalidHandle;
+    const std::lock_guard guard(state_->mutex);
+    return state_->find(handle) == nullptr ? kInvalidHandle : kSuccess;
 }
-
-ErrorCode MemoryFiles::CloseHandle(Handle handle) {
-    const std::lock_guard guard(mutex_);
-    const auto found = opened_.find(std::intptr_t(handle));
-    if (found == opened_.end()) return kInvalidHandle;
-    if (locked_.erase(found->second.lockedName) != 0) unlocked_.notify_all();
-    opened_.erase(found);
-    return kSuccess;
-}
-
-ErrorCode MemoryFiles::GetFinalPathNameA(const String& name, String& target) {
-    if (!validName(name)) return kInvalidName;
-    const std::lock_guard guard(mutex_);
-    String current = name;
-    for (std::size_t followed = 0; followed <= links_.size(); ++followed) {
-        const auto link = links_.find(current);
-        if (link == links_.end()) {
-            target = current;
-            return kSuccess;
-        }
-        current = link->second;
-    }
-    return kInvalidName;
-}
-
-ErrorCode MemoryFiles::LockFileA(const String& name, Handle& handle, Wait) {
-    String target;
-    if (const ErrorCode code = GetFinalPathNameA(name, target)) return code;
-    std::unique_lock guard(mutex_);
-    if (folders_.contains(target)) return kAccessDenied;
-    if (!folderExists(target)) return kPathNotFound;
-    unlocked_.wait(guard, [&] { return !locked_.contains(target); });
-    const auto found = files_.find(target);
-    if (found != files_.end() && found->second->readOnly) return kAccessDenied;
-    locked_.insert(target);
-    handle = Handle(nextHandle_++);
-    opened_[std::intptr_t(handle)] = {nullptr, 0, target};
-    return kSuccess;
-}
-
-ErrorCode MemoryFiles::ReplaceFileA(const String& name, const String& replacement) {
-    const std::lock_guard guard(mutex_);
-    const auto found = files_.find(replacement);
-    if (found == files_.end()) return kFileNotFound;
-    files_[name] = found->second;
-    files_.erase(found);
-    return kSuccess;
-}
-
-ErrorCode MemoryFiles::FlushFolderOf(const String& name) {
-    const std::lock_guard guard(mutex_);
-    return folderExists(name) ? kSuccess : kPathNotFound;
-}
-
-ErrorCode MemoryFiles::DeleteFileA(const String& name) {
-    const std::lock_guard guard(mutex_);
-    return files_.erase(name) != 0 ? kSuccess : kFileNotFound;
-}
-
-ErrorCode MemoryFiles::SetFilePointerEx(Handle, std::uint64_t) {
-    return kGeneralFailure;
-}
-ErrorCode MemoryFiles::SetEndOfFile(Handle) {
-    return kGeneralFailure;
-}
-ErrorCode MemoryFiles::GetFileAttributesA(const String&, std::uint32_t&) {
-    return kGeneralFailure;
-}
-ErrorCode MemoryFiles::CreateDirectoryA(const String&) {
-    return kGeneralFailure;
-}
-ErrorCode MemoryFiles::FindFirstFileA(const String&, FindDetail, Handle&, FindData&) {
-    return kGeneralFailure;
-}
-ErrorCode MemoryFiles::FindNextFileA(Handle, FindData&) {
-    return kGeneralFailure;
-}
-void MemoryFiles::FindClose(Handle) {}
 
 }  // namespace quorkit

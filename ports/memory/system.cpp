@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <limits>
 
 #include "runtime/letter_case.h"
 
@@ -20,6 +21,7 @@ bool MemorySystem::GetEnvironmentVariableA(const String& name, String& value) {
 
 bool MemorySystem::FileTimeToSystemTime(FileTime time, SystemTime& local) {
     constexpr std::int64_t ticksAMillisecond = 10'000;
+    if (time > static_cast<FileTime>(std::numeric_limits<std::int64_t>::max())) return false;
     const std::chrono::milliseconds sinceStart(static_cast<std::int64_t>(time) / ticksAMillisecond);
     const auto moment = std::chrono::sys_days(std::chrono::January / 1 / 1601) + sinceStart +
                         std::chrono::minutes(minutesEastOfUtc);

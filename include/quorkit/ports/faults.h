@@ -4,12 +4,14 @@
 #include <quorkit/ports/files.h>
 
 #include <cstddef>
+#include <set>
 #include <string_view>
 
 namespace quorkit {
 
 /// Hands every operation on to `inner` except the one that is told to answer with a code. A write
-/// that fails has written half of its bytes; a close that fails has closed.
+/// that fails has written half of its bytes, to a file opened for adding none; a close that fails
+/// has closed.
 class FaultyFiles final : public Files {
    public:
     explicit FaultyFiles(Files& inner) : inner_(inner) {}
@@ -51,6 +53,7 @@ class FaultyFiles final : public Files {
     ErrorCode code_ = kGeneralFailure;
     std::string_view operation_;
     std::size_t calls_ = 0;
+    std::set<Handle> adding_;
 };
 
 }  // namespace quorkit

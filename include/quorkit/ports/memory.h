@@ -9,27 +9,45 @@
 #include <quorkit/ports/ports.h>
 #include <quorkit/ports/system.h>
 
-#include <condition_variable>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <optional>
-#include <set>
 #include <string>
 
 namespace quorkit {
 
-/// Names are told apart as they are spelled. The folder "" is there from the start.
+/// Names are Windows names, compared without regard to letter case. The drive "C:" is there from
+/// the start; names without a drive stand in its root. Setting up makes what is missing around a
+/// name, drives and shares included, and throws std::invalid_argument for a name that cannot stand
+/// where it should, such as one beneath a file.
 class MemoryFiles final : public Files {
    public:
+    MemoryFiles();
+    ~MemoryFiles() override;
+    MemoryFiles(const MemoryFiles&) = delete;
+    MemoryFiles& operator=(const MemoryFiles&) = delete;
+
+    // --- Setting up ---
+
+    /// Makes a folder, or the root of a drive such as "D:" or of a share such as "\\server\share".
     void addFolder(const String& name);
+    /// Puts a new file in place of any that stands there. It bears the archive attribute and the
+    /// first moment of 1970, and keeps both whatever is written to it.
     void put(const String& name, std::string content);
+    /// Makes a link to a file or folder, which need not exist. A relative target counts from the
+    /// folder of the link.
+    void addLink(const String& name, const String& target);
+    /// In a read-only folder nothing can be made, replaced or deleted.
+    void setReadOnly(const String& name, bool readOnly = true);
+    /// Sets kReadOnly, kHidden, kSystem and kArchive as they are in `attributes`.
+    void setAttributes(const String& name, std::uint32_t attributes);
+    void setLastWrite(const String& name, FileTime time);
+    /// How many bytes can still be written before the disk is full. Nothing gives any back.
+    void setFreeSpace(std::size_t bytes);
     /// The content of a file; nothing when there is none of that name.
     std::optional<std::string> content(const String& name) const;
-    void setReadOnly(const String& name, bool readOnly = true);
-    void addLink(const String& name, const String& target);
-    /// How many bytes can still be written before the disk is full.
-    void setFreeSpace(std::size_t bytes);
+
+    // --- The port ---
 
     ErrorCode CreateFileA(const String& name, FileAccess access, Handle& handle) override;
     ErrorCode GetFileSizeEx(Handle handle, std::uint64_t& size) override;
@@ -53,30 +71,11 @@ class MemoryFiles final : public Files {
     void FindClose(Handle search) override;
 
    private:
-    struct File {
-        std::string content;
-        bool readOnly = false;
-    };
-    struct Opened {
-        std::shared_ptr<File> file;  // null for a lock
-        std::size_t position = 0;
-        String lockedName;
-    };
-
-    std::string* contentOf(Handle handle, std::size_t*& position);
-    bool folderExists(const String& name) const;
-
-    mutable std::mutex mutex_;
-    std::condition_variable unlocked_;
-    std::map<String, std::shared_ptr<File>> files_;
-    std::map<String, String> links_;
-    std::set<String> folders_ = {String()};
-    std::set<String> locked_;
-    std::map<std::intptr_t, Opened> opened_;
-    std::intptr_t nextHandle_ = 1;
-    std::size_t freeSpace_ = static_cast<std::size_t>(-1);
+    struct State;
+    std::unique_ptr<State> state_;
 };
 
+/// The system as it is told to be.
 class MemorySystem : public System {
    public:
     LanguageIdentifier userLanguage = 1033;
@@ -84,15 +83,17 @@ class MemorySystem : public System {
     SystemTime localTime;
     std::uint64_t performanceCounter = 0;
     std::map<String, String> environment;
+    /// Added to a UTC time to give the local one.
+    std::int64_t minutesEastOfUtc = 0;
+    /// With a separator at its end; empty when there is none.
+    String temporaryFolder = u"C:\\Temp\\";
+    /// By their CSIDLS numbers.
+    std::map<int, String> specialFolders;
 
     LanguageIdentifier GetUserDefaultUILanguage() override { return userLanguage; }
     LanguageIdentifier GetSystemDefaultLangID() override { return systemLanguage; }
     SystemTime GetLocalTime() override { return localTime; }
     std::uint64_t QueryPerformanceCounter() override { return performanceCounter; }
-    /// Added to a UTC time to give the local one.
-    std::int64_t minutesEastOfUtc = 0;
-    String temporaryFolder = u"C:\\Temp\\";
-    std::map<int, String> specialFolders;
 
     bool FileTimeToSystemTime(FileTime time, SystemTime& local) override;
     bool GetEnvironmentVariableA(const String& name, String& value) override;
@@ -100,15 +101,17 @@ class MemorySystem : public System {
     bool SHGetFolderPathA(int folder, String& path) override;
 };
 
-/// A drive in memory, under its letter and colon.
 struct MemoryDrive {
-    int type = 3;
+    int type = 3;  ///< see Drives::GetDriveTypeA
     std::uint32_t serialNumber = 0;
-    String remoteName;
+    String remoteName;  ///< "\\server\share" of a network connection
 };
+
+/// Drives and connections as they are told to be. What stands on a drive is the files' affair.
 
 class MemoryDrives final : public Drives {
    public:
+    /// By capital letter and colon.
     std::map<String, MemoryDrive> drives = {{u"C:", {}}};
     /// What asking for the network connections answers.
     ErrorCode networkAnswer = kSuccess;

@@ -1,0 +1,54 @@
+// What is behind files in memory.
+#pragma once
+
+#include <quorkit/ports/memory.h>
+
+#include <condition_variable>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <vector>
+
+#include "memory/tree.h"
+
+namespace quorkit {
+
+/// `mutex` guards all of it; `released` is told whenever a lock or a file open for adding is given
+/// back.
+struct MemoryFiles::State {
+    /// Behind a handle: a file, or a lock, which has no item.
+    struct Opened {
+        std::shared_ptr<memory::Item> item;
+        FileAccess access = FileAccess::Read;
+        memory::Key key;
+        std::uint64_t position = 0;
+    };
+    struct Search {
+        std::vector<FindData> entries;
+        std::size_t next = 0;
+    };
+
+    std::mutex mutex;
+    std::condition_variable released;
+    memory::Tree tree;
+    std::map<std::intptr_t, Opened> opened;
+    std::map<std::intptr_t, Search> searches;
+    std::set<memory::Key> locked;
+    std::multiset<memory::Key> adding;  ///< files that are open for FileAccess::Append
+    std::intptr_t nextHandle = 1;
+    std::size_t freeSpace = static_cast<std::size_t>(-1);
+
+    /// Null for what is no open file.
+    Opened* find(Handle handle);
+    Handle handOut(Opened file);
+    /// Follows links to where a file stands or could stand; kAccessDenied for a folder.
+    ErrorCode findFile(const String& name, memory::Place& place);
+    /// Whether a handle may write now. Waits for a lock that keeps it from adding.
+    ErrorCode mayChange(std::unique_lock<std::mutex>& guard, const Opened& file);
+    /// Finds what a test sets up, and throws when it is not there.
+    memory::Place mustFind(const String& name, memory::Tree::Links links = {});
+};
+
+}  // namespace quorkit

@@ -1,0 +1,132 @@
+#include "memory/tree.h"
+
+#include <algorithm>
+
+#include "file/name_parts.h"
+#include "runtime/letter_case.h"
+
+namespace quorkit::memory {
+namespace {
+
+/// The root, such as "C:" or "\\server\share", and what leads on from it.
+using Path = std::vector<String>;
+
+constexpr std::size_t kMostLinks = 40;
+
+/// `here` is the current folder. As on Windows ".." is settled before anything is looked up.
+ErrorCode pathOf(const String& name, Path here, Path& path) {
+    if (name.empty() || name.find(u'\0') != String::npos) return kInvalidName;
+    const NameParts parts = partsOf(name);
+    auto component = parts.components.begin();
+    switch (parts.start) {
+        case NameParts::Here:
+            break;
+        case NameParts::Root:
+            here.resize(1);
+            break;
+        case NameParts::Drive:
+        case NameParts::HereOnDrive:
+            here = {String{parts.drive, u':'}};
+            break;
+        case NameParts::Network:
+            if (parts.components.size() < 2) return kInvalidName;
+            here = {u"\\\\"};
+            here[0].append(component[0]).append(u"\\").append(component[1]);
+            component += 2;
+            break;
+    }
+    for (; component != parts.components.end(); ++component) {
+        if (*component == u".") continue;
+        if (*component != u"..")
+            here.emplace_back(*component);
+        else if (here.size() > 1)
+            here.pop_back();
+    }
+    path = std::move(here);
+    return kSuccess;
+}
+
+String joined(const Path& path) {
+    String name = path[0];
+    if (path.size() == 1) name += u'\\';
+    for (std::size_t i = 1; i < path.size(); ++i) name.append(u"\\").append(path[i]);
+    return name;
+}
+
+/// The path without the link `path[i]`: what the link leads to, and what stands behind it.
+ErrorCode followLink(Path& path, std::size_t i, const String& target) {
+    const auto link = path.begin() + static_cast<std::ptrdiff_t>(i);
+    Path followed;
+    if (const ErrorCode code = pathOf(target, Path(path.begin(), link), followed)) return code;
+    followed.insert(followed.end(), link + 1, path.end());
+    path = std::move(followed);
+    return kSuccess;
+}
+
+}  // namespace
+
+Tree::Tree() {
+    add({0, u"c:"}, u"C:", Entry::Folder);
+}
+
+Entry& Tree::add(const Key& key, const String& name, Entry::Kind kind) {
+    Entry& entry = entries_[key];
+    entry.kind = kind;
+    entry.name = name;
+    entry.id = ++last_;
+    if (kind != Entry::Folder) entry.item->attributes = kArchive;
+    return entry;
+}
+
+Entry& Tree::add(Place& place, Entry::Kind kind) {
+    place.entry = &add(place.key, place.name.substr(place.name.find_last_of(u'\\') + 1), kind);
+    return *place.entry;
+}
+
+Entry* Tree::at(const Key& key) {
+    const auto found = entries_.find(key);
+    return found == entries_.end() ? nullptr : &found->second;
+}
+
+ErrorCode Tree::find(const String& name, Place& place, Links links) {
+    Path path;
+    if (const ErrorCode code = pathOf(name, {u"C:"}, path)) return code;
+    const bool folder = partsOf(name).folder;
+    place = {};
+    std::size_t followed = 0;
+    for (std::size_t i = 0; i < path.size();) {
+        const bool last = i + 1 == path.size();
+        if (i == 0) place.entry = nullptr;
+        place.around = place.entry;
+        place.key = {place.around == nullptr ? 0 : place.around->id, runtime::toLower(path[i])};
+        place.entry = at(place.key);
+        if (place.entry == nullptr) {
+            const bool missing = !last || i == 0;
+            if (missing && !links.makeFolders) return kPathNotFound;
+            if (missing) place.entry = &add(place.key, path[i], Entry::Folder);
+        } else if (place.entry->kind == Entry::Link && (!last || folder || links.followLast)) {
+            if (++followed > kMostLinks) return kInvalidName;
+            if (const ErrorCode code = followLink(path, i, place.entry->target)) return code;
+            i = 0;
+            continue;
+        } else {
+            if (place.entry->kind != Entry::Folder && (!last || folder)) return kPathNotFound;
+            path[i] = place.entry->name;
+        }
+        ++i;
+    }
+    place.name = joined(path);
+    place.folder = folder;
+    return kSuccess;
+}
+
+std::vector<const Entry*> Tree::entriesOf(Id folder) const {
+    std::vector<const Entry*> entries;
+    for (auto i = entries_.lower_bound({folder, {}});
+         i != entries_.end() && i->first.first == folder; ++i)
+        entries.push_back(&i->second);
+    std::ranges::sort(entries, {}, &Entry::id);
+    return entries;
+}
+
+}  // namespace quorkit::memory
