@@ -1,5 +1,9 @@
 #include "linux/calls.h"
 
+#include <sys/stat.h>
+
+#include "linux/names.h"
+
 namespace quorkit::disk {
 
 ErrorCode lastError() {
@@ -16,6 +20,8 @@ ErrorCode lastError() {
         case EROFS:
         case EISDIR:
         case ETXTBSY:
+        case ENXIO:  // a socket, or a device that is not there
+        case ENODEV:
             return kAccessDenied;
         case EBADF:
             return kInvalidHandle;
@@ -32,6 +38,12 @@ ErrorCode lastError() {
         default:
             return kGeneralFailure;
     }
+}
+
+ErrorCode lastErrorAt(const std::string& path) {
+    if (errno != ENOENT && errno != ELOOP) return lastError();
+    struct stat folder = {};
+    return stat(folderOf(path).c_str(), &folder) == 0 ? kFileNotFound : kPathNotFound;
 }
 
 }  // namespace quorkit::disk

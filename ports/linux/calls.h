@@ -4,11 +4,15 @@
 #include <quorkit/ports/files.h>
 
 #include <cerrno>
+#include <string>
 
 namespace quorkit::disk {
 
 /// The code for `errno`.
 ErrorCode lastError();
+/// The same after a call on `path`: kPathNotFound when not even its folder is there. A link that
+/// leads nowhere, or in a circle, is not found.
+ErrorCode lastErrorAt(const std::string& path);
 
 inline ErrorCode resultOf(int returned) {
     return returned == 0 ? kSuccess : lastError();

@@ -1,6 +1,6 @@
-// Files on Linux. Locks are flock locks on the file
-// itself, so they die with the process and leave nothing behind. A file or folder without any write
-// permission counts as read-only even for the superuser.
+// Files on Linux. Locks are flock locks on the file itself, so they die with the process and leave
+// nothing behind. A file or folder without any write permission counts as read-only even for the
+// superuser.
 #include "native/files.h"
 
 #include <fcntl.h>
@@ -23,6 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 using disk::folderOf;
 using disk::lastError;
+using disk::lastErrorAt;
 using disk::pathOf;
 using disk::resultOf;
 using disk::unlessInterrupted;
@@ -62,7 +63,7 @@ constexpr int kQuietly = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;  // never waits for 
 /// Opens a regular file and tells about it.
 ErrorCode openRegular(const std::string& path, int flags, int& descriptor, struct stat& about) {
     descriptor = unlessInterrupted([&] { return open(path.c_str(), flags | kQuietly, 0666); });
-    if (descriptor == -1) return lastError();
+    if (descriptor == -1) return lastErrorAt(path);
     if (fstat(descriptor, &about) == 0 && S_ISREG(about.st_mode)) return kSuccess;
     close(descriptor);
     return kAccessDenied;
@@ -113,7 +114,7 @@ ErrorCode openToRead(const std::string& path, Opened& file) {
 ErrorCode openNew(const std::string& path, Opened& file) {
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     file.descriptor = unlessInterrupted([&] { return open(path.c_str(), flags, 0600); });
-    return file.descriptor == -1 ? lastError() : kSuccess;
+    return file.descriptor == -1 ? lastErrorAt(path) : kSuccess;
 }
 
 ErrorCode openToAdd(const std::string& path, Opened& file) {
@@ -310,7 +311,7 @@ ErrorCode NativeFiles::FlushFolderOf(const String& name) {
 ErrorCode NativeFiles::DeleteFileA(const String& name) {
     std::string path;
     if (const ErrorCode code = pathOf(name, path)) return code;
-    return resultOf(unlink(path.c_str()));
+    return unlink(path.c_str()) == 0 ? kSuccess : lastErrorAt(path);
 }
 
 }  // namespace quorkit

@@ -4,10 +4,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstring>
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 #include "linux/calls.h"
+#include "linux/name_text.h"
 #include "linux/names.h"
 #include "native/files.h"
 
@@ -29,20 +31,35 @@ Search& searchOf(Handle handle) {
 FileTime fileTimeOf(const timespec& time) {
     constexpr std::int64_t secondsFrom1601To1970 = 11'644'473'600;
     constexpr std::int64_t ticksASecond = 10'000'000;
-    const std::int64_t seconds = time.tv_sec + secondsFrom1601To1970;
-    return seconds < 0 ? 0 : static_cast<FileTime>(seconds * ticksASecond + time.tv_nsec / 100);
+    // Some file systems can tell of times that a FileTime cannot.
+    constexpr std::int64_t last = INT64_MAX / ticksASecond - secondsFrom1601To1970 - 1;
+    if (time.tv_sec < -secondsFrom1601To1970) return 0;
+    const std::int64_t seconds = std::min<std::int64_t>(time.tv_sec, last) + secondsFrom1601To1970;
+    return static_cast<FileTime>(seconds * ticksASecond + time.tv_nsec / 100);
+}
+
+bool isHidden(std::string_view path) {
+    while (path.ends_with('/')) path.remove_suffix(1);
+    const std::string_view name = path.substr(path.rfind('/') + 1);
+    return name.starts_with('.') && name != "." && name != "..";
 }
 
 /// The attributes of what stands at `path` beneath `folder`, whose status is `about`.
 std::uint32_t attributesOf(int folder, const char* path, const struct stat& about) {
-    std::uint32_t attributes = S_ISDIR(about.st_mode) ? kDirectory : kArchive;
-    const char* slash = std::strrchr(path, '/');
-    const std::string_view name = slash == nullptr ? path : slash + 1;
-    if (name.starts_with('.') && name != "." && name != "..") attributes |= kHidden;
+    std::uint32_t attributes = 0;
+    if (S_ISDIR(about.st_mode)) attributes |= kDirectory;
+    if (S_ISREG(about.st_mode)) attributes |= kArchive;
+    if (isHidden(path)) attributes |= kHidden;
     const bool writable = (about.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0 &&
                           faccessat(folder, path, W_OK, AT_EACCESS) == 0;
-    if (!writable) attributes |= kReadOnly;
-    return attributes;
+    // A link that leads nowhere can neither be written nor not.
+    if (!writable && !S_ISLNK(about.st_mode)) attributes |= kReadOnly;
+    return attributes == 0 ? kNormal : attributes;
+}
+
+/// The code for `errno` where a folder is needed.
+ErrorCode pathError() {
+    return errno == ENOENT || errno == ELOOP ? kPathNotFound : lastError();
 }
 
 /// Fills `data` from an entry. False when it has vanished.
@@ -65,7 +82,7 @@ bool describe(int folder, const dirent& entry, FindDetail detail, FindData& data
         data.lastWrite = fileTimeOf(about.st_mtim);
     }
     if (link) data.attributes |= kReparsePoint;
-    data.name = disk::entryNameOf(entry.d_name);
+    data.name = disk::textOf(entry.d_name);
     return true;
 }
 
@@ -75,9 +92,9 @@ ErrorCode NativeFiles::GetFileAttributesA(const String& name, std::uint32_t& att
     std::string path;
     if (const ErrorCode code = disk::pathOf(name, path)) return code;
     struct stat about = {};
-    if (lstat(path.c_str(), &about) != 0) return lastError();
+    if (lstat(path.c_str(), &about) != 0) return disk::lastErrorAt(path);
     const bool link = S_ISLNK(about.st_mode);
-    if (link && stat(path.c_str(), &about) != 0) return lastError();
+    if (link && stat(path.c_str(), &about) != 0) return disk::lastErrorAt(path);
     attributes = attributesOf(AT_FDCWD, path.c_str(), about) | (link ? kReparsePoint : 0u);
     return kSuccess;
 }
@@ -85,8 +102,7 @@ ErrorCode NativeFiles::GetFileAttributesA(const String& name, std::uint32_t& att
 ErrorCode NativeFiles::CreateDirectoryA(const String& name) {
     std::string path;
     if (const ErrorCode code = disk::pathOf(name, path)) return code;
-    if (mkdir(path.c_str(), 0777) == 0) return kSuccess;
-    return errno == ENOENT ? kPathNotFound : lastError();
+    return mkdir(path.c_str(), 0777) == 0 ? kSuccess : pathError();
 }
 
 ErrorCode NativeFiles::FindFirstFileA(const String& folder, FindDetail detail, Handle& search,
@@ -94,7 +110,7 @@ ErrorCode NativeFiles::FindFirstFileA(const String& folder, FindDetail detail, H
     std::string path;
     if (const ErrorCode code = disk::pathOf(folder, path)) return code;
     DIR* opened = opendir(path.c_str());  // close-on-exec
-    if (opened == nullptr) return errno == ENOENT ? kPathNotFound : lastError();
+    if (opened == nullptr) return pathError();
     const Handle handle = Handle(reinterpret_cast<std::intptr_t>(new Search{opened, detail}));
     ErrorCode code = FindNextFileA(handle, entry);
     if (code == kNoMoreFiles) code = kFileNotFound;

@@ -1,25 +1,148 @@
 #include "linux/names.h"
 
+#include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
+#include <memory>
+#include <vector>
 
-#include "runtime/code_page.h"
+#include "file/name_parts.h"
+#include "linux/drive_table.h"
+#include "linux/name_text.h"
+#include "runtime/letter_case.h"
 
 namespace quorkit::disk {
+namespace {
+
+bool isThere(const std::string& path) {
+    struct stat about = {};
+    return lstat(path.c_str(), &about) == 0;
+}
+
+void appendSeparator(std::string& path) {
+    if (!path.empty() && path.back() != '/') path += '/';
+}
+
+/// Whether the current folder lies in the folder `point`.
+bool currentFolderIsIn(const std::string& point) {
+    std::error_code error;
+    const std::string current = std::filesystem::current_path(error);
+    return !error && isWithin(current, point);
+}
+
+/// Where the components begin, after `parts` has lost those that name a share: "" for the current
+/// folder.
+ErrorCode startOf(NameParts& parts, std::string& start) {
+    switch (parts.start) {
+        case NameParts::Here:
+            break;
+        case NameParts::Root:
+            start = "/";
+            break;
+        case NameParts::Drive:
+        case NameParts::HereOnDrive:
+            start = "/";
+            if (parts.drive != kRootDrive) {
+                const DriveTable drives = DriveTable::ofThisSystem();
+                const Drive* drive = drives.find(parts.drive);
+                if (drive == nullptr) return kPathNotFound;
+                start = drive->mount.point;
+            }
+            if (parts.start == NameParts::HereOnDrive && !parts.components.empty() &&
+                currentFolderIsIn(start))
+                start.clear();
+            break;
+        case NameParts::Network: {
+            const DriveTable drives = DriveTable::ofThisSystem();
+            std::size_t used = 0;
+            const Drive* share = drives.findShare(parts.components, used);
+            if (share == nullptr) return kPathNotFound;
+            start = share->mount.point;
+            parts.components.erase(parts.components.begin(),
+                                   parts.components.begin() + static_cast<std::ptrdiff_t>(used));
+            break;
+        }
+    }
+    return kSuccess;
+}
+
+/// Finds the entry of `folder` that is `name` but for letter case, the first by code units.
+bool findEntry(const std::string& folder, StringView name, std::string& entry) {
+    constexpr std::size_t mostBytesAUnit = 3;
+    const std::unique_ptr<DIR, int (*)(DIR*)> opened(opendir(folder.empty() ? "." : folder.c_str()),
+                                                     closedir);
+    if (opened == nullptr) return false;
+    String found;
+    while (const dirent* next = readdir(opened.get())) {
+        const std::string_view bytes = next->d_name;
+        // Most names are told apart by their length, which spares the conversion.
+        if (bytes.size() < name.size() || bytes.size() > name.size() * mostBytesAUnit) continue;
+        String text = textOf(bytes);
+        if (!runtime::sameText(text, name) || (!found.empty() && found <= text)) continue;
+        found = std::move(text);
+        entry = bytes;
+    }
+    return !found.empty();
+}
+
+/// Appends a component as it is spelled; false when no file can have that name.
+bool append(StringView component, std::string& path) {
+    appendSeparator(path);
+    return appendBytes(component, path);
+}
+
+/// Appends the components, each as it is there but for letter case. They are names that files can
+/// have.
+void appendAsThere(const std::vector<StringView>& components, std::string& path) {
+    bool there = true;
+    for (const StringView component : components) {
+        const std::string folder = path;
+        append(component, path);
+        if (!there || isThere(path)) continue;
+        std::string entry;
+        there = errno == ENOENT && findEntry(folder, component, entry);
+        if (!there) continue;
+        path = folder;
+        appendSeparator(path);
+        path += entry;
+    }
+}
+
+}  // namespace
 
 ErrorCode pathOf(const String& name, std::string& path) {
     if (name.empty() || name.find(u'\0') != String::npos) return kInvalidName;
-    path = runtime::toUtf8(name);
-    std::ranges::replace(path, '\\', '/');
-    return runtime::fromUtf8(path).find(u'\uFFFD') == String::npos ? kSuccess : kInvalidName;
+    NameParts parts = partsOf(name);
+    std::string start;
+    if (const ErrorCode code = startOf(parts, start)) return code;
+    std::string found = start;
+    for (const StringView component : parts.components)
+        if (!append(component, found)) return kInvalidName;
+    if (!parts.components.empty() && !isThere(found) && errno == ENOENT) {
+        found = start;
+        appendAsThere(parts.components, found);
+    }
+    if (parts.folder && !parts.components.empty()) found += '/';
+    path = std::move(found);
+    return kSuccess;
 }
 
-String nameOf(const std::string& path) {
-    return runtime::fromUtf8(path);
-}
-
-String entryNameOf(std::string_view bytes) {
-    return runtime::fromUtf8(bytes);
+String nameOf(std::string_view path) {
+    String name;
+    if (path.starts_with('/')) {
+        const DriveTable drives = DriveTable::ofThisSystem();
+        const Drive& drive = drives.around(path, DriveTable::Letter::Required);
+        name = {drive.letter, u':'};
+        if (drive.letter != kRootDrive) path.remove_prefix(drive.mount.point.size());
+        name += path.empty() ? u"/" : textOf(path);
+    } else {
+        name = textOf(path);
+    }
+    std::ranges::replace(name, u'/', u'\\');
+    return name;
 }
 
 std::string folderOf(const std::string& path) {

@@ -8,13 +8,20 @@
 
 namespace quorkit::disk {
 
-/// The path that a name stands for. kInvalidName for a name that no file can have.
+/// The path that a name stands for. A name that exists as it is spelled is taken so. Else each
+/// component that is missing stands for the one that differs in letter case alone, the first by
+/// code units where there are several; from the first that is not there at all the rest stays as
+/// spelled, and so does what lies in a folder that cannot be read. ".." is what the kernel takes it
+/// for. "C:x" lies in the current folder if that is on the drive, else in the drive's root; "C:" is
+/// the root.
+///
+/// kInvalidName for a name that no file can have, kPathNotFound for a drive or a share that is not
+/// there. C: and names without a drive never look at the mounts.
 ErrorCode pathOf(const String& name, std::string& path);
 
-/// The name that stands for a path.
-String nameOf(const std::string& path);
-/// The name of one entry of a folder, from its bytes on disk.
-String entryNameOf(std::string_view bytes);
+/// The name that stands for a path: with the letter of the drive it lies on; that of a relative
+/// path is relative.
+String nameOf(std::string_view path);
 
 /// The folder that a path stands in; "." when it names none.
 std::string folderOf(const std::string& path);

@@ -1,0 +1,158 @@
+// Windows names on a Linux disk.
+#ifdef __linux__
+#include <gtest/gtest.h>
+#include <quorkit/ports/files.h>
+#include <quorkit/ports/ports.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <vector>
+
+#include "support/scratch.h"
+
+namespace quorkit::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class LinuxNames : public testing::Test {
+   protected:
+    void put(const std::string& path) {
+        fs::create_directories(scratch.path(path).parent_path());
+        scratch.write(path, path);
+    }
+    /// The content of the file, which is its path in the folder; or the number of the error.
+    std::string read(const String& name) {
+        Handle handle = Handle::Invalid;
+        if (const ErrorCode code = files.CreateFileA(name, FileAccess::Read, handle))
+            return std::to_string(code);
+        char buffer[300];
+        std::size_t count = 0;
+        EXPECT_EQ(files.ReadFile(handle, buffer, sizeof buffer, count), kSuccess);
+        EXPECT_EQ(files.CloseHandle(handle), kSuccess);
+        return {buffer, count};
+    }
+    ErrorCode create(const String& name) {
+        Handle handle = Handle::Invalid;
+        const ErrorCode code = files.CreateFileA(name, FileAccess::CreateNew, handle);
+        return code == kSuccess ? files.CloseHandle(handle) : code;
+    }
+    std::vector<String> list(const String& folder) {
+        std::vector<String> names;
+        Handle search = Handle::Invalid;
+        FindData entry;
+        if (files.FindFirstFileA(folder, FindDetail::Names, search, entry) != kSuccess) return {};
+        do {
+            if (entry.name != u"." && entry.name != u"..") names.push_back(entry.name);
+        } while (files.FindNextFileA(search, entry) == kSuccess);
+        files.FindClose(search);
+        return names;
+    }
+    String in(const String& name) { return windowsFolder + u'\\' + name; }
+
+    Scratch scratch;
+    Files& files = ports::native().files;
+    const String windowsFolder = [this] {
+        String name = u"C:" + scratch.folder().u16string();
+        std::ranges::replace(name, u'/', u'\\');
+        return name;
+    }();
+};
+
+TEST_F(LinuxNames, AreFoundAsSpelledElseWithoutRegardToCase) {
+    for (const char* path : {"Both.txt", "both.txt", "Dir/Sub/One.TXT", "b/x", "a/y",
+                             "\xC3\x84rger/\xC3\xBC", "two/Q", "TWO/q"})
+        put(path);
+    const std::pair<String, std::string> cases[] = {
+        {u"both.txt", "both.txt"},
+        {u"Both.txt", "Both.txt"},
+        {u"BOTH.TXT", "Both.txt"},  // the first by code units
+        {u"bOTH.txt", "Both.txt"},
+        {u"dir\\SUB/one.txt", "Dir/Sub/One.TXT"},
+        {u"dir\\\\Sub\\.\\..\\sub\\ONE.txt", "Dir/Sub/One.TXT"},
+        {u"\u00E4RGER\\\u00DC", "\xC3\x84rger/\xC3\xBC"},
+        {u"two\\q", "two/Q"},  // the folder as spelled, the file in it
+        {u"Two\\Q", "TWO/q"},
+        {u"A\\x", "2"},
+        {u"A\\y\\z", "3"},
+        {u"none\\y", "3"},
+        {u"a\\none", "2"},
+    };
+    for (const auto& [name, content] : cases) EXPECT_EQ(read(in(name)), content) << content;
+    EXPECT_EQ(read(scratch.folder().u16string() + u"/A/Y"), "a/y");
+}
+
+TEST_F(LinuxNames, KeepTheirSpellingFromWhatIsMissingOn) {
+    put("Dir/one");
+    EXPECT_EQ(create(in(u"DIR\\New.Txt")), kSuccess);
+    EXPECT_EQ(create(in(u"dir\\new.TXT")), kFileExists);
+    EXPECT_EQ(create(in(u"dir\\No\\x")), kPathNotFound);
+    EXPECT_EQ(files.CreateDirectoryA(in(u"dir\\No\\")), kSuccess);
+    EXPECT_EQ(create(in(u"dir\\NO\\X")), kSuccess);
+    EXPECT_TRUE(fs::exists(scratch.path("Dir/New.Txt")));
+    EXPECT_TRUE(fs::exists(scratch.path("Dir/No/X")));
+    EXPECT_EQ(files.DeleteFileA(in(u"DIR\\NEW.TXT")), kSuccess);
+    EXPECT_FALSE(fs::exists(scratch.path("Dir/New.Txt")));
+}
+
+TEST_F(LinuxNames, BeginAtDrivesAndFolders) {
+    put("d/f");
+    const fs::path before = fs::current_path();
+    fs::current_path(scratch.path("d"));
+    EXPECT_EQ(read(u"f"), "d/f");
+    EXPECT_EQ(read(u"C:F"), "d/f");
+    EXPECT_EQ(read(u".\\f"), "d/f");
+    EXPECT_EQ(read(u"C:..\\D\\f"), "d/f");
+    EXPECT_EQ(read(windowsFolder.substr(2) + u"\\d\\f"), "d/f");
+    EXPECT_EQ(read(u"//" + windowsFolder.substr(3) + u"/d/f"), "d/f");
+    EXPECT_FALSE(std::ranges::count(list(u"C:"), u"f"));
+    EXPECT_TRUE(std::ranges::count(list(u"C:"), u"etc"));
+    EXPECT_TRUE(std::ranges::count(list(u"c:\\"), u"etc"));
+    fs::current_path(before);
+    EXPECT_EQ(read(u"A:\\f"), "3");
+    EXPECT_EQ(read(u"B:f"), "3");
+    EXPECT_EQ(read(u"\\\\quorkit-nowhere\\share\\f"), "3");
+    EXPECT_TRUE(list(u"\\\\").empty());
+
+    String target;
+    EXPECT_EQ(files.GetFinalPathNameA(scratch.name("d/f"), target), kSuccess);
+    EXPECT_EQ(read(target), "d/f");
+    EXPECT_EQ(target.substr(1, 2), u":\\");
+}
+
+TEST_F(LinuxNames, OfAnyBytesOpenAgain) {
+    std::vector<std::string> names = {"\\",
+                                      "a\\b",
+                                      "\xC3",
+                                      "\xC3\xC3\xA4\xA4",
+                                      "\xED\xA0\x80",
+                                      "\xF0\x9F\x98\x80\x9F",
+                                      "\xF4\x90\x80\x80",
+                                      "\xC0\xAF",
+                                      "\xE2\x82",
+                                      "line\nend",
+                                      " ",
+                                      "..."};
+    for (int byte = 1; byte < 256; ++byte)
+        if (byte != '/' && byte != '.') names.push_back("x" + std::string(1, char(byte)));
+    for (const std::string& name : names) put("d/" + name);
+
+    const std::vector<String> listed = list(in(u"D"));
+    EXPECT_EQ(listed.size(), names.size());
+    std::set<std::string> contents;
+    for (const String& name : listed) contents.insert(read(in(u"d\\") + name));
+    for (const std::string& name : names) EXPECT_TRUE(contents.contains("d/" + name)) << name;
+
+    EXPECT_TRUE(std::ranges::count(listed, String(u"a\xDC5C") + u"b"));
+    for (const String& name : {String(u"\xD800"), String(u"x\xDC2F") + u"y", String(u"\xDC00"),
+                               String(u"\xDC7F"), String(u"\xDD00"), String(u"a\0b", 3)})
+        EXPECT_EQ(read(in(u"d\\") + name), std::to_string(kInvalidName));
+    EXPECT_EQ(read(u""), std::to_string(kInvalidName));
+}
+
+}  // namespace
+}  // namespace quorkit::test
+#endif
