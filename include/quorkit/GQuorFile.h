@@ -74,6 +74,69 @@ class GQuorFile {
     String DriveType2DriveTypeName(eDriveType typ,
                                    Optional<eLanguage, eLanguage_German> language = {});
 
+    // --- Special folders and shortcuts ---
+
+    /// The path of a special folder that exists, without a "\" at its end; "" when it does not, and
+    /// for what is no folder on disk, such as the printers.
+    String GetSpecialFolderPath(spfSpecialFolderConstants FolderID);
+    /// The path of a special folder, without a "\" at its end. Whether it exists is not asked,
+    /// unless `Verify` is True: then the result is "" when it does not. With `Create` True it is
+    /// made when it is missing, and the result is "" when that fails. "" for CSIDL_NONE and for
+    /// what is no folder on disk.
+    String GetSpecialFolder(CSIDLS CSIDL, const Optional<Boolean, false>& Create = {},
+                            const Optional<Boolean, false>& Verify = {});
+    /// Makes the shortcut `sDescription` + ".lnk" to `sTargetPath`, with the tooltip `sQuickInfo`,
+    /// or removes it when `bInstall` is False. It stands in the special folder, or in `sSubFolder`
+    /// of it; with CSIDL_NONE `sSubFolder` is the path of the folder. %NAME% placeholders in the
+    /// folder and in the target are replaced (GQuorStrings.ExpandEnvironmentString). A special
+    /// folder that is missing is made, also to remove; the folder in it only to install. The target
+    /// need not exist; it is stored as it is spelled, and of the tooltip 32,767 characters.
+    ///
+    /// True when the shortcut is there afterwards, or gone; never an error. It is put in place in
+    /// one step: a failure leaves the old one, and then True, or none.
+    Boolean MakeShortCut(Boolean bInstall, CSIDLS SpecialFolder, const String& sSubFolder,
+                         const String& sTargetPath, const String& sDescription,
+                         const String& sQuickInfo);
+
+    // --- Dialogs ---
+    //
+    // Each waits for the user. "" when the user cancels, and where no dialog can be shown.
+    //
+    // `sTitle` stands in the dialog's title bar, `sStartFolder` is where it begins; "" leaves
+    // either to the system. `sFileName` is the name proposed. `sFilter` offers kinds of files, by
+    // names and patterns in turn: "Texts (*.txt)|*.txt|Tables|*.csv;*.tsv". A last name without
+    // pattern offers all files; "" offers nothing but them.
+
+    /// Lets the user choose a folder.
+    String BrowseForFolder(const Optional<String>& sTitle = {},
+                           const Optional<String>& sStartFolder = {},
+                           const Optional<eBrowserInfoFlags, BIF_RETURNONLYFSDIRS>& Flags = {});
+    /// Lets the user choose a file that exists.
+    String ShowOpenDialog(const Optional<String>& sTitle = {}, const Optional<String>& sFilter = {},
+                          const Optional<String>& sStartFolder = {},
+                          const Optional<String>& sFileName = {});
+    /// Lets the user name a file to write, and asks before one that exists is chosen; nothing is
+    /// written. A name without extension gets `sDefaultExt`, with or without its full stop. When
+    /// there is a file of that name, the dialog is shown once more with it, so that the user is
+    /// asked; the same answer again counts as cancelled.
+    String ShowSaveDialog(const Optional<String>& sTitle = {}, const Optional<String>& sFilter = {},
+                          const Optional<String>& sStartFolder = {},
+                          const Optional<String>& sFileName = {},
+                          const Optional<String>& sDefaultExt = {});
+
+    // --- Versions ---
+    //
+    // Read from the file itself, the same on every system: the file version in the fixed part of
+    // the version resource of a 32-bit or 64-bit Windows program or DLL.
+
+    /// The file version as "1.2.0.0", always with four numbers; "" for a file that has none, cannot
+    /// be read or is damaged.
+    String getFileVersion(const String& sFileName);
+    /// The four numbers, each 0 to 65535. False where getFileVersion gives ""; they are then left
+    /// as they are.
+    Boolean getFileVersionNumbers(const String& sFileName, Long& Major, Long& Minor, Long& Revision,
+                                  Long& Build);
+
    private:
     Ports& ports_;
 };

@@ -46,6 +46,30 @@ std::span<const MemberInfo> memberRows<GQuorFile>() {
         method<&C::DriveType2DriveTypeName>(0x60030016, "DriveType2DriveTypeName",
                                             {"typ", "language"},
                                             "A drive type in words, English or German."),
+        method<&C::GetSpecialFolderPath>(0x6003001E, "GetSpecialFolderPath", {"FolderID"},
+                                         "The path of a special folder that exists."),
+        method<&C::GetSpecialFolder>(0x6003001F, "GetSpecialFolder", {"CSIDL", "Create", "Verify"},
+                                     "The path of a special folder, checked or made when told so."),
+        method<&C::MakeShortCut>(0x60030020, "MakeShortCut",
+                                 {"bInstall", "SpecialFolder", "sSubFolder", "sTargetPath",
+                                  "sDescription", "sQuickInfo"},
+                                 "Makes or removes a shortcut."),
+        method<&C::BrowseForFolder>(0x60030021, "BrowseForFolder",
+                                    {"sTitle", "sStartFolder", "Flags"},
+                                    "Lets the user choose a folder."),
+        method<&C::ShowOpenDialog>(0x60030022, "ShowOpenDialog",
+                                   {"sTitle", "sFilter", "sStartFolder", "sFileName"},
+                                   "Lets the user choose a file that exists."),
+        method<&C::ShowSaveDialog>(
+            0x60030023, "ShowSaveDialog",
+            {"sTitle", "sFilter", "sStartFolder", "sFileName", "sDefaultExt"},
+            "Lets the user name a file to write."),
+        method<&C::getFileVersion>(0x60030024, "getFileVersion", {"sFileName"},
+                                   "The version of a Windows program or DLL."),
+        method<&C::getFileVersionNumbers>(
+            0x60030025, "getFileVersionNumbers",
+            {"sFileName", "Major", "Minor", "Revision", "Build"},
+            "The four numbers of the version of a Windows program or DLL."),
     };
     return rows;
 }

@@ -1,0 +1,53 @@
+// Shortcuts as Windows reads them.
+#ifdef _WIN32
+#include "file/shell_link.h"
+
+#include <gtest/gtest.h>
+#include <shlobj.h>
+#include <windows.h>
+
+#include "support/scratch.h"
+
+namespace quorkit::test {
+namespace {
+
+TEST(ShellLink, IsReadByTheSystem) {
+    struct Case {
+        ShellLink link;
+        String path;
+    };
+    const Case cases[] = {
+        {{u"C:\\Windows\\notepad.exe", u"\u20AC \u0416", 32, 3, 1}, u"C:\\Windows\\notepad.exe"},
+        {{u"C:\\\u00E4", u"", 16, 3, 1}, u"C:\\\u00E4"},
+        {{u"\\\\srv\\share\\f", u"network", 0, 0, 0}, u"\\\\srv\\share\\f"},
+        {{u"", u"nowhere", 0, 0, 0}, u""},
+    };
+    CoInitialize(nullptr);
+    Scratch scratch;
+    for (const Case& one : cases) {
+        scratch.write("s.lnk", shellLinkFile(one.link));
+        IShellLinkW* link = nullptr;
+        ASSERT_EQ(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
+                                   reinterpret_cast<void**>(&link)),
+                  S_OK);
+        IPersistFile* file = nullptr;
+        link->QueryInterface(IID_IPersistFile, reinterpret_cast<void**>(&file));
+        EXPECT_EQ(file->Load(scratch.path("s.lnk").c_str(), STGM_READ), S_OK);
+        wchar_t path[MAX_PATH] = {};
+        wchar_t description[100] = {};
+        link->GetPath(path, MAX_PATH, nullptr, 0);
+        link->GetDescription(description, 100);
+        // Wine does not know of network names in shortcuts.
+        if (!one.path.starts_with(u"\\\\") || *path != L'\0')
+            EXPECT_EQ(std::u16string(path, path + wcslen(path)), one.path);
+        EXPECT_EQ(std::u16string(description, description + wcslen(description)),
+                  one.link.description);
+        file->Release();
+        link->Release();
+    }
+    CoUninitialize();
+}
+
+}  // namespace
+}  // namespace quorkit::test
+#endif
