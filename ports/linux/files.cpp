@@ -15,6 +15,7 @@
 #include <thread>
 
 #include "linux/calls.h"
+#include "linux/name_text.h"
 #include "linux/names.h"
 
 namespace quorkit {
@@ -229,14 +230,21 @@ ErrorCode NativeFiles::CloseHandle(Handle handle) {
 ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
     std::string path;
     if (const ErrorCode code = pathOf(name, path)) return code;
+    // The path itself is a name in the root of C:, whatever drive it is on, and needs no mount
+    // table.
+    std::error_code error;
+    const fs::path existing = fs::canonical(path, error);
+    if (!error) {
+        target = disk::textOf(existing.native());
+        return kSuccess;
+    }
     constexpr int kMostLinks = 40;  // as many as the kernel follows
     for (int followed = 0; followed <= kMostLinks; ++followed) {
-        std::error_code error;
         const fs::path link = fs::read_symlink(path, error);
         if (error) {
             const fs::path folder = fs::canonical(folderOf(path), error);
             if (!error) path = folder / fs::path(path).filename();
-            target = disk::nameOf(path);
+            target = disk::textOf(path);
             return kSuccess;
         }
         path = fs::path(path).parent_path() / link;
