@@ -1,16 +1,113 @@
 #include "native/host.h"
 
+// The system's headers stand on the first one.
+// clang-format off
+#include <windows.h>
+#include <commdlg.h>
+#include <objbase.h>
+#include <shlobj.h>
+// clang-format on
+
+#include "win32/calls.h"
+
 namespace quorkit {
 
-void NativeHost::MessageBoxA(const String&, const String&) {}
-bool NativeHost::GetOpenFileNameA(const FileDialog&, String&) {
-    return false;
+using namespace win32;
+
+namespace {
+
+constexpr std::size_t kLongestName = 32767;
+
+/// "name", "pattern;pattern", and so on, each with U+0000 behind it, and one more at the end.
+String filterList(const std::vector<FileFilter>& filters) {
+    String list;
+    for (const FileFilter& filter : filters) {
+        list.append(filter.name) += u'\0';
+        for (const String& pattern : filter.patterns) {
+            if (&pattern != filter.patterns.data()) list += u';';
+            list += pattern;
+        }
+        list += u'\0';
+    }
+    list += u'\0';
+    return list;
 }
-bool NativeHost::GetSaveFileNameA(const FileDialog&, String&) {
-    return false;
+
+bool askForFile(const FileDialog& dialog, DWORD flags, BOOL (*ask)(OPENFILENAMEW*), String& name) {
+    const String filters = filterList(dialog.filters);
+    String chosen = dialog.fileName.substr(0, kLongestName);
+    chosen.resize(kLongestName + 1);
+    OPENFILENAMEW order = {};
+    order.lStructSize = sizeof order;
+    order.hwndOwner = ::GetActiveWindow();
+    order.lpstrFilter = wide(filters);
+    order.nFilterIndex = 1;
+    order.lpstrFile = wide(chosen);
+    order.nMaxFile = static_cast<DWORD>(chosen.size());
+    order.lpstrInitialDir = dialog.folder.empty() ? nullptr : wide(dialog.folder);
+    order.lpstrTitle = dialog.title.empty() ? nullptr : wide(dialog.title);
+    order.Flags = flags | OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
+    if (!ask(&order)) return false;
+    name = chosen.c_str();
+    return true;
 }
-bool NativeHost::SHBrowseForFolderA(const FileDialog&, String&) {
-    return false;
+
+/// The dialogs are built of objects that a thread must have made ready for.
+class Objects {
+   public:
+    Objects() : ready_(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+    ~Objects() {
+        if (SUCCEEDED(ready_)) ::CoUninitialize();
+    }
+    Objects(const Objects&) = delete;
+    Objects& operator=(const Objects&) = delete;
+
+   private:
+    HRESULT ready_;  // a failure means that the program itself has chosen a way
+};
+
+/// `folder` is the folder to begin with, or null.
+int CALLBACK beginAt(HWND window, UINT message, LPARAM, LPARAM folder) {
+    if (message == BFFM_INITIALIZED && folder != 0)
+        ::SendMessageW(window, BFFM_SETSELECTIONW, TRUE, folder);
+    return 0;
+}
+
+}  // namespace
+
+void NativeHost::MessageBoxA(const String& text, const String& caption) {
+    ::MessageBoxW(::GetActiveWindow(), wide(text), wide(caption), MB_OK);
+}
+
+bool NativeHost::GetOpenFileNameA(const FileDialog& dialog, String& name) {
+    const Objects objects;
+    return askForFile(
+        dialog, OFN_FILEMUSTEXIST, [](OPENFILENAMEW* order) { return ::GetOpenFileNameW(order); },
+        name);
+}
+
+bool NativeHost::GetSaveFileNameA(const FileDialog& dialog, String& name) {
+    const Objects objects;
+    return askForFile(
+        dialog, OFN_OVERWRITEPROMPT, [](OPENFILENAMEW* order) { return ::GetSaveFileNameW(order); },
+        name);
+}
+
+bool NativeHost::SHBrowseForFolderA(const FileDialog& dialog, String& name) {
+    const Objects objects;
+    BROWSEINFOW order = {};
+    order.hwndOwner = ::GetActiveWindow();
+    order.lpszTitle = wide(dialog.title);
+    order.ulFlags = dialog.browseFlags;
+    order.lpfn = beginAt;
+    order.lParam = dialog.folder.empty() ? 0 : reinterpret_cast<LPARAM>(wide(dialog.folder));
+    const PIDLIST_ABSOLUTE chosen = ::SHBrowseForFolderW(&order);
+    if (chosen == nullptr) return false;
+    String path(MAX_PATH, u'\0');
+    const BOOL onDisk = ::SHGetPathFromIDListW(chosen, wide(path));
+    ::CoTaskMemFree(chosen);
+    if (onDisk) name = path.c_str();
+    return onDisk != FALSE;
 }
 
 }  // namespace quorkit

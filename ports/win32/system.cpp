@@ -1,12 +1,19 @@
 #include "native/system.h"
 
+#include <shlobj.h>
 #include <windows.h>
 
+#include "win32/calls.h"
+
 namespace quorkit {
+
+using win32::wide;
+
 namespace {
 
-const wchar_t* wide(const String& text) {
-    return reinterpret_cast<const wchar_t*>(text.c_str());
+SystemTime timeOf(const SYSTEMTIME& time) {
+    return {time.wYear,   time.wMonth,  time.wDay,         time.wHour,
+            time.wMinute, time.wSecond, time.wMilliseconds};
 }
 
 }  // namespace
@@ -22,8 +29,7 @@ LanguageIdentifier NativeSystem::GetSystemDefaultLangID() {
 SystemTime NativeSystem::GetLocalTime() {
     SYSTEMTIME now;
     ::GetLocalTime(&now);
-    return {now.wYear,   now.wMonth,  now.wDay,         now.wHour,
-            now.wMinute, now.wSecond, now.wMilliseconds};
+    return timeOf(now);
 }
 
 std::uint64_t NativeSystem::QueryPerformanceCounter() {
@@ -38,8 +44,7 @@ bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
     for (;;) {
         ::SetLastError(ERROR_SUCCESS);
         const DWORD length =
-            ::GetEnvironmentVariableW(wide(name), reinterpret_cast<wchar_t*>(buffer.data()),
-                                      static_cast<DWORD>(buffer.size()));
+            ::GetEnvironmentVariableW(wide(name), wide(buffer), static_cast<DWORD>(buffer.size()));
         if (length == 0 && ::GetLastError() != ERROR_SUCCESS) return false;
         const bool fits = length < buffer.size();  // otherwise it is the size that is needed
         buffer.resize(length);
@@ -49,14 +54,33 @@ bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
     }
 }
 
-bool NativeSystem::FileTimeToSystemTime(FileTime, SystemTime&) {
-    return false;
+bool NativeSystem::FileTimeToSystemTime(FileTime time, SystemTime& local) {
+    const FILETIME utc = {static_cast<DWORD>(time), static_cast<DWORD>(time >> 32)};
+    FILETIME here = {};
+    SYSTEMTIME shown = {};
+    if (!::FileTimeToLocalFileTime(&utc, &here) || !::FileTimeToSystemTime(&here, &shown))
+        return false;
+    constexpr int kLastYear = 9999;  // the system goes on further
+    if (shown.wYear > kLastYear) return false;
+    local = timeOf(shown);
+    return true;
 }
-bool NativeSystem::GetTempPathA(String&) {
-    return false;
+
+bool NativeSystem::GetTempPathA(String& folder) {
+    String found =
+        win32::askForText([](wchar_t* buffer, DWORD size) { return ::GetTempPathW(size, buffer); });
+    if (found.empty()) return false;
+    folder = std::move(found);
+    return true;
 }
-bool NativeSystem::SHGetFolderPathA(int, String&) {
-    return false;
+
+bool NativeSystem::SHGetFolderPathA(int folder, String& path) {
+    String found(MAX_PATH, u'\0');
+    if (::SHGetFolderPathW(nullptr, folder | CSIDL_FLAG_DONT_VERIFY, nullptr, SHGFP_TYPE_CURRENT,
+                           wide(found)) != S_OK)
+        return false;
+    path = found.c_str();
+    return true;
 }
 
 }  // namespace quorkit

@@ -1,63 +1,13 @@
-// One suite for every room that implements files, so that the imitation cannot drift.
-#include <gtest/gtest.h>
-#include <quorkit/ports/memory.h>
-
+// The content of files, and changing them whole, in every room.
 #include <atomic>
-#include <memory>
 #include <thread>
 
-#include "file/whole_file.h"
-#include "support/scratch.h"
+#include "ports/rooms.h"
 
 namespace quorkit::test {
 namespace {
 
-/// A folder in one of the rooms.
-struct Room {
-    virtual ~Room() = default;
-    virtual Files& files() = 0;
-    virtual String name(const std::string& file) = 0;
-    virtual void makeReadOnly(const std::string& file) = 0;
-};
-
-struct MemoryRoom : Room {
-    MemoryPorts world;
-    Files& files() override { return world.files; }
-    String name(const std::string& file) override { return String(file.begin(), file.end()); }
-    void makeReadOnly(const std::string& file) override { world.files.setReadOnly(name(file)); }
-};
-
-struct NativeRoom : Room {
-    Scratch scratch;
-    Files& files() override { return ports::native().files; }
-    String name(const std::string& file) override { return scratch.name(file); }
-    void makeReadOnly(const std::string& file) override {
-        using std::filesystem::perms;
-        std::filesystem::permissions(scratch.path(file), perms::owner_read | perms::group_read);
-    }
-};
-
-using MakeRoom = std::unique_ptr<Room> (*)();
-
-class FilesTest : public testing::TestWithParam<MakeRoom> {
-   protected:
-    void write(const std::string& file, const std::string& bytes) {
-        Handle handle = Handle::Invalid;  // threads have one each
-        ASSERT_EQ(files.CreateFileA(room->name(file), FileAccess::CreateNew, handle), kSuccess);
-        EXPECT_EQ(files.WriteFile(handle, bytes), kSuccess);
-        EXPECT_EQ(files.FlushFileBuffers(handle), kSuccess);
-        EXPECT_EQ(files.CloseHandle(handle), kSuccess);
-    }
-    std::string read(const std::string& file) {
-        std::string content = "(unread)";
-        if (readWholeFile(files, room->name(file), content) != kSuccess) return "(failed)";
-        return content;
-    }
-
-    std::unique_ptr<Room> room = GetParam()();
-    Files& files = room->files();
-    Handle opened = Handle::Invalid;
-};
+class FilesTest : public RoomTest {};
 
 TEST_P(FilesTest, WritesAndReads) {
     const std::string all = std::string("a\r\n\0b", 6) + std::string(300000, 'x');
@@ -134,11 +84,7 @@ TEST_P(FilesTest, RefusesWhatIsNoWritableFile) {
     EXPECT_EQ(files.LockFileA(u"", opened), kInvalidName);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rooms, FilesTest,
-    testing::Values([]() -> std::unique_ptr<Room> { return std::make_unique<MemoryRoom>(); },
-                    []() -> std::unique_ptr<Room> { return std::make_unique<NativeRoom>(); }),
-    [](const auto& test) { return test.index == 0 ? "memory" : "native"; });
+INSTANTIATE_TEST_SUITE_P(Rooms, FilesTest, kRooms, nameOfRoom);
 
 }  // namespace
 }  // namespace quorkit::test

@@ -96,6 +96,69 @@ TEST(NativeSystem, TellsTheLocalTime) {
     EXPECT_TRUE(now.milliseconds >= 0 && now.milliseconds < 1000);
 }
 
+/// The time so many seconds after the start of 1970.
+constexpr FileTime fileTime(std::int64_t seconds, int milliseconds = 0) {
+    return static_cast<FileTime>((seconds + 11'644'473'600) * 10'000'000) +
+           static_cast<FileTime>(milliseconds) * 10'000;
+}
+
+std::array<int, 7> shown(System& system, FileTime time) {
+    SystemTime local;
+    if (!system.FileTimeToSystemTime(time, local)) return {};
+    return {local.year,   local.month,  local.day,         local.hour,
+            local.minute, local.second, local.milliseconds};
+}
+
+constexpr std::int64_t kSummer = 1719837296;  // 1 July 2024, 12:34:56
+constexpr FileTime kNoTimes[] = {fileTime(253'402'387'200), FileTime{1} << 63, ~FileTime{0}};
+
+TEST(MemorySystem, ShowsTimes) {
+    MemorySystem system;
+    system.minutesEastOfUtc = -60;
+    EXPECT_EQ(shown(system, fileTime(kSummer, 789)), (std::array{2024, 7, 1, 11, 34, 56, 789}));
+    EXPECT_EQ(shown(system, 0), (std::array{1600, 12, 31, 23, 0, 0, 0}));
+    for (const FileTime none : kNoTimes) EXPECT_EQ(shown(system, none)[0], 0) << none;
+}
+
+TEST(NativeSystem, ShowsTimes) {
+    System& system = ports::native().system;
+    const auto seconds = [](const std::array<int, 7>& time) {
+        return (time[2] * 24 + time[3]) * 3600 + time[4] * 60 + time[5];
+    };
+    const SystemTime now = system.GetLocalTime();
+    const auto told = shown(system, fileTime(std::time(nullptr), 789));
+    EXPECT_NEAR(seconds(told), seconds({0, 0, now.day, now.hour, now.minute, now.second}), 2);
+    EXPECT_EQ(told[0], now.year);
+    EXPECT_EQ(told[6], 789);
+    for (const FileTime none : kNoTimes) EXPECT_EQ(shown(system, none)[0], 0) << none;
+#ifndef _WIN32
+    setVariable("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+    tzset();
+    EXPECT_EQ(shown(system, fileTime(kSummer)), (std::array{2024, 7, 1, 14, 34, 56, 0}));
+    EXPECT_EQ(shown(system, fileTime(kSummer - 180 * 86400)),
+              (std::array{2024, 1, 3, 13, 34, 56, 0}));
+    unsetenv("TZ");
+    tzset();
+#endif
+}
+
+TEST(NativeSystem, KnowsItsFolders) {
+    const Ports& native = ports::native();
+    String folder;
+    std::uint32_t attributes = 0;
+    ASSERT_TRUE(native.system.GetTempPathA(folder));
+    EXPECT_NE(String(u"\\/").find(folder.back()), String::npos);
+    EXPECT_EQ(native.files.GetFileAttributesA(folder, attributes), kSuccess);
+    EXPECT_NE(attributes & kDirectory, 0u);
+
+    constexpr int kProfile = 40;
+    ASSERT_TRUE(native.system.SHGetFolderPathA(kProfile, folder));
+    EXPECT_EQ(String(u"\\/").find(folder.back()), String::npos);
+    constexpr int kPrinters = 4;
+    for (const int none : {kPrinters, -1, 9999})
+        EXPECT_FALSE(native.system.SHGetFolderPathA(none, folder)) << none;
+}
+
 TEST(NativeSystem, CountsOn) {
     System& system = ports::native().system;
     const std::uint64_t before = system.QueryPerformanceCounter();

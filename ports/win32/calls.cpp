@@ -1,0 +1,23 @@
+#include "win32/calls.h"
+
+namespace quorkit::win32 {
+
+ErrorCode lastError() {
+    switch (const DWORD code = ::GetLastError(); code) {
+        case ERROR_SUCCESS:
+            return kGeneralFailure;
+        case ERROR_HANDLE_DISK_FULL:
+            return kDiskFull;
+        case ERROR_ALREADY_EXISTS:
+            return kFileExists;
+        case ERROR_DIRECTORY:  // a file stands where a folder should
+        case ERROR_NOT_READY:  // a drive without a medium
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+            return kPathNotFound;
+        default:
+            return static_cast<ErrorCode>(code);
+    }
+}
+
+}  // namespace quorkit::win32

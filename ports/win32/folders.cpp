@@ -1,0 +1,83 @@
+// Attributes, and folders and their entries, on Windows. Links count as what they lead to.
+#include <memory>
+
+#include "native/files.h"
+#include "win32/calls.h"
+#include "win32/names.h"
+
+namespace quorkit {
+
+using namespace win32;
+
+namespace {
+
+/// Behind the Handle of a search.
+struct Search {
+    HANDLE handle;
+    FindDetail detail;
+    String folder;  ///< with a separator at its end
+};
+
+Search& searchOf(Handle handle) {
+    return *reinterpret_cast<Search*>(handle);
+}
+
+void describe(const Search& search, const WIN32_FIND_DATAW& found, FindData& entry) {
+    entry.name = textOf(found.cFileName);
+    entry.attributes = found.dwFileAttributes & ~DWORD{kReparsePoint};
+    entry.lastWrite = timeOf(found.ftLastWriteTime);
+    if ((found.dwFileAttributes & kReparsePoint) != 0 && isLinkTag(found.dwReserved0)) {
+        if (search.detail != FindDetail::Names)
+            describeTarget(search.folder + entry.name, entry.attributes, entry.lastWrite);
+        entry.attributes |= kReparsePoint;
+    }
+    if (search.detail != FindDetail::Attributes) entry.attributes &= kDirectory | kReparsePoint;
+}
+
+}  // namespace
+
+ErrorCode NativeFiles::GetFileAttributesA(const String& name, std::uint32_t& attributes) {
+    if (!validName(name)) return kInvalidName;
+    const DWORD found = ::GetFileAttributesW(wide(name));
+    if (found == INVALID_FILE_ATTRIBUTES) return lastError();
+    attributes = found & ~DWORD{kReparsePoint};
+    if ((found & kReparsePoint) == 0 || !isLink(name)) return kSuccess;
+    FileTime ignored = 0;
+    std::uint32_t target = 0;
+    if (!describeTarget(name, target, ignored)) return lastError();
+    attributes = target | kReparsePoint;
+    return kSuccess;
+}
+
+ErrorCode NativeFiles::CreateDirectoryA(const String& name) {
+    if (!validName(name)) return kInvalidName;
+    return resultOf(::CreateDirectoryW(wide(name), nullptr));
+}
+
+ErrorCode NativeFiles::FindFirstFileA(const String& folder, FindDetail detail, Handle& search,
+                                      FindData& entry) {
+    if (!validName(folder)) return kInvalidName;
+    auto begun = std::make_unique<Search>(Search{nullptr, detail, folder});
+    // Behind "C:" a separator would turn the current folder into the root.
+    if (String(u"\\/:").find(folder.back()) == String::npos) begun->folder += u'\\';
+    WIN32_FIND_DATAW found = {};
+    begun->handle = ::FindFirstFileW(wide(begun->folder + u'*'), &found);
+    if (begun->handle == INVALID_HANDLE_VALUE) return lastError();
+    describe(*begun, found, entry);
+    search = Handle(reinterpret_cast<std::intptr_t>(begun.release()));
+    return kSuccess;
+}
+
+ErrorCode NativeFiles::FindNextFileA(Handle search, FindData& entry) {
+    WIN32_FIND_DATAW found = {};
+    if (!::FindNextFileW(searchOf(search).handle, &found)) return lastError();
+    describe(searchOf(search), found, entry);
+    return kSuccess;
+}
+
+void NativeFiles::FindClose(Handle search) {
+    ::FindClose(searchOf(search).handle);
+    delete &searchOf(search);
+}
+
+}  // namespace quorkit
