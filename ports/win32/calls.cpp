@@ -10,7 +10,6 @@ ErrorCode lastError() {
             return kDiskFull;
         case ERROR_ALREADY_EXISTS:
             return kFileExists;
-        case ERROR_DIRECTORY:  // a file stands where a folder should
         case ERROR_NOT_READY:  // a drive without a medium
         case ERROR_BAD_NETPATH:
         case ERROR_BAD_NET_NAME:

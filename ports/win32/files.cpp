@@ -22,27 +22,62 @@ ErrorCode open(const String& name, DWORD access, DWORD how, HANDLE& file) {
     return kAccessDenied;
 }
 
+ErrorCode openToChange(const String& name, DWORD how, HANDLE& file) {
+    const ErrorCode code = open(name, GENERIC_READ | GENERIC_WRITE, how, file);
+    return code == kAccessDenied ? open(name, GENERIC_WRITE, how, file) : code;
+}
+
+/// The number of a file on its disk; 0 when it is deleted or replaced.
+std::uint64_t numberOf(HANDLE file) {
+    BY_HANDLE_FILE_INFORMATION about = {};
+    FILE_STANDARD_INFO more = {};
+    if (!::GetFileInformationByHandle(file, &about) ||
+        !::GetFileInformationByHandleEx(file, FileStandardInfo, &more, sizeof more) ||
+        more.NumberOfLinks == 0 || more.DeletePending)
+        return 0;
+    return (std::uint64_t{about.nFileIndexHigh} << 32) | about.nFileIndexLow;
+}
+
 ErrorCode openToAdd(const String& name, Opened& made) {
-    const String target = finalName(name);
-    made.gate = std::make_unique<Gate>(target);
+    made.name = finalName(name);
+    made.gate = std::make_unique<Gate>(made.name);
     ErrorCode code = made.gate->status();
     if (code == kSuccess) code = made.gate->enter();
     if (code != kSuccess) return code;
-    code = mayBeWritten(target);
+    code = mayBeWritten(made.name);
     if (code == kSuccess && made.access == FileAccess::Append) code = made.gate->mark();
-    if (code == kSuccess) {
-        code = open(target, GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS, made.file);
-        if (code == kAccessDenied) code = open(target, GENERIC_WRITE, OPEN_ALWAYS, made.file);
+    if (code == kSuccess) code = openToChange(made.name, OPEN_ALWAYS, made.file);
+    if (code == kSuccess) made.number = numberOf(made.file);
+    if (code == kSuccess && made.access == FileAccess::AppendYielding) {
+        ::CloseHandle(made.file);
+        made.file = nullptr;
     }
     made.gate->leave();
     return code;
 }
 
-/// The file loses its name when it is replaced or deleted.
-bool hasItsName(HANDLE file) {
-    FILE_STANDARD_INFO about = {};
-    return ::GetFileInformationByHandleEx(file, FileStandardInfo, &about, sizeof about) &&
-           about.NumberOfLinks != 0 && !about.DeletePending;
+/// Runs `use` on an open file.
+template <class Use>
+ErrorCode with(const Opened& opened, Use use) {
+    if (opened.file != nullptr) return use(opened.file);
+    HANDLE file = nullptr;
+    ErrorCode code = openToChange(opened.name, OPEN_EXISTING, file);
+    if (code == kFileNotFound || code == kPathNotFound) return kFileReplaced;
+    if (code != kSuccess) return code;
+    code = numberOf(file) == opened.number ? use(file) : kFileReplaced;
+    ::CloseHandle(file);
+    return code;
+}
+
+/// Runs `change` on a file for adding while nobody else changes it.
+template <class Change>
+ErrorCode inTheGate(const Opened& opened, Change change) {
+    if (const ErrorCode code = opened.gate->enter()) return code;
+    const ErrorCode code = with(opened, [&](HANDLE file) {
+        return numberOf(file) == opened.number ? change(file) : kFileReplaced;
+    });
+    opened.gate->leave();
+    return code;
 }
 
 ErrorCode cutAt(HANDLE file, std::uint64_t size) {
@@ -63,12 +98,21 @@ ErrorCode writeAll(HANDLE file, std::string_view bytes, OVERLAPPED* place) {
     return kSuccess;
 }
 
-/// Runs `change` on a file for adding while nobody else changes it.
-template <class Change>
-ErrorCode inTheGate(const Opened& file, Change change) {
-    if (const ErrorCode code = file.gate->enter()) return code;
-    const ErrorCode code = hasItsName(file.file) ? change() : kFileReplaced;
-    file.gate->leave();
+ErrorCode sizeOf(HANDLE file, std::uint64_t& size) {
+    LARGE_INTEGER result = {};
+    if (!::GetFileSizeEx(file, &result)) return lastError();
+    size = static_cast<std::uint64_t>(result.QuadPart);
+    return kSuccess;
+}
+
+/// Adds `bytes` in one piece, or takes back what a full disk has taken of them.
+ErrorCode add(HANDLE file, std::string_view bytes) {
+    std::uint64_t size = 0;
+    if (const ErrorCode code = sizeOf(file, size)) return code;
+    OVERLAPPED end = {};
+    end.Offset = end.OffsetHigh = 0xFFFFFFFF;
+    const ErrorCode code = writeAll(file, bytes, &end);
+    if (code != kSuccess) cutAt(file, size);
     return code;
 }
 
@@ -90,10 +134,7 @@ ErrorCode NativeFiles::CreateFileA(const String& name, FileAccess access, Handle
 }
 
 ErrorCode NativeFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
-    LARGE_INTEGER result = {};
-    if (!::GetFileSizeEx(opened(handle).file, &result)) return lastError();
-    size = static_cast<std::uint64_t>(result.QuadPart);
-    return kSuccess;
+    return with(opened(handle), [&](HANDLE file) { return sizeOf(file, size); });
 }
 
 ErrorCode NativeFiles::SetFilePointerEx(Handle handle, std::uint64_t position) {
@@ -103,50 +144,44 @@ ErrorCode NativeFiles::SetFilePointerEx(Handle handle, std::uint64_t position) {
 
 ErrorCode NativeFiles::ReadFile(Handle handle, char* buffer, std::size_t capacity,
                                 std::size_t& count) {
-    Opened& file = opened(handle);
-    const auto wanted = static_cast<DWORD>(std::min<std::size_t>(capacity, 1u << 30));
-    DWORD got = 0;
-    OVERLAPPED place = {};
-    place.Offset = static_cast<DWORD>(file.position);
-    place.OffsetHigh = static_cast<DWORD>(file.position >> 32);
-    if (!::ReadFile(file.file, buffer, wanted, &got, &place) &&
-        ::GetLastError() != ERROR_HANDLE_EOF)
-        return lastError();
-    count = got;
-    file.position += got;
-    return kSuccess;
+    std::uint64_t& position = opened(handle).position;
+    return with(opened(handle), [&](HANDLE file) {
+        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(capacity, 1u << 30));
+        DWORD got = 0;
+        OVERLAPPED place = {};
+        place.Offset = static_cast<DWORD>(position);
+        place.OffsetHigh = static_cast<DWORD>(position >> 32);
+        if (!::ReadFile(file, buffer, wanted, &got, &place) && ::GetLastError() != ERROR_HANDLE_EOF)
+            return lastError();
+        count = got;
+        position += got;
+        return kSuccess;
+    });
 }
 
 ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes) {
     const Opened& file = opened(handle);
     if (!isForAdding(file.access)) return writeAll(file.file, bytes, nullptr);
-    return inTheGate(file, [&] {
-        LARGE_INTEGER size = {};
-        if (!::GetFileSizeEx(file.file, &size)) return lastError();
-        OVERLAPPED end = {};
-        end.Offset = end.OffsetHigh = 0xFFFFFFFF;
-        const ErrorCode code = writeAll(file.file, bytes, &end);
-        if (code != kSuccess) cutAt(file.file, static_cast<std::uint64_t>(size.QuadPart));
-        return code;
-    });
+    return inTheGate(file, [&](HANDLE changed) { return add(changed, bytes); });
 }
 
 ErrorCode NativeFiles::SetEndOfFile(Handle handle) {
     const Opened& file = opened(handle);
     if (!isForAdding(file.access)) return kAccessDenied;
-    return inTheGate(file, [&] { return cutAt(file.file, 0); });
+    return inTheGate(file, [](HANDLE changed) { return cutAt(changed, 0); });
 }
 
 ErrorCode NativeFiles::FlushFileBuffers(Handle handle) {
-    return resultOf(::FlushFileBuffers(opened(handle).file));
+    return with(opened(handle), [](HANDLE file) { return resultOf(::FlushFileBuffers(file)); });
 }
 
 ErrorCode NativeFiles::CloseHandle(Handle handle) {
     const std::unique_ptr<Opened> closing(&opened(handle));
-    if (closing->file != nullptr) return resultOf(::CloseHandle(closing->file));
-    closing->gate->unmark();
-    closing->gate->leave();
-    return kSuccess;
+    if (closing->lock) {
+        closing->gate->unmark();
+        closing->gate->leave();
+    }
+    return closing->file == nullptr ? kSuccess : resultOf(::CloseHandle(closing->file));
 }
 
 }  // namespace quorkit

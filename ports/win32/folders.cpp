@@ -60,10 +60,15 @@ ErrorCode NativeFiles::FindFirstFileA(const String& folder, FindDetail detail, H
     auto begun = std::make_unique<Search>(Search{nullptr, detail, folder});
     // Behind "C:" a separator would turn the current folder into the root.
     if (String(u"\\/:").find(folder.back()) == String::npos) begun->folder += u'\\';
-    WIN32_FIND_DATAW found = {};
-    begun->handle = ::FindFirstFileW(wide(begun->folder + u'*'), &found);
-    if (begun->handle == INVALID_HANDLE_VALUE) return lastError();
-    describe(*begun, found, entry);
+    WIN32_FIND_DATAW first = {};
+    begun->handle = ::FindFirstFileW(wide(begun->folder + u'*'), &first);
+    if (begun->handle == INVALID_HANDLE_VALUE) {
+        const ErrorCode code = lastError();
+        const DWORD found = ::GetFileAttributesW(wide(folder));
+        const bool file = found != INVALID_FILE_ATTRIBUTES && (found & kDirectory) == 0;
+        return file ? kPathNotFound : code;
+    }
+    describe(*begun, first, entry);
     search = Handle(reinterpret_cast<std::intptr_t>(begun.release()));
     return kSuccess;
 }

@@ -12,10 +12,15 @@
 namespace quorkit::win32 {
 
 struct Opened {
-    HANDLE file = nullptr;  ///< null for a lock
+    HANDLE file = nullptr;  ///< null for a lock, and for FileAccess::AppendYielding
     FileAccess access = FileAccess::Read;
     std::uint64_t position = 0;  ///< where the next read begins
     std::unique_ptr<Gate> gate;  ///< of a lock, and of a file for adding
+    bool lock = false;
+    /// A file that is open cannot be replaced here, so one that yields is opened for each
+    /// operation, and told by its number from another that has taken its name.
+    String name;
+    std::uint64_t number = 0;
 };
 
 inline Opened& opened(Handle handle) {

@@ -1,8 +1,5 @@
 // Changing a file whole on Windows: locks and replacement.
-#include <cstddef>
-#include <cstring>
 #include <string>
-#include <vector>
 
 #include "native/files.h"
 #include "win32/calls.h"
@@ -38,32 +35,6 @@ void copyRights(const String& from, const String& to) {
         ::SetFileSecurityW(wide(to), DACL_SECURITY_INFORMATION, rights.data());
 }
 
-/// FILE_RENAME_INFO of the systems that know the order FileRenameInfoEx.
-struct RenameOrder {
-    DWORD flags = 3;  // replace, by the rules of POSIX
-    HANDLE root = nullptr;
-    DWORD bytes = 0;
-    wchar_t name[1] = {};
-};
-constexpr auto kFileRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
-
-/// Puts one file in the place of another that is open. Not every system and disk can do that.
-BOOL renameOverOpenFile(const String& from, const String& to) {
-    const HANDLE file = ::CreateFileW(wide(from), DELETE | SYNCHRONIZE, kShareAll, nullptr,
-                                      OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return FALSE;
-    const std::size_t bytes = to.size() * sizeof(char16_t);
-    std::vector<RenameOrder> room(2 + bytes / sizeof(RenameOrder));
-    room[0].bytes = static_cast<DWORD>(bytes);
-    std::memcpy(reinterpret_cast<char*>(room.data()) + offsetof(RenameOrder, name), to.data(),
-                bytes);
-    const BOOL done =
-        ::SetFileInformationByHandle(file, kFileRenameInfoEx, room.data(),
-                                     static_cast<DWORD>(room.size() * sizeof(RenameOrder)));
-    ::CloseHandle(file);
-    return done;
-}
-
 }  // namespace
 
 ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
@@ -77,6 +48,7 @@ ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle, Wait wait) 
     const String target = finalName(name);
     if (const ErrorCode code = mayBeWritten(target)) return code;
     auto lock = std::make_unique<Opened>();
+    lock->lock = true;
     lock->gate = std::make_unique<Gate>(target);
     if (const ErrorCode code = lock->gate->status()) return code;
     const ULONGLONG end = ::GetTickCount64() + 100;
@@ -106,13 +78,8 @@ ErrorCode NativeFiles::ReplaceFileA(const String& name, const String& replacemen
     if (::GetFileAttributesW(wide(name)) != INVALID_FILE_ATTRIBUTES) copyRights(name, replacement);
     // One rename: the system's own call for replacing files leaves a moment without the name.
     return resultOf(whileInUse([&] {
-        if (::MoveFileExW(wide(replacement), wide(name),
-                          MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-            return TRUE;
-        const DWORD code = ::GetLastError();
-        if (code == ERROR_ACCESS_DENIED && renameOverOpenFile(replacement, name)) return TRUE;
-        ::SetLastError(code);
-        return FALSE;
+        return ::MoveFileExW(wide(replacement), wide(name),
+                             MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
     }));
 }
 

@@ -69,7 +69,8 @@ TEST_P(FoldersTest, AreListed) {
     FindData entry;
     for (const char* name : {"no", "no/d", "f"})
         EXPECT_EQ(files.FindFirstFileA(room->name(name), FindDetail::Names, opened, entry),
-                  kPathNotFound);
+                  kPathNotFound)
+            << name;
 }
 
 TEST_P(FoldersTest, HaveAttributes) {

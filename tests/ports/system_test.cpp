@@ -154,8 +154,8 @@ TEST(NativeSystem, KnowsItsFolders) {
     constexpr int kProfile = 40;
     ASSERT_TRUE(native.system.SHGetFolderPathA(kProfile, folder));
     EXPECT_EQ(String(u"\\/").find(folder.back()), String::npos);
-    constexpr int kPrinters = 4;
-    for (const int none : {kPrinters, -1, 9999})
+    constexpr int kDrives = 17;
+    for (const int none : {kDrives, -1, 9999})
         EXPECT_FALSE(native.system.SHGetFolderPathA(none, folder)) << none;
 }
 
