@@ -34,7 +34,8 @@ class DriveTable {
     static DriveTable ofThisSystem();
 
     /// In the order of their letters, those without one behind.
-    const std::vector<Drive>& all() const { return drives_; }
+    const std::vector<Drive>& all() const& { return drives_; }
+    void all() && = delete;  // it would not outlive the table
     /// Null when there is none.
     const Drive* find(char16_t letter) const;
     /// The network mount whose remote name the components of a name begin with, the longest where

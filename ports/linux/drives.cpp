@@ -1,18 +1,69 @@
+// Drives on Linux: C: is the root file system, D: to Z: are the other mounts that users see.
 #include "native/drives.h"
 
-namespace quorkit {
+#include <filesystem>
 
-int NativeDrives::GetDriveTypeA(const String&) {
-    return 0;
+#include "file/name_parts.h"
+#include "linux/drive_table.h"
+#include "linux/names.h"
+#include "linux/volumes.h"
+
+namespace quorkit {
+namespace {
+
+using disk::Drive;
+using disk::DriveTable;
+
+/// The drive that a name stands for or that it lies on; null when there is none. Relative names
+/// are no drives.
+const Drive* driveOf(const String& name, const DriveTable& drives) {
+    const NameParts parts = partsOf(name);
+    std::size_t used = 0;
+    if (parts.start == NameParts::Here) return nullptr;
+    if (parts.start == NameParts::Network) return drives.findShare(parts.components, used);
+    if (parts.drive != 0 && parts.components.empty()) return drives.find(parts.drive);
+    std::string path;
+    if (disk::pathOf(name, path) != kSuccess) return nullptr;
+    std::error_code error;
+    path = std::filesystem::canonical(path, error);
+    return error ? nullptr : &drives.around(path);
 }
+
+/// "X:"; "" for a drive without a letter.
+String lettersOf(const Drive& drive) {
+    return drive.letter == 0 ? String() : String{drive.letter, u':'};
+}
+
+}  // namespace
+
+int NativeDrives::GetDriveTypeA(const String& root) {
+    constexpr int noSuchDrive = 1;
+    const DriveTable drives = DriveTable::ofThisSystem();
+    const Drive* drive = driveOf(root, drives);
+    if (drive == nullptr) return noSuchDrive;
+    return disk::driveTypeOf(drive->kind, disk::isRemovable(drive->mount));
+}
+
 std::vector<String> NativeDrives::GetLogicalDriveStringsA() {
-    return {};
+    const DriveTable drives = DriveTable::ofThisSystem();
+    std::vector<String> roots;
+    for (const Drive& drive : drives.all())
+        if (drive.letter != 0) roots.push_back(lettersOf(drive) + u'\\');
+    return roots;
 }
-ErrorCode NativeDrives::GetVolumeInformationA(const String&, std::uint32_t&) {
-    return kGeneralFailure;
+
+ErrorCode NativeDrives::GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) {
+    const DriveTable drives = DriveTable::ofThisSystem();
+    const Drive* drive = driveOf(root, drives);
+    return drive == nullptr ? kPathNotFound : disk::serialNumberOf(drive->mount, serialNumber);
 }
-ErrorCode NativeDrives::WNetEnumResourceA(std::vector<NetworkConnection>&) {
-    return kGeneralFailure;
+
+ErrorCode NativeDrives::WNetEnumResourceA(std::vector<NetworkConnection>& connections) {
+    const DriveTable drives = DriveTable::ofThisSystem();
+    connections.clear();
+    for (const Drive& drive : drives.all())
+        if (!drive.remote.empty()) connections.push_back({lettersOf(drive), drive.remote});
+    return kSuccess;
 }
 
 }  // namespace quorkit

@@ -1,16 +1,137 @@
+// Messages and dialogs by the desktop's own tools, zenity or else kdialog. Without a display and
+// without a tool dialogs are cancelled and messages go to the standard error stream.
 #include "native/host.h"
 
-namespace quorkit {
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
 
-void NativeHost::MessageBoxA(const String&, const String&) {}
-bool NativeHost::GetOpenFileNameA(const FileDialog&, String&) {
-    return false;
+#include "file/name_parts.h"
+#include "linux/names.h"
+#include "linux/run_tool.h"
+#include "runtime/code_page.h"
+
+namespace quorkit {
+namespace {
+
+using disk::runTool;
+using disk::ToolResult;
+using Words = std::vector<std::string>;
+
+enum class Choice { Open, Save, Folder };
+
+bool hasDisplay() {
+    return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY"}, [](const char* name) {
+        const char* value = std::getenv(name);
+        return value != nullptr && *value != '\0';
+    });
 }
-bool NativeHost::GetSaveFileNameA(const FileDialog&, String&) {
-    return false;
+
+/// A word for a tool, which cannot hold U+0000.
+std::string wordOf(const String& text) {
+    std::string word = runtime::toUtf8(text);
+    std::erase(word, '\0');
+    return word;
 }
-bool NativeHost::SHBrowseForFolderA(const FileDialog&, String&) {
-    return false;
+
+/// "*.txt *.csv". What Windows writes as "*.*" are all files.
+std::string patternsOf(const FileFilter& filter) {
+    std::string patterns;
+    for (const String& pattern : filter.patterns) {
+        if (!patterns.empty()) patterns += ' ';
+        patterns += pattern == u"*.*" ? "*" : wordOf(pattern);
+    }
+    return patterns;
+}
+
+/// The name of a filter, where neither tool allows a stroke.
+std::string nameOfFilter(const FileFilter& filter) {
+    std::string name = wordOf(filter.name);
+    std::ranges::replace(name, '|', '/');
+    return name;
+}
+
+/// Where a dialog begins: a folder with a separator at its end, a file, or "".
+std::string startOf(const FileDialog& dialog) {
+    String name = dialog.fileName;
+    const auto start = partsOf(name).start;
+    if (!dialog.folder.empty() && start == NameParts::Here)
+        name = dialog.folder + u'\\' + dialog.fileName;
+    std::string path;
+    return disk::pathOf(name, path) == kSuccess ? path : std::string();
+}
+
+ToolResult askZenity(const FileDialog& dialog, Choice choice) {
+    Words words = {"zenity", "--file-selection"};
+    if (choice == Choice::Save) words.insert(words.end(), {"--save", "--confirm-overwrite"});
+    if (choice == Choice::Folder) words.emplace_back("--directory");
+    words.push_back("--title=" + wordOf(dialog.title));
+    const std::string start = startOf(dialog);
+    if (!start.empty()) words.push_back("--filename=" + start);
+    for (const FileFilter& filter : dialog.filters)
+        words.push_back("--file-filter=" + nameOfFilter(filter) + " | " + patternsOf(filter));
+    return runTool(words);
+}
+
+ToolResult askKdialog(const FileDialog& dialog, Choice choice) {
+    const char* kind = choice == Choice::Open   ? "--getopenfilename"
+                       : choice == Choice::Save ? "--getsavefilename"
+                                                : "--getexistingdirectory";
+    // What begins with "-" would be an option.
+    std::string start = startOf(dialog);
+    if (!start.starts_with('/')) start.insert(0, "./");
+    std::string filters;
+    for (const FileFilter& filter : dialog.filters)
+        filters += (filters.empty() ? "" : "\n") + patternsOf(filter) + "|" + nameOfFilter(filter);
+    if (filters.starts_with('-')) filters.insert(0, " ");
+    Words words = {"kdialog", "--title=" + wordOf(dialog.title), kind, start};
+    if (!filters.empty()) words.push_back(filters);
+    return runTool(words);
+}
+
+/// The user's choice: what the tool has written, without its line end.
+bool choose(const FileDialog& dialog, Choice choice, String& name) {
+    if (!hasDisplay()) return false;
+    ToolResult result = askZenity(dialog, choice);
+    if (!result.started) result = askKdialog(dialog, choice);
+    if (result.output.ends_with('\n')) result.output.pop_back();
+    if (result.status != 0 || result.output.empty()) return false;
+    name = disk::nameOf(result.output);
+    return true;
+}
+
+bool show(const std::string& text, const std::string& caption) {
+    if (!hasDisplay()) return false;
+    ToolResult result =
+        runTool({"zenity", "--info", "--no-markup", "--title=" + caption, "--text=" + text});
+    if (!result.started) {
+        std::string escaped;  // kdialog reads "\n" as a line end
+        for (const char one : text) escaped.append(one == '\\' ? 2 : 1, one);
+        result = runTool({"kdialog", "--title=" + caption, "--msgbox=" + escaped});
+    }
+    return result.status == 0;
+}
+
+}  // namespace
+
+void NativeHost::MessageBoxA(const String& text, const String& caption) {
+    if (show(wordOf(text), wordOf(caption))) return;
+    const String line = caption + (caption.empty() ? u"" : u": ") + text + u'\n';
+    const std::string bytes = runtime::toUtf8(line);
+    std::fwrite(bytes.data(), 1, bytes.size(), stderr);
+}
+
+bool NativeHost::GetOpenFileNameA(const FileDialog& dialog, String& name) {
+    return choose(dialog, Choice::Open, name);
+}
+
+bool NativeHost::GetSaveFileNameA(const FileDialog& dialog, String& name) {
+    return choose(dialog, Choice::Save, name);
+}
+
+bool NativeHost::SHBrowseForFolderA(const FileDialog& dialog, String& name) {
+    return choose(dialog, Choice::Folder, name);
 }
 
 }  // namespace quorkit

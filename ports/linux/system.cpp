@@ -1,6 +1,7 @@
 // The language comes from the locale environment, variables are taken as UTF-8.
 #include "native/system.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -8,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "linux/names.h"
 #include "runtime/code_page.h"
 #include "runtime/letter_case.h"
 
@@ -56,6 +58,16 @@ const char* findVariable(Matches matches) {
     return nullptr;
 }
 
+SystemTime systemTimeOf(const tm& parts, int milliseconds) {
+    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour,
+            parts.tm_min,         parts.tm_sec,     milliseconds};
+}
+
+bool isFolder(const char* path) {
+    struct stat about = {};
+    return stat(path, &about) == 0 && S_ISDIR(about.st_mode);
+}
+
 }  // namespace
 
 LanguageIdentifier NativeSystem::GetUserDefaultUILanguage() {
@@ -79,13 +91,21 @@ SystemTime NativeSystem::GetLocalTime() {
     thread_local tm local{};
     if (now.tv_sec != second) localtime_r(&now.tv_sec, &local);
     second = now.tv_sec;
-    return {local.tm_year + 1900,
-            local.tm_mon + 1,
-            local.tm_mday,
-            local.tm_hour,
-            local.tm_min,
-            local.tm_sec,
-            static_cast<int>(now.tv_nsec / 1'000'000)};
+    return systemTimeOf(local, static_cast<int>(now.tv_nsec / 1'000'000));
+}
+
+bool NativeSystem::FileTimeToSystemTime(FileTime time, SystemTime& local) {
+    constexpr FileTime ticksAMillisecond = 10'000;
+    constexpr FileTime ticksASecond = 1000 * ticksAMillisecond;
+    constexpr std::time_t secondsFrom1601To1970 = 11'644'473'600;
+    const auto seconds = static_cast<std::time_t>(time / ticksASecond) - secondsFrom1601To1970;
+    tm parts{};
+    if (localtime_r(&seconds, &parts) == nullptr) return false;
+    const auto milliseconds = static_cast<int>(time % ticksASecond / ticksAMillisecond);
+    const SystemTime found = systemTimeOf(parts, milliseconds);
+    if (found.year < 1601 || found.year > 9999) return false;
+    local = found;
+    return true;
 }
 
 std::uint64_t NativeSystem::QueryPerformanceCounter() {
@@ -107,14 +127,13 @@ bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
     return true;
 }
 
-bool NativeSystem::FileTimeToSystemTime(FileTime, SystemTime&) {
-    return false;
-}
-bool NativeSystem::GetTempPathA(String&) {
-    return false;
-}
-bool NativeSystem::SHGetFolderPathA(int, String&) {
-    return false;
+bool NativeSystem::GetTempPathA(String& folder) {
+    const char* path = std::getenv("TMPDIR");
+    if (path == nullptr || *path != '/' || !isFolder(path)) path = "/tmp";
+    if (!isFolder(path)) return false;
+    folder = disk::nameOf(path);
+    if (!folder.ends_with(u'\\')) folder += u'\\';
+    return true;
 }
 
 }  // namespace quorkit
