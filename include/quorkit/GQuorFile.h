@@ -5,6 +5,8 @@
 // a name leads to on each system is in ports/files.h.
 #pragma once
 
+#include <quorkit/array.h>
+#include <quorkit/collection.h>
 #include <quorkit/enumerations.h>
 #include <quorkit/parameters.h>
 #include <quorkit/ports/ports.h>
@@ -57,22 +59,106 @@ class GQuorFile {
 
     /// Whether there is a file or a folder of that name.
     Boolean FileExists(const String& vsFileName);
-    /// Whether there is a folder of that name. Names shorter than 2 characters are none.
+    /// Whether there is a folder of that name. Names shorter than 2 characters are none. Of a name
+    /// with wildcards at its end, whether the first entry that it finds is a folder.
     Boolean PathExists(const String& vsPath);
     /// Whether the folder is there, can be searched, and holds nothing. Names shorter than 2
     /// characters are no folder.
     Boolean IsDirectoryEmpty(const String& sDir);
-    /// Makes a folder and all that is missing around it. True when it is there afterwards. False
-    /// may leave some of the folders around it made. Only "\" leads to a folder around another
-    /// (see getParentDirectory), so of "/a/b/c" only the last one is made.
+    /// Makes a folder and all that is missing around it. True when it was there or has been made.
+    /// False may leave some of the folders around it made. Only "\" leads to a folder around
+    /// another (see getParentDirectory), so of "/a/b/c" only the last one is made.
     Boolean mkDirEx(const String& sDir);
 
-    // --- Drives ---
+    // --- Listing ---
+    //
+    // Names come in the system's order. A list is counted from 0; no names are a single "". A
+    // pattern is matched as Windows matches long names, the same on every system and without
+    // regard to letter case: "*" is any characters, "?" is one or, in front of a full stop and at
+    // the end, none; "*.*" is every name, "*." names without an extension. A pattern may lead on
+    // from the folder: "sub\*.txt". Folders, and links to them, are no files. A folder that cannot
+    // be searched has no entries; that is no failure.
 
+    /// Puts the names of a folder's files into `saFileList`, with the folder in front when
+    /// `bIncludeDirName`. Their number; -1, and what was found so far, on a failure; -1 and the old
+    /// list when a date is none.
+    ///
+    /// `FileDateCompare1` takes files last written up to that moment, `FileDateCompare2` from there
+    /// on. Both take what lies between them when the second is the earlier one, otherwise what
+    /// does not lie between them. Local time, compared by the second; a day alone is its midnight;
+    /// texts are read in the user's language.
+    ///
+    /// `FileAttrCompare` is pairs of a sign and a letter, R read-only, H hidden, S system, A
+    /// archive: "+" must be set, any other sign must not; "-H-S" leaves out hidden and system
+    /// files. Other letters, and half a pair, say nothing.
+    Long getFilesFromDirectoryEx(const String& sDirName, Array<String>& saFileList,
+                                 const Optional<String, Text(u"*.*")>& sFilter = {},
+                                 Optional<Boolean> bIncludeDirName = {},
+                                 const Optional<Variant>& FileDateCompare1 = {},
+                                 const Optional<Variant>& FileDateCompare2 = {},
+                                 const Optional<String>& FileAttrCompare = {});
+
+    /// Adds the names of a folder's files to `saFileList`, and with `bRecursive` those of all
+    /// folders beneath it, whatever their names: the files of a folder, then each folder in it with
+    /// all that is beneath. A link that leads back to a folder around it is left out. The number of
+    /// names in the list, the old ones included. -1 on a failure, after a message to the user, with
+    /// what was found so far: error 9 when the list is a table or not counted from 0.
+    Long GetFilesFromDirectory3(const String& sDirName, const String& sFilter,
+                                Boolean bIncludeDirName, Boolean bRecursive,
+                                Array<String>& saFileList);
+
+    /// Puts the full names of the folders in a folder into `saDirList`, without a "\" at the end.
+    /// Their number; -1 on a failure, after a message to the user: error 94 for Null, 13 for what
+    /// is no text.
+    Long GetAllSubDirectories(const Variant& sDirName, Array<String>& saDirList);
+
+    /// Makes a table (0 to 1, 0 to extensions - 1) of the extensions in a folder, in small letters
+    /// with their full stop ("" for names without), and how many files have each, as text. In the
+    /// order in which they come first. The number of extensions; 0 for a folder without files, then
+    /// `saFileExtList` stays as it is. Error 9 when it has elements but is no such table.
+    Long getAllFileExtensionsFromDirectory(const String& sPath, Array<String>& saFileExtList);
+
+    // --- Drives ---
+    //
+    // Nothing here raises an error.
+
+    /// The type of the drive that a name begins with; DRIVE_REMOTE for any network name, whether
+    /// it exists or not; DRIVE_UNKNOWN when there is no such drive.
+    eDriveType getDriveTypeEx(const String& sDriveLetter);
     /// The name of a drive type in English for eLanguage_English, in German for any other language;
     /// "" for a number that is none.
     String DriveType2DriveTypeName(eDriveType typ,
                                    Optional<eLanguage, eLanguage_German> language = {});
+    /// "C:" and so on for every drive, in alphabetical order, without keys.
+    CollectionRef GetAllLogicalDrives();
+    /// The serial number of the volume whose drive or share a name begins with, in hexadecimal
+    /// digits; "0" when it cannot be found out.
+    String getVolumeSerialNumber(const String& sRootName);
+    /// "\\server\share" for the drive "X:" (not "X" or "X:\"); "" when it stands for none. "" finds
+    /// the first connection without a drive. Only the first 1024 connections are looked at.
+    String LetterToUNC(Unchanged<String> DriveLetter);
+    /// "X:" for a name in the share that this drive stands for; "" when none does.
+    String UNCToLetter(const String& sUNCPath);
+
+    // --- Content ---
+    //
+    // Errors: 53 there is no such file, 76 no such folder, 52 no file can have that name, 75 it is
+    // read-only, a folder or not for this user, 70 it is in use, 67 too many files are open, 61 the
+    // disk is full, 57 anything else.
+
+    /// Reads a file into `rbaArray`, counted from 1. An empty file is error 9; one of 2 GB or more
+    /// is error 6. An error leaves the array as it is.
+    void LoadFileToByteArray(const String& vsFileName, Array<Byte>& rbaArray);
+    /// Writes the elements of an array, whatever its bounds, as the whole content of a file. It
+    /// takes the place of the old content in one step, on the disk; an error leaves that as it is.
+    /// Rights and owner stay. Error 9 when the array is unallocated or a table; an array of no
+    /// elements makes an empty file.
+    void SaveByteArrayToFile(Unchanged<Array<Byte>> rbaArray, const String& vsFileName);
+    /// Makes an empty file in the folder for temporary files, readable by its owner only, and gives
+    /// its name: up to three characters of `sPrefix`, a hexadecimal number of up to four digits,
+    /// ".TMP". It is the caller's to delete. "" when it cannot be made, as with a separator or
+    /// colon among the three characters.
+    String CreateTempFileName(Unchanged<String> sPrefix);
 
     // --- Special folders and shortcuts ---
 

@@ -3,18 +3,32 @@
 
 #include <vector>
 
+#include "file/search.h"
 #include "frame/error_patterns.h"
 
 namespace quorkit {
 namespace {
 
+bool isFolder(std::uint32_t attributes) {
+    return (attributes & kDirectory) != 0;
+}
+
+/// Whether the first entry that a pattern finds is a folder.
+bool findsFolder(Files& files, const String& pattern) {
+    NameSearch search(files, pattern, FindDetail::Names);
+    FindData entry;
+    if (!search.next(entry)) return false;
+    const bool folder = isFolder(entry.attributes);
+    // Windows sorts, and finds the folder itself first wherever the pattern allows it.
+    while (!isSelfOrParent(entry.name))
+        if (!search.next(entry)) return folder;
+    return true;
+}
+
 /// Whether listing a folder gives any entry, be it ".".
 bool canBeListed(Files& files, const String& folder) {
-    Handle search = Handle::Invalid;
     FindData entry;
-    if (files.FindFirstFileA(folder, FindDetail::Names, search, entry) != kSuccess) return false;
-    files.FindClose(search);
-    return true;
+    return FolderEntries(files, folder, FindDetail::Names).next(entry);
 }
 
 }  // namespace
@@ -28,22 +42,17 @@ Boolean GQuorFile::PathExists(const String& vsPath) {
     if (vsPath.size() < 2) return false;
     const String name = vsPath.substr(0, vsPath.size() - (vsPath.ends_with(u'\\') ? 1 : 0));
     std::uint32_t attributes = 0;
-    if (ports_.files.GetFileAttributesA(name, attributes) == kSuccess)
-        return (attributes & kDirectory) != 0;
+    if (ports_.files.GetFileAttributesA(name, attributes) == kSuccess) return isFolder(attributes);
+    if (isPattern(name)) return findsFolder(ports_.files, name);
     return canBeListed(ports_.files, name + u'\\');  // the root of a drive or of a share
 }
 
 Boolean GQuorFile::IsDirectoryEmpty(const String& sDir) {
     if (sDir.size() < 2) return false;
-    Handle search = Handle::Invalid;
-    FindData entry;
-    ErrorCode code =
-        ports_.files.FindFirstFileA(PathAddBackSlash(sDir), FindDetail::Names, search, entry);
-    if (code != kSuccess) return false;
-    while (code == kSuccess && (entry.name == u"." || entry.name == u".."))
-        code = ports_.files.FindNextFileA(search, entry);
-    ports_.files.FindClose(search);
-    return code != kSuccess;
+    FolderEntries entries(ports_.files, PathAddBackSlash(sDir), FindDetail::Names);
+    for (FindData entry; entries.next(entry);)
+        if (!isSelfOrParent(entry.name)) return false;
+    return entries.status() == kNoMoreFiles;
 }
 
 Boolean GQuorFile::mkDirEx(const String& sDir) {

@@ -19,6 +19,22 @@ const char* textOf(ErrorNumber number) {
             return "Out of stack space";
         case ErrorNumber::InternalError:
             return "Internal error";
+        case ErrorNumber::BadFileName:
+            return "Bad file name or number";
+        case ErrorNumber::FileNotFound:
+            return "File not found";
+        case ErrorNumber::DeviceError:
+            return "Device I/O error";
+        case ErrorNumber::DiskFull:
+            return "Disk full";
+        case ErrorNumber::TooManyFiles:
+            return "Too many files";
+        case ErrorNumber::PermissionDenied:
+            return "Permission denied";
+        case ErrorNumber::PathFileAccessError:
+            return "Path/File access error";
+        case ErrorNumber::PathNotFound:
+            return "Path not found";
         case ErrorNumber::ObjectNotSet:
             return "Object variable or With block variable not set";
         case ErrorNumber::InvalidUseOfNull:

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <quorkit/enumerations.h>
 #include <quorkit/ports/memory.h>
 
 #include "support/late.h"
@@ -57,19 +56,6 @@ TEST(PathNames, AreExpandedEnvironmentFirst) {
     world.system.environment = {{u"A", u"[yyyy]"}};
     Late file(u"GQuorFile", world);
     file.expect(u"ExpandFileName", {Row({u"%a%\\x[m].log"}, u"1970\\x1.log")});
-}
-
-TEST(DriveTypes, HaveNamesInTwoLanguages) {
-    Late file(u"GQuorFile");
-    file.expect(
-        u"DriveType2DriveTypeName",
-        {Row({DRIVE_REMOVABLE}, u"Wechsel-Datentr\u00E4ger"), Row({DRIVE_FIXED}, u"Harddisk"),
-         Row({DRIVE_REMOTE, eLanguage_French}, u"Netzwerk-Disk"),
-         Row({DRIVE_REMOVABLE, eLanguage_English}, u"Removable Drive"),
-         Row({DRIVE_FIXED, eLanguage_English}, u"Fixed Drive"),
-         Row({DRIVE_REMOTE, eLanguage_English}, u"Network Drive"),
-         Row({DRIVE_CDROM, eLanguage_English}, u"CD-ROM"), Row({DRIVE_RAMDISK}, u"RAM-Disk"),
-         Row({Long{1}}, u""), Row({Long{-1}}, u""), Row({Long{7}}, u"")});
 }
 
 }  // namespace

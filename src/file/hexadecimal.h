@@ -1,0 +1,20 @@
+#pragma once
+
+#include <quorkit/values.h>
+
+#include <charconv>
+#include <cstdint>
+#include <iterator>
+
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+
+/// In capital digits, without zeros in front.
+inline String hexadecimal(std::uint32_t number) {
+    char digits[8];
+    char* const end = std::to_chars(digits, std::end(digits), number, 16).ptr;
+    return runtime::toUpper(String(digits, end));
+}
+
+}  // namespace quorkit

@@ -1,0 +1,179 @@
+#include <quorkit/GQuorFile.h>
+#include <quorkit/ports/host.h>
+
+#include <limits>
+#include <unordered_map>
+#include <vector>
+
+#include "file/file_filter.h"
+#include "file/folder_walk.h"
+#include "file/search.h"
+#include "frame/error_patterns.h"
+#include "runtime/convert.h"
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+namespace {
+
+constexpr Long kFailed = -1;
+
+/// A failure ends the body; the user is told, and -1 is the result.
+template <class Body>
+Long onErrorTell(Host& host, Body&& body) {
+    try {
+        return untrapped(std::forward<Body>(body));
+    } catch (const AutomationError& error) {
+        const std::string_view text = error.what();
+        host.MessageBoxA(String(text.begin(), text.end()), runtime::CStr(error.number()));
+        return kFailed;
+    }
+}
+
+/// An empty name becomes the root of the current drive.
+String withBackslash(const String& folder) {
+    return folder.ends_with(u'\\') ? folder : folder + u'\\';
+}
+
+bool isFolder(const FindData& entry) {
+    return (entry.attributes & kDirectory) != 0;
+}
+
+void append(std::vector<String>& names, String name) {
+    if (names.size() == std::numeric_limits<Long>::max()) raise(ErrorNumber::Overflow);
+    names.push_back(std::move(name));
+}
+
+Long countOf(const std::vector<String>& names) {
+    return static_cast<Long>(names.size());
+}
+
+/// The caller's list of these names. No names are a single empty text.
+Array<String> listOf(std::vector<String> names) {
+    if (names.empty()) names.emplace_back();
+    return Array<String>(std::move(names));
+}
+
+/// The names in a caller's list, taken out of it. Error 9 when it is no list counted from 0.
+std::vector<String> takenFrom(Array<String>& list) {
+    if (list.dimensions() > 1) raise(ErrorNumber::SubscriptOutOfRange);
+    if (list.elements().empty()) return {};
+    if (list.lower() != 0) raise(ErrorNumber::SubscriptOutOfRange);
+    if (list.elements().size() == 1 && list.elements()[0].empty()) return {};
+    return std::move(list.elements());
+}
+
+}  // namespace
+
+Long GQuorFile::getFilesFromDirectoryEx(const String& sDirName, Array<String>& saFileList,
+                                        const Optional<String, Text(u"*.*")>& sFilter,
+                                        Optional<Boolean> bIncludeDirName,
+                                        const Optional<Variant>& FileDateCompare1,
+                                        const Optional<Variant>& FileDateCompare2,
+                                        const Optional<String>& FileAttrCompare) {
+    std::vector<String> names;
+    bool begun = false;
+    const Long result = onErrorReturn(kFailed, [&] {
+        const DateFilter dates(*FileDateCompare1, *FileDateCompare2, ports_);
+        const AttributeFilter attributes(*FileAttrCompare);
+        begun = true;
+        const String folder = withBackslash(sDirName);
+        const String prefix = *bIncludeDirName ? folder : String();
+        NameSearch search(ports_.files, folder + *sFilter,
+                          !attributes.takesAll() ? FindDetail::Attributes
+                          : !dates.takesAll()    ? FindDetail::Times
+                                                 : FindDetail::Names);
+        for (FindData entry; search.next(entry);)
+            if (!isFolder(entry) && attributes.takes(entry.attributes) &&
+                dates.takes(entry.lastWrite))
+                append(names, prefix + entry.name);
+        return countOf(names);
+    });
+    if (begun) saFileList = listOf(std::move(names));
+    return result;
+}
+
+Long GQuorFile::GetFilesFromDirectory3(const String& sDirName, const String& sFilter,
+                                       Boolean bIncludeDirName, Boolean bRecursive,
+                                       Array<String>& saFileList) {
+    std::vector<String> names;
+    bool begun = false;
+    const Long result = onErrorTell(ports_.host, [&] {
+        FolderWalk walk(ports_.files, withBackslash(sDirName));
+        const String filter = sFilter;  // it may stand in the list
+        names = takenFrom(saFileList);
+        begun = true;
+
+        const auto take = [&](const FindData& file) {
+            append(names, bIncludeDirName ? walk.folder() + file.name : file.name);
+        };
+        // One look at a folder gives its files and the folders in it, unless the filter looks for
+        // the files elsewhere.
+        const bool elsewhere = filter.find_first_of(u"\\/:") != String::npos;
+        const Wildcard pattern(filter);
+        FindData entry;
+        while (walk.next()) {
+            if (elsewhere) {
+                NameSearch search(ports_.files, walk.folder() + filter, FindDetail::Names);
+                while (search.next(entry))
+                    if (!isFolder(entry)) take(entry);
+                if (!bRecursive) break;
+            }
+            FolderEntries entries(ports_.files, walk.folder(), FindDetail::Names);
+            while (entries.next(entry))
+                if (!isFolder(entry)) {
+                    if (!elsewhere && pattern.matches(entry.name)) take(entry);
+                } else if (bRecursive && !isSelfOrParent(entry.name)) {
+                    walk.descendTo(entry);
+                }
+        }
+        return countOf(names);
+    });
+    if (begun) saFileList = listOf(std::move(names));
+    return result;
+}
+
+Long GQuorFile::GetAllSubDirectories(const Variant& sDirName, Array<String>& saDirList) {
+    std::vector<String> names;
+    const Long result = onErrorTell(ports_.host, [&] {
+        const String folder = withBackslash(runtime::CStr(sDirName));
+        FolderEntries entries(ports_.files, folder, FindDetail::Names);
+        for (FindData entry; entries.next(entry);)
+            if (isFolder(entry) && !isSelfOrParent(entry.name)) append(names, folder + entry.name);
+        return countOf(names);
+    });
+    saDirList = listOf(std::move(names));
+    return result;
+}
+
+Long GQuorFile::getAllFileExtensionsFromDirectory(const String& sPath,
+                                                  Array<String>& saFileExtList) {
+    struct Row {
+        String extension;
+        Long files = 0;
+    };
+    Array<String> names;
+    if (GetFilesFromDirectory3(sPath, u"*.*", false, false, names) < 1) return 0;
+    const bool fits = saFileExtList.elements().empty() ||
+                      (saFileExtList.dimensions() == 2 && saFileExtList.bounds(1) == Bounds{0, 2} &&
+                       saFileExtList.lower(2) == 0);
+    if (!fits) raise(ErrorNumber::SubscriptOutOfRange);
+
+    std::vector<Row> rows;
+    std::unordered_map<String, std::size_t> rowOf;
+    for (const String& name : names.elements()) {
+        String extension = runtime::toLower(ExtractFileExt(name));
+        const auto [found, added] = rowOf.try_emplace(extension, rows.size());
+        if (added) rows.push_back({std::move(extension)});
+        ++rows[found->second].files;
+    }
+
+    Array<String> table({0, 2}, {0, static_cast<Long>(rows.size())});
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        table.elements()[2 * i] = std::move(rows[i].extension);
+        table.elements()[2 * i + 1] = runtime::CStr(rows[i].files);
+    }
+    saFileExtList = std::move(table);
+    return static_cast<Long>(rows.size());
+}
+
+}  // namespace quorkit

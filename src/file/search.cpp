@@ -1,0 +1,39 @@
+#include "file/search.h"
+
+namespace quorkit {
+namespace {
+
+/// Where the pattern begins.
+std::size_t patternIn(StringView name) {
+    const std::size_t last = name.find_last_of(u"\\/:");
+    return last == StringView::npos ? 0 : last + 1;
+}
+
+}  // namespace
+
+bool FolderEntries::next(FindData& entry) {
+    if (status_ != kSuccess) return false;
+    status_ = open_ ? files_.FindNextFileA(search_, entry)
+                    : files_.FindFirstFileA(folder_, detail_, search_, entry);
+    if (status_ == kSuccess) open_ = true;
+    return status_ == kSuccess;
+}
+
+NameSearch::NameSearch(Files& files, StringView name, FindDetail detail)
+    : NameSearch(files, name, patternIn(name), detail) {}
+
+NameSearch::NameSearch(Files& files, StringView name, std::size_t pattern, FindDetail detail)
+    : entries_(files, pattern == 0 ? String(u".") : String(name.substr(0, pattern)), detail),
+      pattern_(name.substr(pattern)) {}
+
+bool NameSearch::next(FindData& entry) {
+    while (entries_.next(entry))
+        if (pattern_.matches(entry.name)) return true;
+    return false;
+}
+
+bool isSelfOrParent(StringView entryName) {
+    return entryName == u"." || entryName == u"..";
+}
+
+}  // namespace quorkit

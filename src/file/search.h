@@ -1,0 +1,55 @@
+// Searching folders.
+#pragma once
+
+#include <quorkit/ports/files.h>
+
+#include "file/wildcard.h"
+
+namespace quorkit {
+
+/// Goes through the entries of a folder in the system's order, "." and ".." included.
+class FolderEntries {
+   public:
+    FolderEntries(Files& files, String folder, FindDetail detail)
+        : files_(files), folder_(std::move(folder)), detail_(detail) {}
+    ~FolderEntries() {
+        if (open_) files_.FindClose(search_);
+    }
+    FolderEntries(const FolderEntries&) = delete;
+    FolderEntries& operator=(const FolderEntries&) = delete;
+
+    /// The next entry, at first the first one. False when there is none; see `status` why.
+    bool next(FindData& entry);
+    /// kNoMoreFiles behind the last entry; another code when the folder cannot be searched, or not
+    /// to its end.
+    ErrorCode status() const { return status_; }
+
+   private:
+    Files& files_;
+    String folder_;
+    FindDetail detail_;
+    Handle search_ = Handle::Invalid;
+    bool open_ = false;
+    ErrorCode status_ = kSuccess;
+};
+
+/// Goes through the entries that a name with wildcards stands for: what follows its last separator
+/// is the pattern, what is in front of it the folder. Wildcards there match nothing.
+class NameSearch {
+   public:
+    NameSearch(Files& files, StringView name, FindDetail detail);
+
+    /// The next entry, at first the first one. False when there is none.
+    bool next(FindData& entry);
+
+   private:
+    NameSearch(Files& files, StringView name, std::size_t pattern, FindDetail detail);
+
+    FolderEntries entries_;
+    Wildcard pattern_;
+};
+
+/// "." and "..": the folder itself and the one around it.
+bool isSelfOrParent(StringView entryName);
+
+}  // namespace quorkit

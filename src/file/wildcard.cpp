@@ -1,0 +1,107 @@
+#include "file/wildcard.h"
+
+#include <algorithm>
+#include <string>
+
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+namespace {
+
+constexpr StringView kWild = u"*?";
+constexpr std::size_t kNowhere = StringView::npos;
+
+bool isLetter(char16_t folded, char16_t unit) {
+    return folded == unit || folded == runtime::toUpper(unit);
+}
+
+}  // namespace
+
+bool isPattern(StringView text) {
+    return text.find_first_of(kWild) != StringView::npos;
+}
+
+Wildcard::Wildcard(StringView pattern) {
+    if (pattern == u"*.*") pattern = u"*";
+    std::size_t wild = 0;
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+        const bool last = i + 1 == pattern.size();
+        const char16_t next = last ? u'\0' : pattern[i + 1];
+        Element element;
+        if (pattern[i] == u'*')
+            element.step = next == u'.' ? Step::RunInFront : Step::Run;
+        else if (pattern[i] == u'?')
+            element.step = Step::OneOrNone;
+        else if (pattern[i] == u'.' && (last || next == u'*' || next == u'?'))
+            element.step = Step::StopOrEnd;
+        else
+            element.letter = runtime::toUpper(pattern[i]);
+        if (element.step != Step::Letter) {
+            only_ = i;
+            ++wild;
+        }
+        elements_.push_back(element);
+    }
+    if (wild == 0) only_ = elements_.size();
+    if (wild > 1) only_ = kNowhere;
+}
+
+/// Whether `text` is what the letters from `element` on spell, as many as it is long.
+bool Wildcard::matchesFrom(std::size_t element, StringView text) const {
+    return std::ranges::equal(
+        text, std::span(elements_).subspan(element, text.size()),
+        [](char16_t unit, const Element& one) { return isLetter(one.letter, unit); });
+}
+
+bool Wildcard::matches(StringView name) const {
+    if (only_ == elements_.size()) return name.size() == elements_.size() && matchesFrom(0, name);
+    // With a full stop behind it, a run cannot have the last one.
+    if (only_ == kNowhere ||
+        (elements_[only_].step != Step::Run && elements_[only_].step != Step::RunInFront))
+        return matchesAnyway(name);
+    const std::size_t behind = elements_.size() - only_ - 1;
+    return name.size() >= only_ + behind && matchesFrom(0, name.substr(0, only_)) &&
+           matchesFrom(only_ + 1, name.substr(name.size() - behind));
+}
+
+/// Follows all ways through the pattern at once: `reached` has each element that may come next.
+bool Wildcard::matchesAnyway(StringView name) const {
+    const std::size_t lastStop = name.rfind(u'.');
+    std::string reached(elements_.size() + 1, '\0');
+    reached[0] = 1;
+    for (std::size_t at = 0;; ++at) {
+        const bool ended = at == name.size();
+        const bool stop = !ended && name[at] == u'.';
+        // What may match nothing lets the next element come as well.
+        for (std::size_t i = 0; i < elements_.size(); ++i) {
+            if (reached[i] == 0) continue;
+            const Step step = elements_[i].step;
+            const bool nothing = step == Step::Run || step == Step::RunInFront ||
+                                 (step == Step::OneOrNone && (stop || ended)) ||
+                                 (step == Step::StopOrEnd && ended);
+            if (nothing) reached[i + 1] = 1;
+        }
+        if (ended) return reached[elements_.size()] != 0;
+
+        // Every element takes this character or is left; from the end, so that each is asked once.
+        for (std::size_t i = elements_.size();; --i) {
+            const auto takes = [&](std::size_t element) {
+                const auto& [step, letter] = elements_[element];
+                return step == Step::Letter      ? isLetter(letter, name[at])
+                       : step == Step::OneOrNone ? !stop
+                       : step == Step::StopOrEnd ? stop
+                                                 : false;
+            };
+            const auto stays = [&] {
+                const Step step = elements_[i].step;
+                return step == Step::Run || (step == Step::RunInFront && at != lastStop);
+            };
+            const bool stayed = i < elements_.size() && reached[i] != 0 && stays();
+            const bool came = i > 0 && reached[i - 1] != 0 && takes(i - 1);
+            reached[i] = stayed || came ? 1 : 0;
+            if (i == 0) break;
+        }
+    }
+}
+
+}  // namespace quorkit

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+#include <quorkit/ports/faults.h>
+#include <quorkit/ports/memory.h>
+
+#include <numeric>
+#include <set>
+
+#include "support/late.h"
+#include "support/scratch.h"
+
+namespace quorkit::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Content : public testing::Test {
+   protected:
+    static Variant bytes(const std::string& text, Long lower = 1) {
+        return Array<Byte>(std::vector<Byte>(text.begin(), text.end()), lower);
+    }
+
+    Scratch scratch;
+    String f = scratch.name("f");
+    MemoryPorts memory;
+    FaultyFiles files{ports::native().files};
+    Ports ports{files, memory.drives, memory.system, memory.host};
+    Late file{u"GQuorFile", ports};
+};
+
+TEST_F(Content, IsWrittenAndRead) {
+    std::string all(256, '\0');
+    std::iota(all.begin(), all.end(), '\0');
+    for (const std::string& content : {std::string("longer than the next\r\n"), std::string("abc"),
+                                       all, std::string(3'000'000, 'x')}) {
+        file(u"SaveByteArrayToFile", {bytes(content, -7), f});
+        EXPECT_EQ(scratch.read("f"), content);
+        EXPECT_EQ(file.call(u"LoadFileToByteArray", {f, bytes("old", 0)}).arguments[1],
+                  bytes(content));
+    }
+    file(u"SaveByteArrayToFile", {bytes(""), f});
+    EXPECT_EQ(fs::file_size(scratch.path("f")), 0u);
+    EXPECT_EQ(scratch.count(), 1u);
+}
+
+TEST_F(Content, ThatCannotBeReadIsAnErrorAndLeavesTheArray) {
+    scratch.write("empty", "");
+    scratch.write("huge", "");
+    fs::resize_file(scratch.path("huge"), std::uintmax_t{1} << 31);  // takes no room
+    const Variant old = bytes("old", 5);
+    const std::pair<String, std::uint32_t> rows[] = {
+        {f, 53},   {f + u"\\no\\f", 76},       {scratch.name(""), 75},   {f + String(1, u'\0'), 52},
+        {u"", 52}, {scratch.name("empty"), 9}, {scratch.name("huge"), 6}};
+    for (const auto& [name, error] : rows)
+        file.expect(u"LoadFileToByteArray", {Row({name, old}, {Error{error}, old})});
+
+    scratch.write("f", "abc");
+    const std::pair<ErrorCode, std::uint32_t> codes[] = {{kTooManyOpenFiles, 67},
+                                                         {kSharingViolation, 70},
+                                                         {kAccessDenied, 75},
+                                                         {kGeneralFailure, 57},
+                                                         {kFileExists, 57}};
+    for (const char* operation : {"CreateFile", "GetFileSize", "ReadFile"})
+        for (const auto& [code, error] : codes) {
+            files.answer(1, code, operation);
+            file.expect(u"LoadFileToByteArray", {Row({f, old}, {Error{error}, old})});
+        }
+}
+
+TEST_F(Content, ThatCannotBeWrittenIsAnErrorAndLeavesTheFile) {
+    scratch.write("f", "old");
+    file.expect(
+        u"SaveByteArrayToFile",
+        {Row({Array<Byte>(), f}, Error{9}), Row({Array<Byte>({0, 1}, {0, 1}), f}, Error{9}),
+         Row({bytes("x"), f + u"\\no\\f"}, Error{76}),
+         Row({bytes("x"), scratch.name("no") + u"\\f"}, Error{76}),
+         Row({bytes("x"), scratch.name("")}, Error{75}), Row({bytes("x"), u""}, Error{52})});
+    fs::permissions(scratch.path("f"), fs::perms::owner_read);
+    file.expect(u"SaveByteArrayToFile", {Row({bytes("x"), f}, Error{75})});
+    fs::permissions(scratch.path("f"), fs::perms::owner_all);
+
+    Handle lock = Handle::Invalid;
+    ASSERT_EQ(memory.files.LockFileA(u"f", lock, Wait::Forever), kSuccess);
+    Late inMemory(u"GQuorFile", memory.ports);
+    inMemory.expect(u"SaveByteArrayToFile", {Row({bytes("x"), u"f"}, Error{70})});
+    memory.files.CloseHandle(lock);
+    EXPECT_EQ(scratch.read("f"), "old");
+}
+
+TEST_F(Content, IsOldOrNewWhateverFails) {
+    file(u"SaveByteArrayToFile", {bytes("new"), f});
+    const std::size_t operations = files.calls();
+    for (std::size_t failing = 1; failing <= operations; ++failing) {
+        scratch.write("f", "old");
+        files.answer(failing, kDiskFull);
+        const Long error = file.errorOf(u"SaveByteArrayToFile", {bytes("new"), f});
+        EXPECT_TRUE(error == 0 || error == 61) << failing;
+        EXPECT_EQ(scratch.read("f"), error == 0 ? "new" : "old") << failing;
+        files.answer(static_cast<std::size_t>(-1), kSuccess);
+        file(u"SaveByteArrayToFile", {bytes("new"), f});  // what was left is not in the way
+        EXPECT_EQ(scratch.read("f"), "new") << failing;
+        EXPECT_EQ(scratch.count(), 1u) << failing;
+    }
+}
+
+TEST_F(Content, HasATemporaryFile) {
+    memory.system.temporaryFolder = scratch.name("");
+    const auto make = [&](const char16_t* prefix) {
+        return file(u"CreateTempFileName", {prefix}).get<String>();
+    };
+    std::set<String> names;
+    for (int i = 0; i < 300; ++i) names.insert(make(u"report"));
+    EXPECT_EQ(names.size(), 300u);
+    EXPECT_EQ(scratch.count(), 300u);
+    for (const String& name : names) {
+        const String number = name.substr(memory.system.temporaryFolder.size());
+        EXPECT_TRUE(number.starts_with(u"rep") && number.ends_with(u".TMP") && number.size() <= 11);
+        EXPECT_EQ(number.substr(3, number.size() - 7).find_first_not_of(u"0123456789ABCDEF"),
+                  String::npos);
+        EXPECT_EQ(fs::file_size(fs::path(name)), 0u);
+    }
+    EXPECT_NE(make(u""), u"");
+    EXPECT_NE(make(u"abc\\d"), u"");
+    for (const char16_t* bad : {u"..\\", u"a/b", u"C:"}) EXPECT_EQ(make(bad), u"");
+
+    files.answer(1, kFileExists, "CreateFile");
+    EXPECT_NE(make(u"x"), u"");
+    files.answer(0, kFileExists, "CreateFile");
+    EXPECT_EQ(make(u"x"), u"");
+    EXPECT_EQ(files.calls(), 65536u);
+    files.answer(0, kDiskFull, "CreateFile");
+    EXPECT_EQ(make(u"x"), u"");
+    files.answer(static_cast<std::size_t>(-1), kSuccess);
+    for (const String& folder : {String(), String(512, u'x'), scratch.name("no") + u"\\"}) {
+        memory.system.temporaryFolder = folder;
+        EXPECT_EQ(make(u"x"), u"");
+    }
+}
+
+}  // namespace
+}  // namespace quorkit::test
