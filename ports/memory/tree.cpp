@@ -8,10 +8,7 @@
 namespace quorkit::memory {
 namespace {
 
-/// The root, such as "C:" or "\\server\share", and what leads on from it.
-using Path = std::vector<String>;
-
-constexpr std::size_t kMostLinks = 40;
+constexpr int kMostLinks = 40;
 
 /// `here` is the current folder. As on Windows ".." is settled before anything is looked up.
 ErrorCode pathOf(const String& name, Path here, Path& path) {
@@ -88,36 +85,43 @@ Entry* Tree::at(const Key& key) {
     return found == entries_.end() ? nullptr : &found->second;
 }
 
+ErrorCode Tree::walk(Path& path, Links links, Place& place, std::size_t& reached) {
+    place = {};
+    for (reached = 0; reached < path.size(); ++reached) {
+        const bool last = reached + 1 == path.size();
+        place.around = place.entry;
+        place.key = {place.around == nullptr ? 0 : place.around->id,
+                     runtime::toLower(path[reached])};
+        place.entry = at(place.key);
+        if (place.entry == nullptr) {
+            if (last && reached != 0) continue;
+            if (!links.makeFolders) return kPathNotFound;
+            place.entry = &add(place.key, path[reached], Entry::Folder);
+        }
+        if (place.entry->kind == Entry::Link && (!last || links.followLast)) return kSuccess;
+        if (place.entry->kind != Entry::Folder && !last) return kPathNotFound;
+        path[reached] = place.entry->name;
+    }
+    return kSuccess;
+}
+
 ErrorCode Tree::find(const String& name, Place& place, Links links) {
     Path path;
     if (const ErrorCode code = pathOf(name, {u"C:"}, path)) return code;
     const bool folder = partsOf(name).folder;
-    place = {};
-    std::size_t followed = 0;
-    for (std::size_t i = 0; i < path.size();) {
-        const bool last = i + 1 == path.size();
-        if (i == 0) place.entry = nullptr;
-        place.around = place.entry;
-        place.key = {place.around == nullptr ? 0 : place.around->id, runtime::toLower(path[i])};
-        place.entry = at(place.key);
-        if (place.entry == nullptr) {
-            const bool missing = !last || i == 0;
-            if (missing && !links.makeFolders) return kPathNotFound;
-            if (missing) place.entry = &add(place.key, path[i], Entry::Folder);
-        } else if (place.entry->kind == Entry::Link && (!last || folder || links.followLast)) {
-            if (++followed > kMostLinks) return kInvalidName;
-            if (const ErrorCode code = followLink(path, i, place.entry->target)) return code;
-            i = 0;
-            continue;
-        } else {
-            if (place.entry->kind != Entry::Folder && (!last || folder)) return kPathNotFound;
-            path[i] = place.entry->name;
+    links.followLast |= folder;
+    for (int followed = 0; followed <= kMostLinks; ++followed) {
+        std::size_t reached = 0;
+        if (const ErrorCode code = walk(path, links, place, reached)) return code;
+        if (reached == path.size()) {
+            place.name = joined(path);
+            place.folder = folder;
+            const bool file = place.entry != nullptr && place.entry->kind != Entry::Folder;
+            return folder && file ? kPathNotFound : kSuccess;
         }
-        ++i;
+        if (const ErrorCode code = followLink(path, reached, place.entry->target)) return code;
     }
-    place.name = joined(path);
-    place.folder = folder;
-    return kSuccess;
+    return kInvalidName;
 }
 
 std::vector<const Entry*> Tree::entriesOf(Id folder) const {

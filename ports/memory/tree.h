@@ -4,6 +4,7 @@
 
 #include <quorkit/ports/files.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -39,6 +40,9 @@ struct Entry {
     bool readOnly() const { return (item->attributes & kReadOnly) != 0; }
 };
 
+/// The root, such as "C:" or "\\server\share", and what leads on from it.
+using Path = std::vector<String>;
+
 /// Where a name leads to.
 struct Place {
     Key key;
@@ -71,6 +75,9 @@ class Tree {
     std::vector<const Entry*> entriesOf(Id folder) const;
 
    private:
+    /// Goes along `path`, and spells it as it stands here, up to its end or to a link that is to be
+    /// followed.
+    ErrorCode walk(Path& path, Links links, Place& place, std::size_t& reached);
     Entry& add(const Key& key, const String& name, Entry::Kind kind);
 
     std::map<Key, Entry> entries_;

@@ -108,7 +108,6 @@ struct MemoryDrive {
 };
 
 /// Drives and connections as they are told to be. What stands on a drive is the files' affair.
-
 class MemoryDrives final : public Drives {
    public:
     /// By capital letter and colon.
