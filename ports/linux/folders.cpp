@@ -111,7 +111,7 @@ ErrorCode NativeFiles::FindFirstFileA(const String& folder, FindDetail detail, H
     if (const ErrorCode code = disk::pathOf(folder, path)) return code;
     DIR* opened = opendir(path.c_str());  // close-on-exec
     if (opened == nullptr) return pathError();
-    const Handle handle = Handle(reinterpret_cast<std::intptr_t>(new Search{opened, detail}));
+    const auto handle = Handle(reinterpret_cast<std::intptr_t>(new Search{opened, detail}));
     ErrorCode code = FindNextFileA(handle, entry);
     if (code == kNoMoreFiles) code = kFileNotFound;
     if (code == kSuccess)

@@ -1,10 +1,11 @@
 #include "linux/run_tool.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <csignal>
 
 #include "linux/calls.h"
 
@@ -38,6 +39,7 @@ class Start {
 
     bool run(const std::vector<std::string>& words, pid_t& process) {
         std::vector<char*> line;
+        line.reserve(words.size() + 1);
         for (const std::string& word : words) line.push_back(const_cast<char*>(word.c_str()));
         line.push_back(nullptr);
         return posix_spawnp(&process, line[0], &files_, &attributes_, line.data(), environ) == 0;

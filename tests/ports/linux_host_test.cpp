@@ -79,8 +79,6 @@ TEST_F(LinuxHost, AsksKdialogElse) {
     EXPECT_EQ(words(),
               "<kdialog>\n<--title=--T \"it\">\n<--getopenfilename>\n</usr/-a b.txt>\n"
               "<*.txt *.csv|A/B\n*|All>\n");
-    EXPECT_TRUE(host.SHBrowseForFolderA({}, name));
-    EXPECT_EQ(words(), "<kdialog>\n<--title=>\n<--getexistingdirectory>\n<./>\n");
     host.MessageBoxA(u"C:\\new", u"C");
     EXPECT_EQ(words(), "<kdialog>\n<--title=C>\n<--msgbox=C:\\\\new>\n");
 }
@@ -104,8 +102,7 @@ TEST_F(LinuxHost, IsCancelledWithoutAChoice) {
     words();
     display.set({});
     EXPECT_FALSE(ask());
-    EXPECT_EQ(words(), "");
-    EXPECT_EQ(message(), "caption: text \xC3\xA4\n");
+    EXPECT_EQ(message() + words(), "caption: text \xC3\xA4\n");
     display.set(":0");
     path.set(scratch.path("none").string());
     EXPECT_FALSE(ask());

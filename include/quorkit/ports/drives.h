@@ -17,17 +17,21 @@ struct NetworkConnection {
 };
 
 /// On Linux `C:` is the root file system and the mounts behind it follow in the order of their
-/// names.
+/// names: disks, network shares, media and memory where users keep files, not what the system keeps
+/// for itself, such as /proc, /boot and packages. Shares are named after their source,
+/// "\\server\a\b" for "server:/a/b".
 class Drives {
    public:
     virtual ~Drives() = default;
 
     /// The type of a drive such as "C:" or "C:\", by the numbers of Win32: 2 removable, 3 fixed,
     /// 4 network, 5 optical, 6 memory; 1 when there is no such drive, 0 when its type is unknown.
+    /// On Linux also the type of the drive that a name such as "/media/stick/x" lies on.
     virtual int GetDriveTypeA(const String& root) = 0;
     /// The roots of all drives, such as "C:\", in alphabetical order.
     virtual std::vector<String> GetLogicalDriveStringsA() = 0;
-    /// The serial number of the volume whose root is "C:\" or "\\server\share\".
+    /// The serial number of the volume whose root is "C:\" or "\\server\share\". On
+    /// Linux that of FAT, exFAT and NTFS volumes is the same as on Windows.
     virtual ErrorCode GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) = 0;
     /// The network connections, in the system's order.
     virtual ErrorCode WNetEnumResourceA(std::vector<NetworkConnection>& connections) = 0;

@@ -22,6 +22,9 @@ struct FileDialog {
     std::uint32_t browseFlags = 0;  ///< eBrowserInfoFlags, of the folder dialog alone
 };
 
+/// On Linux the user sees dialogs and messages where there is a display and one of the programs
+/// zenity and kdialog; a program that is given a name gets it as it is, no shell reads it.
+///
 /// A dialog that the user cancels, or that cannot be shown, is answered with false; `name` is then
 /// left as it is.
 class Host {

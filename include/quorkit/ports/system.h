@@ -47,7 +47,8 @@ class System {
     virtual bool GetTempPathA(String& folder) = 0;
     /// The path of a special folder, by its CSIDLS number, without a separator at its end; whether
     /// it exists is not asked. False for a folder that this system does not have or that is no
-    /// folder on disk.
+    /// folder on disk. On Linux they are those of the XDG standards: base folders, and the ones
+    /// that a user may choose in user-dirs.dirs.
     virtual bool SHGetFolderPathA(int folder, String& path) = 0;
 
    protected:
