@@ -6,7 +6,11 @@
 // ("?" for what it lacks), or what a byte-order mark at its start says.
 //
 // An object that keeps the file open without a size limit of its own keeps others from shortening
-// it; with a limit it goes on in the file that another program has put in its place.
+// it; with a limit it goes on in the file that another program has put in its place. A file that is
+// moved or deleted is made anew, on Linux within a second.
+//
+// All this is true of the processes of one machine; on a network file system it is as good as the
+// locks and appends of that.
 #pragma once
 
 #include <quorkit/enumerations.h>
@@ -17,6 +21,7 @@
 #include <quorkit/values.h>
 
 #include <string>
+#include <string_view>
 
 namespace quorkit {
 
@@ -84,13 +89,16 @@ class QuorLogFile {
     /// ".xxx" behind its name, which then takes the place of the old one in one step.
     ///
     /// True when it is no larger, or has been shortened. False when it cannot be, when no line
-    /// begins in the part that would stay, or when another object keeps it open: it is then as it
-    /// was.
+    /// begins in the part that would stay, or when an object without a limit keeps it open, this
+    /// one included: it is then as it was.
     Boolean limitFileSize(Unchanged<String> sFileName, Unchanged<Long> MaxFileSize);
 
    private:
     enum class Opening { AsSet, Continue };
     bool open(Opening opening);
+    void reopen();
+    void close();
+    std::string_view readMark();
     void keepWithinLimit();
     void addPrefixes(String& s, eLogEntryType level);
     const String& now();
@@ -106,7 +114,9 @@ class QuorLogFile {
     String separator_ = u"  ";
 
     Handle file_ = Handle::Invalid;
-    std::string mark_;  ///< the file's byte-order mark
+    String openName_;        ///< its name, also when LogFileName has changed
+    std::string_view mark_;  ///< its byte-order mark
+    bool keptOpen_ = false;  ///< from OpenLogfile to CloseLogfile, with AutoOpenClose False
     bool firstOpening_ = true;
     Long entries_ = 0;  ///< counted for the limit
 

@@ -55,8 +55,8 @@ ErrorCode FaultyFiles::GetFinalPathNameA(const String& name, String& target) {
 ErrorCode FaultyFiles::LockFileA(const String& name, Handle& handle, Wait wait) {
     return due("LockFileA") ? code_ : inner_.LockFileA(name, handle, wait);
 }
-ErrorCode FaultyFiles::ReplaceFileA(const String& name, const String& replacement) {
-    return due("ReplaceFileA") ? code_ : inner_.ReplaceFileA(name, replacement);
+ErrorCode FaultyFiles::ReplaceFileA(const String& name, const String& replacement, Wait wait) {
+    return due("ReplaceFileA") ? code_ : inner_.ReplaceFileA(name, replacement, wait);
 }
 ErrorCode FaultyFiles::FlushFolderOf(const String& name) {
     return due("FlushFolderOf") ? code_ : inner_.FlushFolderOf(name);

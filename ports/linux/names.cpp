@@ -17,6 +17,8 @@
 namespace quorkit::disk {
 namespace {
 
+constexpr StringView kLiteral = u"\\\\?\\";
+
 bool isThere(const std::string& path) {
     struct stat about = {};
     return lstat(path.c_str(), &about) == 0;
@@ -97,6 +99,13 @@ bool append(StringView component, std::string& path) {
 /// Appends the components, each as it is there but for letter case. They are names that files can
 /// have.
 void appendAsThere(const std::vector<StringView>& components, std::string& path) {
+    // Mostly only the last one is missing.
+    std::string around = path;
+    for (std::size_t i = 0; i + 1 < components.size(); ++i) append(components[i], around);
+    if (components.size() > 1 && isThere(around)) {
+        path = around;
+        return appendAsThere({components.back()}, path);
+    }
     bool there = true;
     for (const StringView component : components) {
         const std::string folder = path;
@@ -115,6 +124,12 @@ void appendAsThere(const std::vector<StringView>& components, std::string& path)
 
 ErrorCode pathOf(const String& name, std::string& path) {
     if (name.empty() || name.find(u'\0') != String::npos) return kInvalidName;
+    if (name.starts_with(kLiteral) && name.size() > kLiteral.size()) {
+        if (name[kLiteral.size()] != u'/') return pathOf(name.substr(kLiteral.size()), path);
+        path.clear();
+        return appendBytes(StringView(name).substr(kLiteral.size()), path) ? kSuccess
+                                                                           : kInvalidName;
+    }
     NameParts parts = partsOf(name);
     std::string start;
     if (const ErrorCode code = startOf(parts, start)) return code;
@@ -128,6 +143,10 @@ ErrorCode pathOf(const String& name, std::string& path) {
     if (parts.folder && !parts.components.empty()) found += '/';
     path = std::move(found);
     return kSuccess;
+}
+
+String literalNameOf(const std::string& path) {
+    return String(kLiteral).append(textOf(path));
 }
 
 String nameOf(std::string_view path) {

@@ -23,6 +23,10 @@ ErrorCode pathOf(const String& name, std::string& path);
 /// path is relative.
 String nameOf(std::string_view path);
 
+/// The name that pathOf makes exactly this path of, whatever else differs from it in letter case.
+/// It begins as such names do on Windows, and needs no look at the mounts.
+String literalNameOf(const std::string& path);
+
 /// The folder that a path stands in; "." when it names none.
 std::string folderOf(const std::string& path);
 

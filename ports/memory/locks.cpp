@@ -51,7 +51,7 @@ ErrorCode MemoryFiles::LockFileA(const String& name, Handle& handle, Wait wait) 
     return kSuccess;
 }
 
-ErrorCode MemoryFiles::ReplaceFileA(const String& name, const String& replacement) {
+ErrorCode MemoryFiles::ReplaceFileA(const String& name, const String& replacement, Wait) {
     const std::lock_guard guard(state_->mutex);
     Place from;
     Place to;

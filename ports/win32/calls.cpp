@@ -13,7 +13,15 @@ ErrorCode lastError() {
         case ERROR_NOT_READY:  // a drive without a medium
         case ERROR_BAD_NETPATH:
         case ERROR_BAD_NET_NAME:
+        case ERROR_INVALID_DRIVE:
             return kPathNotFound;
+        case ERROR_WRITE_PROTECT:
+            return kAccessDenied;
+        case ERROR_BAD_PATHNAME:
+        case ERROR_FILENAME_EXCED_RANGE:
+            return kInvalidName;
+        case ERROR_CANT_RESOLVE_FILENAME:  // a link that leads back to itself
+            return kFileNotFound;
         default:
             return static_cast<ErrorCode>(code);
     }

@@ -31,8 +31,4 @@ inline Handle handOut(std::unique_ptr<Opened> file) {
     return Handle(reinterpret_cast<std::intptr_t>(file.release()));
 }
 
-inline bool isForAdding(FileAccess access) {
-    return access == FileAccess::Append || access == FileAccess::AppendYielding;
-}
-
 }  // namespace quorkit::win32

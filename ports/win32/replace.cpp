@@ -14,13 +14,13 @@ namespace {
 
 /// Other programs hold a file open for moments (readers, virus scanners); wait for them a while.
 template <class Call>
-BOOL whileInUse(Call call) {
-    constexpr int kTries = 2000;
-    for (int tries = 1;; ++tries) {
+BOOL whileInUse(Wait wait, Call call) {
+    const ULONGLONG end = ::GetTickCount64() + (wait == Wait::Forever ? 30'000 : 100);
+    for (;;) {
         if (call()) return TRUE;
         const DWORD code = ::GetLastError();
         const bool inUse = code == ERROR_SHARING_VIOLATION || code == ERROR_ACCESS_DENIED;
-        if (!inUse || tries == kTries) return FALSE;
+        if (!inUse || ::GetTickCount64() > end) return FALSE;
         ::Sleep(1);
     }
 }
@@ -73,11 +73,11 @@ ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle, Wait wait) 
     }
 }
 
-ErrorCode NativeFiles::ReplaceFileA(const String& name, const String& replacement) {
+ErrorCode NativeFiles::ReplaceFileA(const String& name, const String& replacement, Wait wait) {
     if (!validName(name) || !validName(replacement)) return kInvalidName;
     if (::GetFileAttributesW(wide(name)) != INVALID_FILE_ATTRIBUTES) copyRights(name, replacement);
     // One rename: the system's own call for replacing files leaves a moment without the name.
-    return resultOf(whileInUse([&] {
+    return resultOf(whileInUse(wait, [&] {
         return ::MoveFileExW(wide(replacement), wide(name),
                              MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
     }));

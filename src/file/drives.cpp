@@ -33,7 +33,7 @@ String networkNameOf(StringView drive, const Connections& connections) {
 
 eDriveType GQuorFile::getDriveTypeEx(const String& sDriveLetter) {
     const bool letter = sDriveLetter.size() >= 2 && sDriveLetter[1] == u':';
-    if (!letter && sDriveLetter.starts_with(u"\\")) return DRIVE_REMOTE;
+    if (!letter && sDriveLetter.starts_with(u"\\\\")) return DRIVE_REMOTE;
     const int type = ports_.drives.GetDriveTypeA(letter ? sDriveLetter.substr(0, 2) : sDriveLetter);
     const bool known = type >= DRIVE_REMOVABLE && type <= DRIVE_RAMDISK;
     return known ? static_cast<eDriveType>(type) : DRIVE_UNKNOWN;

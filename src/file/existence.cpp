@@ -65,7 +65,8 @@ Boolean GQuorFile::mkDirEx(const String& sDir) {
         ErrorCode code = kSuccess;
         for (; !missing.empty(); missing.pop_back())
             code = ports_.files.CreateDirectoryA(missing.back());
-        return Boolean(code == kSuccess);
+        // Another process may have been quicker, and "a\\." is there when "a" has been made.
+        return Boolean(code == kSuccess || PathExists(sDir));
     });
 }
 

@@ -1,5 +1,6 @@
 #include "file/whole_file.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace quorkit {
@@ -19,20 +20,24 @@ String besideOf(const String& name) {
 
 }  // namespace
 
-ErrorCode readWholeFile(Files& files, const String& name, std::string& content,
-                        std::uint64_t start) {
+ErrorCode readWholeFile(Files& files, const String& name, std::string& content) {
+    return readPart(files, name, 0, std::string::npos, content);
+}
+
+ErrorCode readPart(Files& files, const String& name, std::uint64_t start, std::size_t most,
+                   std::string& content) {
     Handle handle = Handle::Invalid;
     if (const ErrorCode code = files.CreateFileA(name, FileAccess::Read, handle)) return code;
     std::uint64_t size = 0;
     ErrorCode code = files.GetFileSizeEx(handle, size);
     if (code == kSuccess && start != 0) code = files.SetFilePointerEx(handle, start);
-    size = size > start ? size - start : 0;
     // The size is a hint: one byte more shows the end, and a file that grows is read on.
+    const std::uint64_t rest = size > start ? size - start + 1 : 1;
     std::size_t used = 0;
     content.clear();
-    for (std::size_t got = 1; code == kSuccess && got != 0; used += got) {
+    for (std::size_t got = 1; code == kSuccess && got != 0 && used < most; used += got) {
         if (used == content.size())
-            content.resize(used == 0 ? static_cast<std::size_t>(size) + 1 : used * 2);
+            content.resize(std::min(most, used == 0 ? static_cast<std::size_t>(rest) : used * 2));
         code = files.ReadFile(handle, content.data() + used, content.size() - used, got);
     }
     content.resize(code == kSuccess ? used : 0);
@@ -40,7 +45,7 @@ ErrorCode readWholeFile(Files& files, const String& name, std::string& content,
     return code != kSuccess ? code : closed;
 }
 
-LockedFile::LockedFile(Files& files, const String& name, Wait wait) : files_(files) {
+LockedFile::LockedFile(Files& files, const String& name, Wait wait) : files_(files), wait_(wait) {
     status_ = files_.GetFinalPathNameA(name, name_);
     if (status_ == kSuccess) status_ = files_.LockFileA(name_, lock_, wait);
 }
@@ -76,7 +81,7 @@ ErrorCode LockedFile::replaceBy(const String& beside, std::string_view content) 
         files_.DeleteFileA(beside);
         code = writeBeside(beside, content);
     }
-    if (code == kSuccess) code = files_.ReplaceFileA(name_, beside);
+    if (code == kSuccess) code = files_.ReplaceFileA(name_, beside, wait_);
     if (code != kSuccess) {
         files_.DeleteFileA(beside);
         return code;

@@ -9,14 +9,17 @@
 
 namespace quorkit {
 
-/// Reads a whole file, from `start` on. On failure `content` is unspecified.
-ErrorCode readWholeFile(Files& files, const String& name, std::string& content,
-                        std::uint64_t start = 0);
+/// Reads a whole file. On failure `content` is unspecified.
+ErrorCode readWholeFile(Files& files, const String& name, std::string& content);
+/// Reads at most `most` bytes of a file from `start` on.
+ErrorCode readPart(Files& files, const String& name, std::uint64_t start, std::size_t most,
+                   std::string& content);
 
 /// The sole right to change one file, for as long as this object lives.
 class LockedFile {
    public:
-    /// Follows links, then waits for the lock. See `status` for how it went.
+    /// Follows links, then waits for the lock, as `replace` does where it must. See `status` for
+    /// how it went.
     LockedFile(Files& files, const String& name, Wait wait = Wait::Forever);
     ~LockedFile();
     LockedFile(const LockedFile&) = delete;
@@ -42,6 +45,7 @@ class LockedFile {
     ErrorCode writeBeside(const String& beside, std::string_view content);
 
     Files& files_;
+    Wait wait_;
     String name_;
     Handle lock_ = Handle::Invalid;
     ErrorCode status_;

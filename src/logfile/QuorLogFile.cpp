@@ -22,34 +22,52 @@ void QuorLogFile::setAutoOpenClose(Boolean autoOpenClose) {
 }
 
 Boolean QuorLogFile::OpenLogfile() {
-    return onErrorReturn(Boolean(false), [&] { return Boolean(open(Opening::AsSet)); });
+    const bool opened = onErrorReturn(false, [&] { return open(Opening::AsSet); });
+    keptOpen_ = isFileOpen() && !autoOpenClose_;
+    return opened;
 }
 
 bool QuorLogFile::open(Opening opening) {
     if (name_.empty() || isFileOpen()) return true;
+    const String name = opening == Opening::AsSet ? name_ : openName_;
     GQuorFile names(ports_);
-    const String folder = names.ExtractPath(name_);
+    const String folder = names.ExtractPath(name);
     if (folder.size() < 2) return false;  // no folder for PathExists, and none that can be made
 
     const FileAccess access =
         maxFileSize_ > 0 && !autoOpenClose_ ? FileAccess::AppendYielding : FileAccess::Append;
     Handle file = Handle::Invalid;
-    ErrorCode code = ports_.files.CreateFileA(name_, access, file);
+    ErrorCode code = ports_.files.CreateFileA(name, access, file);
     if (code == kPathNotFound && names.mkDirEx(folder))
-        code = ports_.files.CreateFileA(name_, access, file);
+        code = ports_.files.CreateFileA(name, access, file);
     if (code != kSuccess) return false;
     const bool empty = opening == Opening::AsSet && !append_ && (!autoOpenClose_ || firstOpening_);
     if (empty && ports_.files.SetEndOfFile(file) != kSuccess) {
         ports_.files.CloseHandle(file);
         return false;
     }
-    mark_ = empty ? std::string() : readMark(ports_.files, file);
     file_ = file;
+    openName_ = name;
+    mark_ = empty ? std::string_view() : readMark();
     firstOpening_ = false;
     return true;
 }
 
+std::string_view QuorLogFile::readMark() {
+    char start[kLongestMark];
+    std::size_t length = 0;
+    for (std::size_t got = 1; got != 0 && length < sizeof start; length += got)
+        if (ports_.files.ReadFile(file_, start + length, sizeof start - length, got) != kSuccess)
+            return {};  // it may be written, not read
+    return markOf({start, length});
+}
+
 void QuorLogFile::CloseLogfile() {
+    close();
+    keptOpen_ = false;
+}
+
+void QuorLogFile::close() {
     if (isFileOpen()) ports_.files.CloseHandle(file_);
     file_ = Handle::Invalid;
 }
@@ -59,6 +77,7 @@ Variant QuorLogFile::writeLogfileEntry(String& s, Unchanged<eLogEntryType> level
     if (type > logLevel_) return true;
     if (maxFileSize_ > 0) keepWithinLimit();
     if (!isFileOpen() && autoOpenClose_) OpenLogfile();
+    if (!isFileOpen() && keptOpen_) reopen();
     if (!isFileOpen()) return true;
     if (type != eLogEntryType_HeaderFooter && type != eLogEntryType_BlankLine) addPrefixes(s, type);
     write(s);
@@ -73,20 +92,26 @@ void QuorLogFile::keepWithinLimit() {
         return;
     }
     const bool wasOpen = isFileOpen();
-    CloseLogfile();
+    close();
     limitFileSize(name_, maxFileSize_);
-    if (wasOpen) resumeNext([&] { open(Opening::Continue); });
+    if (wasOpen) reopen();
     entries_ = 1;
 }
 
+/// Goes on in the file that was open. When that fails, the next entry tries again.
+void QuorLogFile::reopen() {
+    resumeNext([&] { open(Opening::Continue); });
+}
+
 void QuorLogFile::write(const String& line) {
-    // Another program may put a shortened file in the place of this one, even several times.
+    // Another program may put a shortened file in the place of this one, even several times. The
+    // file may also be gone, and is then made again.
     constexpr int mostTries = 100;
     for (int tries = 0; tries < mostTries && isFileOpen(); ++tries) {
         encodeLine(line, mark_, line_);
         if (ports_.files.WriteFile(file_, line_) != kFileReplaced) return;
-        CloseLogfile();
-        resumeNext([&] { open(Opening::Continue); });
+        close();
+        reopen();
     }
 }
 

@@ -9,14 +9,9 @@ constexpr StringView kLineEnd = u"\r\n";
 
 }  // namespace
 
-std::string readMark(Files& files, Handle file) {
-    char start[3];
-    std::size_t length = 0;
-    for (std::size_t got = 1; got != 0 && length < sizeof start; length += got)
-        if (files.ReadFile(file, start + length, sizeof start - length, got) != kSuccess) return {};
-    const std::string_view begins(start, length);
+std::string_view markOf(std::string_view start) {
     for (const std::string_view mark : {runtime::kUtf8Mark, runtime::kUtf16Mark})
-        if (begins.starts_with(mark)) return std::string(mark);
+        if (start.starts_with(mark)) return mark;
     return {};
 }
 

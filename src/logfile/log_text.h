@@ -9,9 +9,10 @@
 
 namespace quorkit {
 
-/// The byte-order mark at the start of the file that is open: UTF-8's, UTF-16's (little-endian), or
-/// "" for none, also when the file cannot be read.
-std::string readMark(Files& files, Handle file);
+/// The byte-order mark that a file begins with: UTF-8's, UTF-16's (little-endian), or "" for none.
+std::string_view markOf(std::string_view start);
+/// The length of the longest one.
+inline constexpr std::size_t kLongestMark = 3;
 
 /// Makes `bytes` the line `text` with its end, as a file with that mark has it.
 void encodeLine(StringView text, std::string_view mark, std::string& bytes);

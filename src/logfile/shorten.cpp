@@ -26,32 +26,28 @@ std::optional<std::uint64_t> sizeOf(Files& files, const String& name) {
 std::optional<std::string> newerPart(Files& files, const String& name, std::uint64_t size,
                                      Long limit) {
     constexpr double keptShare = 0.8;
-    constexpr std::uint64_t lastLineEnd = 2;
+    constexpr std::size_t lastLineEnd = 2;
     const double skipped = std::nearbyint(static_cast<double>(size) - keptShare * limit);
     if (skipped > static_cast<double>(size)) return std::nullopt;
     std::string kept;
-    if (readWholeFile(files, name, kept, static_cast<std::uint64_t>(skipped)) != kSuccess)
+    if (readPart(files, name, static_cast<std::uint64_t>(skipped), std::string::npos, kept) !=
+        kSuccess)
         return std::nullopt;
     const std::size_t lineEnd = kept.find('\n');
     if (lineEnd == std::string::npos || kept.size() < lineEnd + 1 + lastLineEnd)
         return std::nullopt;
-    return kept.substr(lineEnd + 1, kept.size() - lineEnd - 1 - lastLineEnd);
+    kept.resize(kept.size() - lastLineEnd);
+    kept.erase(0, lineEnd + 1);
+    return kept;
 }
 
 /// What stays of a UTF-16 file.
 std::optional<std::string> olderHalf(Files& files, const String& name, std::uint64_t size) {
-    std::string content;
+    std::string kept;
     const auto half = static_cast<std::size_t>(std::nearbyint(static_cast<double>(size) / 2 - 1));
-    if (readWholeFile(files, name, content) != kSuccess) return std::nullopt;
-    return content.substr(runtime::kUtf16Mark.size(), half);
-}
-
-bool isUtf16(Files& files, const String& name) {
-    Handle file = Handle::Invalid;
-    if (files.CreateFileA(name, FileAccess::Read, file) != kSuccess) return false;
-    const bool result = readMark(files, file) == runtime::kUtf16Mark;
-    files.CloseHandle(file);
-    return result;
+    if (readPart(files, name, runtime::kUtf16Mark.size(), half, kept) != kSuccess)
+        return std::nullopt;
+    return kept;
 }
 
 }  // namespace
@@ -69,7 +65,9 @@ Boolean QuorLogFile::limitFileSize(Unchanged<String> sFileName, Unchanged<Long> 
         const String& name = file.name();
         const auto size = sizeOf(ports_.files, name);
         if (!size || withinLimit(*size)) return size.has_value();  // another was quicker
-        const auto kept = isUtf16(ports_.files, name)
+        std::string start;
+        if (readPart(ports_.files, name, 0, kLongestMark, start) != kSuccess) return false;
+        const auto kept = markOf(start) == runtime::kUtf16Mark
                               ? olderHalf(ports_.files, name, *size)
                               : newerPart(ports_.files, name, *size, MaxFileSize);
         return kept && file.replaceBy(name + u".xxx", *kept) == kSuccess;

@@ -38,6 +38,10 @@ enum class FileAccess {
     AppendYielding,  ///< the same, without keeping others from replacing the file
 };
 
+inline bool isForAdding(FileAccess access) {
+    return access == FileAccess::Append || access == FileAccess::AppendYielding;
+}
+
 /// How long to wait for what another process holds.
 enum class Wait {
     Forever,
@@ -93,9 +97,11 @@ class Files {
                                std::size_t& count) = 0;
     /// Writes all of `bytes` behind the last write; a failure may leave a part written. To a file
     /// opened for adding they go behind whatever any process has written, in one piece, or not at
-    /// all; kFileReplaced when the name no longer leads to this file, then nothing is written.
+    /// all: only a full disk may keep a part while others have the file open for adding.
+    /// kFileReplaced when the name no longer leads to this file, then nothing is written; of a file
+    /// opened with Append, Linux looks at the name once a second.
     virtual ErrorCode WriteFile(Handle handle, std::string_view bytes) = 0;
-    /// Empties a file that is opened for adding.
+    /// Empties a file that is opened for adding; kFileReplaced as above.
     virtual ErrorCode SetEndOfFile(Handle handle) = 0;
     /// Returns when what was written has reached the disk.
     virtual ErrorCode FlushFileBuffers(Handle handle) = 0;
@@ -104,8 +110,8 @@ class Files {
 
     // --- Changing a file whole ---
 
-    /// The name that `name` leads to when every link is followed. The last component need not
-    /// exist.
+    /// The name that `name` leads to when every link is followed, for this port alone: it is taken
+    /// literally. The last component need not exist.
     virtual ErrorCode GetFinalPathNameA(const String& name, String& target) = 0;
 
     /// Waits for the sole right to change the file `name`, among all processes that ask for it
@@ -122,8 +128,10 @@ class Files {
     /// the name leads to the whole old content or the whole new one. Rights and owner of the old
     /// file are kept; the group counts for the owner where the system forbids giving files away.
     /// `name` is final (see GetFinalPathNameA) and both stand in one folder. On failure both files
-    /// are as before.
-    virtual ErrorCode ReplaceFileA(const String& name, const String& replacement) = 0;
+    /// are as before. `wait` is for programs that have the file open, where that stands in the way;
+    /// Forever is then half a minute.
+    virtual ErrorCode ReplaceFileA(const String& name, const String& replacement,
+                                   Wait wait = Wait::Forever) = 0;
     /// Returns when the folder of `name` has reached the disk.
     virtual ErrorCode FlushFolderOf(const String& name) = 0;
 
