@@ -41,10 +41,7 @@ void require(ErrorCode code) {
 
 void GQuorFile::LoadFileToByteArray(const String& vsFileName, Array<Byte>& rbaArray) {
     const OpenFile file(ports_.files, vsFileName);
-    const String folder = ExtractPath(vsFileName);
-    const bool noFolder =
-        file.status() == kFileNotFound && folder.size() > 1 && !PathExists(folder);
-    require(noFolder ? kPathNotFound : file.status());
+    require(file.status());
     std::uint64_t size = 0;
     require(ports_.files.GetFileSizeEx(file.handle(), size));
     if (size > std::numeric_limits<Long>::max()) raise(ErrorNumber::Overflow);

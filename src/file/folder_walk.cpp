@@ -5,7 +5,7 @@
 namespace quorkit {
 
 FolderWalk::FolderWalk(Files& files, String folder) : files_(files) {
-    pending_.push_back({std::move(folder), {}, 0});
+    pending_.push_back({std::move(folder), {}, 0, false});
 }
 
 bool FolderWalk::next() {
@@ -20,13 +20,18 @@ bool FolderWalk::next() {
 }
 
 void FolderWalk::descendTo(const FindData& entry) {
-    Folder folder{this->folder() + entry.name + u'\\', {}, path_.size()};
-    if ((entry.attributes & kReparsePoint) != 0) {
-        if (!findTarget(folder)) return;
-        for (Folder& around : path_)
-            if (findTarget(around) && around.target == folder.target) return;
-    }
+    const bool link = (entry.attributes & kReparsePoint) != 0;
+    Folder folder{
+        this->folder() + entry.name + u'\\', {}, path_.size(), link || path_.back().behindLink};
+    if (folder.behindLink && leadsRound(folder)) return;
     pending_.push_back(std::move(folder));
+}
+
+bool FolderWalk::leadsRound(Folder& folder) {
+    if (!findTarget(folder)) return true;
+    return std::ranges::any_of(path_, [&](Folder& around) {
+        return findTarget(around) && around.target == folder.target;
+    });
 }
 
 bool FolderWalk::findTarget(Folder& folder) const {

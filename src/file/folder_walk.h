@@ -20,9 +20,9 @@ class FolderWalk {
     bool next();
     /// Where the walk is, with a separator at the end.
     const String& folder() const { return path_.back().name; }
-    /// Notes an entry of the current folder that is a folder, to go there later. Not a link that
-    /// leads back to the current folder or one around it, as far as the walk has come through them,
-    /// nor one of which that is not known.
+    /// Notes an entry of the current folder that is a folder, to go there later. Not one to which
+    /// links lead round: the current folder or one that the walk has come through to it. Nor a link
+    /// of which it is not known where it leads.
     void descendTo(const FindData& entry);
 
    private:
@@ -30,9 +30,11 @@ class FolderWalk {
         String name;
         std::optional<String> target;  ///< what the name leads to, once it has been asked for
         std::size_t depth = 0;
+        bool behindLink = false;  ///< or a link itself
     };
 
     bool findTarget(Folder& folder) const;
+    bool leadsRound(Folder& folder);
 
     Files& files_;
     std::vector<Folder> pending_;  ///< the next one is the last

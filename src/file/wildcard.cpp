@@ -68,39 +68,27 @@ bool Wildcard::matches(StringView name) const {
 bool Wildcard::matchesAnyway(StringView name) const {
     const std::size_t lastStop = name.rfind(u'.');
     std::string reached(elements_.size() + 1, '\0');
+    std::string next = reached;
     reached[0] = 1;
     for (std::size_t at = 0;; ++at) {
         const bool ended = at == name.size();
         const bool stop = !ended && name[at] == u'.';
-        // What may match nothing lets the next element come as well.
+        std::ranges::fill(next, '\0');
         for (std::size_t i = 0; i < elements_.size(); ++i) {
             if (reached[i] == 0) continue;
-            const Step step = elements_[i].step;
-            const bool nothing = step == Step::Run || step == Step::RunInFront ||
-                                 (step == Step::OneOrNone && (stop || ended)) ||
-                                 (step == Step::StopOrEnd && ended);
-            if (nothing) reached[i + 1] = 1;
+            const auto [step, letter] = elements_[i];
+            const bool run = step == Step::Run || step == Step::RunInFront;
+            if (run || (step == Step::OneOrNone && (stop || ended)) ||
+                (step == Step::StopOrEnd && ended))
+                reached[i + 1] = 1;  // it has nothing of the name
+            if (ended) continue;
+            if (step == Step::Run || (step == Step::RunInFront && at != lastStop)) next[i] = 1;
+            if ((step == Step::Letter && isLetter(letter, name[at])) ||
+                (step == Step::OneOrNone && !stop) || (step == Step::StopOrEnd && stop))
+                next[i + 1] = 1;
         }
-        if (ended) return reached[elements_.size()] != 0;
-
-        // Every element takes this character or is left; from the end, so that each is asked once.
-        for (std::size_t i = elements_.size();; --i) {
-            const auto takes = [&](std::size_t element) {
-                const auto& [step, letter] = elements_[element];
-                return step == Step::Letter      ? isLetter(letter, name[at])
-                       : step == Step::OneOrNone ? !stop
-                       : step == Step::StopOrEnd ? stop
-                                                 : false;
-            };
-            const auto stays = [&] {
-                const Step step = elements_[i].step;
-                return step == Step::Run || (step == Step::RunInFront && at != lastStop);
-            };
-            const bool stayed = i < elements_.size() && reached[i] != 0 && stays();
-            const bool came = i > 0 && reached[i - 1] != 0 && takes(i - 1);
-            reached[i] = stayed || came ? 1 : 0;
-            if (i == 0) break;
-        }
+        if (ended) return reached.back() != 0;
+        reached.swap(next);
     }
 }
 

@@ -53,9 +53,9 @@ TEST(Wildcard, MatchesAsWindowsDoes) {
 
 TEST(Wildcard, TakesNoLongerForManyRuns) {
     String pattern;
-    for (int i = 0; i < 1000; ++i) pattern += u"*a?";
-    EXPECT_FALSE(Wildcard(pattern + u"b").matches(String(10000, u'a')));
-    EXPECT_TRUE(Wildcard(pattern).matches(String(10000, u'a')));
+    for (int i = 0; i < 300; ++i) pattern += u"*a?";
+    EXPECT_FALSE(Wildcard(pattern + u"b").matches(String(3000, u'a')));
+    EXPECT_TRUE(Wildcard(pattern).matches(String(3000, u'a')));
 }
 
 }  // namespace
