@@ -100,7 +100,8 @@ class GQuorFile {
 
     /// Adds the names of a folder's files to `saFileList`, and with `bRecursive` those of all
     /// folders beneath it, whatever their names: the files of a folder, then each folder in it with
-    /// all that is beneath. A link that leads back to a folder around it is left out. The number of
+    /// all that is beneath. A link that leads to a folder around it is left out, and so
+    /// are all but the first of the links to one folder. The number of
     /// names in the list, the old ones included. -1 on a failure, after a message to the user, with
     /// what was found so far: error 9 when the list is a table or not counted from 0.
     Long GetFilesFromDirectory3(const String& sDirName, const String& sFilter,

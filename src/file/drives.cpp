@@ -84,7 +84,7 @@ String GQuorFile::UNCToLetter(const String& sUNCPath) {
     if (share.empty()) return {};
     const Connections connections = connectionsIn(ports_.drives);
     for (const String& root : ports_.drives.GetLogicalDriveStringsA()) {
-        const String drive = root.substr(0, 2);
+        String drive = root.substr(0, 2);
         if (runtime::toLower(networkNameOf(drive, connections)) == share) return drive;
     }
     return {};

@@ -3,45 +3,42 @@
 #include <algorithm>
 
 namespace quorkit {
+namespace {
 
-FolderWalk::FolderWalk(Files& files, String folder) : files_(files) {
-    pending_.push_back({std::move(folder), {}, 0, false});
+constexpr StringView kSeparators = u"\\/";
+
+/// What a name leads to, with a separator at the end.
+std::optional<String> targetOf(Files& files, const String& name) {
+    String target;
+    if (files.GetFinalPathNameA(name, target) != kSuccess || target.empty()) return std::nullopt;
+    if (kSeparators.find(target.back()) == StringView::npos)
+        target += target[target.find_last_of(kSeparators)];
+    return target;
 }
+
+}  // namespace
 
 bool FolderWalk::next() {
     if (pending_.empty()) return false;
     std::reverse(pending_.begin() + static_cast<std::ptrdiff_t>(noted_), pending_.end());
-    Folder folder = std::move(pending_.back());
+    folder_ = std::move(pending_.back());
+    target_.reset();
     pending_.pop_back();
     noted_ = pending_.size();
-    path_.resize(folder.depth);
-    path_.push_back(std::move(folder));
     return true;
 }
 
 void FolderWalk::descendTo(const FindData& entry) {
-    const bool link = (entry.attributes & kReparsePoint) != 0;
-    Folder folder{
-        this->folder() + entry.name + u'\\', {}, path_.size(), link || path_.back().behindLink};
-    if (folder.behindLink && leadsRound(folder)) return;
-    pending_.push_back(std::move(folder));
+    String folder = folder_ + entry.name + u'\\';
+    if ((entry.attributes & kReparsePoint) == 0 || mayFollow(folder))
+        pending_.push_back(std::move(folder));
 }
 
-bool FolderWalk::leadsRound(Folder& folder) {
-    if (!findTarget(folder)) return true;
-    return std::ranges::any_of(path_, [&](Folder& around) {
-        return findTarget(around) && around.target == folder.target;
-    });
-}
-
-bool FolderWalk::findTarget(Folder& folder) const {
-    if (folder.target) return true;
-    String target;
-    if (files_.GetFinalPathNameA(folder.name, target) != kSuccess) return false;
-    // One folder has one name, also where the system keeps the separator at the end.
-    target.erase(target.find_last_not_of(u"\\/") + 1);
-    folder.target = std::move(target);
-    return true;
+bool FolderWalk::mayFollow(const String& link) {
+    const std::optional<String> target = targetOf(files_, link);
+    if (!target_) target_ = targetOf(files_, folder_);
+    const bool leadsRound = target && target_ && target_->starts_with(*target);
+    return target && target_ && !leadsRound && followed_.insert(*target).second;
 }
 
 }  // namespace quorkit

@@ -5,41 +5,36 @@
 
 #include <cstddef>
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
 namespace quorkit {
 
-/// The folders of a tree, each before those in it, and all that is beneath one before the next.
-/// However deep the tree is, the stack stays small.
+/// The folders of a tree, each before those in it, and all that is beneath one before the next. A
+/// link to a folder is one of them, but not where it leads to the folder that it stands in or to
+/// one around that, and one folder is walked through links only once: so the walk ends.
 class FolderWalk {
    public:
     /// `folder` ends in a separator.
-    FolderWalk(Files& files, String folder);
+    FolderWalk(Files& files, String folder) : files_(files), pending_{std::move(folder)} {}
 
     /// Goes to the next folder, at first to the one the walk begins with. False behind the last.
     bool next();
     /// Where the walk is, with a separator at the end.
-    const String& folder() const { return path_.back().name; }
-    /// Notes an entry of the current folder that is a folder, to go there later. Not one to which
-    /// links lead round: the current folder or one that the walk has come through to it. Nor a link
-    /// of which it is not known where it leads.
+    const String& folder() const { return folder_; }
+    /// Notes an entry of the current folder that is a folder, to go there later. Not a link of
+    /// which it is not known where it leads.
     void descendTo(const FindData& entry);
 
    private:
-    struct Folder {
-        String name;
-        std::optional<String> target;  ///< what the name leads to, once it has been asked for
-        std::size_t depth = 0;
-        bool behindLink = false;  ///< or a link itself
-    };
-
-    bool findTarget(Folder& folder) const;
-    bool leadsRound(Folder& folder);
+    bool mayFollow(const String& link);
 
     Files& files_;
-    std::vector<Folder> pending_;  ///< the next one is the last
+    std::vector<String> pending_;  ///< the next one is the last
     std::size_t noted_ = 0;        ///< where those of the current folder begin
-    std::vector<Folder> path_;     ///< from the beginning of the walk to the current folder
+    String folder_;
+    std::optional<String> target_;  ///< what `folder_` leads to, once it has been asked for
+    std::unordered_set<String> followed_;
 };
 
 }  // namespace quorkit

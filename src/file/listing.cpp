@@ -62,6 +62,39 @@ std::vector<String> takenFrom(Array<String>& list) {
     return std::move(list.elements());
 }
 
+/// What GetFilesFromDirectory3 does in each folder.
+class FolderFiles {
+   public:
+    FolderFiles(Files& files, const String& filter, bool withFolder)
+        : files_(files), filter_(filter), pattern_(filter), withFolder_(withFolder) {}
+
+    /// Adds the files of the current folder to `names` and, when told so, notes the folders in it.
+    void addTo(std::vector<String>& names, FolderWalk& walk, bool descend) const {
+        const String prefix = withFolder_ ? walk.folder() : String();
+        const bool elsewhere = filter_.find_first_of(u"\\/") != String::npos;
+        if (elsewhere) {
+            NameSearch search(files_, walk.folder() + filter_, FindDetail::Names);
+            for (FindData entry; search.next(entry);)
+                if (!isFolder(entry)) append(names, prefix + entry.name);
+            if (!descend) return;
+        }
+        // One look at the folder gives its files and the folders in it.
+        FolderEntries entries(files_, walk.folder(), FindDetail::Names);
+        for (FindData entry; entries.next(entry);) {
+            const bool folder = isFolder(entry);
+            if (folder && descend && !isSelfOrParent(entry.name)) walk.descendTo(entry);
+            if (!folder && !elsewhere && pattern_.matches(entry.name))
+                append(names, prefix + entry.name);
+        }
+    }
+
+   private:
+    Files& files_;
+    String filter_;
+    Wildcard pattern_;
+    bool withFolder_;
+};
+
 }  // namespace
 
 Long GQuorFile::getFilesFromDirectoryEx(const String& sDirName, Array<String>& saFileList,
@@ -98,34 +131,12 @@ Long GQuorFile::GetFilesFromDirectory3(const String& sDirName, const String& sFi
     std::vector<String> names;
     bool begun = false;
     const Long result = onErrorTell(ports_.host, [&] {
+        // The filter and the folder may stand in the list.
+        const FolderFiles files(ports_.files, sFilter, bIncludeDirName);
         FolderWalk walk(ports_.files, withBackslash(sDirName));
-        const String filter = sFilter;  // it may stand in the list
         names = takenFrom(saFileList);
         begun = true;
-
-        const auto take = [&](const FindData& file) {
-            append(names, bIncludeDirName ? walk.folder() + file.name : file.name);
-        };
-        // One look at a folder gives its files and the folders in it, unless the filter looks for
-        // the files elsewhere.
-        const bool elsewhere = filter.find_first_of(u"\\/:") != String::npos;
-        const Wildcard pattern(filter);
-        FindData entry;
-        while (walk.next()) {
-            if (elsewhere) {
-                NameSearch search(ports_.files, walk.folder() + filter, FindDetail::Names);
-                while (search.next(entry))
-                    if (!isFolder(entry)) take(entry);
-                if (!bRecursive) break;
-            }
-            FolderEntries entries(ports_.files, walk.folder(), FindDetail::Names);
-            while (entries.next(entry))
-                if (!isFolder(entry)) {
-                    if (!elsewhere && pattern.matches(entry.name)) take(entry);
-                } else if (bRecursive && !isSelfOrParent(entry.name)) {
-                    walk.descendTo(entry);
-                }
-        }
+        while (walk.next()) files.addTo(names, walk, bRecursive);
         return countOf(names);
     });
     if (begun) saFileList = listOf(std::move(names));

@@ -1,12 +1,15 @@
 #include "file/search.h"
 
+#include "file/name_parts.h"
+
 namespace quorkit {
 namespace {
 
-/// Where the pattern begins.
+/// Where the pattern begins. A colon separates behind the letter of a drive alone.
 std::size_t patternIn(StringView name) {
-    const std::size_t last = name.find_last_of(u"\\/:");
-    return last == StringView::npos ? 0 : last + 1;
+    const std::size_t last = name.find_last_of(u"\\/");
+    if (last != StringView::npos) return last + 1;
+    return partsOf(name).start == NameParts::HereOnDrive ? 2 : 0;
 }
 
 }  // namespace

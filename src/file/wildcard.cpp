@@ -64,32 +64,60 @@ bool Wildcard::matches(StringView name) const {
            matchesFrom(only_ + 1, name.substr(name.size() - behind));
 }
 
+struct Wildcard::Spot {
+    char16_t unit;
+    bool stop;
+    bool lastStop;
+    bool end;
+};
+
+bool Wildcard::standsForNothing(const Element& element, const Spot& spot) {
+    switch (element.step) {
+        case Step::Letter:
+            return false;
+        case Step::Run:
+        case Step::RunInFront:
+            return true;
+        case Step::OneOrNone:
+            return spot.stop || spot.end;
+        case Step::StopOrEnd:
+            return spot.end;
+    }
+    return false;
+}
+
+/// Whether the element is done with this character.
+bool Wildcard::takes(const Element& element, const Spot& spot) {
+    return (element.step == Step::Letter && isLetter(element.letter, spot.unit)) ||
+           (element.step == Step::OneOrNone && !spot.stop) ||
+           (element.step == Step::StopOrEnd && spot.stop);
+}
+
+/// Whether the element can take this character and then others.
+bool Wildcard::takesMore(const Element& element, const Spot& spot) {
+    return element.step == Step::Run || (element.step == Step::RunInFront && !spot.lastStop);
+}
+
 /// Follows all ways through the pattern at once: `reached` has each element that may come next.
 bool Wildcard::matchesAnyway(StringView name) const {
     const std::size_t lastStop = name.rfind(u'.');
     std::string reached(elements_.size() + 1, '\0');
     std::string next = reached;
     reached[0] = 1;
-    for (std::size_t at = 0;; ++at) {
-        const bool ended = at == name.size();
-        const bool stop = !ended && name[at] == u'.';
+    for (std::size_t at = 0; at <= name.size(); ++at) {
+        const bool end = at == name.size();
+        const char16_t unit = end ? u'\0' : name[at];
+        const Spot spot{unit, !end && unit == u'.', at == lastStop, end};
         std::ranges::fill(next, '\0');
         for (std::size_t i = 0; i < elements_.size(); ++i) {
             if (reached[i] == 0) continue;
-            const auto [step, letter] = elements_[i];
-            const bool run = step == Step::Run || step == Step::RunInFront;
-            if (run || (step == Step::OneOrNone && (stop || ended)) ||
-                (step == Step::StopOrEnd && ended))
-                reached[i + 1] = 1;  // it has nothing of the name
-            if (ended) continue;
-            if (step == Step::Run || (step == Step::RunInFront && at != lastStop)) next[i] = 1;
-            if ((step == Step::Letter && isLetter(letter, name[at])) ||
-                (step == Step::OneOrNone && !stop) || (step == Step::StopOrEnd && stop))
-                next[i + 1] = 1;
+            if (standsForNothing(elements_[i], spot)) reached[i + 1] = 1;
+            if (takesMore(elements_[i], spot)) next[i] = 1;
+            if (takes(elements_[i], spot)) next[i + 1] = 1;
         }
-        if (ended) return reached.back() != 0;
-        reached.swap(next);
+        if (!end) reached.swap(next);
     }
+    return reached.back() != 0;
 }
 
 }  // namespace quorkit

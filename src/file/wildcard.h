@@ -35,7 +35,11 @@ class Wildcard {
         Step step = Step::Letter;
         char16_t letter = 0;  ///< folded
     };
+    struct Spot;  ///< where in a name
 
+    static bool standsForNothing(const Element& element, const Spot& spot);
+    static bool takes(const Element& element, const Spot& spot);
+    static bool takesMore(const Element& element, const Spot& spot);
     bool matchesFrom(std::size_t element, StringView text) const;
     bool matchesAnyway(StringView name) const;
 

@@ -17,51 +17,51 @@ namespace {
 namespace fs = std::filesystem;
 
 const Variant kMissing = Variant::missing();
-const Variant kUnallocated = Array<String>();
-const Variant kNone = Array<String>({u""});
 
-Variant list(std::vector<String> names) {
+/// A list of names that stand in a text with blanks between them. "" is the list of no names.
+Variant list(StringView text) {
+    std::vector<String> names(1);
+    for (const char16_t unit : text)
+        if (unit == u' ')
+            names.emplace_back();
+        else
+            names.back() += unit;
     return Array<String>(std::move(names));
+}
+
+Long countOf(const Variant& list) {
+    const auto& names = list.get<Array<String>>().elements();
+    return names.size() == 1 && names[0].empty() ? 0 : static_cast<Long>(names.size());
 }
 
 /// Files in memory, where folders are listed in the order of their names.
 class Listing : public testing::Test {
    protected:
     Listing() {
-        for (const char16_t* name : {u"a.txt", u"a.TXT.bak", u"b\\b1.txt", u"b\\b2.TXT", u"b\\C",
+        for (const char16_t* name : {u"a.txt", u"a.TXT.bak", u"b\\b1.txt", u"b\\b2.TXT", u"b\\B3",
                                      u"b\\c\\c.doc", u"b\\c\\c.txt", u"d\\d.txt", u"e"})
             world.files.put(u"C:\\" + String(name), "");
         world.files.addFolder(u"C:\\empty");
     }
-    /// The names that getFilesFromDirectoryEx finds, each with a blank behind it.
-    String found(const String& folder, std::vector<Variant> options = {}) {
-        options.insert(options.begin(), {folder, kUnallocated});
+    /// What getFilesFromDirectoryEx finds.
+    Variant found(const String& folder, std::vector<Variant> options = {}) {
+        options.insert(options.begin(), {folder, Array<String>()});
         const Outcome outcome = file.call(u"getFilesFromDirectoryEx", options);
-        String text;
-        if (outcome.arguments[1] == kNone) return outcome.result == Variant(Long{0}) ? u"" : u"?";
-        for (const String& name : outcome.arguments[1].get<Array<String>>().elements())
-            text += name + u' ';
-        const Long count = static_cast<Long>(std::ranges::count(text, u' '));
-        EXPECT_EQ(outcome.arguments[1].get<Array<String>>().bounds(), (Bounds{0, count}));
-        EXPECT_EQ(outcome.result, Variant(count));
-        return text;
+        EXPECT_EQ(outcome.result, Variant(countOf(outcome.arguments[1])));
+        return outcome.arguments[1];
     }
     /// One call of GetFilesFromDirectory3, and the list before and after it.
     struct Walk {
-        const char16_t* folder;
-        const char16_t* filter;
-        bool withFolder;
-        bool recursive;
-        std::vector<String> after;
-        std::vector<String> before = {u""};
+        String folder, filter;
+        bool withFolder, recursive;
+        Variant before;
+        StringView after;
     };
     static void expectFiles(Late& in, const std::vector<Walk>& walks) {
-        for (const auto& [folder, filter, withFolder, recursive, after, before] : walks)
+        for (const auto& [folder, filter, withFolder, recursive, before, after] : walks)
             in.expect(u"GetFilesFromDirectory3",
-                      {Row({folder, filter, withFolder, recursive, list(before)},
-                           {static_cast<Long>(
-                                after == kNone.get<Array<String>>().elements() ? 0 : after.size()),
-                            list(after)})});
+                      {Row({folder, filter, withFolder, recursive, before},
+                           {countOf(list(after)), list(after)})});
     }
     void expectMessage(const char16_t* text, const char16_t* caption) {
         ASSERT_EQ(world.host.messages.size(), 1u);
@@ -75,21 +75,21 @@ class Listing : public testing::Test {
 };
 
 TEST_F(Listing, FiltersByName) {
-    const std::pair<String, String> rows[] = {{u"*.*", u"a.txt a.TXT.bak e "},
-                                              {u"*.TXT", u"a.txt "},
-                                              {u"b\\*.txt", u"b1.txt b2.TXT "},
-                                              {u"E", u"e "},
-                                              {u"b", u""},
-                                              {u"", u""},
-                                              {u".", u""},
-                                              {u"*\\*", u""},
-                                              {u"no\\*", u""}};
+    const std::pair<String, StringView> rows[] = {{u"*.*", u"a.txt a.TXT.bak e"},
+                                                  {u"*.TXT", u"a.txt"},
+                                                  {u"b\\*.txt", u"b1.txt b2.TXT"},
+                                                  {u"E", u"e"},
+                                                  {u"b", u""},
+                                                  {u"", u""},
+                                                  {u".", u""},
+                                                  {u"*\\*", u""},
+                                                  {u"no\\*", u""}};
     for (const auto& [filter, names] : rows)
-        EXPECT_EQ(found(u"C:", {filter}), names) << testing::PrintToString(filter);
-    EXPECT_EQ(found(u""), u"a.txt a.TXT.bak e ");
-    EXPECT_EQ(found(u"C:\\b\\", {u"c*", true}), u"C:\\b\\C ");
+        EXPECT_EQ(found(u"C:", {filter}), list(names)) << testing::PrintToString(filter);
+    EXPECT_EQ(found(u""), list(u"a.txt a.TXT.bak e"));
+    EXPECT_EQ(found(u"C:\\b\\", {u"b3*", true}), list(u"C:\\b\\B3"));
     for (const char16_t* folder : {u"C:\\empty", u"C:\\missing", u"C:\\e", u"Q:"})
-        EXPECT_EQ(found(folder), u"");
+        EXPECT_EQ(found(folder), list(u""));
 }
 
 TEST_F(Listing, FiltersByDate) {
@@ -109,32 +109,30 @@ TEST_F(Listing, FiltersByDate) {
     }
     const struct {
         Variant upTo, from;
-        String names;
-    } rows[] = {
-        {u"2020-01-01", kMissing, u"first "},
-        {kMissing, u"2020-12-31", u"last late "},
-        {u"2020-01-01", u"2020-12-31", u"first last late "},
-        {u"2020-12-31", u"2020-01-01", u"first last middle "},
-        {u"2020-06-15 12:00:00", u"2020-06-15 12:00:00", u"first last late middle "},
-        {u"2020-06-15 11:59:59", u"2020-06-15 12:00:01", u"first last late "},
-        {Date{43831}, kMissing, u"first "},
-        {Double{44196.000001}, kMissing, u"first last middle "},
-        {Empty{}, kMissing, u""},
-    };
+        StringView names;
+    } rows[] = {{u"2020-01-01", kMissing, u"first"},
+                {kMissing, u"2020-12-31", u"last late"},
+                {u"2020-01-01", u"2020-12-31", u"first last late"},
+                {u"2020-12-31", u"2020-01-01", u"first last middle"},
+                {u"2020-06-15 12:00:00", u"2020-06-15 12:00:00", u"first last late middle"},
+                {u"2020-06-15 11:59:59", u"2020-06-15 12:00:01", u"first last late"},
+                {Date{43831}, kMissing, u"first"},
+                {Double{44196.000001}, kMissing, u"first last middle"},
+                {Empty{}, kMissing, u""}};
     for (const auto& [upTo, from, names] : rows)
-        EXPECT_EQ(found(u"C:\\t", {u"*", false, upTo, from}), names)
+        EXPECT_EQ(found(u"C:\\t", {u"*", false, upTo, from}), list(names))
             << testing::PrintToString(std::pair(upTo, from));
     for (const Variant& bad : {Variant(u"no date"), Variant(Null{}), Variant(1e300)})
         file.expect(u"getFilesFromDirectoryEx",
-                    {Row({u"C:", list({u"old"}), u"*", false, kMissing, bad},
-                         {Long{-1}, list({u"old"}), u"*", false, kMissing, bad, u""})});
+                    {Row({u"C:", list(u"old"), u"*", false, kMissing, bad},
+                         {Long{-1}, list(u"old"), u"*", false, kMissing, bad, u""})});
     EXPECT_TRUE(world.host.messages.empty());
 
     world.files.setLastWrite(u"C:\\t\\first", UINT64_MAX / 2);  // no calendar shows it: it is now
     world.system.localTime.year = 2021;
     EXPECT_EQ(found(u"C:\\t", {u"*", false, u"2021-01-01", u"2021-01-01"}),
-              u"first last late middle ");
-    EXPECT_EQ(found(u"C:\\t", {u"*", false, kMissing, u"2021-01-01"}), u"first ");
+              list(u"first last late middle"));
+    EXPECT_EQ(found(u"C:\\t", {u"*", false, kMissing, u"2021-01-01"}), list(u"first"));
 }
 
 TEST_F(Listing, FiltersByAttributes) {
@@ -147,27 +145,26 @@ TEST_F(Listing, FiltersByAttributes) {
         world.files.put(u"C:\\t\\" + name, "");
         world.files.setAttributes(u"C:\\t\\" + name, attributes);
     }
-    const std::pair<String, String> rows[] = {
-        {u"", u"a h n r s "}, {u"R", u"a h n r s "}, {u"+q", u"a h n r s "},
-        {u"-H-S", u"a n r "}, {u"+r", u"r "},        {u"+RxR", u"a h n s "},
-        {u"-A+a-", u"a h "},  {u"+A-H", u"a "},      {u"+S+R", u""}};
+    const std::pair<String, StringView> rows[] = {
+        {u"", u"a h n r s"}, {u"R", u"a h n r s"}, {u"+q", u"a h n r s"},
+        {u"-H-S", u"a n r"}, {u"+r", u"r"},        {u"+RxR", u"a h n s"},
+        {u"-A+a-", u"a h"},  {u"+A-H", u"a"},      {u"+S+R", u""}};
     for (const auto& [attributes, names] : rows)
-        EXPECT_EQ(found(u"C:\\t", {u"*", false, kMissing, kMissing, attributes}), names)
+        EXPECT_EQ(found(u"C:\\t", {u"*", false, kMissing, kMissing, attributes}), list(names))
             << testing::PrintToString(attributes);
 }
 
 TEST_F(Listing, AddsToAListAndGoesThroughFolders) {
-    expectFiles(
-        file, {{u"C:\\b", u"*.txt", false, false, {u"b1.txt", u"b2.TXT"}},
-               {u"C:\\d\\", u"*", true, false, {u"x", u"y", u"C:\\d\\d.txt"}, {u"x", u"y"}},
-               {u"C:\\none", u"*", true, true, {u"x", u"y"}, {u"x", u"y"}},
-               {u"C:\\d", u"*", false, false, {u"d.txt"}, {}},
-               {u"C:\\empty", u"*", false, true, {u""}, {}},
-               {u"C:", u"*.txt", false, true, {u"a.txt", u"b1.txt", u"b2.TXT", u"c.txt", u"d.txt"}},
-               {u"C:", u"c\\*", true, true, {u"C:\\b\\c.doc", u"C:\\b\\c.txt"}},
-               {u"C:\\b", u"c\\*", false, false, {u"c.doc", u"c.txt"}}});
-    file.expect(u"GetFilesFromDirectory3",
-                {Row({u"C:", u"e", false, true, kUnallocated}, {Long{1}, list({u"e"})})});
+    const Variant none = list(u"");
+    const Variant two = list(u"x y");
+    expectFiles(file, {{u"C:\\b", u"*.txt", false, false, none, u"b1.txt b2.TXT"},
+                       {u"C:\\d\\", u"*", true, false, two, u"x y C:\\d\\d.txt"},
+                       {u"C:\\none", u"*", true, true, two, u"x y"},
+                       {u"C:\\d", u"*", false, false, Array<String>(), u"d.txt"},
+                       {u"C:\\empty", u"*", false, true, Array<String>(Bounds{5, 0}), u""},
+                       {u"C:", u"*.txt", false, true, none, u"a.txt b1.txt b2.TXT c.txt d.txt"},
+                       {u"C:", u"c\\*", true, true, none, u"C:\\b\\c.doc C:\\b\\c.txt"},
+                       {u"C:\\b", u"c\\*", false, false, none, u"c.doc c.txt"}});
     const Variant table = Array<String>({0, 1}, {0, 1});
     const Variant fromOne = Array<String>({u"x"}, 1);
     for (const Variant& bad : {table, fromOne}) {
@@ -190,37 +187,34 @@ TEST_F(Listing, GoesRoundNoLinks) {
     FaultyFiles faulty(world.files);
     Ports ports{faulty, world.drives, world.system, world.host};
     Late linked(u"GQuorFile", ports);
-    expectFiles(linked,
-                {{u"C:",
-                  u"*.txt",
-                  false,
-                  true,
-                  {u"a.txt", u"b1.txt", u"b2.TXT", u"c.txt", u"d.txt", u"linked.txt", u"c.txt"}},
-                 {u"C:\\b", u"b1*", false, true, {u"b1.txt"}},
-                 {u"C:\\b\\up\\b", u"b1*", false, true, {u"b1.txt"}}});
+    const Variant none = list(u"");
+    const StringView all = u"a.txt b1.txt b2.TXT c.txt d.txt linked.txt c.txt";
+    expectFiles(linked, {{u"C:", u"*.txt", false, true, none, all},
+                         {u"C:\\b", u"b1*", false, true, none, u"b1.txt"},
+                         {u"C:\\b\\up\\b", u"b1*", false, true, none, u"b1.txt"}});
     faulty.answer(0, kGeneralFailure, "GetFinal");  // nobody knows where links lead to
-    expectFiles(linked, {{u"C:\\d", u"*", false, true, {u"d.txt", u"linked.txt", u"nowhere"}}});
+    expectFiles(linked, {{u"C:\\d", u"*", false, true, none, u"d.txt linked.txt nowhere"}});
     faulty.answer(0, kGeneralFailure, "FindFirst");
-    expectFiles(linked, {{u"C:", u"*", false, true, {u""}}});
+    expectFiles(linked, {{u"C:", u"*", false, true, none, u""}});
     EXPECT_TRUE(world.host.messages.empty());
 }
 
 TEST_F(Listing, ListsFoldersAndExtensions) {
     file.expect(u"GetAllSubDirectories",
-                {Row({u"C:", list({u"old"})}, {Long{3}, list({u"C:\\b", u"C:\\d", u"C:\\empty"})}),
-                 Row({u"C:\\d", kUnallocated}, {Long{0}, kNone}),
-                 Row({u"C:\\no", list({u"old"})}, {Long{0}, kNone}),
-                 Row({Null{}, list({u"old"})}, {Long{-1}, kNone})});
+                {Row({u"C:", list(u"old")}, {Long{3}, list(u"C:\\b C:\\d C:\\empty")}),
+                 Row({u"C:\\d", Array<String>()}, {Long{0}, list(u"")}),
+                 Row({u"C:\\no", list(u"old")}, {Long{0}, list(u"")}),
+                 Row({Null{}, list(u"old")}, {Long{-1}, list(u"")})});
     expectMessage(u"Invalid use of Null", u"94");
 
     Array<String> larger({0, 2}, {0, 9});
     Array<String> table({0, 2}, {0, 2});
     table.elements() = {u".txt", u"2", u"", u"1"};
-    file.expect(
-        u"getAllFileExtensionsFromDirectory",
-        {Row({u"C:\\b", kUnallocated}, {Long{2}, table}), Row({u"C:\\b", larger}, {Long{2}, table}),
-         Row({u"C:\\empty", list({u"x"})}, {Long{0}, list({u"x"})}),
-         Row({u"C:\\d", list({u"x"})}, Error{9})});
+    file.expect(u"getAllFileExtensionsFromDirectory",
+                {Row({u"C:\\b", Array<String>()}, {Long{2}, table}),
+                 Row({u"C:\\b", larger}, {Long{2}, table}),
+                 Row({u"C:\\empty", list(u"x")}, {Long{0}, list(u"x")}),
+                 Row({u"C:\\d", list(u"x")}, Error{9})});
 }
 
 TEST(ListingOnDisk, BearsAFolderThatChangesAndADeepOne) {
@@ -241,10 +235,10 @@ TEST(ListingOnDisk, BearsAFolderThatChangesAndADeepOne) {
     });
     Late file(u"GQuorFile");
     for (int i = 0; i < 100; ++i) {
-        EXPECT_EQ(file(u"getFilesFromDirectoryEx",
-                       {top, kUnallocated, u"stays*", false, u"9999-01-01", u"2020-01-01", u"-R"}),
+        EXPECT_EQ(file(u"getFilesFromDirectoryEx", {top, Array<String>(), u"stays*", false,
+                                                    u"9999-01-01", u"2020-01-01", u"-R"}),
                   Variant(Long{200}));
-        EXPECT_EQ(file(u"GetFilesFromDirectory3", {top, u"stays*", true, true, kUnallocated}),
+        EXPECT_EQ(file(u"GetFilesFromDirectory3", {top, u"stays*", true, true, Array<String>()}),
                   Variant(Long{201}));
     }
     done = true;

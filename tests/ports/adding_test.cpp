@@ -136,8 +136,15 @@ TEST_P(AddingTest, TellsThatTheFileIsReplaced) {
     EXPECT_EQ(files.CloseHandle(yielding), kSuccess);
     const Handle again = open(FileAccess::AppendYielding);
     EXPECT_EQ(files.WriteFile(again, "er"), kSuccess);
-    EXPECT_EQ(files.CloseHandle(again), kSuccess);
     EXPECT_EQ(read("f"), "newer");
+    EXPECT_EQ(files.DeleteFileA(room->name("f")), kSuccess);
+    for (const bool made : {false, true}) {
+        if (made) write("f", "other");
+        EXPECT_EQ(files.WriteFile(again, "lost"), kFileReplaced);
+        EXPECT_EQ(files.SetEndOfFile(again), kFileReplaced);
+    }
+    EXPECT_EQ(files.CloseHandle(again), kSuccess);
+    EXPECT_EQ(read("f"), "other");
 }
 
 TEST_P(AddingTest, RefusesWhatCannotBeWritten) {

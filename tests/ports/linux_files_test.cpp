@@ -6,6 +6,7 @@
 #include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -104,7 +105,68 @@ TEST_F(LinuxSave, AFullDiskLeavesTheOldContent) {
     EXPECT_EQ(scratch.count(), 1u);
 }
 
-/// Adds entries under the same limit, to a file kept open.
+TEST_F(LinuxSave, TellsNamesOfOneLetterCaseApart) {
+    fs::create_symlink("S.INI", scratch.path("s.ini"));  // looked for as "s.ini" it would be itself
+    EXPECT_EQ(save("s.ini"), 1);
+    EXPECT_EQ(scratch.read("S.INI"), "[S]\r\nk=2\r\n");
+    fs::create_symlink("nowhere/x", scratch.path("B.ini"));
+    fs::create_symlink("b.ini", scratch.path("a.ini"));
+    EXPECT_EQ(save("a.ini"), 1);
+    EXPECT_EQ(scratch.read("b.ini"), "[S]\r\nk=2\r\n");
+}
+
+TEST_F(LinuxSave, KeepsAttributes) {
+    scratch.write("s.ini", kBefore);
+    const std::string path = scratch.path("s.ini");
+    if (setxattr(path.c_str(), "user.quorkit", "kept", 4, 0) != 0) GTEST_SKIP() << "no attributes";
+    EXPECT_EQ(save("s.ini"), 1);
+    char value[5] = {};
+    EXPECT_EQ(getxattr(path.c_str(), "user.quorkit", value, sizeof value), 4);
+    EXPECT_STREQ(value, "kept");
+}
+
+TEST_F(LinuxSave, PutsNothingInPlaceThatIsNotItsOwn) {
+    scratch.write("s.ini", kBefore);
+    scratch.write("victim", "victim");
+    fs::create_symlink("victim", scratch.path("link"));
+    fs::create_hard_link(scratch.path("victim"), scratch.path("twin"));
+    Files& files = ports::native().files;
+    for (const char* replacement : {"link", "twin"})
+        EXPECT_NE(files.ReplaceFileA(scratch.name("s.ini"), scratch.name(replacement)), kSuccess);
+    EXPECT_EQ(scratch.read("s.ini"), kBefore);
+}
+
+TEST(LinuxLog, FollowsItsNameNotItsLinks) {
+    Scratch scratch;
+    QuorLogFile log;
+    log.setLogFileName(scratch.name("a.log"));
+    log.setAutoOpenClose(false);
+    log.setMaxFileSize(30);
+    ASSERT_TRUE(log.OpenLogfile());
+    const auto write = [&](const char16_t* text) {
+        String entry = text;
+        log.writeLogfileEntry(entry, eLogEntryType_Error);
+    };
+    for (int i = 0; i < 5; ++i) write(u"12345678");
+    fs::create_hard_link(scratch.path("a.log"), scratch.path("twin"));
+    EXPECT_TRUE(QuorLogFile().limitFileSize(scratch.name("a.log"), Long{30}));
+    write(u"new");
+    EXPECT_EQ(scratch.read("a.log"), "12345678\r\n12345678new\r\n");
+    fs::rename(scratch.path("a.log"), scratch.path("a.log.1"));
+    log.setLogFileName(u"/nowhere/else.log");  // the one that is open stays
+    write(u"newer");
+    EXPECT_EQ(scratch.read("a.log"), "newer\r\n");
+    fs::create_symlink("target.log", scratch.path("link.log"));
+    log.CloseLogfile();
+    log.setLogFileName(scratch.name("link.log"));
+    ASSERT_TRUE(log.OpenLogfile());
+    for (int i = 0; i < 5; ++i) write(u"12345678");
+    EXPECT_TRUE(QuorLogFile().limitFileSize(scratch.name("link.log"), Long{30}));
+    EXPECT_TRUE(fs::is_symlink(scratch.path("link.log")));
+    EXPECT_EQ(scratch.read("target.log"), "12345678\r\n12345678");
+}
+
+/// Adds entries under the same limit, each opening it.
 int logWithLittleRoom(const std::vector<std::string>& arguments) {
     signal(SIGXFSZ, SIG_IGN);
     const rlimit limit = {4096, 4096};
