@@ -39,6 +39,13 @@ TEST_F(Content, IsWrittenAndRead) {
         EXPECT_EQ(file.call(u"LoadFileToByteArray", {f, bytes("old", 0)}).arguments[1],
                   bytes(content));
     }
+    constexpr auto noOrder = static_cast<std::size_t>(-1);
+    files.answer(noOrder, kSuccess, "ReadFile");
+    file(u"LoadFileToByteArray", {f, bytes("")});
+    EXPECT_EQ(files.calls(), 1u);  // however large it is
+    files.answer(noOrder, kSuccess, "WriteFile");
+    file(u"SaveByteArrayToFile", {bytes(all), f});
+    EXPECT_EQ(files.calls(), 1u);
     file(u"SaveByteArrayToFile", {bytes(""), f});
     EXPECT_EQ(fs::file_size(scratch.path("f")), 0u);
     EXPECT_EQ(scratch.count(), 1u);
@@ -124,6 +131,10 @@ TEST_F(Content, HasATemporaryFile) {
         EXPECT_TRUE(number.size() <= 4 &&
                     number.find_first_not_of(u"0123456789ABCDEF") == String::npos);
         EXPECT_EQ(fs::file_size(fs::path(name)), 0u);
+#ifndef _WIN32
+        EXPECT_EQ(fs::status(fs::path(name)).permissions(),
+                  fs::perms::owner_read | fs::perms::owner_write);
+#endif
     }
     for (const char16_t* good : {u"", u"abc\\d"}) EXPECT_NE(make(good), u"");
     for (const char16_t* bad : {u"..\\", u"a/b", u"C:"}) EXPECT_EQ(make(bad), u"");
