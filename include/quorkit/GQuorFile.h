@@ -152,8 +152,8 @@ class GQuorFile {
     void LoadFileToByteArray(const String& vsFileName, Array<Byte>& rbaArray);
     /// Writes the elements of an array, whatever its bounds, as the whole content of a file. It
     /// takes the place of the old content in one step, on the disk; an error leaves that as it is.
-    /// Rights and owner stay. The folder must allow writing too. Error 9 when the array is unallocated or a table; an array of no
-    /// elements makes an empty file.
+    /// Rights and owner stay. The folder must allow writing too. Error 9 when the array is
+    /// unallocated or a table; an array of no elements makes an empty file.
     void SaveByteArrayToFile(Unchanged<Array<Byte>> rbaArray, const String& vsFileName);
     /// Makes an empty file in the folder for temporary files, readable by its owner only, and gives
     /// its name: up to three characters of `sPrefix`, a hexadecimal number of up to four digits,
