@@ -1,5 +1,5 @@
 // Where a user and the system keep what programs share.
-// Sources: the XDG Base Directory specification 0.8, and the format of user-dirs.dirs of
+// Sources: the XDG Base Directory standard 0.8, and the format of user-dirs.dirs of
 // xdg-user-dirs.
 #pragma once
 
