@@ -96,6 +96,7 @@ class QuorLogFile {
    private:
     enum class Opening { AsSet, Continue };
     bool open(Opening opening);
+    ErrorCode openFile(const String& name, bool empty);
     void reopen();
     void close();
     std::string_view readMark();

@@ -6,6 +6,13 @@
 #include "logfile/log_text.h"
 
 namespace quorkit {
+namespace {
+
+/// Another program may put a shortened file in the place of this one, even several times. The file
+/// may also be gone, and is then made again.
+constexpr int kMostTries = 100;
+
+}  // namespace
 
 void QuorLogFile::setLogFileName(const String& name) {
     name_ = GQuorStrings(ports_).ExpandEnvironmentString(name);
@@ -28,29 +35,31 @@ Boolean QuorLogFile::OpenLogfile() {
 }
 
 bool QuorLogFile::open(Opening opening) {
-    if (name_.empty() || isFileOpen()) return true;
     const String name = opening == Opening::AsSet ? name_ : openName_;
+    if (name.empty() || isFileOpen()) return true;
     GQuorFile names(ports_);
     const String folder = names.ExtractPath(name);
     if (folder.size() < 2) return false;  // no folder for PathExists, and none that can be made
 
-    const FileAccess access =
-        maxFileSize_ > 0 && !autoOpenClose_ ? FileAccess::AppendYielding : FileAccess::Append;
-    Handle file = Handle::Invalid;
-    ErrorCode code = ports_.files.CreateFileA(name, access, file);
-    if (code == kPathNotFound && names.mkDirEx(folder))
-        code = ports_.files.CreateFileA(name, access, file);
-    if (code != kSuccess) return false;
     const bool empty = opening == Opening::AsSet && !append_ && (!autoOpenClose_ || firstOpening_);
-    if (empty && ports_.files.SetEndOfFile(file) != kSuccess) {
-        ports_.files.CloseHandle(file);
-        return false;
-    }
-    file_ = file;
+    ErrorCode code = openFile(name, empty);
+    if (code == kPathNotFound && names.mkDirEx(folder)) code = openFile(name, empty);
+    for (int tries = 0; code == kFileReplaced && tries < kMostTries; ++tries)
+        code = openFile(name, empty);
+    if (code != kSuccess) return false;
     openName_ = name;
     mark_ = empty ? std::string_view() : readMark();
     firstOpening_ = false;
     return true;
+}
+
+ErrorCode QuorLogFile::openFile(const String& name, bool empty) {
+    const FileAccess access =
+        maxFileSize_ > 0 && !autoOpenClose_ ? FileAccess::AppendYielding : FileAccess::Append;
+    if (const ErrorCode code = ports_.files.CreateFileA(name, access, file_)) return code;
+    const ErrorCode code = empty ? ports_.files.SetEndOfFile(file_) : kSuccess;
+    if (code != kSuccess) close();
+    return code;
 }
 
 std::string_view QuorLogFile::readMark() {
@@ -104,10 +113,7 @@ void QuorLogFile::reopen() {
 }
 
 void QuorLogFile::write(const String& line) {
-    // Another program may put a shortened file in the place of this one, even several times. The
-    // file may also be gone, and is then made again.
-    constexpr int mostTries = 100;
-    for (int tries = 0; tries < mostTries && isFileOpen(); ++tries) {
+    for (int tries = 0; tries < kMostTries && isFileOpen(); ++tries) {
         encodeLine(line, mark_, line_);
         if (ports_.files.WriteFile(file_, line_) != kFileReplaced) return;
         close();
