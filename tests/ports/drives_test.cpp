@@ -15,17 +15,16 @@ TEST(MemoryDrives, AreAsToldTo) {
     for (const char16_t* root : {u"x:", u"X:\\"}) EXPECT_EQ(drives.GetDriveTypeA(root), 4);
     for (const char16_t* root : {u"D:", u"", u"X:\\d"}) EXPECT_EQ(drives.GetDriveTypeA(root), 1);
 
-    std::uint32_t serial = 0;
     for (const char16_t* root : {u"x:\\", u"\\\\srv\\share\\"}) {
-        serial = 0;
+        std::uint32_t serial = 0;
         EXPECT_EQ(drives.GetVolumeInformationA(root, serial), kSuccess);
         EXPECT_EQ(serial, 0x9ABCDEF0);
     }
+    std::uint32_t serial = 0;
     EXPECT_NE(drives.GetVolumeInformationA(u"D:\\", serial), kSuccess);
 
     std::vector<NetworkConnection> connections;
-    EXPECT_EQ(drives.WNetEnumResourceA(connections), kSuccess);
-    EXPECT_EQ(drives.WNetEnumResourceA(connections), kSuccess);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(drives.WNetEnumResourceA(connections), kSuccess);
     ASSERT_EQ(connections.size(), 1u);
     EXPECT_EQ(connections[0].localName + connections[0].remoteName, u"X:\\\\Srv\\Share");
     drives.networkAnswer = kGeneralFailure;
@@ -36,22 +35,17 @@ TEST(NativeDrives, HoldTheSystem) {
     Drives& drives = ports::native().drives;
     const Roots roots = drives.GetLogicalDriveStringsA();
     EXPECT_TRUE(std::ranges::is_sorted(roots));
-    EXPECT_TRUE(std::ranges::count(roots, String(u"C:\\")) == 1);
+    EXPECT_EQ(std::ranges::count(roots, String(u"C:\\")), 1);
     for (const String& root : roots) {
         EXPECT_EQ(root.substr(1), u":\\");
         const int type = drives.GetDriveTypeA(root);
         EXPECT_TRUE(type == 0 || (type >= 2 && type <= 6)) << type;
         EXPECT_EQ(drives.GetDriveTypeA(root.substr(0, 2)), type);
-        std::uint32_t serial = 0;
-        if (root == u"C:\\") {
-            EXPECT_EQ(drives.GetVolumeInformationA(root, serial), kSuccess);
-        }
     }
     EXPECT_EQ(drives.GetDriveTypeA(u"?:"), 1);
     std::uint32_t serial = 0;
+    EXPECT_EQ(drives.GetVolumeInformationA(u"C:\\", serial), kSuccess);
     EXPECT_NE(drives.GetVolumeInformationA(u"?:\\", serial), kSuccess);
-    std::vector<NetworkConnection> connections;
-    drives.WNetEnumResourceA(connections);  // whatever there is, it does not stop the program
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What a failing operation leaves behind.
+// What a failing operation leaves behind, and a full disk in memory.
 #include <gtest/gtest.h>
 #include <quorkit/ports/faults.h>
 #include <quorkit/ports/memory.h>
@@ -30,6 +30,13 @@ TEST(FaultyFiles, FailAsTheRealOnesMay) {
     EXPECT_EQ(files.WriteFile(made, "34"), kSuccess);
     EXPECT_EQ(memory.content(u"made"), "12");
     EXPECT_EQ(files.CreateDirectoryA(u"d"), kSuccess);
+    EXPECT_EQ(memory.CloseHandle(log), kSuccess);
+
+    ASSERT_EQ(memory.CreateFileA(u"log", FileAccess::Append, log), kSuccess);
+    memory.setFreeSpace(5);
+    EXPECT_EQ(memory.WriteFile(log, "123456"), kDiskFull);
+    EXPECT_EQ(memory.WriteFile(log, "12345"), kSuccess);
+    EXPECT_EQ(memory.content(u"log"), "old 12345");
 }
 
 }  // namespace

@@ -1,7 +1,4 @@
 // The content of files, and changing them whole, in every room.
-#include <atomic>
-#include <thread>
-
 #include "ports/rooms.h"
 
 namespace quorkit::test {
@@ -14,24 +11,23 @@ TEST_P(FilesTest, WritesAndReads) {
     write("f", all);
     EXPECT_EQ(read("f"), all);
     std::uint64_t size = 0;
-    ASSERT_EQ(files.CreateFileA(room->name("f"), FileAccess::Read, opened), kSuccess);
+    opened = open("f", FileAccess::Read);
     EXPECT_EQ(files.GetFileSizeEx(opened, size), kSuccess);
     EXPECT_EQ(size, all.size());
-    EXPECT_EQ(files.CloseHandle(opened), kSuccess);
-    EXPECT_EQ(files.CreateFileA(room->name("f"), FileAccess::CreateNew, opened), kFileExists);
-    EXPECT_EQ(files.DeleteFileA(room->name("f")), kSuccess);
-    EXPECT_EQ(files.CreateFileA(room->name("f"), FileAccess::Read, opened), kFileNotFound);
-    EXPECT_EQ(files.DeleteFileA(room->name("f")), kFileNotFound);
+    close(opened);
+    EXPECT_EQ(files.CreateFileA(name("f"), FileAccess::CreateNew, opened), kFileExists);
+    EXPECT_EQ(files.DeleteFileA(name("f")), kSuccess);
+    EXPECT_EQ(files.CreateFileA(name("f"), FileAccess::Read, opened), kFileNotFound);
+    EXPECT_EQ(files.DeleteFileA(name("f")), kFileNotFound);
 }
 
 TEST_P(FilesTest, Replaces) {
     write("old", "old");
-    write("new", "new");
-    EXPECT_EQ(files.ReplaceFileA(room->name("old"), room->name("new")), kSuccess);
-    EXPECT_EQ(files.FlushFolderOf(room->name("old")), kSuccess);
+    replace("old", "new");
+    EXPECT_EQ(files.FlushFolderOf(name("old")), kSuccess);
     EXPECT_EQ(read("old"), "new");
     EXPECT_EQ(read("new"), "(failed)");
-    EXPECT_NE(files.ReplaceFileA(room->name("old"), room->name("new")), kSuccess);
+    EXPECT_NE(files.ReplaceFileA(name("old"), name("new")), kSuccess);
     EXPECT_EQ(read("old"), "new");
 }
 
@@ -39,10 +35,7 @@ TEST_P(FilesTest, ReadersAlwaysFindOneWholeState) {
     write("f", std::string(50000, 'a'));
     std::atomic<bool> done = false;
     std::thread writer([&] {
-        for (int i = 0; i < 200; ++i) {
-            write("new", std::string(50000, i % 2 == 0 ? 'b' : 'a'));
-            EXPECT_EQ(files.ReplaceFileA(room->name("f"), room->name("new")), kSuccess);
-        }
+        for (int i = 0; i < 200; ++i) replace("f", std::string(50000, i % 2 == 0 ? 'b' : 'a'));
         done = true;
     });
     int torn = 0;
@@ -57,34 +50,31 @@ TEST_P(FilesTest, ReadersAlwaysFindOneWholeState) {
 TEST_P(FilesTest, LocksByName) {
     for (const bool exists : {false, true}) {
         if (exists) write("f", "x");
-        ASSERT_EQ(files.LockFileA(room->name("f"), opened), kSuccess);
-        std::atomic<bool> entered = false;
-        std::thread other([&] {
-            Handle second = Handle::Invalid;
-            EXPECT_EQ(files.LockFileA(room->name("f"), second), kSuccess);
-            entered = true;
-            EXPECT_EQ(files.CloseHandle(second), kSuccess);
-        });
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        EXPECT_FALSE(entered);
-        EXPECT_EQ(files.CloseHandle(opened), kSuccess);
-        other.join();
+        const Handle held = lock("f");
+        waits([&] { close(lock("f")); }, [&] { close(held); });
         EXPECT_EQ(read("f"), exists ? "x" : "(failed)");  // a lock leaves no file behind
     }
 }
 
 TEST_P(FilesTest, RefusesWhatIsNoWritableFile) {
     write("f", "x");
-    room->makeReadOnly("f");
-    EXPECT_EQ(files.LockFileA(room->name("f"), opened), kAccessDenied);
-    EXPECT_EQ(files.LockFileA(room->name("no/f"), opened), kPathNotFound);
-    const String nul = room->name("f") + u'\0' + u"g";
+    makeReadOnly("f");
+    ASSERT_EQ(files.CreateDirectoryA(name("d")), kSuccess);
+    for (const FileAccess access : {FileAccess::Append, FileAccess::AppendYielding}) {
+        EXPECT_EQ(files.CreateFileA(name("f"), access, opened), kAccessDenied);
+        EXPECT_EQ(files.CreateFileA(name("d"), access, opened), kAccessDenied);
+        EXPECT_EQ(files.CreateFileA(name("no/f"), access, opened), kPathNotFound);
+    }
+    EXPECT_EQ(files.LockFileA(name("f"), opened), kAccessDenied);
+    EXPECT_EQ(files.LockFileA(name("no/f"), opened), kPathNotFound);
+    const String nul = name("f") + u'\0' + u"g";
     EXPECT_EQ(files.LockFileA(nul, opened), kInvalidName);
     EXPECT_EQ(files.CreateFileA(nul, FileAccess::Read, opened), kInvalidName);
     EXPECT_EQ(files.LockFileA(u"", opened), kInvalidName);
+    EXPECT_EQ(read("f"), "x");
 }
 
-INSTANTIATE_TEST_SUITE_P(Rooms, FilesTest, kRooms, nameOfRoom);
+INSTANTIATE_TEST_SUITE_P(Rooms, FilesTest, testing::Bool(), nameOfRoom);
 
 }  // namespace
 }  // namespace quorkit::test

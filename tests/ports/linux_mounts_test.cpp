@@ -27,51 +27,45 @@ std::string drivesIn(const char* mountinfo) {
     std::string text;
     for (const disk::Drive& drive : drives.all()) {
         const int type = disk::driveTypeOf(drive.kind, drive.mount.device.starts_with("8:"));
-        text += text.empty() ? "" : " | ";
-        text += cli::toUtf8(String(drive.letter == 0 ? 0 : 1, drive.letter)) + ":" +
+        text += (text.empty() ? "" : " | ") + cli::toUtf8(String(1, drive.letter)) + ":" +
                 drive.mount.point + " " + std::to_string(type);
         if (!drive.remote.empty()) text += " " + cli::toUtf8(drive.remote);
     }
     return text;
 }
 
-constexpr const char* kDesktop =
-    "23 28 0:21 / /proc rw,nosuid - proc proc rw\n"
-    "26 28 0:23 / /run rw - tmpfs tmpfs rw\n"
-    "28 1 259:2 / / rw,relatime shared:1 - ext4 /dev/nvme0n1p2 rw\n"
-    "30 24 0:25 / /dev/shm rw - tmpfs tmpfs rw\n"
-    "31 28 259:1 / /boot/efi rw - vfat /dev/nvme0n1p1 rw\n"
-    "33 28 7:1 / /snap/core/1 ro - squashfs /dev/loop1 ro\n"
-    "34 28 0:40 / /tmp rw - tmpfs tmpfs rw\n"
-    "35 26 0:41 / /run/user/1000/gvfs rw - fuse.gvfsd-fuse gvfsd-fuse rw\n"
-    "37 28 8:17 / /media/u/MY\\040STICK rw shared:9 master:2 - vfat /dev/sdb1 rw\n"
-    "38 28 11:0 / /media/u/CD ro - iso9660 /dev/sr0 ro\n"
-    "39 28 259:3 / /home rw - ext4 /dev/nvme0n1p3 rw\n"
-    "40 28 259:9 / /mnt rw - ext4 /dev/sdz1 rw\n"
-    "41 28 259:4 / /mnt rw - fuseblk /dev/sda1 rw\n"
-    "42 28 259:2 /usr /usr ro - ext4 /dev/nvme0n1p2 ro\n";
-
 TEST(LinuxDrives, AreTheMountsThatUsersSee) {
-    EXPECT_EQ(drivesIn(kDesktop),
-              "C:/ 3 | D:/home 3 | E:/media/u/CD 5 | F:/media/u/MY STICK 2 | G:/mnt 3 | H:/tmp 6");
-    EXPECT_EQ(
-        drivesIn("28 1 253:0 / / rw - xfs /dev/mapper/vg-root rw\n"
-                 "29 28 0:40 / /srv/n rw - nfs4 files:/export/data rw,addr=10.0.0.1\n"
-                 "30 28 0:41 / /srv/c rw - cifs //Win/Share\\040One rw\n"
-                 "31 28 0:42 / /srv/s rw - fuse.sshfs me@box:/home/me/ rw\n"
-                 "32 28 0:43 / /tank rw - zfs tank/data rw\n"
-                 "33 28 0:44 / /srv/enc rw - fuse.gocryptfs /srv/.enc rw\n"
-                 "34 28 0:45 / /var/lib/docker/overlay2/1/merged rw - overlay overlay rw\n"),
-        "C:/ 3 | D:/srv/c 4 \\\\Win\\Share One | E:/srv/enc 3 | F:/srv/n 4 \\\\files\\export\\data"
-        " | G:/srv/s 4 \\\\box\\home\\me | H:/tank 3");
-    EXPECT_EQ(drivesIn("1 0 0:90 / / rw - overlay overlay rw\n"
-                       "2 1 0:91 / /proc rw - proc proc rw\n"
-                       "3 2 0:92 / /proc/acpi ro - tmpfs tmpfs ro\n"
-                       "4 1 254:1 /v/containers/1/hosts /etc/hosts rw - ext4 /dev/vda1 rw\n"
-                       "5 1 254:1 /v/volumes/data /data rw - ext4 /dev/vda1 rw\n"),
-              "C:/ 3 | D:/data 3");
-    EXPECT_EQ(drivesIn("\nnonsense\n1 2 3 - \n1 0 8:1 / relative rw - ext4 /dev/sda1 rw\n"),
-              "C:/ 3");
+    const std::pair<const char*, const char*> systems[] = {
+        {"26 28 0:23 / /run rw - tmpfs tmpfs rw\n"  // a desktop
+         "28 1 259:2 / / rw,relatime shared:1 - ext4 /dev/nvme0n1p2 rw\n"
+         "30 24 0:25 / /dev/shm rw - tmpfs tmpfs rw\n"
+         "31 28 259:1 / /boot/efi rw - vfat /dev/nvme0n1p1 rw\n"
+         "33 28 7:1 / /snap/core/1 ro - squashfs /dev/loop1 ro\n"
+         "34 28 0:40 / /tmp rw - tmpfs tmpfs rw\n"
+         "35 26 0:41 / /run/user/1000/gvfs rw - fuse.gvfsd-fuse gvfsd-fuse rw\n"
+         "37 28 8:17 / /media/u/MY\\040STICK rw shared:9 master:2 - vfat /dev/sdb1 rw\n"
+         "38 28 11:0 / /media/u/CD ro - iso9660 /dev/sr0 ro\n"
+         "39 28 259:3 / /home rw - ext4 /dev/nvme0n1p3 rw\n"
+         "40 28 259:9 / /mnt rw - ext4 /dev/sdz1 rw\n"
+         "41 28 259:4 / /mnt rw - fuseblk /dev/sda1 rw\n"
+         "42 28 259:2 /usr /usr ro - ext4 /dev/nvme0n1p2 ro\n",
+         "C:/ 3 | D:/home 3 | E:/media/u/CD 5 | F:/media/u/MY STICK 2 | G:/mnt 3 | H:/tmp 6"},
+        {"29 28 0:40 / /srv/n rw - nfs4 files:/export/data rw,addr=10.0.0.1\n"  // a server
+         "30 28 0:41 / /srv/c rw - cifs //Win/Share\\040One rw\n"
+         "31 28 0:42 / /srv/s rw - fuse.sshfs me@box:/home/me/ rw\n"
+         "32 28 0:43 / /tank rw - zfs tank/data rw\n"
+         "33 28 0:44 / /srv/enc rw - fuse.gocryptfs /srv/.enc rw\n"
+         "34 28 0:45 / /var/lib/docker/overlay2/1/merged rw - overlay overlay rw\n",
+         "C:/ 3 | D:/srv/c 4 \\\\Win\\Share One | E:/srv/enc 3 | "
+         "F:/srv/n 4 \\\\files\\export\\data | G:/srv/s 4 \\\\box\\home\\me | H:/tank 3"},
+        {"1 0 0:90 / / rw - overlay overlay rw\n"  // a container
+         "2 1 0:91 / /proc rw - proc proc rw\n"
+         "3 2 0:92 / /proc/acpi ro - tmpfs tmpfs ro\n"
+         "4 1 254:1 /v/containers/1/hosts /etc/hosts rw - ext4 /dev/vda1 rw\n"
+         "5 1 254:1 /v/volumes/data /data rw - ext4 /dev/vda1 rw\n",
+         "C:/ 3 | D:/data 3"},
+        {"\nnonsense\n1 2 3 - \n1 0 8:1 / relative rw - ext4 /dev/sda1 rw\n", "C:/ 3"}};
+    for (const auto& [mountinfo, drives] : systems) EXPECT_EQ(drivesIn(mountinfo), drives);
 }
 
 TEST(LinuxDrives, EndWithZ) {
@@ -110,8 +104,7 @@ TEST(LinuxDrives, AreFoundByTheirShares) {
         {"m1:6789,m2:6789:/vol", u"\\\\m1\\vol"},
         {"//u@srv:445/share//", u"\\\\srv\\share"},
         {"tag", u""},
-        {":/x", u""},
-    };
+        {":/x", u""}};
     for (const auto& [source, name] : sources) EXPECT_EQ(disk::remoteNameOf(source), name);
 }
 
@@ -136,6 +129,8 @@ TEST(LinuxDrives, OfThisSystem) {
         EXPECT_EQ(drives.GetDriveTypeA(name), root);
     for (const char16_t* name : {u"usr", u"/no/such", u"", u"\\\\nowhere\\x"})
         EXPECT_EQ(drives.GetDriveTypeA(name), 1);
+    std::vector<NetworkConnection> connections;
+    EXPECT_EQ(drives.WNetEnumResourceA(connections), kSuccess);
 }
 
 }  // namespace

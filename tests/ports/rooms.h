@@ -1,81 +1,86 @@
-// One suite of tests for every room that implements files, so that the imitation cannot drift.
+// One suite of tests for the imitated files and the native ones, so that they cannot drift apart.
 #pragma once
 
 #include <gtest/gtest.h>
 #include <quorkit/ports/memory.h>
 
-#include <memory>
+#include <atomic>
+#include <chrono>
 #include <string>
+#include <thread>
 
 #include "file/whole_file.h"
 #include "support/scratch.h"
 
 namespace quorkit::test {
 
-/// A folder in one of the rooms.
-struct Room {
-    virtual ~Room() = default;
-    virtual Files& files() = 0;
-    virtual String name(const std::string& file) = 0;
-    virtual void makeReadOnly(const std::string& file) = 0;
-    /// False when a test can make no links here.
-    virtual bool makeLink(const std::string& link, const std::string& target) = 0;
-};
-
-struct MemoryRoom : Room {
-    MemoryPorts world;
-    Files& files() override { return world.files; }
-    String name(const std::string& file) override { return String(file.begin(), file.end()); }
-    void makeReadOnly(const std::string& file) override { world.files.setReadOnly(name(file)); }
-    bool makeLink(const std::string& link, const std::string& target) override {
-        world.files.addLink(name(link), name(target));
-        return true;
-    }
-};
-
-struct NativeRoom : Room {
+/// An empty folder, on the disk (true) or in memory.
+class RoomTest : public testing::TestWithParam<bool> {
+    MemoryPorts memory;
     Scratch scratch;
-    Files& files() override { return ports::native().files; }
-    String name(const std::string& file) override { return scratch.name(file); }
-    void makeReadOnly(const std::string& file) override {
+
+   protected:
+    Files& files = GetParam() ? ports::native().files : memory.files;
+    Handle opened = Handle::Invalid;
+
+    String name(const std::string& file) {
+        return GetParam() ? scratch.name(file) : String(file.begin(), file.end());
+    }
+    void makeReadOnly(const std::string& file) {
         using std::filesystem::perms;
+        if (!GetParam()) return memory.files.setReadOnly(name(file));
         std::filesystem::permissions(scratch.path(file), perms::owner_read | perms::group_read);
     }
-    bool makeLink(const std::string& link, const std::string& target) override {
+    /// False when a test can make no links here.
+    bool makeLink(const std::string& link, const std::string& target) {
         std::error_code error;
-        std::filesystem::create_symlink(target, scratch.path(link), error);
+        if (!GetParam()) memory.files.addLink(name(link), name(target));
+        if (GetParam()) std::filesystem::create_symlink(target, scratch.path(link), error);
         return !error;
     }
-};
+    Handle open(const std::string& file, FileAccess access) {
+        Handle handle = Handle::Invalid;
+        EXPECT_EQ(files.CreateFileA(name(file), access, handle), kSuccess);
+        return handle;
+    }
+    Handle lock(const std::string& file, Wait wait = Wait::Forever) {
+        Handle handle = Handle::Invalid;
+        EXPECT_EQ(files.LockFileA(name(file), handle, wait), kSuccess);
+        return handle;
+    }
+    void close(Handle handle) { EXPECT_EQ(files.CloseHandle(handle), kSuccess); }
 
-using MakeRoom = std::unique_ptr<Room> (*)();
-
-class RoomTest : public testing::TestWithParam<MakeRoom> {
-   protected:
     void write(const std::string& file, const std::string& bytes) {
-        Handle handle = Handle::Invalid;  // threads have one each
-        ASSERT_EQ(files.CreateFileA(room->name(file), FileAccess::CreateNew, handle), kSuccess);
+        const Handle handle = open(file, FileAccess::CreateNew);
         EXPECT_EQ(files.WriteFile(handle, bytes), kSuccess);
         EXPECT_EQ(files.FlushFileBuffers(handle), kSuccess);
-        EXPECT_EQ(files.CloseHandle(handle), kSuccess);
+        close(handle);
+    }
+    void replace(const std::string& file, const std::string& bytes) {
+        write("new", bytes);
+        EXPECT_EQ(files.ReplaceFileA(name(file), name("new")), kSuccess);
     }
     std::string read(const std::string& file) {
-        std::string content = "(unread)";
-        if (readWholeFile(files, room->name(file), content) != kSuccess) return "(failed)";
-        return content;
+        std::string content;
+        return readWholeFile(files, name(file), content) == kSuccess ? content : "(failed)";
     }
-
-    std::unique_ptr<Room> room = GetParam()();
-    Files& files = room->files();
-    Handle opened = Handle::Invalid;
+    /// Runs `body` on a thread of its own while `meanwhile` finds it waiting and lets it go.
+    template <class Body, class Meanwhile>
+    void waits(Body body, Meanwhile meanwhile) {
+        std::atomic<bool> done = false;
+        std::thread other([&] {
+            body();
+            done = true;
+        });
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        EXPECT_FALSE(done);
+        meanwhile();
+        other.join();
+    }
 };
 
-inline const auto kRooms = testing::Values(
-    MakeRoom([]() -> std::unique_ptr<Room> { return std::make_unique<MemoryRoom>(); }),
-    MakeRoom([]() -> std::unique_ptr<Room> { return std::make_unique<NativeRoom>(); }));
-
-inline std::string nameOfRoom(const testing::TestParamInfo<MakeRoom>& room) {
-    return room.index == 0 ? "memory" : "native";
+inline std::string nameOfRoom(const testing::TestParamInfo<bool>& room) {
+    return room.param ? "native" : "memory";
 }
 
 }  // namespace quorkit::test

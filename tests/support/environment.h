@@ -1,4 +1,4 @@
-// An environment variable on Linux, for as long as a test needs it.
+// An environment variable, for as long as a test needs it.
 #pragma once
 
 #include <cstdlib>
@@ -20,7 +20,11 @@ class Variable {
     Variable& operator=(const Variable&) = delete;
 
     void set(const Value& value) const {
+#ifdef _WIN32
+        _putenv_s(name_, value.value_or("").c_str());  // which takes an empty one away
+#else
         value ? setenv(name_, value->c_str(), 1) : unsetenv(name_);
+#endif
     }
 
    private:
