@@ -7,33 +7,22 @@
 namespace quorkit::test {
 namespace {
 
-TEST(DriveTypes, HaveNamesInTwoLanguages) {
-    Late file(u"GQuorFile");
+TEST(Drives, HaveTypesSerialNumbersAndShares) {
+    MemoryPorts world;
+    world.drives.drives = {{u"C:", {DRIVE_FIXED, 0x1A2B3C, u""}},
+                           {u"D:", {DRIVE_CDROM, 0xFFFFFFFF, u""}},
+                           {u"N:", {1, 0, u""}},
+                           {u"X:", {DRIVE_REMOTE, 0xBEEF, u"\\\\SRV\\Share"}},
+                           {u"Y:", {7, 0, u"\\\\srv\\share"}}};
+    Late file(u"GQuorFile", world);
     file.expect(
         u"DriveType2DriveTypeName",
         {Row({DRIVE_REMOVABLE}, u"Wechsel-Datentr\u00E4ger"), Row({DRIVE_FIXED}, u"Harddisk"),
          Row({DRIVE_REMOTE, eLanguage_French}, u"Netzwerk-Disk"),
          Row({DRIVE_REMOVABLE, eLanguage_English}, u"Removable Drive"),
          Row({DRIVE_FIXED, eLanguage_English}, u"Fixed Drive"),
-         Row({DRIVE_REMOTE, eLanguage_English}, u"Network Drive"),
-         Row({DRIVE_CDROM, eLanguage_English}, u"CD-ROM"), Row({DRIVE_RAMDISK}, u"RAM-Disk"),
-         Row({Long{1}}, u""), Row({Long{-1}}, u""), Row({Long{7}}, u"")});
-}
-
-class DrivesTest : public testing::Test {
-   protected:
-    DrivesTest() {
-        world.drives.drives = {{u"C:", {DRIVE_FIXED, 0x1A2B3C, u""}},
-                               {u"D:", {DRIVE_CDROM, 0xFFFFFFFF, u""}},
-                               {u"N:", {1, 0, u""}},
-                               {u"X:", {DRIVE_REMOTE, 0xBEEF, u"\\\\SRV\\Share"}},
-                               {u"Y:", {7, 0, u"\\\\srv\\share"}}};
-    }
-    MemoryPorts world;
-    Late file{u"GQuorFile", world};
-};
-
-TEST_F(DrivesTest, HaveTypesAndSerialNumbers) {
+         Row({DRIVE_REMOTE, eLanguage_English}, u"Network Drive"), Row({DRIVE_CDROM}, u"CD-ROM"),
+         Row({DRIVE_RAMDISK}, u"RAM-Disk"), Row({Long{1}}, u""), Row({Long{7}}, u"")});
     file.expect(u"getDriveTypeEx", {Row({u"C:\\x\\y"}, DRIVE_FIXED), Row({u"d:"}, DRIVE_CDROM),
                                     Row({u"\\\\none\\none"}, DRIVE_REMOTE),
                                     Row({u"N:"}, DRIVE_UNKNOWN), Row({u"Y:"}, DRIVE_UNKNOWN),
@@ -42,30 +31,24 @@ TEST_F(DrivesTest, HaveTypesAndSerialNumbers) {
                 {Row({u"c:\\dir"}, u"1A2B3C"), Row({u"D:"}, u"FFFFFFFF"), Row({u"N:"}, u"0"),
                  Row({u"\\\\srv\\share\\dir\\f"}, u"BEEF"), Row({u"\\\\srv\\none"}, u"0"),
                  Row({u"x\\y"}, u"0"), Row({u"C"}, u"0"), Row({u""}, u"0")});
+    file.expect(u"LetterToUNC", {Row({u"x:"}, u"\\\\SRV\\Share"), Row({u"X:\\"}, u""),
+                                 Row({u"X"}, u""), Row({u"C:"}, u""), Row({u""}, u"")});
+    file.expect(u"UNCToLetter", {Row({u"\\\\srv\\SHARE\\dir\\f.txt"}, u"X:"),
+                                 Row({u"\\\\srv\\other"}, u""), Row({u"C:\\x"}, u"")});
+    world.drives.networkAnswer = kGeneralFailure;
+    file.expect(u"LetterToUNC", {Row({u"X:"}, u"")});
+    file.expect(u"UNCToLetter", {Row({u"\\\\srv\\share"}, u"")});
     file.expect(u"GetAllLogicalDrives", {Row({}, u":C:|:D:|:N:|:X:|:Y:|")});
     world.drives.drives.clear();
     file.expect(u"GetAllLogicalDrives", {Row({}, u"")});
 }
 
-TEST_F(DrivesTest, StandForShares) {
-    file.expect(u"LetterToUNC", {Row({u"x:"}, u"\\\\SRV\\Share"), Row({u"X:\\"}, u""),
-                                 Row({u"X"}, u""), Row({u"C:"}, u""), Row({u""}, u"")});
-    file.expect(u"UNCToLetter",
-                {Row({u"\\\\srv\\SHARE\\dir\\f.txt"}, u"X:"), Row({u"\\\\srv\\share"}, u"X:"),
-                 Row({u"\\\\srv\\other"}, u""), Row({u"C:\\x"}, u""), Row({u""}, u"")});
-    world.drives.networkAnswer = kGeneralFailure;
-    file.expect({u"LetterToUNC"}, {Row({u"X:"}, u"")});
-    file.expect({u"UNCToLetter"}, {Row({u"\\\\srv\\share"}, u"")});
-}
-
-/// A network with many connections, counted from 0; every other one has no drive.
+/// A network with many connections without drives, and two with one.
 struct ManyConnections : Drives {
     int asked = 0;
     int GetDriveTypeA(const String&) override { return DRIVE_REMOTE; }
     std::vector<String> GetLogicalDriveStringsA() override { return {u"A:\\", u"Z:\\"}; }
-    ErrorCode GetVolumeInformationA(const String&, std::uint32_t&) override {
-        return kGeneralFailure;
-    }
+    ErrorCode GetVolumeInformationA(const String&, std::uint32_t&) override { return kSuccess; }
     ErrorCode WNetEnumResourceA(std::vector<NetworkConnection>& connections) override {
         ++asked;
         connections.assign(1023, {u"", u"\\\\srv\\none"});
@@ -75,13 +58,14 @@ struct ManyConnections : Drives {
     }
 };
 
-TEST_F(DrivesTest, AreAskedForOnceAndNotWithoutEnd) {
+TEST(Drives, AreAskedForOnceAndNotWithoutEnd) {
+    MemoryPorts world;
     ManyConnections drives;
     Ports ports{world.files, drives, world.system, world.host};
-    Late many(u"GQuorFile", ports);
-    many.expect(u"UNCToLetter", {Row({u"\\\\srv\\z"}, u"Z:")});
+    Late file(u"GQuorFile", ports);
+    file.expect(u"UNCToLetter", {Row({u"\\\\srv\\z"}, u"Z:")});
     EXPECT_EQ(drives.asked, 1);
-    many.expect(u"LetterToUNC", {Row({u"A:"}, u""), Row({u""}, u"\\\\srv\\none")});
+    file.expect(u"LetterToUNC", {Row({u"A:"}, u""), Row({u""}, u"\\\\srv\\none")});
 }
 
 }  // namespace

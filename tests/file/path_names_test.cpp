@@ -1,10 +1,36 @@
 #include <gtest/gtest.h>
+#include <quorkit/GQuorConvert.h>
 #include <quorkit/ports/memory.h>
 
+#include "file/name_parts.h"
+#include "file/wildcard.h"
 #include "support/late.h"
 
 namespace quorkit::test {
 namespace {
+
+TEST(NameParts, SayWhereANameBegins) {
+    using P = NameParts;
+    using Case = std::tuple<StringView, P::Start, char16_t, String, bool>;
+    for (const Case& one :
+         {Case(u"", P::Here, 0, u"", false), Case(u"a\\b/c/", P::Here, 0, u"a|b|c|", true),
+          Case(u"\\a", P::Root, 0, u"a|", false), Case(u"/", P::Root, 0, u"", true),
+          Case(u"//a", P::Root, 0, u"a|", false), Case(u"a:\\a", P::Drive, u'A', u"a|", false),
+          Case(u"Z:/", P::Drive, u'Z', u"", true),
+          Case(u"C:\\\\s\\\\t\\\\", P::Drive, u'C', u"s|t|", true),
+          Case(u"C:a\\b", P::HereOnDrive, u'C', u"a|b|", false),
+          Case(u"d:", P::HereOnDrive, u'D', u"", false),
+          Case(u"1:\\a", P::Here, 0, u"1:|a|", false),
+          Case(u"\u00E4:x", P::Here, 0, u"\u00E4:x|", false),
+          Case(u"\\\\srv\\share\\d", P::Network, 0, u"srv|share|d|", false),
+          Case(u"\\\\", P::Network, 0, u"", true)}) {
+        const StringView name = std::get<StringView>(one);
+        const NameParts parts = partsOf(name);
+        String components;
+        for (const StringView component : parts.components) components += String(component) + u'|';
+        EXPECT_EQ(Case(name, parts.start, parts.drive, components, parts.folder), one);
+    }
+}
 
 TEST(PathNames, AreTakenApart) {
     Late file(u"GQuorFile");
@@ -56,6 +82,41 @@ TEST(PathNames, AreExpandedEnvironmentFirst) {
     world.system.environment = {{u"A", u"[yyyy]"}};
     Late file(u"GQuorFile", world);
     file.expect(u"ExpandFileName", {Row({u"%a%\\x[m].log"}, u"1970\\x1.log")});
+}
+
+std::vector<String> words(const String& text) {
+    Array<String> array;
+    GQuorConvert().StringTokenToStringArray(text, u" ", array);
+    return array.elements();
+}
+
+TEST(Wildcard, MatchesAsWindowsDoes) {
+    const String all = u"a ab a.b a.txt A.TXT2 b.tar.gz .x readme a..b \u00C4b.c ";
+    using Case = std::pair<String, String>;  // patterns, and the names that each of them matches
+    for (const auto& [patterns, matched] :
+         {Case(u"* *.* *.*.* *?", all), Case(u" a\"b", u""), Case(u"*.", u"a ab readme "),
+          Case(u"a*. a? a??", u"a ab "), Case(u"*.txt a.txt a.txt. a.t?t", u"a.txt "),
+          Case(u"*.TXT*", u"a.txt A.TXT2 "), Case(u"*.t*", u"a.txt A.TXT2 b.tar.gz "),
+          Case(u"*a*.g*", u"b.tar.gz "), Case(u"readme.*", u"readme "), Case(u".*", u".x "),
+          Case(u"a.*", u"a a.b a.txt A.TXT2 a..b "), Case(u"a*.*", u"a ab a.b a.txt A.TXT2 a..b "),
+          Case(u"?.?", u"a a.b .x "),
+          Case(u"??.*", u"a ab a.b a.txt A.TXT2 b.tar.gz .x a..b \u00C4b.c "),
+          Case(u"*.?", u"a ab a.b .x readme a..b \u00C4b.c "), Case(u"a.???", u"a a.b a.txt "),
+          Case(u"*b", u"ab a.b a..b "), Case(u"*..*", u"a..b "), Case(u"\u00E4?.C", u"\u00C4b.c ")})
+        for (const String& pattern : words(patterns)) {
+            const Wildcard wildcard(pattern);
+            String found;
+            for (const String& name : words(all))
+                if (wildcard.matches(name)) found += name + u' ';
+            EXPECT_EQ(found, matched) << testing::PrintToString(pattern);
+        }
+}
+
+TEST(Wildcard, TakesNoLongerForManyRuns) {
+    String pattern;
+    for (int i = 0; i < 300; ++i) pattern += u"*a?";
+    EXPECT_FALSE(Wildcard(pattern + u"b").matches(String(3000, u'a')));
+    EXPECT_TRUE(Wildcard(pattern).matches(String(3000, u'a')));
 }
 
 }  // namespace

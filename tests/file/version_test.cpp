@@ -4,38 +4,30 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "support/late.h"
 
 namespace quorkit::test {
 namespace {
 
-const String kVersion = u"65535.2.0.40000";
-
-/// A real DLL of either kind.
-std::filesystem::path imageFor(const char* machine) {
-    return std::filesystem::path(QUORKIT_TEST_DLLS) / (std::string("version-") + machine + ".dll");
-}
-
 class FileVersion : public testing::TestWithParam<const char*> {};
-INSTANTIATE_TEST_SUITE_P(Of, FileVersion, testing::Values("x86_64", "i686"));
-
-TEST_P(FileVersion, IsThatOfTheDll) {
-    const String name = imageFor(GetParam()).u16string();
-    const Variant one = Long{1};
-    Late file(u"GQuorFile");
-    file.expect(u"getFileVersion", {Row({name}, kVersion), Row({u""}, u"")});
-    file.expect(u"getFileVersionNumbers",
-                {Row({name, one, one, one, one}, {true, 65535, 2, 0, 40000}),
-                 Row({u"", one, one, one, one}, {false, 1, 1, 1, 1})});
-}
+INSTANTIATE_TEST_SUITE_P(Of, FileVersion,
+                         testing::Values("version-x86_64.dll", "version-i686.dll"));
 
 /// Damaged copies: the version is either found or not, and nothing else happens.
-TEST_P(FileVersion, SurvivesDamage) {
-    std::ifstream stream(imageFor(GetParam()), std::ios::binary);
-    const std::string whole{std::istreambuf_iterator<char>(stream), {}};
+TEST_P(FileVersion, IsThatOfTheDllAndSurvivesDamage) {
+    const String name = (std::filesystem::path(QUORKIT_TEST_DLLS) / GetParam()).u16string();
+    const String version = u"65535.2.0.40000";
+    const Variant one = Long{1};
+    Late late(u"GQuorFile");
+    late.expect(u"getFileVersion", {Row({name}, version), Row({u""}, u"")});
+    late.expect(u"getFileVersionNumbers",
+                {Row({name, one, one, one, one}, {true, 65535, 2, 0, 40000}),
+                 Row({u"", one, one, one, one}, {false, 1, 1, 1, 1})});
+
+    Array<Byte> bytes;
+    GQuorFile().LoadFileToByteArray(name, bytes);
+    const std::string whole(bytes.elements().begin(), bytes.elements().end());
     MemoryPorts world;
     GQuorFile file(world);
     const auto versionOf = [&](std::string image) {
@@ -45,7 +37,7 @@ TEST_P(FileVersion, SurvivesDamage) {
     const std::size_t end = whole.find("\xBD\x04\xEF\xFE") + 52;
     std::size_t lost = 0;
     for (std::size_t at = 0; at < whole.size(); ++at) {
-        EXPECT_EQ(versionOf(whole.substr(0, at)), at < end ? u"" : kVersion) << at;
+        EXPECT_EQ(versionOf(whole.substr(0, at)), at < end ? u"" : version) << at;
         for (const int damaged : {0xFF, whole[at] ^ 0x80, whole[at] ^ 0x01}) {
             std::string image = whole;
             image[at] = static_cast<char>(damaged);
@@ -61,15 +53,13 @@ TEST_P(FileVersion, SurvivesDamage) {
     const std::size_t section = whole.find(".rsrc");
     const std::size_t root = byteAt(section + 20) + 256u * byteAt(section + 21);
     const std::string back("\0\0\0\x80", 4);
-    const std::tuple<std::size_t, std::string, String> hostile[] = {
-        {whole.find(std::string("PE\0\0", 4)) + 6, "\xFF\xFF", kVersion},
-        {root + 14, "\xFF\xFF", kVersion},
-        {root + 12, "\xFF\xFF\xFF\xFF", u""},
-        {root + 20, back + whole.substr(root + 24, 12) + back, u""},
-    };
-    for (const auto& [at, bytes, expected] : hostile) {
+    using Case = std::tuple<std::size_t, std::string, String>;
+    for (const auto& [at, damage, expected] :
+         {Case(whole.find(std::string("PE\0\0", 4)) + 6, "\xFF\xFF", version),
+          Case(root + 14, "\xFF\xFF", version), Case(root + 12, "\xFF\xFF\xFF\xFF", u""),
+          Case(root + 20, back + whole.substr(root + 24, 12) + back, u"")}) {
         std::string image = whole + std::string(4 << 20, '\xFF');
-        EXPECT_EQ(versionOf(image.replace(at, bytes.size(), bytes)), expected) << at;
+        EXPECT_EQ(versionOf(image.replace(at, damage.size(), damage)), expected) << at;
     }
 }
 
