@@ -6,32 +6,13 @@
 #include <vector>
 
 #include "file/file_error.h"
+#include "file/open_file.h"
 #include "file/whole_file.h"
 
 namespace quorkit {
 namespace {
 
 constexpr Long kFirstIndex = 1;
-
-/// A file that is closed on every way out.
-class OpenFile {
-   public:
-    OpenFile(Files& files, const String& name)
-        : files_(files), status_(files.CreateFileA(name, FileAccess::Read, handle_)) {}
-    ~OpenFile() {
-        if (status_ == kSuccess) files_.CloseHandle(handle_);
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-
-    ErrorCode status() const { return status_; }
-    Handle handle() const { return handle_; }
-
-   private:
-    Files& files_;
-    Handle handle_ = Handle::Invalid;
-    ErrorCode status_;
-};
 
 void require(ErrorCode code) {
     if (code != kSuccess) raiseFileError(code);
@@ -40,17 +21,16 @@ void require(ErrorCode code) {
 }  // namespace
 
 void GQuorFile::LoadFileToByteArray(const String& vsFileName, Array<Byte>& rbaArray) {
-    const OpenFile file(ports_.files, vsFileName);
+    OpenFile file(ports_.files, vsFileName);
+    const std::uint64_t size = file.size();
     require(file.status());
-    std::uint64_t size = 0;
-    require(ports_.files.GetFileSizeEx(file.handle(), size));
     if (size > std::numeric_limits<Long>::max()) raise(ErrorNumber::Overflow);
 
     std::vector<Byte> bytes(static_cast<std::size_t>(size));
     std::size_t used = 0;
     for (std::size_t got = 1; got != 0 && used < bytes.size(); used += got)
-        require(ports_.files.ReadFile(file.handle(), reinterpret_cast<char*>(bytes.data()) + used,
-                                      bytes.size() - used, got));
+        got = file.read(reinterpret_cast<char*>(bytes.data()) + used, bytes.size() - used);
+    require(file.status());
     if (used == 0) raise(ErrorNumber::SubscriptOutOfRange);
     bytes.resize(used);
     rbaArray = Array<Byte>(std::move(bytes), kFirstIndex);

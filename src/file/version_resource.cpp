@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "file/open_file.h"
+
 namespace quorkit {
 namespace {
 
@@ -21,10 +23,7 @@ using Offset = std::optional<std::uint64_t>;
 
 class Image {
    public:
-    Image(Files& files, Handle handle) : files_(files), handle_(handle) {}
-    ~Image() { files_.CloseHandle(handle_); }
-    Image(const Image&) = delete;
-    Image& operator=(const Image&) = delete;
+    Image(Files& files, const String& name) : file_(files, name) {}
 
     std::optional<FileVersion> version() {
         const Offset resources = readHeaders() ? fileOffset(resourceAddress_) : std::nullopt;
@@ -42,13 +41,13 @@ class Image {
 
     /// `size` bytes; nothing when the file does not hold them all.
     Bytes read(std::uint64_t offset, std::size_t size) {
-        if (files_.SetFilePointerEx(handle_, offset) != kSuccess) return {};
+        file_.seek(offset);
         std::string bytes(size, '\0');
-        std::size_t count = 0;
-        for (std::size_t used = 0; used < size; used += count)
-            if (files_.ReadFile(handle_, bytes.data() + used, size - used, count) != kSuccess ||
-                count == 0)
-                return {};
+        for (std::size_t used = 0; used < size;) {
+            const std::size_t count = file_.read(bytes.data() + used, size - used);
+            if (count == 0) return {};
+            used += count;
+        }
         return bytes;
     }
 
@@ -141,8 +140,7 @@ class Image {
     static constexpr std::size_t kDirectorySize = 16;
     static constexpr std::size_t kEntrySize = 8;
 
-    Files& files_;
-    Handle handle_;
+    OpenFile file_;
     std::uint32_t resourceAddress_ = 0;
     std::string sections_;
 };
@@ -150,9 +148,7 @@ class Image {
 }  // namespace
 
 std::optional<FileVersion> readFileVersion(Files& files, const String& name) {
-    Handle handle = Handle::Invalid;
-    if (files.CreateFileA(name, FileAccess::Read, handle) != kSuccess) return {};
-    return Image(files, handle).version();
+    return Image(files, name).version();
 }
 
 }  // namespace quorkit

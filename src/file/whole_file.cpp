@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "file/open_file.h"
+
 namespace quorkit {
 namespace {
 
@@ -26,23 +28,20 @@ ErrorCode readWholeFile(Files& files, const String& name, std::string& content) 
 
 ErrorCode readPart(Files& files, const String& name, std::uint64_t start, std::size_t most,
                    std::string& content) {
-    Handle handle = Handle::Invalid;
-    if (const ErrorCode code = files.CreateFileA(name, FileAccess::Read, handle)) return code;
-    std::uint64_t size = 0;
-    ErrorCode code = files.GetFileSizeEx(handle, size);
-    if (code == kSuccess && start != 0) code = files.SetFilePointerEx(handle, start);
+    OpenFile file(files, name);
+    const std::uint64_t size = file.size();
+    if (start != 0) file.seek(start);
     // The size is a hint: one byte more shows the end, and a file that grows is read on.
     const std::uint64_t rest = size > start ? size - start + 1 : 1;
     std::size_t used = 0;
     content.clear();
-    for (std::size_t got = 1; code == kSuccess && got != 0 && used < most; used += got) {
+    for (std::size_t got = 1; got != 0 && used < most; used += got) {
         if (used == content.size())
             content.resize(std::min(most, used == 0 ? static_cast<std::size_t>(rest) : used * 2));
-        code = files.ReadFile(handle, content.data() + used, content.size() - used, got);
+        got = file.read(content.data() + used, content.size() - used);
     }
-    content.resize(code == kSuccess ? used : 0);
-    const ErrorCode closed = files.CloseHandle(handle);
-    return code != kSuccess ? code : closed;
+    content.resize(used);
+    return file.status();
 }
 
 LockedFile::LockedFile(Files& files, const String& name, Wait wait) : files_(files), wait_(wait) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "file/open_file.h"
 #include "file/whole_file.h"
 #include "frame/error_patterns.h"
 #include "logfile/log_text.h"
@@ -14,12 +15,9 @@ namespace {
 
 /// The size of the file; nothing when there is none that can be read.
 std::optional<std::uint64_t> sizeOf(Files& files, const String& name) {
-    Handle file = Handle::Invalid;
-    if (files.CreateFileA(name, FileAccess::Read, file) != kSuccess) return std::nullopt;
-    std::uint64_t size = 0;
-    const ErrorCode code = files.GetFileSizeEx(file, size);
-    files.CloseHandle(file);
-    return code == kSuccess ? std::optional(size) : std::nullopt;
+    OpenFile file(files, name);
+    const std::uint64_t size = file.size();
+    return file.status() == kSuccess ? std::optional(size) : std::nullopt;
 }
 
 /// What stays of a plain file of `size` bytes.

@@ -132,36 +132,46 @@ TEST(LogReliability, AFileThatIsKeptOpenIsNotShortenedByOthers) {
 TEST(LogReliability, EveryFailingOperationLeavesWhatWasThere) {
     const std::string before = "first\r\nsecond\r\nthird\r\nfourth\r\n";
     const std::string shortened = "third\r\nfourth";
-    for (const bool keptOpen : {false, true})
-        for (std::size_t failing = 1;; ++failing) {
-            Scratch scratch;
-            scratch.write("a.log", before);
-            FaultyFiles files(ports::native().files);
-            Ports ports{files, ports::native().drives, ports::native().system,
-                        ports::native().host};
-            QuorLogFile log(ports);
-            log.setLogFileName(scratch.name("a.log"));
-            log.setAppend(true);
-            log.setMaxFileSize(20);
-            log.setAutoOpenClose(!keptOpen);
-            if (keptOpen) log.OpenLogfile();
-            files.answer(failing, kDiskFull);
-            String entry = u"new";
-            log.writeLogfileEntry(entry, eLogEntryType_Error);
-            const std::size_t calls = files.calls();
-            log.CloseLogfile();
-            const std::string after = scratch.read("a.log");
-            const bool fits = after == before || after == before + "new\r\n" ||
-                              after == shortened || after == shortened + "new\r\n";
-            EXPECT_TRUE(fits) << failing << after;
-            files.answer(static_cast<std::size_t>(-1), kSuccess);
-            EXPECT_TRUE(log.limitFileSize(scratch.name("a.log"), Long{20}));
-            EXPECT_EQ(scratch.count(), 1u) << failing;
-            if (calls < failing) {
-                EXPECT_EQ(after, shortened + "new\r\n");
-                break;
-            }
+    const std::string entry = "new\r\n";
+    FaultyFiles files(ports::native().files);
+    Ports ports{files, ports::native().drives, ports::native().system, ports::native().host};
+    // The content after an entry, with such a fault.
+    const auto write = [&](bool keptOpen, std::size_t failing, const char* operation) {
+        Scratch scratch;
+        scratch.write("a.log", before);
+        QuorLogFile log(ports);
+        log.setLogFileName(scratch.name("a.log"));
+        log.setAppend(true);
+        log.setMaxFileSize(20);
+        log.setAutoOpenClose(!keptOpen);
+        if (keptOpen) log.OpenLogfile();
+        files.answer(failing, kDiskFull, operation);
+        String text = u"new";
+        log.writeLogfileEntry(text, eLogEntryType_Error);
+        log.CloseLogfile();
+        const std::size_t calls = files.calls();
+        const std::string after = scratch.read("a.log");
+        files.answer(static_cast<std::size_t>(-1), kSuccess);
+        EXPECT_TRUE(log.limitFileSize(scratch.name("a.log"), Long{20}));
+        EXPECT_EQ(scratch.count(), 1u) << failing;
+        return std::pair(after, calls);
+    };
+    for (const bool keptOpen : {false, true}) {
+        std::size_t operations = 1;
+        for (std::size_t failing = 1; failing <= operations; ++failing) {
+            const auto [after, calls] = write(keptOpen, failing, "");
+            operations = std::max(operations, calls);
+            EXPECT_TRUE(after == before || after == before + entry || after == shortened ||
+                        after == shortened + entry)
+                << failing << after;
         }
+        EXPECT_GT(operations, 15u);
+        EXPECT_EQ(write(keptOpen, operations + 1, "").first, shortened + entry);
+        // A failing shortening costs no entry.
+        for (const char* operation : {"GetFinal", "LockFile", "GetFileSize", "SetFilePointer",
+                                      "FlushFileBuffers", "ReplaceFile"})
+            EXPECT_EQ(write(keptOpen, 0, operation).first, before + entry) << operation;
+    }
 }
 
 }  // namespace
