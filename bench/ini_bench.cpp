@@ -69,7 +69,7 @@ QuorInifile on(const std::string& name, Ports& ports = ports::native()) {
 Ports& unflushed() {
     static FaultyFiles files(ports::native().files);
     files.answer(0, kSuccess, "Flush");
-    static Ports ports{files, ports::native().drives, ports::native().system, ports::native().host};
+    static Ports ports = ports::native().with(files);
     return ports;
 }
 

@@ -3,6 +3,7 @@
 #include "native/drives.h"
 #include "native/files.h"
 #include "native/host.h"
+#include "native/registry.h"
 #include "native/system.h"
 
 namespace quorkit::ports {
@@ -12,7 +13,7 @@ Ports& native() {
     static NativeDrives drives;
     static NativeSystem system;
     static NativeHost host;
-    static Ports ports{files, drives, system, host};
+    static Ports ports{files, drives, nativeRegistry(), system, host};
     return ports;
 }
 

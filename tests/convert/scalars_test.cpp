@@ -113,7 +113,7 @@ TEST(Languages, TheSystemsOwnIsALanguageNumber) {
         }
     } system;
     MemoryPorts world;
-    Ports ports{world.files, world.drives, system, world.host};
+    Ports ports{world.files, world.drives, world.registry, system, world.host};
     Late convert(u"GQuorConvert", ports);
     const LanguageIdentifier cases[][3] = {{1031, 1036, 1}, {0, 1036, 2},      {0, 0, 0},
                                            {3082, 1031, 0}, {0xFFFF, 1031, 0}, {13, 1040, 3}};

@@ -29,7 +29,7 @@ class Disk : public testing::Test {
     String f = scratch.name("f");
     MemoryPorts memory;
     FaultyFiles files{ports::native().files};
-    Ports ports{files, memory.drives, memory.system, memory.host};
+    Ports ports = memory.ports.with(files);
     Late file{u"GQuorFile", ports};
 };
 

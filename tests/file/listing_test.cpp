@@ -53,7 +53,7 @@ class Listing : public testing::Test {
 
     MemoryPorts world;
     FaultyFiles files{world.files};
-    Ports ports{files, world.drives, world.system, world.host};
+    Ports ports = world.ports.with(files);
     Late file{u"GQuorFile", ports};
 };
 

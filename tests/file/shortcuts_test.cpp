@@ -25,7 +25,7 @@ class Shortcuts : public testing::Test {
 
     MemoryPorts world;
     FaultyFiles files{world.files};
-    Ports ports{files, world.drives, world.system, world.host};
+    Ports ports = world.ports.with(files);
     Late file{u"GQuorFile", ports};
 };
 

@@ -30,7 +30,7 @@ TEST(IniReliability, EveryFailingOperationLeavesOldOrNewContent) {
     for (const auto& write : writes) {
         Scratch scratch;
         FaultyFiles files(ports::native().files);
-        Ports ports{files, ports::native().drives, ports::native().system, ports::native().host};
+        Ports ports = ports::native().with(files);
         QuorInifile ini(ports);
         ini.setIniFileName(scratch.name("s.ini"));
 
@@ -61,7 +61,7 @@ TEST(IniReliability, EveryFailingOperationLeavesOldOrNewContent) {
 int writeKeys(const std::vector<std::string>& arguments) {
     FaultyFiles files(ports::native().files);
     files.answer(0, kSuccess, "Flush");  // what a dying process leaves does not depend on the disk
-    Ports ports{files, ports::native().drives, ports::native().system, ports::native().host};
+    Ports ports = ports::native().with(files);
     QuorInifile ini(ports);
     ini.setIniFileName(std::filesystem::path(arguments[0]).u16string());
     const String prefix(arguments[1].begin(), arguments[1].end());

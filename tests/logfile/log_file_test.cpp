@@ -23,7 +23,7 @@ class LogFile : public testing::Test {
 
     Scratch scratch;
     MemoryPorts world;
-    Ports ports{ports::native().files, world.drives, world.system, world.host};
+    Ports ports = world.ports.with(ports::native().files);
     Late log{u"QuorLogFile", ports};
 };
 

@@ -134,7 +134,7 @@ TEST(LogReliability, EveryFailingOperationLeavesWhatWasThere) {
     const std::string shortened = "third\r\nfourth";
     const std::string entry = "new\r\n";
     FaultyFiles files(ports::native().files);
-    Ports ports{files, ports::native().drives, ports::native().system, ports::native().host};
+    Ports ports = ports::native().with(files);
     // The content after an entry, with such a fault.
     const auto write = [&](bool keptOpen, std::size_t failing, const char* operation) {
         Scratch scratch;

@@ -23,8 +23,10 @@ enum ErrorCode : std::uint32_t {
     kSharingViolation = 32,
     kLockViolation = 33,
     kFileExists = 80,
+    kInvalidParameter = 87,
     kDiskFull = 112,
     kInvalidName = 123,
+    kBadPathName = 161,
     kFileReplaced = 1006,
 };
 

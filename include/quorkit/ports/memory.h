@@ -5,6 +5,7 @@
 
 #include <quorkit/ports/drives.h>
 #include <quorkit/ports/files.h>
+#include <quorkit/ports/hives.h>
 #include <quorkit/ports/host.h>
 #include <quorkit/ports/ports.h>
 #include <quorkit/ports/system.h>
@@ -121,6 +122,23 @@ class MemoryDrives final : public Drives {
     ErrorCode WNetEnumResourceA(std::vector<NetworkConnection>& connections) override;
 };
 
+/// A registry that is empty at the start, and gone at the end.
+class MemoryRegistry final : public HiveRegistry {
+   public:
+    MemoryRegistry();
+    ~MemoryRegistry() override;
+    MemoryRegistry(const MemoryRegistry&) = delete;
+    MemoryRegistry& operator=(const MemoryRegistry&) = delete;
+
+    /// Whether nothing beneath the machine's root can be changed, as it is for ordinary users.
+    void setMachineReadOnly(bool readOnly = true);
+
+   private:
+    struct Hives;
+    explicit MemoryRegistry(std::unique_ptr<Hives> hives);
+    std::unique_ptr<Hives> hives_;
+};
+
 /// A user who answers dialogs as told, and a record of what was shown.
 class MemoryHost final : public Host {
    public:
@@ -146,9 +164,10 @@ class MemoryHost final : public Host {
 struct MemoryPorts {
     MemoryFiles files;
     MemoryDrives drives;
+    MemoryRegistry registry;
     MemorySystem system;
     MemoryHost host;
-    Ports ports{files, drives, system, host};
+    Ports ports{files, drives, registry, system, host};
     operator Ports&() { return ports; }  // NOLINT(google-explicit-constructor): it is one
 };
 

@@ -7,13 +7,18 @@ namespace quorkit {
 class Drives;
 class Files;
 class Host;
+class Registry;
 class System;
 
 struct Ports {
     Files& files;
     Drives& drives;
+    Registry& registry;
     System& system;
     Host& host;
+
+    /// This world with other files.
+    Ports with(Files& others) const { return {others, drives, registry, system, host}; }
 };
 
 namespace ports {

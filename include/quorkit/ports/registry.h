@@ -1,0 +1,106 @@
+// The registry as operations: a tree of keys, each with named values.
+#pragma once
+
+#include <quorkit/ports/files.h>
+#include <quorkit/values.h>
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace quorkit {
+
+/// By the numbers of Win32.
+enum class RegistryRoot : std::uint32_t {
+    None = 0,
+    ClassesRoot = 0x80000000,
+    CurrentUser = 0x80000001,
+    LocalMachine = 0x80000002,
+};
+
+enum class RegistryAccess : std::uint32_t {
+    Read = 0x20019,
+    Write = 0x20006,
+};
+
+/// Types of values, by the numbers of Win32. Any other number is carried along.
+enum RegistryType : std::uint32_t {
+    kRegNone = 0,
+    kRegString = 1,
+    kRegExpandString = 2,
+    kRegBinary = 3,
+    kRegDWord = 4,
+    kRegMultiString = 7,
+};
+
+/// Whether the data of a type is text, UTF-16 with the lower byte first.
+inline bool isRegistryText(std::uint32_t type) {
+    return type == kRegString || type == kRegExpandString || type == kRegMultiString;
+}
+
+/// A type and its data: bytes, with whatever U+0000 a text ends in.
+struct RegistryValue {
+    std::uint32_t type = kRegNone;
+    std::string data;
+
+    bool operator==(const RegistryValue&) const = default;
+};
+
+/// The value with the empty name is the key's default value.
+struct NamedValue {
+    String name;
+    RegistryValue value;
+
+    bool operator==(const NamedValue&) const = default;
+};
+
+/// Something in the store that a person has to mend.
+struct RegistryDamage {
+    String place;  ///< a path, and ":" and a line where it is one line
+    String what;
+};
+
+/// Names of keys and values keep their spelling and match without regard to letter case. A name of
+/// a key has at most 255 characters, one of a value 16,383; a path is names with one "\" or several
+/// between them and behind the last. It may not begin with one (kBadPathName). A name that holds
+/// U+0000 or is too long gives kInvalidParameter.
+///
+/// kFileNotFound for a key or a value that is not there, kAccessDenied for one that is not for this
+/// user. An operation that fails changes nothing unless it says so.
+///
+/// The classes root shows HKEY_CURRENT_USER\Software\Classes over
+/// HKEY_LOCAL_MACHINE\Software\Classes. On Linux it has the keys and values of both, the user's
+/// first; what is written there goes to the user's key if it exists, otherwise to the machine's.
+class Registry {
+   public:
+    virtual ~Registry() = default;
+
+    /// Opens a key; the empty path is the root itself, None has no keys. On success RegCloseKey
+    /// must follow.
+    virtual ErrorCode RegOpenKeyExA(RegistryRoot root, const String& path, RegistryAccess access,
+                                    Handle& key) = 0;
+    /// Opens a key for writing, and makes it and what is missing above it. A failure may leave some
+    /// of the keys above it made.
+    virtual ErrorCode RegCreateKeyA(RegistryRoot root, const String& path, Handle& key) = 0;
+    virtual void RegCloseKey(Handle key) = 0;
+
+    virtual ErrorCode RegQueryValueExA(Handle key, const String& name, RegistryValue& value) = 0;
+    /// Sets values: all of them or, on a failure, none; only Windows may keep some then.
+    virtual ErrorCode RegSetValueExA(Handle key, std::span<const NamedValue> values) = 0;
+    virtual ErrorCode RegDeleteValueA(Handle key, const String& name) = 0;
+    /// All values of a key, in the system's order.
+    virtual ErrorCode RegEnumValueA(Handle key, std::vector<NamedValue>& values) = 0;
+    /// The names of all keys directly beneath a key, in the system's order.
+    virtual ErrorCode RegEnumKeyExA(Handle key, std::vector<String>& names) = 0;
+    /// Deletes the key `name` beneath `parent`, which is open for writing, with its values.
+    /// kAccessDenied when it has keys beneath it; kInvalidParameter when `name` is empty or holds
+    /// a "\".
+    virtual ErrorCode RegDeleteKeyA(Handle parent, const String& name) = 0;
+
+    /// What is damaged in the store where it is the library's own; nothing where it is the
+    /// system's.
+    virtual std::vector<RegistryDamage> check() = 0;
+};
+
+}  // namespace quorkit

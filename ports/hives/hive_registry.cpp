@@ -1,0 +1,185 @@
+#include <quorkit/ports/hives.h>
+
+#include <algorithm>
+#include <memory>
+#include <unordered_set>
+#include <utility>
+
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+namespace {
+
+constexpr std::size_t kLongestKeyName = 255;
+constexpr std::size_t kLongestValueName = 16'383;
+constexpr std::size_t kDeepestKey = 512;
+
+constexpr const char16_t* kClasses[] = {u"Software", u"Classes"};
+
+bool isName(StringView name, std::size_t longest) {
+    return name.size() <= longest && name.find(u'\0') == StringView::npos;
+}
+
+ErrorCode split(StringView path, Hive::Path& names) {
+    if (path.starts_with(u'\\')) return kBadPathName;
+    while (!path.empty()) {
+        const StringView name = path.substr(0, path.find(u'\\'));
+        path.remove_prefix(std::min(path.size(), name.size() + 1));
+        if (name.empty()) continue;
+        if (!isName(name, kLongestKeyName) || names.size() == kDeepestKey) return kInvalidParameter;
+        names.emplace_back(name);
+    }
+    return kSuccess;
+}
+
+using Names = std::unordered_set<String, runtime::TextHash, runtime::TextEqual>;
+
+/// Appends what `list` finds in each of the places, but for what an earlier place has too. At least
+/// one of them must be there.
+template <class Places, class Entry, class List, class NameOf>
+ErrorCode listAll(const Places& places, std::vector<Entry>& found, List list, NameOf nameOf) {
+    ErrorCode result = kFileNotFound;
+    Names seen;
+    for (const auto& place : places) {
+        std::vector<Entry> here;
+        const ErrorCode code = list(place, here);
+        if (code == kFileNotFound) continue;
+        if (code != kSuccess) return code;
+        result = kSuccess;
+        if (places.size() == 1) {
+            found = std::move(here);
+            break;
+        }
+        for (Entry& entry : here)
+            if (seen.insert(nameOf(entry)).second) found.push_back(std::move(entry));
+    }
+    return result;
+}
+
+/// What `ask` answers for the first of the places that has what it asks for.
+template <class Places, class Ask>
+ErrorCode askFirst(Places& places, Ask ask) {
+    ErrorCode code = kFileNotFound;
+    for (auto& place : places) {
+        code = ask(place);
+        if (code != kFileNotFound) break;
+    }
+    return code;
+}
+
+}  // namespace
+
+struct HiveRegistry::OpenKey {
+    std::vector<Place> places;
+    bool reads;
+    bool writes;
+
+    static const OpenKey& of(Handle key) { return *reinterpret_cast<const OpenKey*>(key); }
+    static Handle handOut(std::vector<Place> places, bool reads, bool writes) {
+        return Handle(
+            reinterpret_cast<std::intptr_t>(new OpenKey{std::move(places), reads, writes}));
+    }
+};
+
+ErrorCode HiveRegistry::placesOf(RegistryRoot root, const String& path,
+                                 std::vector<Place>& places) {
+    Hive::Path names;
+    if (root == RegistryRoot::ClassesRoot) names.assign(std::begin(kClasses), std::end(kClasses));
+    const ErrorCode code = split(path, names);
+    if (code != kSuccess) return code;
+    if (root == RegistryRoot::None) return kInvalidHandle;
+    if (root != RegistryRoot::LocalMachine) places.push_back({&user_, names});
+    if (root != RegistryRoot::CurrentUser) places.push_back({&machine_, std::move(names)});
+    return kSuccess;
+}
+
+ErrorCode HiveRegistry::RegOpenKeyExA(RegistryRoot root, const String& path, RegistryAccess access,
+                                      Handle& key) {
+    std::vector<Place> places;
+    ErrorCode code = placesOf(root, path, places);
+    if (code == kSuccess)
+        code = askFirst(places,
+                        [&](const Place& place) { return place.hive->open(place.path, access); });
+    if (code == kSuccess)
+        key = OpenKey::handOut(std::move(places), access == RegistryAccess::Read,
+                               access == RegistryAccess::Write);
+    return code;
+}
+
+ErrorCode HiveRegistry::RegCreateKeyA(RegistryRoot root, const String& path, Handle& key) {
+    std::vector<Place> places;
+    ErrorCode code = placesOf(root, path, places);
+    if (code != kSuccess) return code;
+    code = askFirst(places, [](const Place& place) {
+        return place.hive->open(place.path, RegistryAccess::Write);
+    });
+    if (code == kFileNotFound) code = places.back().hive->create(places.back().path);
+    if (code == kSuccess) key = OpenKey::handOut(std::move(places), true, true);
+    return code;
+}
+
+void HiveRegistry::RegCloseKey(Handle key) {
+    delete &OpenKey::of(key);
+}
+
+ErrorCode HiveRegistry::RegQueryValueExA(Handle key, const String& name, RegistryValue& value) {
+    const OpenKey& open = OpenKey::of(key);
+    if (!open.reads) return kAccessDenied;
+    if (!isName(name, kLongestValueName)) return kInvalidParameter;
+    return askFirst(open.places,
+                    [&](const Place& place) { return place.hive->value(place.path, name, value); });
+}
+
+ErrorCode HiveRegistry::RegSetValueExA(Handle key, std::span<const NamedValue> values) {
+    const OpenKey& open = OpenKey::of(key);
+    if (!open.writes) return kAccessDenied;
+    for (const NamedValue& one : values)
+        if (!isName(one.name, kLongestValueName)) return kInvalidParameter;
+    return askFirst(open.places,
+                    [&](const Place& place) { return place.hive->setValues(place.path, values); });
+}
+
+ErrorCode HiveRegistry::RegDeleteValueA(Handle key, const String& name) {
+    const OpenKey& open = OpenKey::of(key);
+    if (!open.writes) return kAccessDenied;
+    if (!isName(name, kLongestValueName)) return kInvalidParameter;
+    return askFirst(open.places,
+                    [&](const Place& place) { return place.hive->deleteValue(place.path, name); });
+}
+
+ErrorCode HiveRegistry::RegEnumValueA(Handle key, std::vector<NamedValue>& values) {
+    const OpenKey& open = OpenKey::of(key);
+    if (!open.reads) return kAccessDenied;
+    return listAll(
+        open.places, values,
+        [](const Place& place, auto& here) { return place.hive->values(place.path, here); },
+        [](const NamedValue& one) { return one.name; });
+}
+
+ErrorCode HiveRegistry::RegEnumKeyExA(Handle key, std::vector<String>& names) {
+    const OpenKey& open = OpenKey::of(key);
+    if (!open.reads) return kAccessDenied;
+    return listAll(
+        open.places, names,
+        [](const Place& place, auto& here) { return place.hive->subKeys(place.path, here); },
+        [](const String& name) { return name; });
+}
+
+ErrorCode HiveRegistry::RegDeleteKeyA(Handle parent, const String& name) {
+    const OpenKey& open = OpenKey::of(parent);
+    if (!open.writes) return kAccessDenied;
+    if (name.empty() || !isName(name, kLongestKeyName) || name.find(u'\\') != String::npos)
+        return kInvalidParameter;
+    return askFirst(open.places, [&](Place place) {
+        place.path.push_back(name);
+        return place.hive->deleteKey(place.path);
+    });
+}
+
+std::vector<RegistryDamage> HiveRegistry::check() {
+    std::vector<RegistryDamage> damage = user_.check();
+    std::ranges::move(machine_.check(), std::back_inserter(damage));
+    return damage;
+}
+
+}  // namespace quorkit

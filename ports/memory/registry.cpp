@@ -1,0 +1,99 @@
+#include <quorkit/ports/memory.h>
+
+#include "memory/hive.h"
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+
+MemoryHive::Key* MemoryHive::find(const Path& path) {
+    Key* key = &root_;
+    for (const String& name : path) {
+        const auto found = key->keys.find(runtime::toLower(name));
+        if (found == key->keys.end()) return nullptr;
+        key = &found->second;
+    }
+    return key;
+}
+
+ErrorCode MemoryHive::find(const Path& path, Key*& key) {
+    key = find(path);
+    if (key == nullptr) return kFileNotFound;
+    return readOnly ? kAccessDenied : kSuccess;
+}
+
+ErrorCode MemoryHive::open(const Path& path, RegistryAccess access) {
+    if (find(path) == nullptr) return kFileNotFound;
+    return readOnly && access == RegistryAccess::Write ? kAccessDenied : kSuccess;
+}
+
+ErrorCode MemoryHive::create(const Path& path) {
+    if (readOnly) return kAccessDenied;
+    Key* key = &root_;
+    for (const String& name : path)
+        key = &key->keys.try_emplace(runtime::toLower(name), Key{name, {}, {}}).first->second;
+    return kSuccess;
+}
+
+ErrorCode MemoryHive::value(const Path& path, const String& name, RegistryValue& value) {
+    const Key* key = find(path);
+    if (key == nullptr) return kFileNotFound;
+    const auto found = key->values.find(runtime::toLower(name));
+    if (found == key->values.end()) return kFileNotFound;
+    value = found->second.value;
+    return kSuccess;
+}
+
+ErrorCode MemoryHive::values(const Path& path, std::vector<NamedValue>& values) {
+    const Key* key = find(path);
+    if (key == nullptr) return kFileNotFound;
+    for (const auto& [folded, one] : key->values) values.push_back(one);
+    return kSuccess;
+}
+
+ErrorCode MemoryHive::setValues(const Path& path, std::span<const NamedValue> values) {
+    Key* key = nullptr;
+    const ErrorCode code = find(path, key);
+    if (code != kSuccess) return code;
+    for (const NamedValue& one : values)
+        key->values.try_emplace(runtime::toLower(one.name), one).first->second.value = one.value;
+    return kSuccess;
+}
+
+ErrorCode MemoryHive::deleteValue(const Path& path, const String& name) {
+    Key* key = nullptr;
+    const ErrorCode code = find(path, key);
+    if (code != kSuccess) return code;
+    return key->values.erase(runtime::toLower(name)) == 1 ? kSuccess : kFileNotFound;
+}
+
+ErrorCode MemoryHive::subKeys(const Path& path, std::vector<String>& names) {
+    const Key* key = find(path);
+    if (key == nullptr) return kFileNotFound;
+    for (const auto& [folded, one] : key->keys) names.push_back(one.name);
+    return kSuccess;
+}
+
+ErrorCode MemoryHive::deleteKey(const Path& path) {
+    Key* key = nullptr;
+    const ErrorCode code = find(path, key);
+    if (code != kSuccess) return code;
+    if (!key->keys.empty()) return kAccessDenied;
+    find({path.begin(), path.end() - 1})->keys.erase(runtime::toLower(path.back()));
+    return kSuccess;
+}
+
+struct MemoryRegistry::Hives {
+    MemoryHive user;
+    MemoryHive machine;
+};
+
+MemoryRegistry::MemoryRegistry() : MemoryRegistry(std::make_unique<Hives>()) {}
+MemoryRegistry::MemoryRegistry(std::unique_ptr<Hives> hives)
+    : HiveRegistry(hives->user, hives->machine), hives_(std::move(hives)) {}
+MemoryRegistry::~MemoryRegistry() = default;
+
+void MemoryRegistry::setMachineReadOnly(bool readOnly) {
+    hives_->machine.readOnly = readOnly;
+}
+
+}  // namespace quorkit
