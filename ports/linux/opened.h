@@ -44,6 +44,10 @@ inline constexpr int kQuietly = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
 /// Without any write permission a file counts as read-only even for the superuser.
 bool writableByAnyone(const struct stat& file);
 
+/// Gives `file` the owner, rights and extended attributes of the file `old` at `path`. A failure
+/// may leave some given.
+ErrorCode copyRights(const std::string& path, const struct stat& old, const Opened& file);
+
 /// Locks of flock(2): they lie on the file itself, so they die with the process and leave nothing
 /// behind.
 ErrorCode lock(int descriptor, int kind, Wait wait = Wait::Forever);

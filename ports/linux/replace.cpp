@@ -33,20 +33,6 @@ void copyAttributes(const std::string& path, int file) {
     }
 }
 
-/// Gives `file` the owner, rights and attributes of the file `old` at `path`.
-ErrorCode copyRights(const std::string& path, const struct stat& old, const Opened& file) {
-    const struct stat& mine = file.about;
-    if (mine.st_uid != old.st_uid || mine.st_gid != old.st_gid) {
-        if (mine.st_uid != geteuid()) return kAccessDenied;  // not the file that we have made
-        if (fchown(file.descriptor, old.st_uid, old.st_gid) != 0 && mine.st_gid != old.st_gid &&
-            fchown(file.descriptor, mine.st_uid, old.st_gid) != 0)
-            return lastError();
-    }
-    if (fchmod(file.descriptor, old.st_mode & 07777) != 0) return lastError();
-    copyAttributes(path, file.descriptor);
-    return kSuccess;
-}
-
 /// Opens the file to lock, and makes it when there is none.
 ErrorCode openToLock(Opened& file) {
     for (;;) {
@@ -62,6 +48,19 @@ ErrorCode openToLock(Opened& file) {
 }
 
 }  // namespace
+
+ErrorCode disk::copyRights(const std::string& path, const struct stat& old, const Opened& file) {
+    const struct stat& mine = file.about;
+    if (mine.st_uid != old.st_uid || mine.st_gid != old.st_gid) {
+        if (mine.st_uid != geteuid()) return kAccessDenied;  // not the file that we have made
+        if (fchown(file.descriptor, old.st_uid, old.st_gid) != 0 && mine.st_gid != old.st_gid &&
+            fchown(file.descriptor, mine.st_uid, old.st_gid) != 0)
+            return lastError();
+    }
+    if (fchmod(file.descriptor, old.st_mode & 07777) != 0) return lastError();
+    copyAttributes(path, file.descriptor);
+    return kSuccess;
+}
 
 ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
     std::string path;

@@ -195,26 +195,31 @@ String printValue(const NamedValue& one, RegTexts texts) {
     return (one.name.empty() ? u"@" : quoted(one.name)) + u'=' + printData(one.value, texts);
 }
 
-std::optional<ValueLine> readValue(StringView line, RegForm form) {
-    ValueLine result;
+std::optional<String> readName(StringView& line) {
     skipBlanks(line);
+    String name;
     if (!skip(line, u"@")) {
-        auto name = readQuoted(line);
-        if (!name) return {};
-        result.name = std::move(*name);
+        auto found = readQuoted(line);
+        if (!found) return {};
+        name = std::move(*found);
     }
     skipBlanks(line);
     if (!skip(line, u"=")) return {};
+    return name;
+}
+
+std::optional<ValueLine> readValue(StringView line, RegForm form) {
+    auto name = readName(line);
+    if (!name) return {};
+    ValueLine result{std::move(*name), false, {}};
     skipBlanks(line);
     if (skip(line, u"-"))
         result.deletes = true;
     else
         result.value = readData(line, form);
     skipBlanks(line);
-    if (!line.empty() && line.front() != u';') {
-        result.deletes = false;
-        result.value.reset();
-    }
+    const bool complete = line.empty() || line.front() == u';';
+    if (!complete) result = {std::move(result.name), false, {}};
     return result;
 }
 

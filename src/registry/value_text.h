@@ -38,6 +38,9 @@ struct ValueLine {
 /// form, REGEDIT4; only the digits matter here.
 enum class RegForm { Version5, Version4 };
 
+/// Takes the name and "=" off a line. Nothing when it does not begin so.
+std::optional<String> readName(StringView& line);
+
 /// Reads a line, blanks around its parts allowed. Nothing when it does not begin with a name and
 /// "=".
 std::optional<ValueLine> readValue(StringView line, RegForm form = RegForm::Version5);

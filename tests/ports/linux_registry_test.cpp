@@ -1,0 +1,244 @@
+// The registry store on Linux: what stands on disk, what people do to it, and what dying processes
+// leave.
+#ifndef _WIN32
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "linux/folder_hive.h"
+#include "linux/key_names.h"
+#include "runtime/code_page.h"
+#include "support/child.h"
+#include "support/scratch.h"
+
+namespace quorkit::test {
+namespace {
+
+namespace fs = std::filesystem;
+using disk::FolderHive;
+
+RegistryValue text(StringView value) {
+    return {kRegString, runtime::toUtf16(String(value) + u'\0')};
+}
+RegistryValue dword(char byte) {
+    return {kRegDWord, {byte, 0, 0, 0}};
+}
+
+class LinuxRegistry : public testing::Test {
+   protected:
+    Scratch scratch;
+    FolderHive hive{[this] { return scratch.path("store").string(); }, disk::kForUser};
+    const std::string values = "store/acme/tool/@values";
+    const Hive::Path tool = {u"Acme", u"Tool"};
+
+    void SetUp() override { ASSERT_EQ(hive.create(tool), kSuccess); }
+    ErrorCode set(const String& name, const RegistryValue& value) {
+        return hive.setValues(tool, std::vector<NamedValue>{{name, value}});
+    }
+    std::vector<std::string> damage() {
+        std::vector<std::string> result;
+        for (const RegistryDamage& one : hive.check())
+            result.push_back(runtime::toUtf8(one.place + u' ' + one.what)
+                                 .substr(scratch.path("store").string().size() + 1));
+        return result;
+    }
+};
+
+TEST_F(LinuxRegistry, ShowsPeopleWhatItHolds) {
+    EXPECT_EQ(set(u"", text(u"default")), kSuccess);
+    EXPECT_EQ(set(u"a \"name\" \\", text(u"C:\\Temp \"x\"\r\nÄ")), kSuccess);
+    EXPECT_EQ(set(u"Left", dword(12)), kSuccess);
+    EXPECT_EQ(set(u"Path", {kRegExpandString, runtime::toUtf16(StringView(u"%HOME%\0", 7))}),
+              kSuccess);
+    EXPECT_EQ(set(u"List", {kRegMultiString, runtime::toUtf16(StringView(u"a\0b\0\0", 5))}),
+              kSuccess);
+    EXPECT_EQ(set(u"Odd", {kRegString, "x"}), kSuccess);
+    EXPECT_EQ(set(u"Bytes", {kRegBinary, "\x01\xFF"}), kSuccess);
+    EXPECT_EQ(scratch.read(values),
+              "[Tool]\n@=\"default\"\n"
+              "\"a \\\"name\\\" \\\\\"=\"C:\\\\Temp \\\"x\\\"\\r\\nÄ\"\n"
+              "\"Left\"=dword:0000000c\n\"Path\"=str(2):\"%HOME%\"\n"
+              "\"List\"=str(7):\"a\\0b\\0\"\n\"Odd\"=hex(1):78\n\"Bytes\"=hex:01,ff\n");
+    struct stat about = {};
+    ASSERT_EQ(stat(scratch.path(values).c_str(), &about), 0);
+    EXPECT_EQ(about.st_mode & 0777, 0600u);
+}
+
+TEST_F(LinuxRegistry, KeepsWhatPeopleWrite) {
+    scratch.write(
+        values,
+        "# by hand\r\n[Tool]\r\n\r\n \"left\" = dword:1 ; a comment\r\n\"Left\"=dword:2\r\n"
+        "half a line\r\n\"Hex\"=hex:01,\\\r\n  02\r\n\"Broken\"=dword:xyz\r\n\"Last\"=\"x\"");
+    RegistryValue value;
+    EXPECT_EQ(hive.value(tool, u"LEFT", value), kSuccess);
+    EXPECT_EQ(value, dword(2));
+    EXPECT_EQ(hive.value(tool, u"Hex", value), kSuccess);
+    EXPECT_EQ(value.data, "\x01\x02");
+    EXPECT_EQ(hive.value(tool, u"Broken", value), kFileNotFound);
+    EXPECT_EQ(
+        damage(),
+        (std::vector<std::string>{
+            "acme/tool/@values:5 has the name of a value further up, which does not count",
+            "acme/tool/@values:6 is no value", "acme/tool/@values:9 has a name, but no value"}));
+    EXPECT_EQ(set(u"hex", dword(3)), kSuccess);
+    EXPECT_EQ(set(u"New", dword(4)), kSuccess);
+    EXPECT_EQ(hive.deleteValue(tool, u"LEFT"), kSuccess);
+    EXPECT_EQ(scratch.read(values),
+              "# by hand\r\n[Tool]\r\n\r\nhalf a line\r\n\"hex\"=dword:00000003\r\n"
+              "\"Broken\"=dword:xyz\r\n\"Last\"=\"x\"\r\n\"New\"=dword:00000004\r\n");
+    std::vector<String> names;
+    EXPECT_EQ(hive.subKeys({u"ACME"}, names), kSuccess);
+    EXPECT_EQ(names, std::vector<String>{u"Tool"});
+}
+
+TEST_F(LinuxRegistry, LeavesItsFolderByNoName) {
+    struct Case {
+        String name;
+        std::string folder;
+    };
+    const String longName(255, u'\x4E00');
+    for (const Case& one : std::vector<Case>{
+             {u"Ä b.", "ä b."},
+             {u"..", "%2e."},
+             {u".x", "%2ex"},
+             {u"@Values", "%40values"},
+             {u"A/b%", "a%2fb%25"},
+             {u"\n", "%0a"},
+             {String(u"a") + u'\xD800', "a%ed%a0%80"},
+             {u"\U0001F600", "\xF0\x9F\x98\x80"},
+             {longName, {}},
+             {longName.substr(1) + u"Q", {}},
+         }) {
+        const std::string folder = disk::folderNameOf(one.name);
+        EXPECT_TRUE(one.folder.empty() || one.folder == folder) << folder;
+        EXPECT_LE(folder.size(), 255u);
+        EXPECT_EQ(hive.create({u"Names", one.name}), kSuccess);
+        EXPECT_TRUE(fs::is_directory(scratch.path("store/names/" + folder))) << folder;
+        std::vector<String> names;
+        EXPECT_EQ(hive.subKeys({u"Names"}, names), kSuccess);
+        EXPECT_EQ(names, std::vector<String>{one.name});
+        EXPECT_EQ(hive.deleteKey({u"NAMES", one.name}), kSuccess);
+    }
+    EXPECT_NE(disk::folderNameOf(longName), disk::folderNameOf(longName.substr(1)));
+    EXPECT_EQ(damage(), std::vector<std::string>());
+    EXPECT_EQ(scratch.count(), 1u);
+}
+
+// Whatever stands where a key or its values should stand costs that key at most.
+TEST_F(LinuxRegistry, GetsOverWhatItCannotUse) {
+    EXPECT_EQ(set(u"Left", dword(1)), kSuccess);
+    const fs::path store = scratch.path("store");
+    for (const char* folder : {"link", "pipe", "folder", "rubbish"})
+        EXPECT_EQ(hive.create({String(folder, folder + std::string_view(folder).size())}),
+                  kSuccess);
+    for (const char* key : {"link", "pipe", "folder"}) fs::remove(store / key / "@values");
+    fs::create_symlink(store / "acme/tool/@values", store / "link/@values");
+    ASSERT_EQ(mkfifo((store / "pipe/@values").c_str(), 0600), 0);
+    fs::create_directory(store / "folder/@values");
+    scratch.write("store/rubbish/@values", std::string("\xFF\0\"\n\"=\n@=hex:\\\n[", 16));
+    fs::create_directory(store / "Capital");
+    fs::create_directory(store / "@old-1-1");
+    fs::create_directory_symlink(store, store / "circle");
+    scratch.write("store/notes", "");
+
+    for (const char16_t* key : {u"link", u"pipe", u"folder", u"rubbish"}) {
+        RegistryValue value;
+        std::vector<NamedValue> all;
+        EXPECT_NE(hive.value({key}, u"Left", value), kSuccess);
+        EXPECT_EQ(hive.values({key}, all) == kSuccess, StringView(key) == u"rubbish");
+        EXPECT_EQ(hive.setValues({key}, std::vector<NamedValue>{{u"x", dword(1)}}) == kSuccess,
+                  StringView(key) == u"rubbish");
+    }
+    std::vector<String> names;
+    EXPECT_EQ(hive.subKeys({}, names), kSuccess);
+    EXPECT_EQ(names, (std::vector<String>{u"Acme", u"folder", u"link", u"pipe", u"rubbish"}));
+    EXPECT_EQ(hive.deleteKey({u"folder"}), kAccessDenied);
+    EXPECT_TRUE(fs::exists(store / "folder/@values"));
+    auto found = damage();
+    std::ranges::sort(found);
+    EXPECT_EQ(found, (std::vector<std::string>{
+                         "@old-1-1 is left of a program that died; it can be deleted",
+                         "Capital is looked for under the name capital",
+                         "circle is a link, which is not listed",
+                         "folder/@values cannot be read",
+                         "link/@values cannot be read",
+                         "notes does not belong to the store",
+                         "pipe/@values cannot be read",
+                         "rubbish/@values:1 is no UTF-8",
+                         "rubbish/@values:1 is no value",
+                         "rubbish/@values:2 is no value",
+                         "rubbish/@values:3 has a name, but no value",
+                         "rubbish/@values:4 is no value",
+                     }));
+}
+
+TEST_F(LinuxRegistry, GivesRightsWhateverTheProcessHas) {
+    FolderHive shared{[this] { return scratch.path("shared").string(); }, disk::kForEverybody};
+    const mode_t before = umask(0077);
+    EXPECT_EQ(shared.create(tool), kSuccess);
+    EXPECT_EQ(shared.setValues(tool, std::vector<NamedValue>{{u"Left", dword(1)}}), kSuccess);
+    umask(before);
+    for (const char* name : {"shared", "shared/acme/tool", "shared/acme/tool/@values"}) {
+        struct stat about = {};
+        ASSERT_EQ(stat(scratch.path(name).c_str(), &about), 0);
+        EXPECT_EQ(about.st_mode & 0777, S_ISDIR(about.st_mode) ? 0755u : 0644u) << name;
+    }
+}
+
+TEST_F(LinuxRegistry, RefusesWhatIsReadOnly) {
+    EXPECT_EQ(set(u"Left", dword(1)), kSuccess);
+    const fs::path file = scratch.path(values);
+    const std::string before = scratch.read(values);
+    fs::permissions(file, fs::perms::owner_read);
+    EXPECT_EQ(set(u"Left", dword(2)), kAccessDenied);
+    EXPECT_EQ(scratch.read(values), before);
+    fs::permissions(file.parent_path(), fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_EQ(hive.open(tool, RegistryAccess::Write), kAccessDenied);
+    EXPECT_EQ(hive.open(tool, RegistryAccess::Read), kSuccess);
+    fs::permissions(file.parent_path(), fs::perms::owner_all);
+}
+
+/// Makes, fills and deletes keys in the store of the first argument until it is killed.
+int churn(const std::vector<std::string>& arguments) {
+    FolderHive hive([&] { return arguments[0]; }, disk::kForUser);
+    for (;;)
+        for (char i = 0; i < 100; ++i) {
+            const std::vector<NamedValue> pair = {{u"a", dword(i)}, {u"b", dword(i)}};
+            if (hive.setValues({u"Kept"}, pair) != kSuccess) return 1;
+            if (hive.create({u"Kept", u"Coming"}) != kSuccess) return 1;
+            if (hive.setValues({u"Kept", u"Coming"}, pair) != kSuccess) return 1;
+            if (hive.deleteKey({u"Kept", u"Coming"}) != kSuccess) return 1;
+        }
+}
+const PartName kChurn("churn registry", churn);
+
+TEST_F(LinuxRegistry, SurvivesDeathAtAnyPoint) {
+    ASSERT_EQ(hive.create({u"Kept"}), kSuccess);
+    const std::vector<NamedValue> first = {{u"a", dword(0)}, {u"b", dword(0)}};
+    ASSERT_EQ(hive.setValues({u"Kept"}, first), kSuccess);
+    for (int round = 0; round < 40; ++round) {
+        Child child("churn registry", {scratch.path("store").string()});
+        std::this_thread::sleep_for(std::chrono::microseconds(8000 + 700 * round));
+        child.kill();
+        ASSERT_EQ(child.wait(), -1);
+        std::vector<NamedValue> all;
+        ASSERT_EQ(hive.values({u"Kept"}, all), kSuccess);
+        ASSERT_EQ(all.size(), 2u);
+        EXPECT_EQ(all[0].value, all[1].value);
+        std::vector<String> keys;
+        ASSERT_EQ(hive.subKeys({u"Kept"}, keys), kSuccess);
+        if (keys.empty()) continue;
+        EXPECT_EQ(keys, std::vector<String>{u"Coming"});
+        EXPECT_EQ(hive.deleteKey({u"Kept", u"Coming"}), kSuccess);
+    }
+    // What is left for work does not keep a key from being deleted.
+    EXPECT_EQ(hive.deleteKey({u"Kept"}), kSuccess);
+    EXPECT_EQ(damage(), std::vector<std::string>());
+}
+
+}  // namespace
+}  // namespace quorkit::test
+#endif
