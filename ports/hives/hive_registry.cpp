@@ -10,10 +10,6 @@
 namespace quorkit {
 namespace {
 
-constexpr std::size_t kLongestKeyName = 255;
-constexpr std::size_t kLongestValueName = 16'383;
-constexpr std::size_t kDeepestKey = 512;
-
 constexpr const char16_t* kClasses[] = {u"Software", u"Classes"};
 
 bool isName(StringView name, std::size_t longest) {

@@ -4,6 +4,7 @@
 #include <quorkit/ports/files.h>
 #include <quorkit/values.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -61,10 +62,15 @@ struct RegistryDamage {
     String what;
 };
 
-/// Names of keys and values keep their spelling and match without regard to letter case. A name of
-/// a key has at most 255 characters, one of a value 16,383; a path is names with one "\" or several
-/// between them and behind the last. It may not begin with one (kBadPathName). A name that holds
-/// U+0000 or is too long gives kInvalidParameter.
+/// In characters, and the last one in keys from the root of a hive on.
+inline constexpr std::size_t kLongestKeyName = 255;
+inline constexpr std::size_t kLongestValueName = 16'383;
+inline constexpr std::size_t kDeepestKey = 512;
+
+/// Names of keys and values keep their spelling and match without regard to letter case. A path is
+/// names with one "\" or several between them and behind the last. It may not begin with one
+/// (kBadPathName). A name that holds U+0000 or is too long, and a path that is too deep, give
+/// kInvalidParameter.
 ///
 /// kFileNotFound for a key or a value that is not there, kAccessDenied for one that is not for this
 /// user. An operation that fails changes nothing unless it says so.
