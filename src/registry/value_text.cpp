@@ -109,8 +109,9 @@ std::string littleEndian(std::uint32_t number) {
 
 std::optional<RegistryValue> readData(StringView& rest, RegForm form) {
     RegistryValue value{kRegString, {}};
-    if (rest.starts_with(u'"') || skip(rest, u"str")) {
-        if (!rest.starts_with(u'"') && !readType(rest, value.type)) return {};
+    const bool plain = rest.starts_with(u'"');
+    if (plain || skip(rest, u"str")) {
+        if (!plain && !readType(rest, value.type)) return {};
         const auto text = readQuoted(rest);
         if (!text || !isRegistryText(value.type)) return {};
         value.data = runtime::toUtf16(*text + u'\0');
