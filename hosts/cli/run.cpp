@@ -6,7 +6,9 @@
 
 #include "cli/call.h"
 #include "cli/describe.h"
+#include "cli/failure.h"
 #include "cli/list.h"
+#include "cli/registry.h"
 #include "cli/rpc.h"
 #include "cli/usage.h"
 #include "cli/utf8.h"
@@ -20,6 +22,9 @@ constexpr const char* kUsage =
        quorkit call CLASS.MEMBER [ARG...] [--arg name=value]... [--set Property=value]...
                     [-e] [--json] [--]
        quorkit rpc
+       quorkit registry export KEY [FILE]
+       quorkit registry import FILE
+       quorkit registry check
        quorkit --help | --version
 )";
 
@@ -35,6 +40,10 @@ call      calls a member and prints its result, then each by-reference argument 
     Arrays, collections and dictionaries are given as JSON: ["a","b"], {"collection":[...]}.
     Arguments that only give something back may be left out.
 rpc       answers JSON-RPC 2.0 messages, one a line, on standard input and output
+registry  works on the registry; a FILE of - is standard input or output
+    export KEY [FILE]     writes a key, such as HKCU\Software\X, and all beneath it as a .reg file
+    import FILE           makes the changes that a .reg file asks for
+    check                 lists what is damaged in the store, if it is the library's own
 )";
 
 void runCommand(std::span<const String> words, std::istream& in, std::ostream& out, Ports& ports) {
@@ -43,6 +52,7 @@ void runCommand(std::span<const String> words, std::istream& in, std::ostream& o
     const auto rest = words.subspan(1);
     if (command == u"call") return call(rest, out, ports);
     if (command == u"describe") return describe(rest, out);
+    if (command == u"registry") return registry(rest, in, out, ports);
     if (!rest.empty()) throw UsageError(toUtf8(command) + " takes no arguments");
     if (command == u"list") return list(out);
     if (command == u"rpc") return serve(in, out, ports);
@@ -65,6 +75,9 @@ int run(const std::vector<String>& arguments, std::istream& in, std::ostream& ou
     } catch (const UsageError& error) {
         err << "quorkit: " << error.what() << '\n' << kUsage;
         return 2;
+    } catch (const Failure& failure) {
+        err << "quorkit: " << failure.what() << '\n';
+        return 1;
     } catch (const AutomationError& error) {
         err << "quorkit: error " << error.number() << ": " << error.what() << '\n';
         return 1;

@@ -11,8 +11,8 @@
 namespace quorkit::cli {
 
 /// Runs the command that the arguments (without the program's name) ask for. The exit status: 0;
-/// 1 after an automation error, told on `err` with its number; 2 after a command line that could
-/// not be understood.
+/// 1 after a failure, told on `err`, an automation error with its number; 2 after a command line
+/// that could not be understood.
 int run(const std::vector<String>& arguments, std::istream& in, std::ostream& out,
         std::ostream& err, Ports& ports = ports::native());
 

@@ -84,7 +84,8 @@ TEST(CommandLine, ThatIsNotUnderstoodShowsUsage) {
     for (const char16_t* line :
          {u"", u"frobnicate", u"list x", u"call", u"call LPad", u"call A.B --arg",
           u"call A.B --arg name", u"call A.B --colour", u"describe GQuorStrings QuorInifile",
-          u"describe GQuorStrings --idl", u"describe --yaml"}) {
+          u"describe GQuorStrings --idl", u"describe --yaml", u"registry", u"registry export",
+          u"registry export a b c", u"registry check x"}) {
         const CommandOutcome outcome = command(line);
         EXPECT_EQ(outcome.status, 2) << outcome.errors;
         EXPECT_NE(outcome.errors.find("usage: quorkit"), std::string::npos);

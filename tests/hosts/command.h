@@ -18,18 +18,23 @@ struct CommandOutcome {
 };
 
 /// `line` holds the words with one blank between them, none when it is empty.
-inline CommandOutcome command(const String& line, const std::string& input = {}) {
+inline CommandOutcome command(const String& line, const std::string& input, Ports& ports) {
     std::vector<String> words;
     for (std::size_t start = 0, end = 0; !line.empty() && end != String::npos; start = end + 1) {
         end = line.find(u' ', start);
         words.push_back(line.substr(start, end - start));
     }
-    MemoryPorts ports;
     std::istringstream in(input);
     std::ostringstream out;
     std::ostringstream errors;
     const int status = cli::run(words, in, out, errors, ports);
     return {status, out.str(), errors.str()};
+}
+
+/// The same in a world of its own.
+inline CommandOutcome command(const String& line, const std::string& input = {}) {
+    MemoryPorts ports;
+    return command(line, input, ports);
 }
 
 }  // namespace quorkit::test

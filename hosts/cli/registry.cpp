@@ -1,0 +1,117 @@
+#include "cli/registry.h"
+
+#include <quorkit/ports/registry.h>
+
+#include <iterator>
+
+#include "cli/failure.h"
+#include "cli/usage.h"
+#include "cli/utf8.h"
+#include "file/whole_file.h"
+#include "registry/key_name.h"
+#include "registry/reg_file.h"
+
+namespace quorkit::cli {
+namespace {
+
+constexpr StringView kStandardStream = u"-";
+
+std::string reason(ErrorCode code) {
+    switch (code) {
+        case kFileNotFound:
+            return "not found";
+        case kPathNotFound:
+            return "the folder is not found";
+        case kAccessDenied:
+            return "access denied";
+        case kDiskFull:
+            return "the disk is full";
+        case kTooManyOpenFiles:
+            return "too many open files";
+        case kSharingViolation:
+        case kLockViolation:
+            return "in use by another program";
+        case kInvalidName:
+        case kBadPathName:
+        case kInvalidParameter:
+            return "not possible with this name";
+        default:
+            return "error " + std::to_string(code);
+    }
+}
+
+[[noreturn]] void fail(const String& place, const std::string& what) {
+    throw Failure(toUtf8(place) + ": " + what);
+}
+
+void expectSuccess(ErrorCode code, const String& place) {
+    if (code != kSuccess) fail(place, reason(code));
+}
+
+void exportKey(const String& name, const String& file, std::ostream& out, Ports& ports) {
+    const auto key = readKeyName(name);
+    if (!key) fail(name, "not the name of a key");
+    std::string content;
+    const RegResult result = printRegFile(ports.registry, *key, content);
+    if (result.code == kFileNotFound) fail(printKeyName(result.key), "no such key");
+    if (result.code == kInvalidName)
+        fail(printKeyName(result.key), "a file cannot hold a line break in the name of a key");
+    expectSuccess(result.code, printKeyName(result.key));
+    if (file == kStandardStream) {
+        out << content;
+        if (!out.flush()) throw Failure("standard output: cannot be written");
+        return;
+    }
+    LockedFile locked(ports.files, file);
+    expectSuccess(locked.status(), file);
+    expectSuccess(locked.replace(content), file);
+}
+
+std::string contentOf(const String& file, std::istream& in, Ports& ports) {
+    std::string content;
+    if (file != kStandardStream) {
+        expectSuccess(readWholeFile(ports.files, file, content), file);
+        return content;
+    }
+    content.assign(std::istreambuf_iterator<char>(in), {});
+    if (in.bad()) throw Failure("standard input: cannot be read");
+    return content;
+}
+
+void importFile(const String& file, std::istream& in, Ports& ports) {
+    const std::string content = contentOf(file, in, ports);
+    std::vector<RegChange> changes;
+    if (const auto bad = readRegFile(content, changes))
+        fail(file == kStandardStream ? u"standard input" : file,
+             "line " + std::to_string(bad->number) + ": " + bad->what + "; nothing is imported");
+    const RegResult result = applyRegChanges(ports.registry, std::move(changes));
+    if (result.code != kSuccess)
+        fail(printKeyName(result.key),
+             reason(result.code) + "; what stands before it in the file is imported");
+}
+
+void check(std::ostream& out, Ports& ports) {
+    const std::vector<RegistryDamage> damage = ports.registry.check();
+    for (const RegistryDamage& one : damage)
+        out << toUtf8(one.place) << ": " << toUtf8(one.what) << '\n';
+    if (!damage.empty()) throw Failure("the registry is damaged");
+    out << "no damage found\n";
+}
+
+}  // namespace
+
+void registry(std::span<const String> arguments, std::istream& in, std::ostream& out,
+              Ports& ports) {
+    const String action = arguments.empty() ? String() : arguments[0];
+    const std::size_t count = arguments.size();
+    if (action == u"export" && (count == 2 || count == 3))
+        exportKey(arguments[1], count == 3 ? arguments[2] : String(kStandardStream), out, ports);
+    else if (action == u"import" && count == 2)
+        importFile(arguments[1], in, ports);
+    else if (action == u"check" && count == 1)
+        check(out, ports);
+    else
+        throw UsageError("export KEY [FILE], import FILE or check expected behind registry");
+}
+
+}  // namespace quorkit::cli

@@ -1,0 +1,33 @@
+#!/bin/sh
+# What Windows' own tool writes of a key is what we write, and each reads what the other wrote:
+# wine_reg.sh WINE-RUN PREFIX QUORKIT
+set -eu
+
+wine_run=$1
+prefix=$2
+quorkit=$3
+key='HKCU\Software\Quorkit Witness'
+witness=$(realpath "$(dirname "$0")/witness.reg")
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+cp "$witness" .
+
+reg() { "$wine_run" "$prefix" reg "$@"; }
+registry() { "$wine_run" "$prefix" "$quorkit" registry "$@"; }
+
+# Both write the key as it was.
+expect_key() {
+  reg export "$key" theirs.reg /y
+  cmp witness.reg theirs.reg
+  registry export "$key" ours.reg
+  cmp witness.reg ours.reg
+}
+
+reg delete "$key" /f || true # left behind by a run that failed
+reg import witness.reg
+expect_key
+reg delete "$key" /f
+registry import ours.reg
+expect_key
+reg delete "$key" /f
