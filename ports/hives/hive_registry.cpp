@@ -1,32 +1,16 @@
 #include <quorkit/ports/hives.h>
 
-#include <algorithm>
 #include <memory>
 #include <unordered_set>
 #include <utility>
 
+#include "hives/key_names.h"
 #include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
 
 constexpr const char16_t* kClasses[] = {u"Software", u"Classes"};
-
-bool isName(StringView name, std::size_t longest) {
-    return name.size() <= longest && name.find(u'\0') == StringView::npos;
-}
-
-ErrorCode split(StringView path, Hive::Path& names) {
-    if (path.starts_with(u'\\')) return kBadPathName;
-    while (!path.empty()) {
-        const StringView name = path.substr(0, path.find(u'\\'));
-        path.remove_prefix(std::min(path.size(), name.size() + 1));
-        if (name.empty()) continue;
-        if (!isName(name, kLongestKeyName) || names.size() == kDeepestKey) return kInvalidParameter;
-        names.emplace_back(name);
-    }
-    return kSuccess;
-}
 
 using Names = std::unordered_set<String, runtime::TextHash, runtime::TextEqual>;
 
@@ -81,7 +65,7 @@ ErrorCode HiveRegistry::placesOf(RegistryRoot root, const String& path,
                                  std::vector<Place>& places) {
     Hive::Path names;
     if (root == RegistryRoot::ClassesRoot) names.assign(std::begin(kClasses), std::end(kClasses));
-    const ErrorCode code = split(path, names);
+    const ErrorCode code = splitKeyPath(path, names);
     if (code != kSuccess) return code;
     if (root == RegistryRoot::None) return kInvalidHandle;
     if (root != RegistryRoot::LocalMachine) places.push_back({&user_, names});
@@ -121,7 +105,7 @@ void HiveRegistry::RegCloseKey(Handle key) {
 ErrorCode HiveRegistry::RegQueryValueExA(Handle key, const String& name, RegistryValue& value) {
     const OpenKey& open = OpenKey::of(key);
     if (!open.reads) return kAccessDenied;
-    if (!isName(name, kLongestValueName)) return kInvalidParameter;
+    if (!canNameValue(name)) return kInvalidParameter;
     return askFirst(open.places,
                     [&](const Place& place) { return place.hive->value(place.path, name, value); });
 }
@@ -130,7 +114,7 @@ ErrorCode HiveRegistry::RegSetValueExA(Handle key, std::span<const NamedValue> v
     const OpenKey& open = OpenKey::of(key);
     if (!open.writes) return kAccessDenied;
     for (const NamedValue& one : values)
-        if (!isName(one.name, kLongestValueName)) return kInvalidParameter;
+        if (!canNameValue(one.name)) return kInvalidParameter;
     return askFirst(open.places,
                     [&](const Place& place) { return place.hive->setValues(place.path, values); });
 }
@@ -138,7 +122,7 @@ ErrorCode HiveRegistry::RegSetValueExA(Handle key, std::span<const NamedValue> v
 ErrorCode HiveRegistry::RegDeleteValueA(Handle key, const String& name) {
     const OpenKey& open = OpenKey::of(key);
     if (!open.writes) return kAccessDenied;
-    if (!isName(name, kLongestValueName)) return kInvalidParameter;
+    if (!canNameValue(name)) return kInvalidParameter;
     return askFirst(open.places,
                     [&](const Place& place) { return place.hive->deleteValue(place.path, name); });
 }
@@ -164,8 +148,7 @@ ErrorCode HiveRegistry::RegEnumKeyExA(Handle key, std::vector<String>& names) {
 ErrorCode HiveRegistry::RegDeleteKeyA(Handle parent, const String& name) {
     const OpenKey& open = OpenKey::of(parent);
     if (!open.writes) return kAccessDenied;
-    if (name.empty() || !isName(name, kLongestKeyName) || name.find(u'\\') != String::npos)
-        return kInvalidParameter;
+    if (!canNameKey(name)) return kInvalidParameter;
     return askFirst(open.places, [&](Place place) {
         place.path.push_back(name);
         return place.hive->deleteKey(place.path);
