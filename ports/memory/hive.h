@@ -4,13 +4,14 @@
 #include <quorkit/ports/hives.h>
 
 #include <map>
+#include <mutex>
 
 namespace quorkit {
 
 class MemoryHive final : public Hive {
    public:
-    /// Nothing can be changed then.
-    bool readOnly = false;
+    /// While it is read-only nothing can be changed.
+    void setReadOnly(bool readOnly);
 
     ErrorCode open(const Path& path, RegistryAccess access) override;
     ErrorCode create(const Path& path) override;
@@ -32,6 +33,8 @@ class MemoryHive final : public Hive {
     /// For changing it.
     ErrorCode find(const Path& path, Key*& key);
 
+    std::mutex mutex_;  // guards all of it
+    bool readOnly_ = false;
     Key root_;
 };
 

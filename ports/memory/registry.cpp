@@ -5,6 +5,11 @@
 
 namespace quorkit {
 
+void MemoryHive::setReadOnly(bool readOnly) {
+    const std::lock_guard guard(mutex_);
+    readOnly_ = readOnly;
+}
+
 MemoryHive::Key* MemoryHive::find(const Path& path) {
     Key* key = &root_;
     for (const String& name : path) {
@@ -18,16 +23,18 @@ MemoryHive::Key* MemoryHive::find(const Path& path) {
 ErrorCode MemoryHive::find(const Path& path, Key*& key) {
     key = find(path);
     if (key == nullptr) return kFileNotFound;
-    return readOnly ? kAccessDenied : kSuccess;
+    return readOnly_ ? kAccessDenied : kSuccess;
 }
 
 ErrorCode MemoryHive::open(const Path& path, RegistryAccess access) {
+    const std::lock_guard guard(mutex_);
     if (find(path) == nullptr) return kFileNotFound;
-    return readOnly && access == RegistryAccess::Write ? kAccessDenied : kSuccess;
+    return readOnly_ && access == RegistryAccess::Write ? kAccessDenied : kSuccess;
 }
 
 ErrorCode MemoryHive::create(const Path& path) {
-    if (readOnly) return kAccessDenied;
+    const std::lock_guard guard(mutex_);
+    if (readOnly_) return kAccessDenied;
     Key* key = &root_;
     for (const String& name : path)
         key = &key->keys.try_emplace(runtime::toLower(name), Key{name, {}, {}}).first->second;
@@ -35,6 +42,7 @@ ErrorCode MemoryHive::create(const Path& path) {
 }
 
 ErrorCode MemoryHive::value(const Path& path, const String& name, RegistryValue& value) {
+    const std::lock_guard guard(mutex_);
     const Key* key = find(path);
     if (key == nullptr) return kFileNotFound;
     const auto found = key->values.find(runtime::toLower(name));
@@ -44,6 +52,7 @@ ErrorCode MemoryHive::value(const Path& path, const String& name, RegistryValue&
 }
 
 ErrorCode MemoryHive::values(const Path& path, std::vector<NamedValue>& values) {
+    const std::lock_guard guard(mutex_);
     const Key* key = find(path);
     if (key == nullptr) return kFileNotFound;
     for (const auto& [folded, one] : key->values) values.push_back(one);
@@ -51,6 +60,7 @@ ErrorCode MemoryHive::values(const Path& path, std::vector<NamedValue>& values) 
 }
 
 ErrorCode MemoryHive::setValues(const Path& path, std::span<const NamedValue> values) {
+    const std::lock_guard guard(mutex_);
     Key* key = nullptr;
     const ErrorCode code = find(path, key);
     if (code != kSuccess) return code;
@@ -60,6 +70,7 @@ ErrorCode MemoryHive::setValues(const Path& path, std::span<const NamedValue> va
 }
 
 ErrorCode MemoryHive::deleteValue(const Path& path, const String& name) {
+    const std::lock_guard guard(mutex_);
     Key* key = nullptr;
     const ErrorCode code = find(path, key);
     if (code != kSuccess) return code;
@@ -67,6 +78,7 @@ ErrorCode MemoryHive::deleteValue(const Path& path, const String& name) {
 }
 
 ErrorCode MemoryHive::subKeys(const Path& path, std::vector<String>& names) {
+    const std::lock_guard guard(mutex_);
     const Key* key = find(path);
     if (key == nullptr) return kFileNotFound;
     for (const auto& [folded, one] : key->keys) names.push_back(one.name);
@@ -74,6 +86,7 @@ ErrorCode MemoryHive::subKeys(const Path& path, std::vector<String>& names) {
 }
 
 ErrorCode MemoryHive::deleteKey(const Path& path) {
+    const std::lock_guard guard(mutex_);
     Key* key = nullptr;
     const ErrorCode code = find(path, key);
     if (code != kSuccess) return code;
@@ -93,7 +106,7 @@ MemoryRegistry::MemoryRegistry(std::unique_ptr<Hives> hives)
 MemoryRegistry::~MemoryRegistry() = default;
 
 void MemoryRegistry::setMachineReadOnly(bool readOnly) {
-    hives_->machine.readOnly = readOnly;
+    hives_->machine.setReadOnly(readOnly);
 }
 
 }  // namespace quorkit
