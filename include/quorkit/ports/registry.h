@@ -92,7 +92,8 @@ class Registry {
     virtual void RegCloseKey(Handle key) = 0;
 
     virtual ErrorCode RegQueryValueExA(Handle key, const String& name, RegistryValue& value) = 0;
-    /// Sets values: all of them or, on a failure, none; only Windows may keep some then.
+    /// Sets values, of two with the same name the later one: all of them or, on a failure, none;
+    /// only Windows may keep some then.
     virtual ErrorCode RegSetValueExA(Handle key, std::span<const NamedValue> values) = 0;
     virtual ErrorCode RegDeleteValueA(Handle key, const String& name) = 0;
     /// All values of a key, in the system's order.
