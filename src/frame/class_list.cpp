@@ -2,6 +2,7 @@
 #include <quorkit/GQuorConvert.h>
 #include <quorkit/GQuorFile.h>
 #include <quorkit/GQuorLanguage.h>
+#include <quorkit/GQuorRegistry.h>
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/GQuorTools.h>
 #include <quorkit/QuorAddress.h>
@@ -67,8 +68,8 @@ constexpr ClassInfo kClasses[] = {
         "ordered key/value collection with index and key access, key list and clone"),
     implemented<QuorInifile>("QuorInifile", Creatable, 19,
                              "INI file: keys, sections, bulk section content, multi-line values"),
-    announced("GQuorRegistry", Global, 12,
-              "registry: typed values, enumeration, bulk write, deletion"),
+    implemented<GQuorRegistry>("GQuorRegistry", Global, 12,
+                               "registry: typed values, enumeration, bulk write, deletion"),
     implemented<QuorLogFile>("QuorLogFile", Creatable, 20,
                              "log file writer with levels, formats and size limit"),
     implemented<GQuorFile>(

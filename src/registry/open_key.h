@@ -1,36 +1,60 @@
 // A key that is open.
 #pragma once
 
+#include <quorkit/ports/registry.h>
+
 #include "registry/reg_path.h"
 
 namespace quorkit {
 
-/// Closes the key that it has opened on every way out.
+/// What becomes of a key that cannot be opened.
+enum class Unopened {
+    Stays,
+    IsMade,  ///< with what is missing above it, when it is not there
+};
+
+/// Opens a key, and closes it on every way out. While it is not open every operation answers what
+/// opening it did.
 class OpenKey {
    public:
-    explicit OpenKey(Registry& registry) : registry_(registry) {}
-    OpenKey(Registry& registry, const RegPath& key, RegistryAccess access) : registry_(registry) {
-        status_ = registry_.RegOpenKeyExA(key.root, key.path, access, handle_);
+    OpenKey(Registry& registry, const RegPath& place, RegistryAccess access,
+            Unopened unopened = Unopened::Stays)
+        : registry_(registry),
+          status_(registry.RegOpenKeyExA(place.root, place.path, access, key_)) {
+        if (status_ != kSuccess && unopened == Unopened::IsMade)
+            status_ = registry.RegCreateKeyA(place.root, place.path, key_);
     }
     ~OpenKey() {
-        if (status_ == kSuccess) registry_.RegCloseKey(handle_);
+        if (status_ == kSuccess) registry_.RegCloseKey(key_);
     }
     OpenKey(const OpenKey&) = delete;
     OpenKey& operator=(const OpenKey&) = delete;
 
-    /// Makes the key where it is missing; once, and only on an object that has opened none.
-    ErrorCode create(const RegPath& key) {
-        return status_ = registry_.RegCreateKeyA(key.root, key.path, handle_);
-    }
-
-    /// How opening it went.
     ErrorCode status() const { return status_; }
-    Handle handle() const { return handle_; }
+
+    ErrorCode value(const String& name, RegistryValue& value) const {
+        return status_ ? status_ : registry_.RegQueryValueExA(key_, name, value);
+    }
+    ErrorCode setValues(std::span<const NamedValue> values) const {
+        return status_ ? status_ : registry_.RegSetValueExA(key_, values);
+    }
+    ErrorCode deleteValue(const String& name) const {
+        return status_ ? status_ : registry_.RegDeleteValueA(key_, name);
+    }
+    ErrorCode values(std::vector<NamedValue>& values) const {
+        return status_ ? status_ : registry_.RegEnumValueA(key_, values);
+    }
+    ErrorCode subKeys(std::vector<String>& names) const {
+        return status_ ? status_ : registry_.RegEnumKeyExA(key_, names);
+    }
+    ErrorCode deleteKey(const String& name) const {
+        return status_ ? status_ : registry_.RegDeleteKeyA(key_, name);
+    }
 
    private:
     Registry& registry_;
-    Handle handle_ = Handle::Invalid;
-    ErrorCode status_ = kInvalidHandle;
+    Handle key_ = Handle::Invalid;
+    ErrorCode status_;
 };
 
 }  // namespace quorkit

@@ -1,5 +1,7 @@
 #include "registry/reg_path.h"
 
+#include <algorithm>
+
 #include "runtime/letter_case.h"
 
 namespace quorkit {
@@ -18,11 +20,9 @@ constexpr RootName kRootNames[] = {
 }  // namespace
 
 RegPath splitRegPath(const String& text) {
-    for (const auto& [name, root] : kRootNames) {
-        if (runtime::toUpper(text.substr(0, name.size())) != name) continue;
-        const bool more = text.size() > name.size();
-        return {root, more ? text.substr(name.size() + 1) : String()};
-    }
+    for (const auto& [name, root] : kRootNames)
+        if (runtime::toUpper(StringView(text).substr(0, name.size())) == name)
+            return {root, text.substr(std::min(text.size(), name.size() + 1))};
     return {};
 }
 

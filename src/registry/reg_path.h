@@ -1,20 +1,21 @@
-// The names of keys as callers give them: the root's name in front, "HKCU\Software\X".
+// Where in the registry a path leads.
 #pragma once
 
 #include <quorkit/ports/registry.h>
+#include <quorkit/values.h>
 
 namespace quorkit {
 
 struct RegPath {
     RegistryRoot root = RegistryRoot::None;
-    String path;
+    String path;  ///< the names beneath the root, spelled as they were given
 
     bool operator==(const RegPath&) const = default;
 };
 
-/// The text in capitals begins with HKEY_CURRENT_USER, HKCU, HKEY_LOCAL_MACHINE, HKLM,
-/// HKEY_CLASSES_ROOT or HKCR, tried in this order. One character behind it is skipped, whatever it
-/// is, and the rest is the path. For any other text the root is None and the path empty.
+/// A path as text: HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE or HKEY_CLASSES_ROOT, or HKCU, HKLM or
+/// HKCR, in any letter case, one character of any kind, and the names. A text that begins with none
+/// of them has no root and no names.
 RegPath splitRegPath(const String& text);
 
 }  // namespace quorkit

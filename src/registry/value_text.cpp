@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <charconv>
 
+#include "registry/dword.h"
 #include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
-
-constexpr std::size_t kDWordSize = 4;
 
 bool isBlank(char16_t unit) {
     return unit == u' ' || unit == u'\t';
@@ -101,12 +100,6 @@ bool readType(StringView& rest, std::uint32_t& type) {
     return skip(rest, u":");
 }
 
-std::string littleEndian(std::uint32_t number) {
-    std::string bytes;
-    for (unsigned shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift);
-    return bytes;
-}
-
 std::optional<RegistryValue> readData(StringView& rest, RegForm form) {
     RegistryValue value{kRegString, {}};
     const bool plain = rest.starts_with(u'"');
@@ -120,7 +113,7 @@ std::optional<RegistryValue> readData(StringView& rest, RegForm form) {
     if (skip(rest, u"dword:")) {
         const auto number = readHexadecimal(rest, 8);
         if (!number) return {};
-        return RegistryValue{kRegDWord, littleEndian(*number)};
+        return RegistryValue{kRegDWord, dwordData(*number)};
     }
     value.type = kRegBinary;
     if (!skip(rest, u"hex") || !readType(rest, value.type)) return {};
@@ -184,10 +177,7 @@ String printData(const RegistryValue& value, RegTexts texts) {
         return (value.type == kRegString ? u"" : u"str(" + hexadecimal(value.type, 1) + u"):") +
                quoted(*text);
     if (value.type != kRegDWord || value.data.size() != kDWordSize) return bytesOf(value);
-    std::uint32_t number = 0;
-    for (std::size_t i = kDWordSize; i-- > 0;)
-        number = number << 8 | static_cast<unsigned char>(value.data[i]);
-    return u"dword:" + hexadecimal(number, 8);
+    return u"dword:" + hexadecimal(dwordIn(value.data), 8);
 }
 
 }  // namespace

@@ -49,9 +49,9 @@ TEST(Catalogue, RowsAreWholeAndUnique) {
 }
 
 TEST(Catalogue, FinishedClassesHaveAllTheirMembers) {
-    const std::set<std::string> finished = {"GQuorStrings", "QuorCollection", "QuorInifile",
-                                            "QuorLogFile",  "GQuorFile",      "GQuorConvert",
-                                            "QuorAddress",  "QuorTesting",    "GQuorLanguage"};
+    const std::set<std::string> finished = {
+        "GQuorStrings", "QuorCollection", "QuorInifile", "GQuorRegistry", "QuorLogFile",
+        "GQuorFile",    "GQuorConvert",   "QuorAddress", "QuorTesting",   "GQuorLanguage"};
     std::size_t published = 0;
     for (const ClassInfo& info : classes()) {
         published += info.publishedMembers;

@@ -1,0 +1,47 @@
+#include <quorkit/GQuorRegistry.h>
+
+#include "registry/open_key.h"
+#include "registry/value_conversion.h"
+
+namespace quorkit {
+namespace {
+
+constexpr std::size_t kRoom = 2000;
+
+/// Hands the name and the text of every value that has room to `take`.
+template <class Take>
+void eachValue(Registry& registry, const String& path, Take take) {
+    std::vector<NamedValue> values;
+    if (OpenKey(registry, splitRegPath(path), RegistryAccess::Read).values(values) != kSuccess)
+        return;
+    for (const auto& [name, value] : values)
+        if (name.size() < kRoom && roomOf(value) <= kRoom) take(name, convertRegValue(value));
+}
+
+}  // namespace
+
+CollectionRef GQuorRegistry::Reg_EnumKeyValues(const String& sPath) {
+    auto texts = std::make_shared<Collection>();
+    eachValue(ports_.registry, sPath, [&](const String& name, const String& text) {
+        // The system may tell names apart that are one key to a collection.
+        texts->add(text, texts->contains(name) ? String() : name);
+    });
+    return texts;
+}
+
+DictionaryRef GQuorRegistry::Reg_EnumKeyValuesEx(const String& sPath) {
+    auto texts = std::make_shared<Dictionary>();
+    eachValue(ports_.registry, sPath,
+              [&](const String& name, const String& text) { texts->set(name, text); });
+    return texts;
+}
+
+Long GQuorRegistry::Reg_EnumSubPaths(const String& sPath, Array<String>& saSubPaths) {
+    std::vector<String> names;
+    OpenKey(ports_.registry, splitRegPath(sPath), RegistryAccess::Read).subKeys(names);
+    if (names.empty()) return 0;
+    saSubPaths = Array<String>(std::move(names), 1);
+    return saSubPaths.bounds().count;
+}
+
+}  // namespace quorkit

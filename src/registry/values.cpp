@@ -1,0 +1,89 @@
+#include <quorkit/GQuorConvert.h>
+#include <quorkit/GQuorRegistry.h>
+
+#include <optional>
+
+#include "frame/error_patterns.h"
+#include "registry/dword.h"
+#include "registry/open_key.h"
+#include "registry/value_conversion.h"
+#include "runtime/convert.h"
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+namespace {
+
+constexpr std::size_t kRoom = 2048;
+
+std::optional<String> read(Registry& registry, const String& path, const String& name) {
+    const OpenKey key(registry, splitRegPath(path), RegistryAccess::Read);
+    RegistryValue value;
+    if (key.value(name, value) != kSuccess || roomOf(value) > kRoom) return {};
+    return convertRegValue(value);
+}
+
+bool write(Registry& registry, const String& path, std::span<const NamedValue> values) {
+    const OpenKey key(registry, splitRegPath(path), RegistryAccess::Write, Unopened::IsMade);
+    return key.setValues(values) == kSuccess;
+}
+bool write(Registry& registry, const String& path, const NamedValue& value) {
+    return write(registry, path, {&value, 1});
+}
+
+/// The bits that a number as text stands for; nothing when it is none or does not fit.
+std::optional<std::uint32_t> dwordOf(Ports& ports, const String& text) {
+    constexpr Double beyond = 4294967296;
+    const String capitals = runtime::toUpper(text);
+    std::optional<Double> number;
+    if (capitals.starts_with(u"0X"))
+        resumeNext([&] { number = GQuorConvert(ports).HexToDec(capitals); });
+    else
+        number = runtime::numberIn(text);
+    if (!number) return {};
+    if (*number < 0) *number += beyond;
+    if (*number < 0 || *number >= beyond) return {};
+    return static_cast<std::uint32_t>(*number);
+}
+
+}  // namespace
+
+String GQuorRegistry::Reg_ReadStringValue(const String& sPath, const String& sKey,
+                                          const Optional<String>& sDefaultValue) {
+    return read(ports_.registry, sPath, sKey).value_or(*sDefaultValue);
+}
+
+Boolean GQuorRegistry::Reg_WriteStringValue(const String& sPath, const String& sKey,
+                                            const String& sValue) {
+    return write(ports_.registry, sPath, {sKey, stringValue(sValue)});
+}
+
+Long GQuorRegistry::Reg_ReadDWordValue(const String& sPath, const String& sKey,
+                                       Optional<Long> iDefaultValue) {
+    const auto text = read(ports_.registry, sPath, sKey);
+    return text && runtime::IsNumeric(*text) ? runtime::CLng(*text) : *iDefaultValue;
+}
+
+Boolean GQuorRegistry::Reg_WriteDWordValue(const String& sPath, const String& sKey,
+                                           const String& sValue) {
+    const auto number = dwordOf(ports_, sValue);
+    return number && write(ports_.registry, sPath, {sKey, {kRegDWord, dwordData(*number)}});
+}
+
+Boolean GQuorRegistry::Reg_ReadBoolValue(const String& sPath, const String& sKey,
+                                         Optional<Boolean, false> bDefaultValue) {
+    return Reg_ReadDWordValue(sPath, sKey, *bDefaultValue ? 1 : 0) != 0;
+}
+
+Boolean GQuorRegistry::Reg_WriteBoolValue(const String& sPath, const String& sKey, Boolean bValue) {
+    return Reg_WriteDWordValue(sPath, sKey, bValue ? u"1" : u"0");
+}
+
+void GQuorRegistry::Reg_WriteKeyValuesEx(const String& sPath, const DictionaryRef& cData) {
+    if (cData == nullptr) raise(ErrorNumber::ObjectNotSet);
+    std::vector<NamedValue> values;
+    for (const auto& [key, item] : cData->entries())
+        values.push_back({runtime::CStr(key), stringValue(runtime::CStr(item))});
+    write(ports_.registry, sPath, values);
+}
+
+}  // namespace quorkit
