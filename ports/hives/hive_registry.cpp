@@ -4,7 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "hives/key_names.h"
+#include "registry/name_rules.h"
 #include "runtime/letter_case.h"
 
 namespace quorkit {

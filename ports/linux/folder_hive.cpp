@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "linux/key_names.h"
+#include "linux/folder_names.h"
 #include "runtime/letter_case.h"
 
 namespace quorkit::disk {

@@ -1,6 +1,6 @@
 // What a person has to mend in a tree of folders.
 #include "linux/folder_hive.h"
-#include "linux/key_names.h"
+#include "linux/folder_names.h"
 #include "linux/name_text.h"
 
 namespace quorkit::disk {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "linux/key_names.h"
+#include "linux/folder_names.h"
 #include "registry/value_text.h"
 #include "runtime/code_page.h"
 #include "runtime/letter_case.h"
@@ -141,7 +141,8 @@ void KeyFile::set(std::span<const NamedValue> values) {
     const std::string_view lineEnd = windows ? "\r\n" : "\n";
 
     struct Place {
-        const NamedValue* value;
+        String name;  // as it is spelled already, or as it comes first
+        const RegistryValue* value;
         std::size_t begin = std::string::npos;
         std::size_t end = 0;
     };
@@ -150,13 +151,14 @@ void KeyFile::set(std::span<const NamedValue> values) {
     std::unordered_map<StringView, std::size_t, TextHash, TextEqual> wanted;
     for (const NamedValue& one : values) {
         const auto [found, isNew] = wanted.emplace(one.name, places.size());
-        if (isNew) places.push_back({&one});
-        places[found->second].value = &one;
+        if (isNew) places.push_back({one.name, &one.value});
+        places[found->second].value = &one.value;
     }
     forEachLine(text_, [&](const Line& line) {
         const auto name = valueNameOf(line);
         const auto found = name ? wanted.find(*name) : wanted.end();
         if (found == wanted.end()) return true;
+        places[found->second].name = *name;
         places[found->second].begin = line.begin;
         places[found->second].end = line.end;
         return true;
@@ -170,7 +172,7 @@ void KeyFile::set(std::span<const NamedValue> values) {
         changed.append(text_, copied, begin - copied);
         copied = std::max(copied, place.begin == std::string::npos ? begin : place.end);
         if (!changed.empty() && !changed.ends_with('\n')) changed += lineEnd;
-        changed += runtime::toUtf8(printValue(*place.value, RegTexts::Readable),
+        changed += runtime::toUtf8(printValue({place.name, *place.value}, RegTexts::Readable),
                                    runtime::LoneSurrogate::Keep);
         changed += lineEnd;
     }

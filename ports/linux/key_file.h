@@ -24,14 +24,14 @@ class KeyFile {
 
     const std::string& text() const { return text_; }
 
-    /// As the line "[...]" has it, see key_names.h; nothing when there is none.
+    /// As the line "[...]" has it, see folder_names.h; nothing when there is none.
     std::optional<String> name() const;
     /// False when there is no such value, or when its line is damaged.
     bool find(const String& name, RegistryValue& value) const;
     /// Appends all values, in the order in which their names come first.
     void list(std::vector<NamedValue>& values) const;
 
-    /// A line that was there is replaced where it stands, a new one comes last.
+    /// A line that was there is replaced where it stands, its name as spelled; a new one comes last.
     void set(std::span<const NamedValue> values);
     /// False when there is no such value.
     bool remove(const String& name);

@@ -9,7 +9,7 @@
 #include <cstdio>
 
 #include "linux/calls.h"
-#include "linux/key_names.h"
+#include "linux/folder_names.h"
 #include "linux/opened.h"
 
 namespace quorkit::disk {

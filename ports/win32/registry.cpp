@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "hives/key_names.h"
+#include "registry/name_rules.h"
 #include "win32/calls.h"
 
 namespace quorkit {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "registry/name_rules.h"
+
 namespace quorkit {
 namespace {
 
@@ -19,13 +21,6 @@ constexpr StringView longName(RegistryRoot root) {
     return {};
 }
 
-/// The name in front of the first "\", which is taken off with it.
-StringView takeName(StringView& path) {
-    const StringView name = path.substr(0, path.find(u'\\'));
-    path.remove_prefix(std::min(path.size(), name.size() + 1));
-    return name;
-}
-
 }  // namespace
 
 String printKeyName(const RegPath& key) {
@@ -35,16 +30,13 @@ String printKeyName(const RegPath& key) {
 }
 
 std::optional<RegPath> readKeyName(StringView name) {
-    RegPath key = splitRegPath(String(takeName(name)) + u'\\');
-    if (key.root == RegistryRoot::None || !key.path.empty() || name.starts_with(u'\\')) return {};
-    for (std::size_t depth = 0; !name.empty();) {
-        const StringView one = takeName(name);
-        if (one.empty()) continue;
-        if (one.size() > kLongestKeyName || one.find(u'\0') != String::npos) return {};
-        if (++depth > kDeepestKey) return {};
-        if (!key.path.empty()) key.path += u'\\';
-        key.path += one;
-    }
+    const std::size_t end = std::min(name.find(u'\\'), name.size());
+    RegPath key = splitRegPath(String(name.substr(0, end)) + u'\\');
+    if (key.root == RegistryRoot::None || !key.path.empty()) return {};
+    std::vector<String> names;
+    name.remove_prefix(std::min(name.size(), end + 1));
+    if (splitKeyPath(name, names) != kSuccess) return {};
+    for (const String& one : names) key.path.append(key.path.empty() ? u"" : u"\\").append(one);
     return key;
 }
 

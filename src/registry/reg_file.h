@@ -24,12 +24,6 @@
 
 namespace quorkit {
 
-/// How an operation on several keys went, and with which key it failed.
-struct RegResult {
-    ErrorCode code = kSuccess;
-    RegPath key = {};
-};
-
 /// The key and all beneath it as a file of version 5, in UTF-16 with its mark: values and keys in
 /// the registry's order, the default value first. What vanishes meanwhile is left out, but not the
 /// key itself. kInvalidName when a key's name holds a line break, which no reader could understand.

@@ -1,53 +1,37 @@
+#include "registry/delete_tree.h"
 #include "registry/open_key.h"
 #include "registry/reg_file.h"
 
 namespace quorkit {
 namespace {
 
-/// Deletes something from every place that shows it: the classes root has two.
-template <class Delete>
-ErrorCode deleteEverywhere(RegistryRoot root, Delete deleteOne) {
-    ErrorCode code = deleteOne();
-    if (code == kSuccess && root == RegistryRoot::ClassesRoot) code = deleteOne();
-    return code == kFileNotFound ? kSuccess : code;
+/// In the classes root there may be two of what is deleted, the user's and the machine's.
+int countOf(RegistryRoot root) {
+    return root == RegistryRoot::ClassesRoot ? 2 : 1;
 }
 
-ErrorCode deleteKey(Registry& registry, const RegPath& key) {
-    const std::size_t mark = key.path.rfind(u'\\');
-    const bool atRoot = mark == String::npos;
-    const OpenKey parent(registry, {key.root, atRoot ? String() : key.path.substr(0, mark)},
-                         RegistryAccess::Write);
-    if (parent.status() != kSuccess) return parent.status();
-    const String name = key.path.substr(atRoot ? 0 : mark + 1);
-    return deleteEverywhere(key.root,
-                            [&] { return registry.RegDeleteKeyA(parent.handle(), name); });
-}
-
-ErrorCode namesBeneath(Registry& registry, const RegPath& key, std::vector<String>& names) {
-    const OpenKey open(registry, key, RegistryAccess::Read);
-    return open.status() == kSuccess ? registry.RegEnumKeyExA(open.handle(), names) : open.status();
-}
-
-RegResult deleteTree(Registry& registry, const RegPath& key) {
-    std::vector<String> names;
-    ErrorCode code = namesBeneath(registry, key, names);
-    if (code == kFileNotFound) return {};
-    if (code != kSuccess) return {code, key};
-    for (const String& name : names) {
-        RegResult result = deleteTree(registry, {key.root, key.path + u'\\' + name});
+RegResult deleteKey(Registry& registry, const RegPath& key) {
+    for (int i = 0; i < countOf(key.root); ++i) {
+        RegResult result = deleteTree(registry, key);
+        if (result.code == kFileNotFound) break;
         if (result.code != kSuccess) return result;
     }
-    code = deleteKey(registry, key);
-    return {code == kFileNotFound ? kSuccess : code, key};
+    return {};
+}
+
+ErrorCode deleteValue(const OpenKey& key, RegistryRoot root, const String& name) {
+    ErrorCode code = kSuccess;
+    for (int i = 0; i < countOf(root) && code == kSuccess; ++i) code = key.deleteValue(name);
+    return code == kFileNotFound ? kSuccess : code;
 }
 
 /// Makes the key and changes its values, with one call for all that are set in a row.
 ErrorCode changeKey(Registry& registry, RegChange& change) {
-    OpenKey open(registry);
-    ErrorCode code = open.create(change.key);
+    const OpenKey key(registry, change.key, RegistryAccess::Write, Unopened::IsMade);
+    ErrorCode code = key.status();
     std::vector<NamedValue> run;
     const auto setRun = [&] {
-        if (code == kSuccess && !run.empty()) code = registry.RegSetValueExA(open.handle(), run);
+        if (code == kSuccess && !run.empty()) code = key.setValues(run);
         run.clear();
     };
     for (ValueLine& line : change.values) {
@@ -56,9 +40,7 @@ ErrorCode changeKey(Registry& registry, RegChange& change) {
             continue;
         }
         setRun();
-        if (code != kSuccess) return code;
-        code = deleteEverywhere(change.key.root,
-                                [&] { return registry.RegDeleteValueA(open.handle(), line.name); });
+        if (code == kSuccess) code = deleteValue(key, change.key.root, line.name);
     }
     setRun();
     return code;
@@ -68,7 +50,7 @@ ErrorCode changeKey(Registry& registry, RegChange& change) {
 
 RegResult applyRegChanges(Registry& registry, std::vector<RegChange> changes) {
     for (RegChange& change : changes) {
-        RegResult result = change.deletes ? deleteTree(registry, change.key)
+        RegResult result = change.deletes ? deleteKey(registry, change.key)
                                           : RegResult{changeKey(registry, change), change.key};
         if (result.code != kSuccess) return result;
     }

@@ -66,10 +66,8 @@ class Printer {
     ErrorCode list(const RegPath& key, std::vector<NamedValue>& values,
                    std::vector<String>& names) {
         const OpenKey open(registry_, key, RegistryAccess::Read);
-        ErrorCode code = open.status();
-        if (code == kSuccess) code = registry_.RegEnumValueA(open.handle(), values);
-        if (code == kSuccess) code = registry_.RegEnumKeyExA(open.handle(), names);
-        return code;
+        const ErrorCode code = open.values(values);
+        return code == kSuccess ? open.subKeys(names) : code;
     }
 
     Registry& registry_;

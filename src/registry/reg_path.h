@@ -18,4 +18,10 @@ struct RegPath {
 /// of them has no root and no names.
 RegPath splitRegPath(const String& text);
 
+/// How an operation on several keys went, and with which key it failed.
+struct RegResult {
+    ErrorCode code = kSuccess;
+    RegPath key = {};
+};
+
 }  // namespace quorkit

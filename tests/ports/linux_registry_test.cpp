@@ -9,7 +9,7 @@
 #include <thread>
 
 #include "linux/folder_hive.h"
-#include "linux/key_names.h"
+#include "linux/folder_names.h"
 #include "runtime/code_page.h"
 #include "support/child.h"
 #include "support/scratch.h"
@@ -87,7 +87,7 @@ TEST_F(LinuxRegistry, KeepsWhatPeopleWrite) {
     EXPECT_EQ(set(u"New", dword(4)), kSuccess);
     EXPECT_EQ(hive.deleteValue(tool, u"LEFT"), kSuccess);
     EXPECT_EQ(scratch.read(values),
-              "# by hand\r\n[Tool]\r\n\r\nhalf a line\r\n\"hex\"=dword:00000003\r\n"
+              "# by hand\r\n[Tool]\r\n\r\nhalf a line\r\n\"Hex\"=dword:00000003\r\n"
               "\"Broken\"=dword:xyz\r\n\"Last\"=\"x\"\r\n\"New\"=dword:00000004\r\n");
     std::vector<String> names;
     EXPECT_EQ(hive.subKeys({u"ACME"}, names), kSuccess);

@@ -40,9 +40,8 @@ std::string import(Registry& registry, const std::string& content) {
 }
 
 void set(Registry& registry, const RegPath& key, const std::vector<NamedValue>& values) {
-    OpenKey open(registry);
-    ASSERT_EQ(open.create(key), kSuccess);
-    ASSERT_EQ(registry.RegSetValueExA(open.handle(), values), kSuccess);
+    const OpenKey open(registry, key, RegistryAccess::Write, Unopened::IsMade);
+    ASSERT_EQ(open.setValues(values), kSuccess);
 }
 
 // Written by Wine: wine reg export "HKCU\Software\Quorkit Witness" witness.reg
@@ -73,7 +72,7 @@ TEST(RegFile, CarriesEveryValueAndName) {
     EXPECT_EQ(import(other, exported(registry)), "");
     EXPECT_EQ(exported(other), exported(registry));
     std::vector<NamedValue> found;
-    other.RegEnumValueA(OpenKey(other, kKey, RegistryAccess::Read).handle(), found);
+    OpenKey(other, kKey, RegistryAccess::Read).values(found);
     EXPECT_EQ(found, values);
 
     set(registry, {kKey.root, kKey.path + u"\\a\nb"}, {});

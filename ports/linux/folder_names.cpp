@@ -1,4 +1,4 @@
-#include "linux/key_names.h"
+#include "linux/folder_names.h"
 
 #include <charconv>
 #include <cstdint>

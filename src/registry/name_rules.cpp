@@ -1,15 +1,8 @@
-#include "hives/key_names.h"
+#include "registry/name_rules.h"
 
 #include <algorithm>
 
 namespace quorkit {
-namespace {
-
-constexpr std::size_t kLongestKeyName = 255;
-constexpr std::size_t kLongestValueName = 16'383;
-constexpr std::size_t kDeepestKey = 512;
-
-}  // namespace
 
 bool canNameKey(StringView name) {
     return !name.empty() && name.size() <= kLongestKeyName &&

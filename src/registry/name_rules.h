@@ -7,13 +7,13 @@
 
 namespace quorkit {
 
-/// Whether one key can have this name: 1 to 255 characters, none of them "\" or U+0000.
+/// Whether one key can have this name: 1 to kLongestKeyName characters, none of them "\" or U+0000.
 bool canNameKey(StringView name);
-/// Whether a value can have this name: at most 16,383 characters without U+0000.
+/// Whether a value can have this name: at most kLongestValueName characters without U+0000.
 bool canNameValue(StringView name);
 
 /// Appends the names of the keys in `path`. kBadPathName or kInvalidParameter, as Registry says;
-/// the latter also when there are more than 512 of them.
+/// the latter also when there are more than kDeepestKey of them.
 ErrorCode splitKeyPath(StringView path, std::vector<String>& names);
 
 }  // namespace quorkit
