@@ -16,9 +16,8 @@ class RegistryCases {
         registry_.Reg_DeletePath(kTop);
         registry_.Reg_WriteDWordValue(kDeep, u"Left", u"12");
         registry_.Reg_WriteStringValue(kDeep, u"Name", u"a text beside it");
-        many_ = values(kMany);
-        bulk_ = values(kBulk);
-        registry_.Reg_WriteKeyValuesEx(kValues, many_);
+        registry_.Reg_WriteKeyValuesEx(kValues, values(kMany));
+        writeBulk();
         for (Long i = 0; i < kMany; ++i)
             registry_.Reg_WriteDWordValue(kKeys + (u"\\Key " + number(i)), u"x", u"1");
     }
@@ -29,7 +28,9 @@ class RegistryCases {
     bool readDWord() { return registry_.Reg_ReadDWordValue(kDeep, u"Left") >= 0; }
     bool writeDWord() { return registry_.Reg_WriteDWordValue(kDeep, u"Left", number(++count_)); }
     bool writeBulk() {
-        registry_.Reg_WriteKeyValuesEx(kBulkKey, bulk_);
+        // What is there already would not be written again.
+        static const DictionaryRef both[] = {values(kBulk, 0), values(kBulk, 1)};
+        registry_.Reg_WriteKeyValuesEx(kBulkKey, both[++count_ % 2]);
         return true;
     }
     bool listValues() { return registry_.Reg_EnumKeyValuesEx(kValues)->count() == kMany; }
@@ -45,9 +46,9 @@ class RegistryCases {
     }
 
    private:
-    static DictionaryRef values(Long count) {
+    static DictionaryRef values(Long count, Long first = 0) {
         auto all = std::make_shared<Dictionary>();
-        for (Long i = 0; i < count; ++i) all->add(u"Value number " + number(i), i);
+        for (Long i = 0; i < count; ++i) all->add(u"Value number " + number(i), first + i);
         return all;
     }
 
@@ -58,8 +59,6 @@ class RegistryCases {
     static inline const String kKeys = kTop + u"\\Keys";
 
     GQuorRegistry registry_;
-    DictionaryRef many_;
-    DictionaryRef bulk_;
     Long count_ = 0;
 };
 
