@@ -55,7 +55,8 @@ void exportKey(const String& name, const String& file, std::ostream& out, Ports&
     const RegResult result = printRegFile(ports.registry, *key, content);
     if (result.code == kFileNotFound) fail(printKeyName(result.key), "no such key");
     if (result.code == kInvalidName)
-        fail(printKeyName(result.key), "a file cannot hold a line break in the name of a key");
+        fail(printKeyName(result.key),
+             "a file cannot hold the name of this key or of one beneath it");
     expectSuccess(result.code, printKeyName(result.key));
     if (file == kStandardStream) {
         out << content;

@@ -26,7 +26,8 @@ namespace quorkit {
 
 /// The key and all beneath it as a file of version 5, in UTF-16 with its mark: values and keys in
 /// the registry's order, the default value first. What vanishes meanwhile is left out, but not the
-/// key itself. kInvalidName when a key's name holds a line break, which no reader could understand.
+/// key itself. kInvalidName when a key's name holds a line break, which no reader could understand,
+/// and beneath a key that lists a name no key can have.
 /// On failure `content` is unspecified.
 RegResult printRegFile(Registry& registry, const RegPath& key, std::string& content);
 

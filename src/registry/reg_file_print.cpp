@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "registry/key_name.h"
+#include "registry/name_rules.h"
 #include "registry/open_key.h"
 #include "registry/reg_file.h"
 #include "runtime/code_page.h"
@@ -54,6 +55,8 @@ class Printer {
         for (const NamedValue& one : values) addValue(text_, one);
         text_ += kBreak;
         for (const String& name : names) {
+            // Any other name would lead elsewhere, perhaps to this key again.
+            if (!canNameKey(name)) return {kInvalidName, key};
             RegResult result = print(beneath(key, name));
             if (result.code != kSuccess && result.code != kFileNotFound) return result;
         }
