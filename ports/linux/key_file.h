@@ -31,7 +31,8 @@ class KeyFile {
     /// Appends all values, in the order in which their names come first.
     void list(std::vector<NamedValue>& values) const;
 
-    /// A line that was there is replaced where it stands, its name as spelled; a new one comes last.
+    /// A line that was there is replaced where it stands, its name as spelled; a new one comes
+    /// last.
     void set(std::span<const NamedValue> values);
     /// False when there is no such value.
     bool remove(const String& name);

@@ -95,7 +95,8 @@ ErrorCode replaceValues(int folder, const std::string& path, const struct stat& 
     if (file.descriptor == -1 || fstat(file.descriptor, &file.about) != 0) return keyError();
     ErrorCode code = copyRights(in(path, kValues), old, file);
     if (code == kSuccess) code = writeAll(file.descriptor, text);
-    if (code == kSuccess && fdatasync(file.descriptor) != 0) code = lastError();
+    // Nobody waits for the disk, but the content shall not be the last to get there.
+    if (code == kSuccess) sync_file_range(file.descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
     if (code == kSuccess && renameat(folder, kNewValues, folder, kValues) != 0) code = keyError();
     if (code != kSuccess) unlinkat(folder, kNewValues, 0);
     return code;
