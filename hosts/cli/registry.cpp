@@ -53,19 +53,21 @@ void exportKey(const String& name, const String& file, std::ostream& out, Ports&
     if (!key) fail(name, "not the name of a key");
     std::string content;
     const RegResult result = printRegFile(ports.registry, *key, content);
-    if (result.code == kFileNotFound) fail(printKeyName(result.key), "no such key");
-    if (result.code == kInvalidName)
-        fail(printKeyName(result.key),
-             "a file cannot hold the name of this key or of one beneath it");
-    expectSuccess(result.code, printKeyName(result.key));
+    const std::string why = result.code == kFileNotFound  ? "no such key"
+                            : result.code == kInvalidName ? "no file can hold its name"
+                                                          : reason(result.code);
+    if (content.empty()) fail(printKeyName(result.key), why);
     if (file == kStandardStream) {
         out << content;
         if (!out.flush()) throw Failure("standard output: cannot be written");
-        return;
+    } else {
+        LockedFile locked(ports.files, file);
+        expectSuccess(locked.status(), file);
+        expectSuccess(locked.replace(content), file);
     }
-    LockedFile locked(ports.files, file);
-    expectSuccess(locked.status(), file);
-    expectSuccess(locked.replace(content), file);
+    // What was deleted meanwhile is not missing.
+    if (result.code != kSuccess && result.code != kFileNotFound)
+        fail(printKeyName(result.key), why + "; it is left out");
 }
 
 std::string contentOf(const String& file, std::istream& in, Ports& ports) {

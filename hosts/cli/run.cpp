@@ -2,11 +2,11 @@
 
 #include <quorkit/errors.h>
 
+#include <exception>
 #include <span>
 
 #include "cli/call.h"
 #include "cli/describe.h"
-#include "cli/failure.h"
 #include "cli/list.h"
 #include "cli/registry.h"
 #include "cli/rpc.h"
@@ -75,11 +75,11 @@ int run(const std::vector<String>& arguments, std::istream& in, std::ostream& ou
     } catch (const UsageError& error) {
         err << "quorkit: " << error.what() << '\n' << kUsage;
         return 2;
-    } catch (const Failure& failure) {
-        err << "quorkit: " << failure.what() << '\n';
-        return 1;
     } catch (const AutomationError& error) {
         err << "quorkit: error " << error.number() << ": " << error.what() << '\n';
+        return 1;
+    } catch (const std::exception& failure) {
+        err << "quorkit: " << failure.what() << '\n';
         return 1;
     }
 }

@@ -9,7 +9,7 @@
 // letter case. ports/registry.h tells what names may be.
 //
 // A value becomes a text so: a text without the U+0000 at its end, of which a list of texts has two
-// and keeps one; a DWORD as a decimal number from -2147483647 to 2147483648 (kept: 0x80000000 is
+// and keeps one; a DWORD as a decimal number from -2147483647 to 2147483648 (0x80000000 is
 // positive); data without a type as characters of code page 1252; anything else as "".
 //
 // No key, no value, no such root and no right are never an error.
@@ -47,7 +47,7 @@ class GQuorRegistry {
                             Optional<Long> iDefaultValue = {});
     /// Writes a number, rounded down, as a DWORD: "12", "-1" (which is 0xFFFFFFFF), or "0x1F" with
     /// the digits as GQuorConvert.HexToDec takes them; so up to four are a 16-bit number with a
-    /// sign (kept: "0xFFFF" writes 0xFFFFFFFF, "0x0000FFFF" does not), and no digits are 0. False
+    /// sign ("0xFFFF" writes 0xFFFFFFFF, "0x0000FFFF" does not), and no digits are 0. False
     /// for any other text, and for what is not from -4294967296 to 4294967295.
     Boolean Reg_WriteDWordValue(const String& sPath, const String& sKey, const String& sValue);
 
@@ -73,8 +73,9 @@ class GQuorRegistry {
     Long Reg_EnumSubPaths(const String& sPath, Array<String>& saSubPaths);
 
     /// Writes every item of `cData` as a text (True as "True", 5 as "5") of the type REG_SZ under
-    /// its key, all at once, and makes the key when it is missing. Error 91 for Nothing; 13 or 94
-    /// for a key or item that is no text, then nothing is written.
+    /// its key, all at once, and makes the key when it is missing. Names that no value can have are
+    /// left out. Error 91 for Nothing; 13 or 94 for a key or item that is no text, then no value is
+    /// written. A key that cannot be opened is no error, whatever `cData` is.
     void Reg_WriteKeyValuesEx(const String& sPath, const DictionaryRef& cData);
 
     /// Deletes a value.

@@ -17,8 +17,9 @@ using Names = std::unordered_set<String, runtime::TextHash, runtime::TextEqual>;
 /// Appends what `list` finds in each of the places, but for what an earlier place has too. At least
 /// one of them must be there.
 template <class Places, class Entry, class List, class NameOf>
-ErrorCode listAll(const Places& places, std::vector<Entry>& found, List list, NameOf nameOf) {
-    ErrorCode result = kFileNotFound;
+ErrorCode listAll(const Places& places, bool isRoot, std::vector<Entry>& found, List list,
+                  NameOf nameOf) {
+    ErrorCode result = isRoot ? kSuccess : kFileNotFound;
     Names seen;
     for (const auto& place : places) {
         std::vector<Entry> here;
@@ -51,13 +52,13 @@ ErrorCode askFirst(Places& places, Ask ask) {
 
 struct HiveRegistry::OpenKey {
     std::vector<Place> places;
+    bool isRoot;
     bool reads;
     bool writes;
 
     static const OpenKey& of(Handle key) { return *reinterpret_cast<const OpenKey*>(key); }
-    static Handle handOut(std::vector<Place> places, bool reads, bool writes) {
-        return Handle(
-            reinterpret_cast<std::intptr_t>(new OpenKey{std::move(places), reads, writes}));
+    static Handle handOut(OpenKey key) {
+        return Handle(reinterpret_cast<std::intptr_t>(new OpenKey(std::move(key))));
     }
 };
 
@@ -80,9 +81,11 @@ ErrorCode HiveRegistry::RegOpenKeyExA(RegistryRoot root, const String& path, Reg
     if (code == kSuccess)
         code = askFirst(places,
                         [&](const Place& place) { return place.hive->open(place.path, access); });
-    if (code == kSuccess)
-        key = OpenKey::handOut(std::move(places), access == RegistryAccess::Read,
-                               access == RegistryAccess::Write);
+    const bool reads = access == RegistryAccess::Read;
+    const bool isRoot = path.empty();
+    // The classes root is there before anybody has put a class into it.
+    if (code == kFileNotFound && isRoot && reads) code = kSuccess;
+    if (code == kSuccess) key = OpenKey::handOut({std::move(places), isRoot, reads, !reads});
     return code;
 }
 
@@ -94,7 +97,7 @@ ErrorCode HiveRegistry::RegCreateKeyA(RegistryRoot root, const String& path, Han
         return place.hive->open(place.path, RegistryAccess::Write);
     });
     if (code == kFileNotFound) code = places.back().hive->create(places.back().path);
-    if (code == kSuccess) key = OpenKey::handOut(std::move(places), true, true);
+    if (code == kSuccess) key = OpenKey::handOut({std::move(places), path.empty(), true, true});
     return code;
 }
 
@@ -131,7 +134,7 @@ ErrorCode HiveRegistry::RegEnumValueA(Handle key, std::vector<NamedValue>& value
     const OpenKey& open = OpenKey::of(key);
     if (!open.reads) return kAccessDenied;
     return listAll(
-        open.places, values,
+        open.places, open.isRoot, values,
         [](const Place& place, auto& here) { return place.hive->values(place.path, here); },
         [](const NamedValue& one) { return one.name; });
 }
@@ -140,7 +143,7 @@ ErrorCode HiveRegistry::RegEnumKeyExA(Handle key, std::vector<String>& names) {
     const OpenKey& open = OpenKey::of(key);
     if (!open.reads) return kAccessDenied;
     return listAll(
-        open.places, names,
+        open.places, open.isRoot, names,
         [](const Place& place, auto& here) { return place.hive->subKeys(place.path, here); },
         [](const String& name) { return name; });
 }

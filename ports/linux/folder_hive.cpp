@@ -8,6 +8,9 @@
 namespace quorkit::disk {
 namespace {
 
+/// In bytes; names of files and of folders for work come behind it.
+constexpr std::size_t kLongestFolder = 4000;
+
 /// The root is there also when nobody has needed its folder yet.
 ErrorCode orRoot(ErrorCode code, const Hive::Path& path) {
     return code == kFileNotFound && path.empty() ? kSuccess : code;
@@ -16,26 +19,28 @@ ErrorCode orRoot(ErrorCode code, const Hive::Path& path) {
 }  // namespace
 
 std::string FolderHive::folderOf(const Path& path, std::size_t depth) const {
+    // Nothing can be found or made beneath a device.
+    const std::string nowhere = "/dev/null/none";
     std::string folder = root_();
+    if (!folder.starts_with('/')) return nowhere;
     for (const String& name : std::span(path).first(std::min(depth, path.size())))
         folder.append("/").append(folderNameOf(name));
-    return folder;
+    return folder.size() > kLongestFolder ? nowhere : folder;
 }
 
 ErrorCode FolderHive::open(const Path& path, RegistryAccess access) {
-    return orRoot(openKeyFolder(folderOf(path), access == RegistryAccess::Write), path);
+    const ErrorCode code = openKeyFolder(folderOf(path), access == RegistryAccess::Write);
+    for (std::size_t depth = 0; code == kSuccess && depth < path.size(); ++depth)
+        if (isOfAnotherKey(folderOf(path, depth), path[depth])) return kFileNotFound;
+    return orRoot(code, path);
 }
 
 ErrorCode FolderHive::create(const Path& path) {
-    constexpr int mostTries = 100;  // others may delete what is above it
-    ErrorCode code = kFileNotFound;
-    for (int tries = 0; code == kFileNotFound && tries < mostTries; ++tries) {
-        const std::string root = root_();
-        if (root.empty()) return kPathNotFound;
-        code = makeFolders(root, rights_.folder);
-        for (std::size_t depth = 0; code == kSuccess && depth < path.size(); ++depth)
-            code = makeKeyFolder(folderOf(path, depth), path[depth], rights_);
-    }
+    if (const ErrorCode code = makeRoot(folderOf({}), rights_)) return code;
+    const StoreLock lock(folderOf({}));
+    ErrorCode code = lock.status();
+    for (std::size_t depth = 0; code == kSuccess && depth < path.size(); ++depth)
+        code = makeKeyFolder(folderOf(path, depth), path[depth], rights_);
     return code;
 }
 
@@ -57,7 +62,10 @@ ErrorCode FolderHive::values(const Path& path, std::vector<NamedValue>& values) 
 ErrorCode FolderHive::setValues(const Path& path, std::span<const NamedValue> values) {
     if (path.empty())
         if (const ErrorCode code = create(path)) return code;
+    const StoreLock lock(folderOf({}));
+    if (lock.status() != kSuccess) return lock.status();
     return changeKeyFile(folderOf(path), rights_, [&](KeyFile& file) {
+        if (file.text().empty() && !path.empty()) file = KeyFile(newKeyFile(path.back()));
         file.set(values);
         return kSuccess;
     });
@@ -68,6 +76,8 @@ ErrorCode FolderHive::deleteValue(const Path& path, const String& name) {
     std::string text;
     if (const ErrorCode code = readKeyFile(folderOf(path), text)) return code;
     if (!KeyFile(std::move(text)).remove(name)) return kFileNotFound;
+    const StoreLock lock(folderOf({}));
+    if (lock.status() != kSuccess) return lock.status();
     return changeKeyFile(folderOf(path), rights_, [&](KeyFile& file) {
         return file.remove(name) ? kSuccess : kFileNotFound;
     });
@@ -76,14 +86,21 @@ ErrorCode FolderHive::deleteValue(const Path& path, const String& name) {
 ErrorCode FolderHive::subKeys(const Path& path, std::vector<String>& names) {
     const std::string folder = folderOf(path);
     std::vector<KeyEntry> entries;
-    if (const ErrorCode code = listKeyFolder(folder, entries)) return orRoot(code, path);
-    std::ranges::sort(entries, {}, &KeyEntry::name);
+    if (const ErrorCode code = listKeyFolder(folder, path.empty(), entries))
+        return orRoot(code, path);
+    if (path.size() == kDeepestKey) return kSuccess;
+    std::vector<std::pair<String, String>> found;  // folded, and as spelled
     for (const KeyEntry& entry : entries)
-        if (auto name = keyNameOf(folder, entry)) names.push_back(std::move(*name));
+        if (auto name = keyNameOf(folder, entry))
+            found.emplace_back(runtime::folded(*name), std::move(*name));
+    std::ranges::sort(found);
+    for (auto& [folded, name] : found) names.push_back(std::move(name));
     return kSuccess;
 }
 
 ErrorCode FolderHive::deleteKey(const Path& path) {
+    const StoreLock lock(folderOf({}));
+    if (lock.status() != kSuccess) return lock.status();
     return removeKeyFolder(folderOf(path, path.size() - 1), path.back());
 }
 

@@ -16,8 +16,8 @@ inline constexpr Rights kForEverybody = {0755, 0644};
 
 class FolderHive final : public Hive {
    public:
-    /// `root` names the folder of the hive, or none with ""; it is asked at each use, and the
-    /// folder is made when it is needed.
+    /// `root` names the folder of the hive with its whole path, or none with "": then nothing is
+    /// there. It is asked at each use, and the folder is made when it is needed.
     FolderHive(std::function<std::string()> root, Rights rights)
         : root_(std::move(root)), rights_(rights) {}
 
@@ -32,7 +32,8 @@ class FolderHive final : public Hive {
     std::vector<RegistryDamage> check() override;
 
    private:
-    /// The folder of the key that the first `depth` names lead to.
+    /// The folder of the key that the first `depth` names lead to; one that cannot be when there is
+    /// no root or the path becomes too long.
     std::string folderOf(const Path& path, std::size_t depth = -1) const;
 
     std::function<std::string()> root_;

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cstdint>
 
+#include "registry/name_rules.h"
 #include "runtime/code_page.h"
 #include "runtime/letter_case.h"
 
@@ -67,7 +68,7 @@ std::string spelledNameOf(const String& name) {
 }
 
 std::string folderNameOf(const String& name) {
-    std::string folder = spelledNameOf(runtime::toLower(name));
+    std::string folder = spelledNameOf(runtime::folded(name));
     if (folder.size() <= kLongestFolder) return folder;
     char digits[16];
     char* const end = std::to_chars(digits, std::end(digits), numberOf(folder), 16).ptr;
@@ -88,7 +89,9 @@ String nameOfSpelled(std::string_view text) {
 }
 
 bool isFolderName(std::string_view folder) {
-    return isCutOff(folder) || (!folder.empty() && folderNameOf(nameOfSpelled(folder)) == folder);
+    if (isCutOff(folder)) return true;
+    const String name = nameOfSpelled(folder);
+    return canNameKey(name) && folderNameOf(name) == folder;
 }
 
 bool isCutOff(std::string_view folder) {

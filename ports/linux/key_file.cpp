@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "linux/folder_names.h"
+#include "registry/name_rules.h"
 #include "registry/value_text.h"
 #include "runtime/code_page.h"
 #include "runtime/letter_case.h"
@@ -34,16 +35,23 @@ struct Line {
     bool isName() const { return says.starts_with('[') && says.ends_with(']'); }
 };
 
+constexpr std::string_view kGoesOn = ",\\";
+
+/// Whether a line of bytes can go on in this one: with digits, or with nothing.
+bool canGoOn(std::string_view line) {
+    return line.find_first_not_of("0123456789abcdefABCDEF, \t\\") == std::string_view::npos;
+}
+
 /// Calls `visit` with each line until that answers false.
 template <class Visit>
 void forEachLine(std::string_view text, Visit visit) {
-    constexpr std::string_view goesOn = ",\\";
     std::size_t at = text.starts_with(runtime::kUtf8Mark) ? runtime::kUtf8Mark.size() : 0;
     std::size_t number = 0;
+    const auto endOfLine = [&] { return std::min(text.find('\n', at), text.size() - 1) + 1; };
+    const auto lookAtLine = [&] { return trimmed(text.substr(at, endOfLine() - at)); };
     const auto takeLine = [&] {
-        const std::size_t end = std::min(text.find('\n', at), text.size() - 1) + 1;
-        const std::string_view line = trimmed(text.substr(at, end - at));
-        at = end;
+        const std::string_view line = lookAtLine();
+        at = endOfLine();
         ++number;
         return line;
     };
@@ -52,7 +60,7 @@ void forEachLine(std::string_view text, Visit visit) {
         line.begin = at;
         line.says = takeLine();
         line.number = number;
-        while (line.says.ends_with(goesOn) && at < text.size() && !line.saysNothing()) {
+        while (line.says.ends_with(kGoesOn) && at < text.size() && canGoOn(lookAtLine())) {
             if (line.joined.empty()) line.joined = line.says;
             line.joined.pop_back();
             line.joined += takeLine();
@@ -67,7 +75,8 @@ std::optional<String> valueNameOf(const Line& line) {
     if (!line.says.starts_with('"') && !line.says.starts_with('@')) return {};
     const String text = line.text();
     StringView rest = text;
-    return readName(rest);
+    auto name = readName(rest);
+    return name && canNameValue(*name) ? name : std::nullopt;
 }
 
 /// False when a line is certainly not that of the value whose name, in UTF-8, is `wanted`; most are
@@ -122,7 +131,7 @@ void KeyFile::list(std::vector<NamedValue>& values) const {
     std::unordered_map<String, std::size_t, TextHash, TextEqual> positions;
     forEachLine(text_, [&](const Line& line) {
         auto value = readValue(line.text());
-        if (!value) return true;
+        if (!value || !canNameValue(value->name)) return true;
         const auto [found, isNew] = positions.emplace(value->name, lines.size());
         if (isNew)
             lines.push_back(std::move(*value));
@@ -198,20 +207,26 @@ bool KeyFile::remove(const String& name) {
 }
 
 std::vector<KeyFile::Damage> KeyFile::damage() const {
+    constexpr std::size_t most = 100;
     std::vector<Damage> found;
     std::unordered_map<String, std::size_t, TextHash, TextEqual> lines;
     bool named = false;
     forEachLine(text_, [&](const Line& line) {
         const auto say = [&](const char16_t* what) { found.push_back({line.number, what}); };
+        if (found.size() >= most) {
+            say(u"and what follows has more damage");
+            return false;
+        }
         if (line.saysNothing()) return true;
-        if (!runtime::isUtf8(line.says)) say(u"is no UTF-8");
+        const String text = line.text();
+        if (runtime::toUtf8(text, runtime::LoneSurrogate::Keep) != line.says) say(u"is no UTF-8");
         if (line.isName()) {
             if (named) say(u"is a second name");
             named = true;
             return true;
         }
-        const auto value = readValue(line.text());
-        if (!value) {
+        const auto value = readValue(text);
+        if (!value || !canNameValue(value->name)) {
             say(u"is no value");
             return true;
         }

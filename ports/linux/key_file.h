@@ -6,7 +6,7 @@
 //   ; a comment
 //
 // Of several lines for one value the last one counts. A line that ends in ",\" goes on in the next
-// one. A line that says nothing is kept as it is.
+// one if that has nothing but hexadecimal digits. A line that says nothing is kept as it is.
 #pragma once
 
 #include <quorkit/ports/registry.h>
@@ -41,6 +41,7 @@ class KeyFile {
         std::size_t line;
         String what;
     };
+    /// At most a hundred, and then that there is more.
     std::vector<Damage> damage() const;
 
    private:

@@ -1,19 +1,22 @@
 // The folder of one key: its file of values, and the keys beneath.
 //
-// A key comes and goes in one step, under a name of its own for work ("@new-...", "@old-..."), and
-// so does the content of "@values", which is written as "@values.new" first. Who changes it holds a
-// lock on it that the kernel takes back when the process dies; only who may write the file can take
-// it. Links are followed by those who name them, but they are not among the keys beneath a key, so
-// that no walk goes in circles.
+// Whoever changes something in a store holds its one lock, so that nothing else changes meanwhile.
+// It lies on the file "@lock", which only those can open who may write; the kernel takes it back
+// when its process dies. Readers need none: a key comes and goes in one step, under the names
+// "@new" and "@old", and so does the content of "@values", which is written as "@values.new" first.
+// What a dying process leaves under those names the next one puts away.
+//
+// Links are followed by those who name them, but they are not among the keys beneath a key, so that
+// no walk goes in circles or out of the store.
 #pragma once
 
-#include <dirent.h>
 #include <quorkit/ports/files.h>
 #include <sys/types.h>
 
 #include <functional>
-#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "linux/descriptor.h"
@@ -23,12 +26,42 @@ namespace quorkit::disk {
 
 inline constexpr const char* kValues = "@values";
 inline constexpr const char* kNewValues = "@values.new";
+inline constexpr const char* kLock = "@lock";
+inline constexpr const char* kNewFolder = "@new";
+inline constexpr const char* kOldFolder = "@old";
 
-/// The rights of what is made.
+/// The rights of what is made. What the superuser makes belongs to the owner of the folder around.
 struct Rights {
     mode_t folder;
     mode_t file;
 };
+
+/// The lock of a store, in its root.
+class StoreLock {
+   public:
+    /// Waits for it; see `status` for how that went.
+    explicit StoreLock(const std::string& root);
+    ~StoreLock();
+    StoreLock(const StoreLock&) = delete;
+    StoreLock& operator=(const StoreLock&) = delete;
+
+    ErrorCode status() const { return status_; }
+
+   private:
+    Descriptor file_;
+    ErrorCode status_ = kSuccess;
+};
+
+inline std::string beneath(const std::string& folder, std::string_view name) {
+    return std::string(folder).append("/").append(name);
+}
+/// The code for `errno` where a key is looked for.
+ErrorCode keyError();
+/// The content of an open file of values, see readKeyFile.
+ErrorCode readValues(int file, std::string& text);
+inline constexpr std::size_t kLargestKeyFile = 256 << 20;
+
+// --- Looking ---
 
 /// kFileNotFound when there is no such folder, kAccessDenied when it is not for this user; without
 /// any write permission it cannot be changed even by the superuser.
@@ -36,18 +69,6 @@ ErrorCode openKeyFolder(const std::string& folder, bool forWriting);
 /// The text of a file of values; kFileNotFound when there is none, kGeneralFailure when it is too
 /// large to be one.
 ErrorCode readKeyFile(const std::string& folder, std::string& text);
-/// Reads, changes and replaces the file of a key under its lock. What `edit` answers but kSuccess
-/// ends it; then, and on any failure, the file is as before.
-ErrorCode changeKeyFile(const std::string& folder, Rights rights,
-                        const std::function<ErrorCode(KeyFile&)>& edit);
-
-/// The folders around a folder and the folder itself, as far as they are missing.
-ErrorCode makeFolders(const std::string& folder, mode_t rights);
-/// Makes the key `name` in a folder. A key that is there stays as it is.
-ErrorCode makeKeyFolder(const std::string& parent, const String& name, Rights rights);
-/// Deletes a key. kAccessDenied, and nothing done, when there are keys beneath or anything else
-/// that is not the store's.
-ErrorCode removeKeyFolder(const std::string& parent, const String& name);
 
 /// One entry of a key's folder.
 struct KeyEntry {
@@ -56,12 +77,31 @@ struct KeyEntry {
     bool link = false;
 
     /// The store's own, for work.
-    bool forWork() const { return name.starts_with("@new-") || name.starts_with("@old-"); }
+    bool forWork() const;
 };
-ErrorCode listKeyFolder(const std::string& folder, std::vector<KeyEntry>& entries);
+/// Only the root of a store may be a link to a folder; another one is kAccessDenied.
+ErrorCode listKeyFolder(const std::string& folder, bool isRoot, std::vector<KeyEntry>& entries);
 
 /// The name of the key whose folder is `entry` in `parent`, as it is spelled: the one in its file
 /// if it belongs to that folder. Nothing for a folder that is none of a key.
 std::optional<String> keyNameOf(const std::string& parent, const KeyEntry& entry);
+/// Whether the folder of `name` in `parent`, which is there, is that of another key: of two names
+/// that are too long for a folder.
+bool isOfAnotherKey(const std::string& parent, const String& name);
+
+// --- Changing, under the lock ---
+
+/// Reads, changes and replaces the file of a key. What `edit` answers but kSuccess ends it; then,
+/// and on any failure, the file is as before.
+ErrorCode changeKeyFile(const std::string& folder, Rights rights,
+                        const std::function<ErrorCode(KeyFile&)>& edit);
+/// Makes the key `name` in a folder. A key that is there stays as it is.
+ErrorCode makeKeyFolder(const std::string& parent, const String& name, Rights rights);
+/// Deletes a key. kAccessDenied, and nothing done, when it is a link or read-only, and when there
+/// are keys beneath or anything else that is not the store's.
+ErrorCode removeKeyFolder(const std::string& parent, const String& name);
+
+/// The root of a store and the folders around it, as far as they are missing; without the lock.
+ErrorCode makeRoot(const std::string& folder, Rights rights);
 
 }  // namespace quorkit::disk

@@ -42,12 +42,16 @@ class Printer {
    public:
     explicit Printer(Registry& registry) : registry_(registry) {}
 
-    RegResult print(const RegPath& key) {
-        if (key.path.find_first_of(kBreak) != String::npos) return {kInvalidName, key};
+    RegResult first;  ///< failure
+
+    /// False when the key itself cannot be printed.
+    bool print(const RegPath& key) {
         std::vector<NamedValue> values;
         std::vector<String> names;
-        const ErrorCode code = list(key, values, names);
-        if (code != kSuccess) return {code, key};
+        const bool broken = key.path.find_first_of(kBreak) != String::npos;
+        const ErrorCode code = broken ? kInvalidName : list(key, values, names);
+        if (code != kSuccess && first.code == kSuccess) first = {code, key};
+        if (code != kSuccess) return false;
         text_ += u'[' + printKeyName(key) + u']';
         text_ += kBreak;
         std::stable_partition(values.begin(), values.end(),
@@ -56,14 +60,15 @@ class Printer {
         text_ += kBreak;
         for (const String& name : names) {
             // Any other name would lead elsewhere, perhaps to this key again.
-            if (!canNameKey(name)) return {kInvalidName, key};
-            RegResult result = print(beneath(key, name));
-            if (result.code != kSuccess && result.code != kFileNotFound) return result;
+            if (canNameKey(name))
+                print(beneath(key, name));
+            else if (first.code == kSuccess)
+                first = {kInvalidName, key};
         }
-        return {};
+        return true;
     }
 
-    String text() && { return std::move(text_); }
+    std::string textAsUtf16() const { return runtime::toUtf16(text_); }
 
    private:
     ErrorCode list(const RegPath& key, std::vector<NamedValue>& values,
@@ -81,10 +86,9 @@ class Printer {
 
 RegResult printRegFile(Registry& registry, const RegPath& key, std::string& content) {
     Printer printer(registry);
-    RegResult result = printer.print(key);
-    content = runtime::kUtf16Mark;
-    content += runtime::toUtf16(std::move(printer).text());
-    return result;
+    content.clear();
+    if (printer.print(key)) content.append(runtime::kUtf16Mark).append(printer.textAsUtf16());
+    return printer.first;
 }
 
 }  // namespace quorkit

@@ -10,7 +10,7 @@ namespace quorkit {
 std::size_t roomOf(const RegistryValue& value);
 
 /// Texts without the last character when that is U+0000; data without a type as characters of code
-/// page 1252, the same way; a DWORD as a decimal number, above 2147483648 less 4294967296 (kept:
+/// page 1252, the same way; a DWORD as a decimal number, above 2147483648 less 4294967296 (
 /// 2147483648 itself stays positive). "" for all other types.
 String convertRegValue(const RegistryValue& value);
 

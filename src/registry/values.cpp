@@ -1,10 +1,12 @@
 #include <quorkit/GQuorConvert.h>
 #include <quorkit/GQuorRegistry.h>
 
+#include <cmath>
 #include <optional>
 
 #include "frame/error_patterns.h"
 #include "registry/dword.h"
+#include "registry/name_rules.h"
 #include "registry/open_key.h"
 #include "registry/value_conversion.h"
 #include "runtime/convert.h"
@@ -22,12 +24,9 @@ std::optional<String> read(Registry& registry, const String& path, const String&
     return convertRegValue(value);
 }
 
-bool write(Registry& registry, const String& path, std::span<const NamedValue> values) {
-    const OpenKey key(registry, splitRegPath(path), RegistryAccess::Write, Unopened::IsMade);
-    return key.setValues(values) == kSuccess;
-}
 bool write(Registry& registry, const String& path, const NamedValue& value) {
-    return write(registry, path, {&value, 1});
+    const OpenKey key(registry, splitRegPath(path), RegistryAccess::Write, Unopened::IsMade);
+    return key.setValues({&value, 1}) == kSuccess;
 }
 
 /// The bits that a number as text stands for; nothing when it is none or does not fit.
@@ -40,9 +39,10 @@ std::optional<std::uint32_t> dwordOf(Ports& ports, const String& text) {
     else
         number = runtime::numberIn(text);
     if (!number) return {};
-    if (*number < 0) *number += beyond;
-    if (*number < 0 || *number >= beyond) return {};
-    return static_cast<std::uint32_t>(*number);
+    Double whole = std::floor(*number);
+    if (whole < 0) whole += beyond;
+    if (whole < 0 || whole >= beyond) return {};
+    return static_cast<std::uint32_t>(whole);
 }
 
 }  // namespace
@@ -79,11 +79,16 @@ Boolean GQuorRegistry::Reg_WriteBoolValue(const String& sPath, const String& sKe
 }
 
 void GQuorRegistry::Reg_WriteKeyValuesEx(const String& sPath, const DictionaryRef& cData) {
+    const OpenKey key(ports_.registry, splitRegPath(sPath), RegistryAccess::Write,
+                      Unopened::IsMade);
+    if (key.status() != kSuccess) return;
     if (cData == nullptr) raise(ErrorNumber::ObjectNotSet);
     std::vector<NamedValue> values;
-    for (const auto& [key, item] : cData->entries())
-        values.push_back({runtime::CStr(key), stringValue(runtime::CStr(item))});
-    write(ports_.registry, sPath, values);
+    for (const auto& [name, item] : cData->entries()) {
+        NamedValue one{runtime::CStr(name), stringValue(runtime::CStr(item))};
+        if (canNameValue(one.name)) values.push_back(std::move(one));
+    }
+    key.setValues(values);
 }
 
 }  // namespace quorkit

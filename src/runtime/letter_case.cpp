@@ -49,14 +49,23 @@ String toUpper(StringView text) {
     return mapped(text, toUpper);
 }
 
+char16_t folded(char16_t unit) {
+    const char16_t lower = toLower(unit);
+    return lower < 0x80 && unit < 0x80 ? lower : toUpper(lower) == unit ? lower : unit;
+}
+
+String folded(StringView text) {
+    return mapped(text, folded);
+}
+
 bool sameText(StringView a, StringView b) {
     return std::ranges::equal(
-        a, b, [](char16_t x, char16_t y) { return x == y || toLower(x) == toLower(y); });
+        a, b, [](char16_t x, char16_t y) { return x == y || folded(x) == folded(y); });
 }
 
 std::size_t TextHash::operator()(StringView text) const {
     std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
-    for (const char16_t unit : text) hash = (hash ^ toLower(unit)) * 1099511628211u;
+    for (const char16_t unit : text) hash = (hash ^ folded(unit)) * 1099511628211u;
     return static_cast<std::size_t>(hash);
 }
 

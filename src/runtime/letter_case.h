@@ -13,6 +13,12 @@ char16_t toUpper(char16_t unit);
 String toLower(StringView text);
 String toUpper(StringView text);
 
+/// What is the same for texts that differ in letter case alone: small letters, but for a character
+/// that is not the capital of its small one, such as the Kelvin sign. Windows tells those apart
+/// too.
+char16_t folded(char16_t unit);
+String folded(StringView text);
+
 /// `a` and `b` are the same text but for letter case.
 bool sameText(StringView a, StringView b);
 

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <thread>
 
@@ -94,6 +95,31 @@ TEST_F(LinuxRegistry, KeepsWhatPeopleWrite) {
     EXPECT_EQ(names, std::vector<String>{u"Tool"});
 }
 
+// A line that is not finished takes no other with it, neither the next one nor a new one.
+TEST_F(LinuxRegistry, GetsOverUnfinishedLines) {
+    for (const char* line : {"\"Bad\"=hex:01,\\", "\"Bad\"=\"x,\\", "; a comment,\\", ",\\"}) {
+        scratch.write(values, std::string(line) + "\n\"Next\"=dword:7\n" + line);
+        RegistryValue value;
+        EXPECT_EQ(hive.value(tool, u"Next", value), kSuccess) << line;
+        EXPECT_EQ(set(u"New", dword(1)), kSuccess);
+        EXPECT_EQ(hive.value(tool, u"New", value), kSuccess) << line;
+        EXPECT_EQ(set(u"Bad", dword(2)), kSuccess);
+        EXPECT_EQ(hive.value(tool, u"Next", value), kSuccess) << line;
+    }
+}
+
+TEST_F(LinuxRegistry, HasNothingWithoutAFolder) {
+    FolderHive none{[] { return std::string(); }, disk::kForUser};
+    RegistryValue value;
+    std::vector<String> names;
+    EXPECT_EQ(none.open({}, RegistryAccess::Read), kSuccess);
+    EXPECT_EQ(none.subKeys({u"etc"}, names), kFileNotFound);
+    EXPECT_NE(none.create({u"tmp", u"quorkit"}), kSuccess);
+    EXPECT_NE(none.setValues({u"tmp"}, std::vector<NamedValue>{{u"x", dword(1)}}), kSuccess);
+    EXPECT_EQ(none.deleteKey({u"tmp"}), kFileNotFound);
+    EXPECT_TRUE(none.check().empty());
+}
+
 TEST_F(LinuxRegistry, LeavesItsFolderByNoName) {
     struct Case {
         String name;
@@ -140,7 +166,6 @@ TEST_F(LinuxRegistry, GetsOverWhatItCannotUse) {
     fs::create_directory(store / "folder/@values");
     scratch.write("store/rubbish/@values", std::string("\xFF\0\"\n\"=\n@=hex:\\\n[", 16));
     fs::create_directory(store / "Capital");
-    fs::create_directory(store / "@old-1-1");
     fs::create_directory_symlink(store, store / "circle");
     scratch.write("store/notes", "");
 
@@ -157,10 +182,17 @@ TEST_F(LinuxRegistry, GetsOverWhatItCannotUse) {
     EXPECT_EQ(names, (std::vector<String>{u"Acme", u"folder", u"link", u"pipe", u"rubbish"}));
     EXPECT_EQ(hive.deleteKey({u"folder"}), kAccessDenied);
     EXPECT_TRUE(fs::exists(store / "folder/@values"));
+    // A link leads those who name it, but nothing is deleted through it.
+    fs::create_directory_symlink(store / "acme", store / "lnk");
+    RegistryValue value;
+    EXPECT_EQ(hive.value({u"lnk", u"tool"}, u"Left", value), kSuccess);
+    EXPECT_EQ(hive.subKeys({u"lnk"}, names), kAccessDenied);
+    EXPECT_EQ(hive.deleteKey({u"lnk"}), kAccessDenied);
+    EXPECT_EQ(hive.value(tool, u"Left", value), kSuccess);
+    fs::remove(store / "lnk");
     auto found = damage();
     std::ranges::sort(found);
     EXPECT_EQ(found, (std::vector<std::string>{
-                         "@old-1-1 is left of a program that died; it can be deleted",
                          "Capital is looked for under the name capital",
                          "circle is a link, which is not listed",
                          "folder/@values cannot be read",
@@ -199,6 +231,32 @@ TEST_F(LinuxRegistry, RefusesWhatIsReadOnly) {
     EXPECT_EQ(hive.open(tool, RegistryAccess::Write), kAccessDenied);
     EXPECT_EQ(hive.open(tool, RegistryAccess::Read), kSuccess);
     fs::permissions(file.parent_path(), fs::perms::owner_all);
+}
+
+// A key that cannot be deleted loses nothing while somebody tries, and keys come and go beneath it.
+TEST_F(LinuxRegistry, RefusedDeletionsCostNothing) {
+    ASSERT_EQ(hive.create({u"K", u"Stays"}), kSuccess);
+    std::atomic<bool> done = false;
+    std::thread children([&] {
+        while (!done) {
+            EXPECT_EQ(hive.create({u"K", u"Sub"}), kSuccess);
+            EXPECT_EQ(hive.deleteKey({u"K", u"Sub"}), kSuccess);
+        }
+    });
+    std::thread deleter([&] {
+        while (!done) EXPECT_EQ(hive.deleteKey({u"K"}), kAccessDenied);
+    });
+    for (char i = 0; i < 100; ++i) {
+        const std::vector<NamedValue> one = {{u"x", dword(i)}};
+        EXPECT_EQ(hive.setValues({u"K"}, one), kSuccess);
+        RegistryValue value;
+        EXPECT_EQ(hive.value({u"K"}, u"x", value), kSuccess);
+        EXPECT_EQ(value, dword(i));
+    }
+    done = true;
+    children.join();
+    deleter.join();
+    EXPECT_EQ(damage(), std::vector<std::string>());
 }
 
 /// Makes, fills and deletes keys in the store of the first argument until it is killed.

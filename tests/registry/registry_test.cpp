@@ -155,7 +155,12 @@ TEST_P(GQuorRegistryTest, WritesAndDeletesManyValues) {
     items->set(u"none", Null());
     members.expect(u"Reg_WriteKeyValuesEx",
                    {Row({path + u"\\new", items}, Error{94}), Row({path, ObjectRef()}, Error{91})});
-    EXPECT_NE(read(u"\\new").status(), kSuccess);
+    members.expect(u"Reg_EnumKeyValues", {Row({path + u"\\new"}, u"")});
+    run(u"Reg_WriteKeyValuesEx", {u"HKEY_USERS\\x", ObjectRef()});
+    items->set(u"none", 1);
+    items->set(String(u"a\0b", 3), u"left out");
+    run(u"Reg_WriteKeyValuesEx", {path + u"\\new", items});
+    EXPECT_EQ(read(u"\\new").value(u"none", value), kSuccess);
 }
 
 TEST_P(GQuorRegistryTest, DeletesWholeKeys) {

@@ -1,0 +1,193 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+
+#include "linux/calls.h"
+#include "linux/folder_names.h"
+#include "linux/key_folder.h"
+#include "linux/opened.h"
+
+namespace quorkit::disk {
+namespace {
+
+/// Gives what the superuser has made to the owner of the folder around it, and the rights that it
+/// shall have whatever those of the process are.
+bool settle(int made, int parent, mode_t rights) {
+    struct stat around = {};
+    if (geteuid() == 0 && fstat(parent, &around) == 0 && around.st_uid != 0 &&
+        fchown(made, around.st_uid, around.st_gid) != 0)
+        return false;
+    return fchmod(made, rights) == 0;
+}
+
+Descriptor openFolder(const std::string& folder) {
+    return Descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+/// Opens a file that must not be there yet.
+Descriptor makeFile(int folder, const char* name, mode_t rights) {
+    Descriptor file(
+        openat(folder, name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | kQuietly, rights));
+    if (file && !settle(file.get(), folder, rights)) return Descriptor();
+    return file;
+}
+
+/// Makes a folder that must not be there yet.
+Descriptor makeFolder(const std::string& parent, const std::string& path, mode_t rights) {
+    if (mkdir(path.c_str(), rights) != 0) return Descriptor();
+    Descriptor made(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    const Descriptor around = openFolder(parent);
+    if (made && around && settle(made.get(), around.get(), rights)) return made;
+    return Descriptor();
+}
+
+ErrorCode writeAll(int file, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t put =
+            unlessInterrupted([&] { return write(file, text.data(), text.size()); });
+        if (put < 0) return lastError();
+        text.remove_prefix(static_cast<std::size_t>(put));
+    }
+    return kSuccess;
+}
+
+/// Puts `text` in the place of the file of values, which is `old` unless it is null.
+ErrorCode replaceValues(const std::string& folder, int inside, const struct stat* old,
+                        std::string_view text, mode_t rights) {
+    if (text.size() > kLargestKeyFile) return kDiskFull;
+    if (unlinkat(inside, kNewValues, 0) != 0 && errno != ENOENT) return lastError();
+    Opened file;
+    file.descriptor = makeFile(inside, kNewValues, rights).release();
+    if (file.descriptor == -1 || fstat(file.descriptor, &file.about) != 0) return keyError();
+    ErrorCode code = old == nullptr ? kSuccess : copyRights(beneath(folder, kValues), *old, file);
+    if (code == kSuccess) code = writeAll(file.descriptor, text);
+    // Nobody waits for the disk, but the content shall not be the last to get there; and some disks
+    // tell only at the end that it did not fit.
+    if (code == kSuccess) sync_file_range(file.descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
+    if (close(std::exchange(file.descriptor, -1)) != 0 && code == kSuccess) code = lastError();
+    if (code == kSuccess && renameat(inside, kNewValues, inside, kValues) != 0) code = keyError();
+    if (code != kSuccess) unlinkat(inside, kNewValues, 0);
+    return code;
+}
+
+/// Whether a key's folder holds nothing but what is deleted with it.
+bool onlyOwn(const std::vector<KeyEntry>& entries) {
+    return std::ranges::all_of(entries, [](const KeyEntry& entry) {
+        return entry.folder ? entry.forWork() : entry.name == kValues || entry.name == kNewValues;
+    });
+}
+
+/// Deletes the folder of a key; false, and the values stay, when there is more in it.
+bool removeFolder(const std::string& folder) {
+    std::vector<KeyEntry> entries;
+    if (listKeyFolder(folder, false, entries) != kSuccess || !onlyOwn(entries)) return false;
+    for (const KeyEntry& entry : entries)
+        if (entry.folder && !removeFolder(beneath(folder, entry.name))) return false;
+    for (const KeyEntry& entry : entries)
+        if (!entry.folder) unlink(beneath(folder, entry.name).c_str());
+    return rmdir(folder.c_str()) == 0;
+}
+
+/// A new folder under a name for work, with the file of values in it.
+ErrorCode prepareKey(const std::string& parent, const std::string& work, const String& name,
+                     Rights rights) {
+    Descriptor folder = makeFolder(parent, work, rights.folder);
+    if (!folder && errno == EEXIST) {
+        // Left of a process that died.
+        if (!removeFolder(work)) return kAccessDenied;
+        folder = makeFolder(parent, work, rights.folder);
+    }
+    if (!folder) return keyError();
+    const Descriptor values = makeFile(folder.get(), kValues, rights.file);
+    return values ? writeAll(values.get(), newKeyFile(name)) : lastError();
+}
+
+}  // namespace
+
+StoreLock::StoreLock(const std::string& root) {
+    constexpr mode_t ownersOnly = 0600;
+    const Descriptor folder = openFolder(root);
+    if (!folder) {
+        status_ = keyError();
+        return;
+    }
+    do {
+        file_ = Descriptor(openat(folder.get(), kLock, O_RDWR | O_NOFOLLOW | kQuietly));
+        if (!file_ && errno == ENOENT) file_ = makeFile(folder.get(), kLock, ownersOnly);
+    } while (!file_ && errno == EEXIST);
+    struct flock whole = {};
+    whole.l_type = F_WRLCK;
+    if (!file_ || unlessInterrupted([&] { return fcntl(file_.get(), F_OFD_SETLKW, &whole); }) != 0)
+        status_ = keyError();
+}
+
+StoreLock::~StoreLock() {
+    // A child that was forked meanwhile has the file open too.
+    struct flock whole = {};
+    whole.l_type = F_UNLCK;
+    if (file_) fcntl(file_.get(), F_OFD_SETLK, &whole);
+}
+
+ErrorCode changeKeyFile(const std::string& folder, Rights rights,
+                        const std::function<ErrorCode(KeyFile&)>& edit) {
+    const Descriptor inside(open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!inside) return keyError();
+    const Descriptor old(openat(inside.get(), kValues, O_RDONLY | O_NOFOLLOW | kQuietly));
+    if (!old && errno != ENOENT) return keyError();
+    struct stat about = {};
+    std::string text;
+    if (old) {
+        if (fstat(old.get(), &about) != 0) return lastError();
+        if (!writableByAnyone(about)) return kAccessDenied;
+        if (const ErrorCode code = readValues(old.get(), text)) return code;
+    }
+    KeyFile file(text);
+    const ErrorCode code = edit(file);
+    if (code != kSuccess || file.text() == text) return code;
+    return replaceValues(folder, inside.get(), old ? &about : nullptr, file.text(), rights.file);
+}
+
+ErrorCode makeKeyFolder(const std::string& parent, const String& name, Rights rights) {
+    const std::string folder = beneath(parent, folderNameOf(name));
+    if (openKeyFolder(folder, false) == kSuccess)
+        return isOfAnotherKey(parent, name) ? kAccessDenied : kSuccess;
+    const std::string work = beneath(parent, kNewFolder);
+    ErrorCode code = prepareKey(parent, work, name, rights);
+    // An empty folder that somebody has made by hand is replaced.
+    if (code == kSuccess && rename(work.c_str(), folder.c_str()) != 0)
+        code = errno == ENOTDIR ? kAccessDenied : keyError();
+    if (code != kSuccess) removeFolder(work);
+    return code;
+}
+
+ErrorCode removeKeyFolder(const std::string& parent, const String& name) {
+    const std::string folder = beneath(parent, folderNameOf(name));
+    std::vector<KeyEntry> entries;
+    if (const ErrorCode code = listKeyFolder(folder, false, entries)) return code;
+    if (isOfAnotherKey(parent, name)) return kFileNotFound;
+    if (!onlyOwn(entries)) return kAccessDenied;
+    if (const ErrorCode code = openKeyFolder(folder, true)) return code;
+    const std::string work = beneath(parent, kOldFolder);
+    removeFolder(work);  // left of a process that died
+    if (rename(folder.c_str(), work.c_str()) != 0)
+        return errno == ENOTEMPTY || errno == EEXIST ? kAccessDenied : keyError();
+    removeFolder(work);
+    return kSuccess;
+}
+
+ErrorCode makeRoot(const std::string& folder, Rights rights) {
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = folder.find('/', end + 1);
+        const std::string here = folder.substr(0, end);
+        if (access(here.c_str(), F_OK) == 0) continue;
+        const std::string around = here.substr(0, std::max<std::size_t>(here.rfind('/'), 1));
+        if (makeFolder(around, here, rights.folder) || errno == EEXIST) continue;
+        return errno == ENOENT || errno == ENOTDIR ? kPathNotFound : lastError();
+    }
+    return kSuccess;
+}
+
+}  // namespace quorkit::disk
