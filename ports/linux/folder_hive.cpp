@@ -29,8 +29,10 @@ std::string FolderHive::folderOf(const Path& path, std::size_t depth) const {
 }
 
 ErrorCode FolderHive::open(const Path& path, RegistryAccess access) {
-    const ErrorCode code = openKeyFolder(folderOf(path), access == RegistryAccess::Write);
-    for (std::size_t depth = 0; code == kSuccess && depth < path.size(); ++depth)
+    const std::string folder = folderOf(path);
+    const ErrorCode code = openKeyFolder(folder, access == RegistryAccess::Write);
+    const bool inDoubt = code == kSuccess && isCutOff(folder);
+    for (std::size_t depth = 0; inDoubt && depth < path.size(); ++depth)
         if (isOfAnotherKey(folderOf(path, depth), path[depth])) return kFileNotFound;
     return orRoot(code, path);
 }
