@@ -20,7 +20,7 @@ ErrorCode orRoot(ErrorCode code, const Hive::Path& path) {
 
 std::string FolderHive::folderOf(const Path& path, std::size_t depth) const {
     // Nothing can be found or made beneath a device.
-    const std::string nowhere = "/dev/null/none";
+    constexpr const char* nowhere = "/dev/null/none";
     std::string folder = root_();
     if (!folder.starts_with('/')) return nowhere;
     for (const String& name : std::span(path).first(std::min(depth, path.size())))

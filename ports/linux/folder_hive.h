@@ -34,7 +34,7 @@ class FolderHive final : public Hive {
    private:
     /// The folder of the key that the first `depth` names lead to; one that cannot be when there is
     /// no root or the path becomes too long.
-    std::string folderOf(const Path& path, std::size_t depth = -1) const;
+    std::string folderOf(const Path& path, std::size_t depth = kDeepestKey) const;
 
     std::function<std::string()> root_;
     Rights rights_;

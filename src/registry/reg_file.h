@@ -25,10 +25,10 @@
 namespace quorkit {
 
 /// The key and all beneath it as a file of version 5, in UTF-16 with its mark: values and keys in
-/// the registry's order, the default value first. A key beneath that cannot be read is left out with
-/// all beneath it, and so is one whose name holds a line break, which no reader could understand, or
-/// that no key can have (kInvalidName); answers the first one. `content` is empty when it is the key
-/// itself.
+/// the registry's order, the default value first. A key beneath that cannot be read is left out
+/// with all beneath it, and so is one whose name holds a line break, which no reader could
+/// understand, or that no key can have (kInvalidName); answers the first one. `content` is empty
+/// when it is the key itself.
 RegResult printRegFile(Registry& registry, const RegPath& key, std::string& content);
 
 /// One key of a file.
