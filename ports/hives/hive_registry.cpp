@@ -14,12 +14,13 @@ constexpr const char16_t* kClasses[] = {u"Software", u"Classes"};
 
 using Names = std::unordered_set<String, runtime::TextHash, runtime::TextEqual>;
 
-/// Appends what `list` finds in each of the places, but for what an earlier place has too. At least
-/// one of them must be there.
+/// Gives what `list` finds in each of the places, but for what an earlier place has too. At least
+/// one of them must be there, unless it is a root.
 template <class Places, class Entry, class List, class NameOf>
 ErrorCode listAll(const Places& places, bool isRoot, std::vector<Entry>& found, List list,
                   NameOf nameOf) {
     ErrorCode result = isRoot ? kSuccess : kFileNotFound;
+    std::vector<Entry> all;
     Names seen;
     for (const auto& place : places) {
         std::vector<Entry> here;
@@ -27,13 +28,11 @@ ErrorCode listAll(const Places& places, bool isRoot, std::vector<Entry>& found, 
         if (code == kFileNotFound) continue;
         if (code != kSuccess) return code;
         result = kSuccess;
-        if (places.size() == 1) {
-            found = std::move(here);
-            break;
-        }
         for (Entry& entry : here)
-            if (seen.insert(nameOf(entry)).second) found.push_back(std::move(entry));
+            if (places.size() == 1 || seen.insert(nameOf(entry)).second)
+                all.push_back(std::move(entry));
     }
+    if (result == kSuccess) found = std::move(all);
     return result;
 }
 

@@ -168,7 +168,7 @@ class NativeRegistry final : public Registry {
     static ErrorCode endOfList(LSTATUS status, std::vector<Entry>& found,
                                std::vector<Entry>& result) {
         if (status != ERROR_NO_MORE_ITEMS) return codeOf(status);
-        std::ranges::move(found, std::back_inserter(result));
+        result = std::move(found);
         return kSuccess;
     }
 };

@@ -77,7 +77,8 @@ inline constexpr std::size_t kDeepestKey = 512;
 ///
 /// The classes root shows HKEY_CURRENT_USER\Software\Classes over
 /// HKEY_LOCAL_MACHINE\Software\Classes. On Linux it has the keys and values of both, the user's
-/// first; what is written there goes to the user's key if it exists, otherwise to the machine's.
+/// first; what is written there goes to the user's key if it exists, otherwise to the machine's,
+/// and what is deleted is the user's first.
 class Registry {
    public:
     virtual ~Registry() = default;
@@ -86,8 +87,8 @@ class Registry {
     /// must follow.
     virtual ErrorCode RegOpenKeyExA(RegistryRoot root, const String& path, RegistryAccess access,
                                     Handle& key) = 0;
-    /// Opens a key for writing, and makes it and what is missing above it. A failure may leave some
-    /// of the keys above it made.
+    /// Opens a key for reading and writing, and makes it and what is missing above it. A failure
+    /// may leave some of the keys above it made.
     virtual ErrorCode RegCreateKeyA(RegistryRoot root, const String& path, Handle& key) = 0;
     virtual void RegCloseKey(Handle key) = 0;
 
@@ -96,6 +97,8 @@ class Registry {
     /// only Windows may keep some then.
     virtual ErrorCode RegSetValueExA(Handle key, std::span<const NamedValue> values) = 0;
     virtual ErrorCode RegDeleteValueA(Handle key, const String& name) = 0;
+    // A failure leaves the list as it was.
+
     /// All values of a key, in the system's order.
     virtual ErrorCode RegEnumValueA(Handle key, std::vector<NamedValue>& values) = 0;
     /// The names of all keys directly beneath a key, in the system's order.
