@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 
 #include "file/name_parts.h"
 #include "linux/names.h"
@@ -101,10 +102,23 @@ bool choose(const FileDialog& dialog, Choice choice, String& name) {
     return true;
 }
 
-bool show(const std::string& text, const std::string& caption) {
+/// The icon of a message's style, in zenity's words.
+const char* iconOf(std::uint32_t style) {
+    constexpr std::uint32_t icons = 0xF0;
+    switch (style & icons) {
+        case kStopIcon:
+            return "--error";
+        case kExclamationIcon:
+            return "--warning";
+        default:
+            return "--info";
+    }
+}
+
+bool show(const std::string& text, const std::string& caption, std::uint32_t style) {
     if (!hasDisplay()) return false;
     ToolResult result =
-        runTool({"zenity", "--info", "--no-markup", "--title=" + caption, "--text=" + text});
+        runTool({"zenity", iconOf(style), "--no-markup", "--title=" + caption, "--text=" + text});
     if (!result.started) {
         std::string escaped;  // kdialog reads "\n" as a line end
         for (const char one : text) escaped.append(one == '\\' ? 2 : 1, one);
@@ -115,8 +129,8 @@ bool show(const std::string& text, const std::string& caption) {
 
 }  // namespace
 
-void NativeHost::MessageBoxA(const String& text, const String& caption) {
-    if (show(wordOf(text), wordOf(caption))) return;
+void NativeHost::MessageBoxA(const String& text, const String& caption, std::uint32_t style) {
+    if (show(wordOf(text), wordOf(caption), style)) return;
     const String line = caption + (caption.empty() ? u"" : u": ") + text + u'\n';
     const std::string bytes = runtime::toUtf8(line);
     std::fwrite(bytes.data(), 1, bytes.size(), stderr);
@@ -133,5 +147,18 @@ bool NativeHost::GetSaveFileNameA(const FileDialog& dialog, String& name) {
 bool NativeHost::SHBrowseForFolderA(const FileDialog& dialog, String& name) {
     return choose(dialog, Choice::Folder, name);
 }
+
+void NativeHost::DoEvents() {}
+
+bool NativeHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) {
+    std::this_thread::sleep_until(deadline);
+    return false;
+}
+
+void NativeHost::SetPointer(Pointer) {}
+
+void NativeHost::ShowWaitWindow(const String&, WindowHandle) {}
+
+void NativeHost::HideWaitWindow() {}
 
 }  // namespace quorkit

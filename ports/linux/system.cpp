@@ -1,11 +1,16 @@
 // The language comes from the locale environment, variables are taken as UTF-8.
 #include "native/system.h"
 
+#include <langinfo.h>
 #include <sys/stat.h>
+#include <sys/utsname.h>
 #include <unistd.h>
 
+#include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -81,6 +86,26 @@ LanguageIdentifier NativeSystem::GetUserDefaultUILanguage() {
 /// A Linux system has no language apart from its locale environment.
 LanguageIdentifier NativeSystem::GetSystemDefaultLangID() {
     return GetUserDefaultUILanguage();
+}
+
+bool NativeSystem::GetVersionExA(OsRecord, OsVersion& version) {
+    constexpr std::uint32_t linuxPlatform = 4;
+    utsname about{};
+    if (uname(&about) != 0) return false;
+    version = {};
+    version.platformId = linuxPlatform;
+    std::sscanf(about.release, "%u.%u", &version.majorVersion, &version.minorVersion);
+    return true;
+}
+
+bool NativeSystem::GetLocaleInfoA(String& dialingCode) {
+    const std::unique_ptr<std::remove_pointer_t<locale_t>, void (*)(locale_t)> locale(
+        newlocale(LC_TELEPHONE_MASK, "", nullptr), freelocale);
+    if (!locale) return false;
+    const std::string code = nl_langinfo_l(_NL_TELEPHONE_INT_PREFIX, locale.get());
+    if (code.empty()) return false;
+    dialingCode = runtime::fromUtf8(code);
+    return true;
 }
 
 SystemTime NativeSystem::GetLocalTime() {

@@ -19,6 +19,22 @@ bool MemorySystem::GetEnvironmentVariableA(const String& name, String& value) {
     return true;
 }
 
+bool MemorySystem::GetVersionExA(OsRecord size, OsVersion& answer) {
+    if (!version || (shortRecordOnly && size == OsRecord::Extended)) return false;
+    answer = *version;
+    if (size == OsRecord::Extended) return true;
+    answer.servicePackMajor = 0;
+    answer.suiteMask = 0;
+    answer.productType = 0;
+    return true;
+}
+
+bool MemorySystem::GetLocaleInfoA(String& code) {
+    if (!dialingCode) return false;
+    code = *dialingCode;
+    return true;
+}
+
 bool MemorySystem::FileTimeToSystemTime(FileTime time, SystemTime& local) {
     constexpr std::int64_t ticksAMillisecond = 10'000;
     if (time > static_cast<FileTime>(std::numeric_limits<std::int64_t>::max())) return false;

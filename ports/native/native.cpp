@@ -1,8 +1,10 @@
 #include <quorkit/ports/ports.h>
 
+#include "native/desktop.h"
 #include "native/drives.h"
 #include "native/files.h"
 #include "native/host.h"
+#include "native/processes.h"
 #include "native/registry.h"
 #include "native/system.h"
 
@@ -13,7 +15,12 @@ Ports& native() {
     static NativeDrives drives;
     static NativeSystem system;
     static NativeHost host;
-    static Ports ports{files, drives, nativeRegistry(), system, host};
+    static NativeProcesses processes;
+    static NativeDesktop desktop;
+    static NativeKeyboard keyboard;
+    static NativeClipboard clipboard;
+    static Ports ports{files,     drives,  nativeRegistry(), system,   host,
+                       processes, desktop, keyboard,         clipboard};
     return ports;
 }
 

@@ -9,6 +9,8 @@ class NativeSystem final : public System {
    public:
     LanguageIdentifier GetUserDefaultUILanguage() override;
     LanguageIdentifier GetSystemDefaultLangID() override;
+    bool GetVersionExA(OsRecord size, OsVersion& version) override;
+    bool GetLocaleInfoA(String& dialingCode) override;
     SystemTime GetLocalTime() override;
     std::uint64_t QueryPerformanceCounter() override;
     bool FileTimeToSystemTime(FileTime time, SystemTime& local) override;

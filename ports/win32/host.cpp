@@ -75,8 +75,8 @@ int CALLBACK beginAt(HWND window, UINT message, LPARAM, LPARAM folder) {
 
 }  // namespace
 
-void NativeHost::MessageBoxA(const String& text, const String& caption) {
-    ::MessageBoxW(::GetActiveWindow(), wide(text), wide(caption), MB_OK);
+void NativeHost::MessageBoxA(const String& text, const String& caption, std::uint32_t style) {
+    ::MessageBoxW(::GetActiveWindow(), wide(text), wide(caption), style);
 }
 
 bool NativeHost::GetOpenFileNameA(const FileDialog& dialog, String& name) {
@@ -109,5 +109,23 @@ bool NativeHost::SHBrowseForFolderA(const FileDialog& dialog, String& name) {
     if (onDisk) name = path.c_str();
     return onDisk != FALSE;
 }
+
+void NativeHost::DoEvents() {
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        ::TranslateMessage(&message);
+        ::DispatchMessageW(&message);
+    }
+}
+
+bool NativeHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point) {
+    return false;
+}
+
+void NativeHost::SetPointer(Pointer) {}
+
+void NativeHost::ShowWaitWindow(const String&, WindowHandle) {}
+
+void NativeHost::HideWaitWindow() {}
 
 }  // namespace quorkit

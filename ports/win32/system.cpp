@@ -7,6 +7,7 @@
 
 namespace quorkit {
 
+using win32::textOf;
 using win32::wide;
 
 namespace {
@@ -24,6 +25,24 @@ LanguageIdentifier NativeSystem::GetUserDefaultUILanguage() {
 
 LanguageIdentifier NativeSystem::GetSystemDefaultLangID() {
     return ::GetSystemDefaultLangID();
+}
+
+bool NativeSystem::GetVersionExA(OsRecord size, OsVersion& version) {
+    OSVERSIONINFOEXW record = {};
+    record.dwOSVersionInfoSize =
+        size == OsRecord::Extended ? sizeof record : sizeof(OSVERSIONINFOW);
+    if (!::GetVersionExW(reinterpret_cast<OSVERSIONINFOW*>(&record))) return false;
+    version = {record.dwMajorVersion,       record.dwMinorVersion,    record.dwPlatformId,
+               textOf(record.szCSDVersion), record.wServicePackMajor, record.wSuiteMask,
+               record.wProductType};
+    return true;
+}
+
+bool NativeSystem::GetLocaleInfoA(String& dialingCode) {
+    wchar_t digits[16] = {};
+    if (::GetLocaleInfoW(::GetSystemDefaultLCID(), LOCALE_ICOUNTRY, digits, 16) == 0) return false;
+    dialingCode = textOf(digits);
+    return true;
 }
 
 SystemTime NativeSystem::GetLocalTime() {

@@ -24,7 +24,8 @@ Long onErrorTell(Host& host, Body&& body) {
         return untrapped(std::forward<Body>(body));
     } catch (const AutomationError& error) {
         const std::string_view text = error.what();
-        host.MessageBoxA(String(text.begin(), text.end()), runtime::CStr(error.number()));
+        host.MessageBoxA(String(text.begin(), text.end()), runtime::CStr(error.number()),
+                         kPlainMessage);
         return kFailed;
     }
 }

@@ -144,7 +144,7 @@ TEST_F(Listing, AddsToAListGoesThroughFoldersAndCountsExtensions) {
                  Row({u"C:\\no", list(u"old")}, countAndList(u"")),
                  Row({Null{}, list(u"old")}, {Long{-1}, list(u"")})});
     String told;
-    for (const auto& [text, caption] : world.host.messages) told += caption + u":" + text + u" ";
+    for (const auto& one : world.host.messages) told += one.caption + u":" + one.text + u" ";
     EXPECT_EQ(told, u"9:Subscript out of range 9:Subscript out of range 94:Invalid use of Null ");
 
     Array<String> larger({0, 2}, {0, 9});

@@ -57,7 +57,7 @@ TEST_F(LinuxHost, AsksZenity) {
     EXPECT_EQ(words(),
               "<zenity>\n<--file-selection>\n<--directory>\n<--title=T>\n<--filename=/usr/>\n");
     EXPECT_LE(std::stoi(scratch.read("handles")), 4);  // the three, and the folder that ls reads
-    host.MessageBoxA(u"-t \u00E4\n<b>\\n", u"C");
+    host.MessageBoxA(u"-t \u00E4\n<b>\\n", u"C", kPlainMessage);
     EXPECT_EQ(words(),
               "<zenity>\n<--info>\n<--no-markup>\n<--title=C>\n<--text=-t \xC3\xA4\n<b>\\n>\n");
 }
@@ -73,7 +73,7 @@ TEST_F(LinuxHost, AsksKdialogElse) {
     EXPECT_EQ(words(),
               "<kdialog>\n<--title=--T \"it\">\n<--getopenfilename>\n</usr/-a b.txt>\n"
               "<*.txt *.csv|A/B\n*|All>\n");
-    host.MessageBoxA(u"C:\\new", u"C");
+    host.MessageBoxA(u"C:\\new", u"C", kPlainMessage);
     EXPECT_EQ(words(), "<kdialog>\n<--title=C>\n<--msgbox=C:\\\\new>\n");
 }
 
@@ -91,7 +91,7 @@ TEST_F(LinuxHost, IsCancelledWithoutAChoice) {
         if (missing == std::string("tool")) path.set(scratch.path("none").string());
         EXPECT_FALSE(ask()) << missing;
         testing::internal::CaptureStderr();
-        host.MessageBoxA(u"text \u00E4", u"caption");
+        host.MessageBoxA(u"text \u00E4", u"caption", kPlainMessage);
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "caption: text \xC3\xA4\n") << missing;
         display.set(":0");
     }

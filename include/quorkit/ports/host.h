@@ -1,8 +1,10 @@
 // What the program around the library does for its user: messages and dialogs.
 #pragma once
 
+#include <quorkit/ports/desktop.h>
 #include <quorkit/values.h>
 
+#include <chrono>
 #include <cstdint>
 #include <vector>
 
@@ -22,6 +24,17 @@ struct FileDialog {
     std::uint32_t browseFlags = 0;  ///< eBrowserInfoFlags, of the folder dialog alone
 };
 
+/// By the numbers of the host run-time.
+enum class Pointer { Default = 0, Hourglass = 11 };
+
+/// Styles of messages, by the numbers of Win32.
+enum MessageStyle : std::uint32_t {
+    kPlainMessage = 0,
+    kStopIcon = 16,
+    kExclamationIcon = 48,
+    kInformationIcon = 64,
+};
+
 /// On Linux the user sees dialogs and messages where there is a display and one of the programs
 /// zenity and kdialog; a program that is given a name gets it as it is, no shell reads it.
 ///
@@ -31,15 +44,30 @@ class Host {
    public:
     virtual ~Host() = default;
 
-    /// Shows a message until the user has read it, with an OK button. Where nothing can be shown it
+    /// Shows a message until the user has read it. `style` is that of Win32: its icon, and on
+    /// Windows its buttons; elsewhere there is an OK button. Where nothing can be shown the message
     /// goes to the standard error stream.
-    virtual void MessageBoxA(const String& text, const String& caption) = 0;
+    virtual void MessageBoxA(const String& text, const String& caption, std::uint32_t style) = 0;
     /// Lets the user choose a file that exists.
     virtual bool GetOpenFileNameA(const FileDialog& dialog, String& name) = 0;
     /// Lets the user name a file to write; asks whether one that exists may be overwritten.
     virtual bool GetSaveFileNameA(const FileDialog& dialog, String& name) = 0;
     /// Lets the user choose a folder.
     virtual bool SHBrowseForFolderA(const FileDialog& dialog, String& name) = 0;
+
+    /// Lets the program handle what has happened in its windows. What it runs then may call the
+    /// library again.
+    virtual void DoEvents() = 0;
+    /// Waits for something that DoEvents has to handle; false when nothing came by `deadline`.
+    virtual bool MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) = 0;
+
+    /// The mouse pointer over the program's windows.
+    virtual void SetPointer(Pointer pointer) = 0;
+    /// Shows the program's one wait window, or another text in it, above the window `owner` when
+    /// that is one. It can be seen when this returns, and goes when the process does. Where nothing
+    /// can be shown nothing happens.
+    virtual void ShowWaitWindow(const String& text, WindowHandle owner) = 0;
+    virtual void HideWaitWindow() = 0;
 };
 
 }  // namespace quorkit

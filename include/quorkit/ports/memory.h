@@ -3,17 +3,25 @@
 // are what it is told.
 #pragma once
 
+#include <quorkit/ports/clipboard.h>
+#include <quorkit/ports/desktop.h>
 #include <quorkit/ports/drives.h>
 #include <quorkit/ports/files.h>
 #include <quorkit/ports/hives.h>
 #include <quorkit/ports/host.h>
+#include <quorkit/ports/keyboard.h>
 #include <quorkit/ports/ports.h>
+#include <quorkit/ports/processes.h>
 #include <quorkit/ports/system.h>
 
+#include <chrono>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace quorkit {
 
@@ -90,10 +98,17 @@ class MemorySystem : public System {
     String temporaryFolder = u"C:\\Temp\\";
     /// By their CSIDLS numbers.
     std::map<int, String> specialFolders;
+    /// None when the system does not tell.
+    std::optional<OsVersion> version = OsVersion{};
+    /// Whether it tells only the short record.
+    bool shortRecordOnly = false;
+    std::optional<String> dialingCode = u"1";
 
     LanguageIdentifier GetUserDefaultUILanguage() override { return userLanguage; }
     LanguageIdentifier GetSystemDefaultLangID() override { return systemLanguage; }
     SystemTime GetLocalTime() override { return localTime; }
+    bool GetVersionExA(OsRecord size, OsVersion& answer) override;
+    bool GetLocaleInfoA(String& code) override;
     std::uint64_t QueryPerformanceCounter() override { return performanceCounter; }
 
     bool FileTimeToSystemTime(FileTime time, SystemTime& local) override;
@@ -145,19 +160,114 @@ class MemoryHost final : public Host {
     struct Message {
         String text;
         String caption;
+        std::uint32_t style = kPlainMessage;
     };
     std::vector<Message> messages;
     std::vector<FileDialog> dialogs;
     /// The answer to the next dialogs; none cancels them.
     std::optional<String> chosen;
+    /// What DoEvents runs, once for each call that finds something.
+    std::vector<std::function<void()>> events;
+    /// How long it has been waited in all; nobody really waits.
+    std::chrono::nanoseconds waited{0};
+    int eventRounds = 0;  ///< calls of DoEvents
+    Pointer pointer = Pointer::Default;
+    std::optional<String> waitText;  ///< of the wait window, while it is shown
+    WindowHandle waitOwner = 0;
 
-    void MessageBoxA(const String& text, const String& caption) override;
+    void MessageBoxA(const String& text, const String& caption, std::uint32_t style) override;
     bool GetOpenFileNameA(const FileDialog& dialog, String& name) override;
     bool GetSaveFileNameA(const FileDialog& dialog, String& name) override;
     bool SHBrowseForFolderA(const FileDialog& dialog, String& name) override;
+    void DoEvents() override;
+    bool MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) override;
+    void SetPointer(Pointer other) override { pointer = other; }
+    void ShowWaitWindow(const String& text, WindowHandle owner) override;
+    void HideWaitWindow() override { waitText.reset(); }
 
    private:
     bool answer(const FileDialog& dialog, String& name);
+};
+
+/// Programs that are no more than what they are told to do.
+class MemoryProcesses final : public Processes {
+   public:
+    struct Program {
+        Long exitCode = 0;
+        std::chrono::milliseconds runs{0};  ///< how long, counted by what is waited for it
+    };
+    /// By command line. Others cannot be started.
+    std::map<String, Program> programs;
+    struct Started {
+        String commandLine;
+        String title;
+        Ending ending = Ending::WithItself;
+        bool terminated = false;
+        bool closed = false;
+        Program program;
+    };
+    std::vector<Started> started;
+    /// What ShellExecuteA was given, and what it answers.
+    std::vector<String> opened;
+    ErrorCode openAnswer = kSuccess;
+
+    ErrorCode CreateProcessA(const String& commandLine, const String& title, Ending ending,
+                             Handle& process) override;
+    Waited WaitForSingleObject(Handle process, std::chrono::milliseconds longest) override;
+    Waited WaitForSingleObject(Handle process) override;
+    ErrorCode GetExitCodeProcess(Handle process, Long& code) override;
+    ErrorCode TerminateProcess(Handle process) override;
+    void CloseHandle(Handle process) override;
+    ErrorCode ShellExecuteA(const String& target) override;
+};
+
+/// A screen with the windows that are put there.
+class MemoryDesktop final : public Desktop {
+   public:
+    struct Window {
+        WindowInfo info;
+        String className;
+        bool topmost = false;
+        bool takesMessages = true;
+        std::vector<WindowMessage> posted;
+    };
+    std::vector<Window> windows;  ///< the topmost first
+    std::optional<ScreenArea> workArea = ScreenArea{0, 0, 1920, 1040};
+
+    std::vector<WindowInfo> EnumWindows() override;
+    WindowHandle FindWindowA(const std::optional<String>& className,
+                             const std::optional<String>& title) override;
+    bool IsWindow(WindowHandle window) override { return find(window) != nullptr; }
+    String GetWindowTextA(WindowHandle window) override;
+    bool SetWindowPos(WindowHandle window, bool topmost) override;
+    bool PostMessageA(WindowHandle window, WindowMessage message) override;
+    bool SystemParametersInfoA(ScreenArea& area) override;
+
+   private:
+    Window* find(WindowHandle window);
+};
+
+/// One table, for all threads.
+class MemoryKeyboard final : public Keyboard {
+   public:
+    KeyStates states{};
+
+    Byte GetKeyState(int key) override { return states.at(static_cast<std::size_t>(key)); }
+    void GetKeyboardState(KeyStates& all) override { all = states; }
+    void SetKeyboardState(const KeyStates& all) override { states = all; }
+};
+
+class MemoryClipboard final : public Clipboard {
+   public:
+    /// Nothing when the clipboard is empty.
+    std::optional<std::pair<ClipboardFormat, std::string>> content;
+    /// Whether another program keeps the clipboard to itself: everything fails then.
+    bool locked = false;
+
+    bool EmptyClipboard() override;
+    bool IsClipboardFormatAvailable(ClipboardFormat format) override;
+    bool SetClipboardData(ClipboardFormat format, const std::string& data) override;
+    bool GetClipboardData(ClipboardFormat format, std::string& data) override;
 };
 
 /// A whole world in memory.
@@ -167,7 +277,11 @@ struct MemoryPorts {
     MemoryRegistry registry;
     MemorySystem system;
     MemoryHost host;
-    Ports ports{files, drives, registry, system, host};
+    MemoryProcesses processes;
+    MemoryDesktop desktop;
+    MemoryKeyboard keyboard;
+    MemoryClipboard clipboard;
+    Ports ports{files, drives, registry, system, host, processes, desktop, keyboard, clipboard};
     operator Ports&() { return ports; }  // NOLINT(google-explicit-constructor): it is one
 };
 

@@ -4,9 +4,13 @@
 
 namespace quorkit {
 
+class Clipboard;
+class Desktop;
 class Drives;
 class Files;
 class Host;
+class Keyboard;
+class Processes;
 class Registry;
 class System;
 
@@ -16,9 +20,15 @@ struct Ports {
     Registry& registry;
     System& system;
     Host& host;
+    Processes& processes;
+    Desktop& desktop;
+    Keyboard& keyboard;
+    Clipboard& clipboard;
 
     /// This world with other files.
-    Ports with(Files& others) const { return {others, drives, registry, system, host}; }
+    Ports with(Files& others) const {
+        return {others, drives, registry, system, host, processes, desktop, keyboard, clipboard};
+    }
 };
 
 namespace ports {

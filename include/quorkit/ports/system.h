@@ -21,6 +21,20 @@ struct SystemTime {
     int milliseconds = 0;
 };
 
+/// What Win32 tells of its version. Linux says platform 4 and the version of its kernel.
+struct OsVersion {
+    std::uint32_t majorVersion = 0;
+    std::uint32_t minorVersion = 0;
+    std::uint32_t platformId = 0;
+    String servicePack;  ///< up to 128 characters, with whatever stands around it
+    std::uint16_t servicePackMajor = 0;
+    std::uint16_t suiteMask = 0;
+    std::uint8_t productType = 0;
+};
+
+/// How much is asked for.
+enum class OsRecord { Extended = 156, Short = 148 };
+
 class System {
    public:
     virtual ~System() = default;
@@ -30,6 +44,13 @@ class System {
     virtual LanguageIdentifier GetUserDefaultUILanguage() = 0;
     /// The language of the system itself; 0 when it is not known.
     virtual LanguageIdentifier GetSystemDefaultLangID() = 0;
+
+    /// False when the system does not give a record of that size. The short one ends with the text
+    /// of the service pack.
+    virtual bool GetVersionExA(OsRecord size, OsVersion& version) = 0;
+    /// The dialling code of the system's country in decimal digits, without zeros or "+" in front.
+    /// False when it is not known. On Linux it comes from the locale's data on telephones.
+    virtual bool GetLocaleInfoA(String& dialingCode) = 0;
 
     virtual SystemTime GetLocalTime() = 0;
     /// A time in the user's time zone. False when it is none that a calendar can show. Linux counts

@@ -1,0 +1,38 @@
+// The clipboard: one content, which outlives the program that has put it there.
+#pragma once
+
+#include <quorkit/values.h>
+
+#include <string>
+
+namespace quorkit {
+
+/// By the numbers of the host run-time's clipboard.
+enum class ClipboardFormat : Integer {
+    Text = 1,
+    Bitmap = 2,
+    Metafile = 3,
+    Dib = 8,
+    RichText = -16639,
+};
+
+/// Texts are UTF-8, line ends kept. Rich text is its bytes. A picture is the bytes of a picture
+/// file: BMP, PNG, JPEG, GIF, WMF (placeable) or EMF; Metafile is the last two, Bitmap and Dib are
+/// all others.
+///
+/// Without a clipboard, as without an X server on Linux, everything fails.
+class Clipboard {
+   public:
+    virtual ~Clipboard() = default;
+
+    virtual bool EmptyClipboard() = 0;
+    virtual bool IsClipboardFormatAvailable(ClipboardFormat format) = 0;
+    /// Puts a content in place of whatever is there. Bytes that are no picture of the kind that
+    /// `format` names are refused, and the clipboard stays as it is. Windows also offers a picture
+    /// as a bitmap to programs that know no other.
+    virtual bool SetClipboardData(ClipboardFormat format, const std::string& data) = 0;
+    /// False when there is nothing of that format; `data` is then left as it is.
+    virtual bool GetClipboardData(ClipboardFormat format, std::string& data) = 0;
+};
+
+}  // namespace quorkit

@@ -1,0 +1,46 @@
+// Other programs, and documents that other programs open.
+#pragma once
+
+#include <quorkit/ports/files.h>
+#include <quorkit/values.h>
+
+#include <chrono>
+
+namespace quorkit {
+
+class Processes {
+   public:
+    virtual ~Processes() = default;
+
+    enum class Ending {
+        WithItself,   ///< TerminateProcess ends the process
+        WithItsGroup  ///< and everything that it has started; it has no terminal to read from then
+    };
+    enum class Waited { Ended, TimedOut, Failed };
+
+    /// Starts the program that the command line begins with, with the other words as its arguments,
+    /// split as Win32 programs split them. A program without a folder is sought where the system
+    /// seeks programs. It has this program's current folder, environment and three standard
+    /// streams, and inherits no other handle. `title` is for its console window, where it gets one;
+    /// "" for none. kFileNotFound when there is no such program; kAccessDenied when it is none. On
+    /// success CloseHandle must follow.
+    virtual ErrorCode CreateProcessA(const String& commandLine, const String& title, Ending ending,
+                                     Handle& process) = 0;
+    /// Waits until the process has ended, but no longer than so.
+    virtual Waited WaitForSingleObject(Handle process, std::chrono::milliseconds longest) = 0;
+    /// Waits however long it takes.
+    virtual Waited WaitForSingleObject(Handle process) = 0;
+    /// How a process that has ended did so: its exit code; on Linux 128 and the signal's number
+    /// when a signal ended it, as a shell has it.
+    virtual ErrorCode GetExitCodeProcess(Handle process, Long& code) = 0;
+    /// Ends a process, unless it has ended. It is gone when this returns.
+    virtual ErrorCode TerminateProcess(Handle process) = 0;
+    /// Gives back what the handle holds. A process that runs goes on.
+    virtual void CloseHandle(Handle process) = 0;
+
+    /// Opens an address or a document with the program that the desktop has for it, and does not
+    /// wait for that. No shell reads the address. kFileNotFound when there is nobody to hand it to.
+    virtual ErrorCode ShellExecuteA(const String& target) = 0;
+};
+
+}  // namespace quorkit

@@ -1,0 +1,89 @@
+#include "linux/x11/connection.h"
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace quorkit::x11 {
+namespace {
+
+constexpr std::uint32_t kWholeProperty = 0x1FFFFFFF;  // in units of four bytes
+
+}  // namespace
+
+Connection* Connection::ofThread() {
+    thread_local std::unique_ptr<Connection> connection;
+    const char* const variable = std::getenv("DISPLAY");
+    const std::string display = variable == nullptr ? "" : variable;
+    if (connection && connection->isUsable(display)) return connection.get();
+    connection.reset();
+    if (display.empty()) return nullptr;
+    int number = 0;
+    xcb_connection_t* const opened = xcb_connect(display.c_str(), &number);
+    xcb_screen_iterator_t screen = {};
+    if (xcb_connection_has_error(opened) == 0)
+        screen = xcb_setup_roots_iterator(xcb_get_setup(opened));
+    for (; screen.rem > 1 && number > 0; --number) xcb_screen_next(&screen);
+    if (screen.rem == 0) {
+        xcb_disconnect(opened);
+        return nullptr;
+    }
+    connection.reset(new Connection(opened, screen.data, display));
+    return connection.get();
+}
+
+Connection::Connection(xcb_connection_t* connection, xcb_screen_t* screen, std::string display)
+    : connection_(connection), screen_(screen), display_(std::move(display)), process_(getpid()) {}
+
+Connection::~Connection() {
+    // A child must leave the parent's connection alone; its descriptor is closed all the same.
+    if (process_ == getpid())
+        xcb_disconnect(connection_);
+    else
+        close(xcb_get_file_descriptor(connection_));
+}
+
+bool Connection::isUsable(const std::string& display) const {
+    return display_ == display && process_ == getpid() &&
+           xcb_connection_has_error(connection_) == 0;
+}
+
+xcb_atom_t Connection::atom(const std::string& name) {
+    const auto known = atoms_.find(name);
+    if (known != atoms_.end()) return known->second;
+    learn({name});
+    return atoms_[name];
+}
+
+void Connection::learn(const std::vector<std::string>& names) {
+    std::vector<std::pair<const std::string*, xcb_intern_atom_cookie_t>> asked;
+    for (const std::string& name : names)
+        if (!atoms_.contains(name))
+            asked.emplace_back(
+                &name, xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()),
+                                       name.c_str()));
+    for (const auto& [name, cookie] : asked)
+        if (const auto reply = replyTo(*this, cookie, xcb_intern_atom_reply))
+            atoms_[*name] = reply->atom;
+}
+
+std::string Connection::property(xcb_window_t window, const std::string& name, xcb_atom_t type,
+                                 int format) {
+    const auto cookie =
+        xcb_get_property(connection_, 0, window, atom(name), type, 0, kWholeProperty);
+    return bytesOf(replyTo(*this, cookie, xcb_get_property_reply).get(), type, format);
+}
+
+void Connection::forgetEvents() {
+    while (xcb_generic_event_t* const event = xcb_poll_for_event(connection_)) std::free(event);
+}
+
+std::string bytesOf(const xcb_get_property_reply_t* reply, xcb_atom_t type, int format) {
+    if (reply == nullptr || reply->format != format ||
+        (type != XCB_GET_PROPERTY_TYPE_ANY && reply->type != type))
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply)),
+            static_cast<std::size_t>(xcb_get_property_value_length(reply))};
+}
+
+}  // namespace quorkit::x11

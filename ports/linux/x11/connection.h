@@ -1,0 +1,73 @@
+// The X server that a thread talks to.
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quorkit::x11 {
+
+/// What malloc has given.
+struct Free {
+    void operator()(void* memory) const { std::free(memory); }
+};
+/// What the server answered, null when the request failed.
+template <class Reply>
+using ReplyPtr = std::unique_ptr<Reply, Free>;
+
+class Connection {
+   public:
+    /// The calling thread's connection to the server that DISPLAY names, opened when it is first
+    /// needed, after a fork, and when DISPLAY is another or the last one has broken. Null without a
+    /// server.
+    static Connection* ofThread();
+
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection();
+
+    xcb_connection_t* get() const { return connection_; }
+    xcb_window_t root() const { return screen_->root; }
+    const xcb_screen_t& screen() const { return *screen_; }
+
+    /// The number of a name, asked for once.
+    xcb_atom_t atom(const std::string& name);
+    /// Asks for several at once, where each alone would take as long.
+    void learn(const std::vector<std::string>& names);
+
+    /// The value of a property; empty when it has none, or another type or format. AnyPropertyType
+    /// is any type.
+    std::string property(xcb_window_t window, const std::string& name, xcb_atom_t type, int format);
+
+    /// Forgets the events and errors that have come: those of requests that nobody checks.
+    void forgetEvents();
+
+   private:
+    Connection(xcb_connection_t* connection, xcb_screen_t* screen, std::string display);
+    bool isUsable(const std::string& display) const;
+
+    xcb_connection_t* connection_;
+    xcb_screen_t* screen_;
+    std::string display_;
+    int process_;
+    std::map<std::string, xcb_atom_t> atoms_;
+};
+
+/// The reply to a request: reply(connection, xcb_get_property, xcb_get_property_reply, ...).
+template <class Reply, class Cookie>
+ReplyPtr<Reply> replyTo(const Connection& connection, Cookie cookie,
+                        Reply* (*take)(xcb_connection_t*, Cookie, xcb_generic_error_t**)) {
+    xcb_generic_error_t* error = nullptr;
+    ReplyPtr<Reply> reply(take(connection.get(), cookie, &error));
+    std::free(error);
+    return reply;
+}
+
+/// The bytes of a property's reply; empty unless they have the type and the format.
+std::string bytesOf(const xcb_get_property_reply_t* reply, xcb_atom_t type, int format);
+
+}  // namespace quorkit::x11

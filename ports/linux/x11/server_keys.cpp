@@ -1,0 +1,1 @@
+#include "../no_display/server_keys.cpp"

@@ -1,0 +1,20 @@
+// Programs of the system this program runs on. A build has one of the rooms that implement them.
+#pragma once
+
+#include <quorkit/ports/processes.h>
+
+namespace quorkit {
+
+class NativeProcesses final : public Processes {
+   public:
+    ErrorCode CreateProcessA(const String& commandLine, const String& title, Ending ending,
+                             Handle& process) override;
+    Waited WaitForSingleObject(Handle process, std::chrono::milliseconds longest) override;
+    Waited WaitForSingleObject(Handle process) override;
+    ErrorCode GetExitCodeProcess(Handle process, Long& code) override;
+    ErrorCode TerminateProcess(Handle process) override;
+    void CloseHandle(Handle process) override;
+    ErrorCode ShellExecuteA(const String& target) override;
+};
+
+}  // namespace quorkit

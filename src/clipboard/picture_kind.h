@@ -1,0 +1,21 @@
+// What a picture file is, by its first bytes, whatever its name says.
+//
+// Sources: RFC 2083 (PNG), ITU-T T.81 and JFIF (JPEG), GIF89a, MS-WMF 2.3.2.3 (the placeable
+// header), MS-EMF 2.3.4.2, and the bitmap file header of Win32.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace quorkit {
+
+enum class PictureKind { Bmp, Png, Jpeg, Gif, Wmf, Emf };
+
+/// Nothing for what is none of them, or is too short to be one.
+std::optional<PictureKind> pictureKindOf(std::string_view bytes);
+
+inline bool isMetafile(PictureKind kind) {
+    return kind == PictureKind::Wmf || kind == PictureKind::Emf;
+}
+
+}  // namespace quorkit
