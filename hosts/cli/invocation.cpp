@@ -22,6 +22,16 @@ Outcome invoke(CatalogueObject& target, const MemberInfo& member, const Argument
     return outcome;
 }
 
+Outcome invoke(Object& target, StringView member, CallKind kind, std::vector<Variant> positional,
+               std::vector<NamedArgument> named) {
+    if (auto* const own = dynamic_cast<CatalogueObject*>(&target))
+        return invoke(*own, memberOf(own->info(), member, kind), {positional, named});
+    Outcome outcome;
+    outcome.result = target.call(member, kind, {positional, named});
+    outcome.arguments = std::move(positional);
+    return outcome;
+}
+
 Json toJson(const Outcome& outcome, ObjectTable& objects) {
     Json arguments = Json::array();
     for (const Variant& one : outcome.arguments) arguments.push_back(toJson(one, objects));

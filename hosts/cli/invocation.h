@@ -27,6 +27,9 @@ struct Outcome {
 
 /// Raises what the member raises, and 13, 448, 449, 450 for arguments that do not fit it.
 Outcome invoke(CatalogueObject& target, const MemberInfo& member, const Arguments& arguments);
+/// The same for any object, by a member's name: error 438 when it has none of that name.
+Outcome invoke(Object& target, StringView member, CallKind kind, std::vector<Variant> positional,
+               std::vector<NamedArgument> named);
 
 /// {"result": value, "args": [value, ...]}
 Json toJson(const Outcome& outcome, ObjectTable& objects);

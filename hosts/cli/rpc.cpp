@@ -5,6 +5,7 @@
 
 #include "cli/describe.h"
 #include "cli/invocation.h"
+#include "cli/property_object.h"
 
 namespace quorkit::cli {
 namespace {
@@ -67,8 +68,16 @@ CallKind kindOf(const Json& parameters) {
 }  // namespace
 
 Json RpcSession::create(const Json& parameters) {
-    allowOnly(parameters, {"class"});
-    return {{"object", objects_.numberOf(objectOf(library_, text(parameters, "class")))}};
+    allowOnly(parameters, {"class", "properties"});
+    if (!parameters.contains("properties"))
+        return {{"object", objects_.numberOf(objectOf(library_, text(parameters, "class")))}};
+    if (parameters.contains("class") || !parameters["properties"].is_object())
+        throw Fault{InvalidParams, "properties is an object, without a class"};
+    std::vector<PropertyObject::Property> properties;
+    for (const auto& [name, value] : parameters["properties"].items())
+        properties.emplace_back(textOf(name), fromJson(value, objects_));
+    const auto object = std::make_shared<PropertyObject>(std::move(properties));
+    return {{"object", objects_.numberOf(object)}};
 }
 
 Json RpcSession::release(const Json& parameters) {
@@ -83,12 +92,9 @@ Json RpcSession::invoke(const Json& parameters) {
         throw Fault{InvalidParams, "either class or object is needed"};
     const CallKind kind = kindOf(parameters);
     const String name = text(parameters, "member");
-    const Target target =
-        parameters.contains("class")
-            ? objectOf(library_, text(parameters, "class"))
-            : std::dynamic_pointer_cast<CatalogueObject>(objects_.at(objectNumber(parameters)));
-    if (target == nullptr) raise(ErrorNumber::NoSuchMember);
-    const MemberInfo& member = memberOf(target->info(), name, kind);
+    const ObjectRef target = parameters.contains("class")
+                                 ? objectOf(library_, text(parameters, "class"))
+                                 : objects_.at(objectNumber(parameters));
 
     const Json args = parameters.value("args", Json::array());
     const Json namedArgs = parameters.value("named", Json::object());
@@ -99,7 +105,8 @@ Json RpcSession::invoke(const Json& parameters) {
     std::vector<NamedArgument> named;
     for (const auto& [key, value] : namedArgs.items())
         named.push_back({textOf(key), fromJson(value, objects_)});
-    return toJson(cli::invoke(*target, member, {positional, named}), objects_);
+    return toJson(cli::invoke(*target, name, kind, std::move(positional), std::move(named)),
+                  objects_);
 }
 
 Json RpcSession::run(const std::string& method, const Json& parameters) {

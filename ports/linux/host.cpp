@@ -11,6 +11,7 @@
 #include "file/name_parts.h"
 #include "linux/names.h"
 #include "linux/run_tool.h"
+#include "linux/wait_window.h"
 #include "runtime/code_page.h"
 
 namespace quorkit {
@@ -155,10 +156,16 @@ bool NativeHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point
     return false;
 }
 
-void NativeHost::SetPointer(Pointer) {}
+void NativeHost::SetPointer(Pointer pointer) {
+    setWaitPointer(pointer);
+}
 
-void NativeHost::ShowWaitWindow(const String&, WindowHandle) {}
+void NativeHost::ShowWaitWindow(const String& text, WindowHandle owner) {
+    showWaitWindow(text, owner);
+}
 
-void NativeHost::HideWaitWindow() {}
+void NativeHost::HideWaitWindow() {
+    hideWaitWindow();
+}
 
 }  // namespace quorkit

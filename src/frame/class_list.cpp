@@ -1,10 +1,12 @@
 // The one list of public classes, and look-ups in it.
 #include <quorkit/GQuorConvert.h>
 #include <quorkit/GQuorFile.h>
+#include <quorkit/GQuorKeyboard.h>
 #include <quorkit/GQuorLanguage.h>
 #include <quorkit/GQuorRegistry.h>
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/GQuorTools.h>
+#include <quorkit/GQuorWindows.h>
 #include <quorkit/QuorAddress.h>
 #include <quorkit/QuorCollection.h>
 #include <quorkit/QuorInifile.h>
@@ -89,10 +91,12 @@ constexpr ClassInfo kClasses[] = {
     implemented<QuorAddress>(
         "QuorAddress", Creatable, 8,
         "address record with named attributes, postal address block, phone number formatting"),
-    announced("GQuorWindows", Global, 17,
-              "window search and control, operating system version and language, screen geometry, "
-              "form positions, wait window, about dialog"),
-    announced("GQuorKeyboard", Global, 5, "state of Shift, Control and Scroll Lock keys"),
+    implemented<GQuorWindows>(
+        "GQuorWindows", Global, 17,
+        "window search and control, operating system version and language, screen geometry, "
+        "form positions, wait window, about dialog"),
+    implemented<GQuorKeyboard>("GQuorKeyboard", Global, 5,
+                               "state of Shift, Control and Scroll Lock keys"),
     announced("GQuorClipboard", Global, 8, "clipboard text, RTF text and pictures"),
     implemented<QuorTesting>("QuorTesting", Creatable, 3,
                              "random test data: last names, first names, organisational units"),

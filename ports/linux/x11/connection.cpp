@@ -9,14 +9,21 @@ namespace {
 
 constexpr std::uint32_t kWholeProperty = 0x1FFFFFFF;  // in units of four bytes
 
+std::string displayName() {
+    const char* const variable = std::getenv("DISPLAY");
+    return variable == nullptr ? "" : variable;
+}
+
 }  // namespace
 
 Connection* Connection::ofThread() {
     thread_local std::unique_ptr<Connection> connection;
-    const char* const variable = std::getenv("DISPLAY");
-    const std::string display = variable == nullptr ? "" : variable;
-    if (connection && connection->isUsable(display)) return connection.get();
-    connection.reset();
+    if (!connection || !connection->isUsable()) connection = open();
+    return connection.get();
+}
+
+std::unique_ptr<Connection> Connection::open() {
+    const std::string display = displayName();
     if (display.empty()) return nullptr;
     int number = 0;
     xcb_connection_t* const opened = xcb_connect(display.c_str(), &number);
@@ -24,12 +31,10 @@ Connection* Connection::ofThread() {
     if (xcb_connection_has_error(opened) == 0)
         screen = xcb_setup_roots_iterator(xcb_get_setup(opened));
     for (; screen.rem > 1 && number > 0; --number) xcb_screen_next(&screen);
-    if (screen.rem == 0) {
-        xcb_disconnect(opened);
-        return nullptr;
-    }
-    connection.reset(new Connection(opened, screen.data, display));
-    return connection.get();
+    if (screen.rem != 0)
+        return std::unique_ptr<Connection>(new Connection(opened, screen.data, display));
+    xcb_disconnect(opened);
+    return nullptr;
 }
 
 Connection::Connection(xcb_connection_t* connection, xcb_screen_t* screen, std::string display)
@@ -43,8 +48,8 @@ Connection::~Connection() {
         close(xcb_get_file_descriptor(connection_));
 }
 
-bool Connection::isUsable(const std::string& display) const {
-    return display_ == display && process_ == getpid() &&
+bool Connection::isUsable() const {
+    return display_ == displayName() && process_ == getpid() &&
            xcb_connection_has_error(connection_) == 0;
 }
 

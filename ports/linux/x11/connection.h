@@ -25,10 +25,15 @@ class Connection {
     /// needed, after a fork, and when DISPLAY is another or the last one has broken. Null without a
     /// server.
     static Connection* ofThread();
+    /// Another one to the same server; null without a server.
+    static std::unique_ptr<Connection> open();
 
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
     ~Connection();
+
+    /// Whether it leads to the server that DISPLAY names now, and is this process's own.
+    bool isUsable() const;
 
     xcb_connection_t* get() const { return connection_; }
     xcb_window_t root() const { return screen_->root; }
@@ -48,7 +53,6 @@ class Connection {
 
    private:
     Connection(xcb_connection_t* connection, xcb_screen_t* screen, std::string display);
-    bool isUsable(const std::string& display) const;
 
     xcb_connection_t* connection_;
     xcb_screen_t* screen_;

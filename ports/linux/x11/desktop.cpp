@@ -1,1 +1,171 @@
-#include "../no_display/desktop.cpp"
+#include "native/desktop.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "linux/x11/asked_window.h"
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+namespace {
+
+using namespace x11;
+
+Connection* connected() {
+    Connection* const connection = Connection::ofThread();
+    if (connection == nullptr) return nullptr;
+    connection->forgetEvents();
+    connection->learn(AskedWindow::names());
+    return connection;
+}
+
+std::vector<xcb_window_t> childrenOf(Connection& connection, xcb_window_t window) {
+    const auto tree =
+        replyTo(connection, xcb_query_tree(connection.get(), window), xcb_query_tree_reply);
+    if (!tree) return {};
+    const std::span children(xcb_query_tree_children(tree.get()),
+                             static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
+    return {children.begin(), children.end()};
+}
+
+/// In the order given, without those that have vanished.
+std::vector<AskedWindow> askAll(Connection& connection, const std::vector<xcb_window_t>& windows) {
+    std::vector<AskedWindow> all;
+    all.reserve(windows.size());
+    for (const xcb_window_t window : windows) all.emplace_back(connection, window);
+    std::vector<AskedWindow> found;
+    for (AskedWindow& one : all)
+        if (one.take()) found.push_back(std::move(one));
+    return found;
+}
+
+/// All top-level windows, the topmost first.
+std::vector<AskedWindow> topLevelWindows(Connection& connection) {
+    std::vector<std::uint32_t> listed = numbersIn(
+        connection.property(connection.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, 32));
+    std::ranges::reverse(listed);
+    if (!listed.empty()) return askAll(connection, listed);
+    // Nobody keeps a list: the windows are the root's children, or stand in frames that are.
+    listed = childrenOf(connection, connection.root());
+    std::ranges::reverse(listed);
+    std::vector<AskedWindow> found = askAll(connection, listed);
+    for (AskedWindow& one : found) {
+        if (one.managed || !one.className.empty() || !one.title.empty()) continue;
+        for (AskedWindow& inner : askAll(connection, childrenOf(connection, one.window())))
+            if (inner.managed) {
+                one = std::move(inner);
+                break;
+            }
+    }
+    return found;
+}
+
+WindowHandle handleOf(xcb_window_t window) {
+    return static_cast<WindowHandle>(window);
+}
+xcb_window_t windowOf(WindowHandle handle) {
+    return static_cast<xcb_window_t>(handle);
+}
+
+bool exists(Connection& connection, WindowHandle window) {
+    return replyTo(connection, xcb_get_window_attributes(connection.get(), windowOf(window)),
+                   xcb_get_window_attributes_reply) != nullptr;
+}
+
+/// Whether a property that is a list of names has this one.
+bool lists(Connection& connection, xcb_window_t window, const char* property, const char* name) {
+    const auto names = numbersIn(connection.property(window, property, XCB_ATOM_ATOM, 32));
+    return std::ranges::find(names, connection.atom(name)) != names.end();
+}
+
+/// Sends a message about a window to `to`, and waits until the server has it.
+void send(Connection& connection, xcb_window_t to, std::uint32_t mask, xcb_window_t about,
+          const char* type, const std::array<std::uint32_t, 5>& data) {
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = about;
+    event.type = connection.atom(type);
+    std::ranges::copy(data, event.data.data32);
+    xcb_send_event(connection.get(), 0, to, mask, reinterpret_cast<const char*>(&event));
+    replyTo(connection, xcb_get_input_focus(connection.get()), xcb_get_input_focus_reply);
+}
+
+}  // namespace
+
+std::vector<WindowInfo> NativeDesktop::EnumWindows() {
+    Connection* const connection = connected();
+    if (connection == nullptr) return {};
+    std::vector<WindowInfo> windows;
+    for (AskedWindow& one : topLevelWindows(*connection))
+        windows.push_back({handleOf(one.window()), std::move(one.title), one.visible});
+    return windows;
+}
+
+WindowHandle NativeDesktop::FindWindowA(const std::optional<String>& className,
+                                        const std::optional<String>& title) {
+    Connection* const connection = connected();
+    if (connection == nullptr) return 0;
+    for (const AskedWindow& one : topLevelWindows(*connection))
+        if ((!className || one.hasClass(*className)) &&
+            (!title || runtime::sameText(*title, one.title)))
+            return handleOf(one.window());
+    return 0;
+}
+
+bool NativeDesktop::IsWindow(WindowHandle window) {
+    Connection* const connection = connected();
+    return connection != nullptr && exists(*connection, window);
+}
+
+String NativeDesktop::GetWindowTextA(WindowHandle window) {
+    Connection* const connection = connected();
+    if (connection == nullptr) return {};
+    AskedWindow asked(*connection, windowOf(window));
+    return asked.take() ? asked.title : String();
+}
+
+bool NativeDesktop::SetWindowPos(WindowHandle window, bool topmost) {
+    Connection* const connection = connected();
+    if (connection == nullptr || !exists(*connection, window) ||
+        !lists(*connection, connection->root(), "_NET_SUPPORTED", "_NET_WM_STATE_ABOVE"))
+        return false;
+    constexpr std::uint32_t byApplication = 1;
+    send(*connection, connection->root(),
+         XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+         windowOf(window), "_NET_WM_STATE",
+         {topmost ? 1u : 0u, connection->atom("_NET_WM_STATE_ABOVE"), 0, byApplication, 0});
+    return true;
+}
+
+bool NativeDesktop::PostMessageA(WindowHandle window, WindowMessage message) {
+    Connection* const connection = connected();
+    if (connection == nullptr || !exists(*connection, window)) return false;
+    if (message != WindowMessage::Close) return true;
+    if (!lists(*connection, windowOf(window), "WM_PROTOCOLS", "WM_DELETE_WINDOW")) return false;
+    send(*connection, windowOf(window), XCB_EVENT_MASK_NO_EVENT, windowOf(window), "WM_PROTOCOLS",
+         {connection->atom("WM_DELETE_WINDOW"), XCB_CURRENT_TIME, 0, 0, 0});
+    return true;
+}
+
+bool NativeDesktop::SystemParametersInfoA(ScreenArea& workArea) {
+    Connection* const connection = connected();
+    if (connection == nullptr) return false;
+    const auto current = numbersIn(
+        connection->property(connection->root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL, 32));
+    const auto areas =
+        numbersIn(connection->property(connection->root(), "_NET_WORKAREA", XCB_ATOM_CARDINAL, 32));
+    const std::size_t first = current.empty() ? 0 : std::size_t{4} * current.front();
+    if (areas.size() >= first + 4) {
+        const auto at = [&](std::size_t i) { return static_cast<Long>(areas[first + i]); };
+        workArea = {at(0), at(1), at(0) + at(2), at(1) + at(3)};
+        return true;
+    }
+    const auto whole = replyTo(*connection, xcb_get_geometry(connection->get(), connection->root()),
+                               xcb_get_geometry_reply);
+    if (whole) workArea = {0, 0, whole->width, whole->height};
+    return whole != nullptr;
+}
+
+}  // namespace quorkit
