@@ -1,0 +1,28 @@
+// An X server of the tests' own, without any window manager.
+#pragma once
+
+#include <string>
+
+#include "support/environment.h"
+
+namespace quorkit::test {
+
+/// Xvfb on a free display, which DISPLAY names for as long as the object lives.
+class XServer {
+   public:
+    /// Throws std::runtime_error when no server starts.
+    XServer();
+    /// Ends it at once, whoever still uses it.
+    ~XServer();
+    XServer(const XServer&) = delete;
+    XServer& operator=(const XServer&) = delete;
+
+    const std::string& display() const { return display_; }
+
+   private:
+    int process_;
+    std::string display_;
+    Variable variable_;
+};
+
+}  // namespace quorkit::test
