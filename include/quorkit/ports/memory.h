@@ -229,7 +229,7 @@ class MemoryDesktop final : public Desktop {
         String className;
         bool topmost = false;
         bool takesMessages = true;
-        std::vector<WindowMessage> posted;
+        std::vector<WindowMessage> posted = {};
     };
     std::vector<Window> windows;  ///< the topmost first
     std::optional<ScreenArea> workArea = ScreenArea{0, 0, 1920, 1040};

@@ -18,6 +18,9 @@ std::string displayName() {
 
 Connection* Connection::ofThread() {
     thread_local std::unique_ptr<Connection> connection;
+    // What has come of requests that nobody checks is forgotten; this also tells of the server's
+    // end.
+    if (connection && connection->isUsable()) connection->forgetEvents();
     if (!connection || !connection->isUsable()) connection = open();
     return connection.get();
 }

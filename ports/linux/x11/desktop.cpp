@@ -15,7 +15,6 @@ using namespace x11;
 Connection* connected() {
     Connection* const connection = Connection::ofThread();
     if (connection == nullptr) return nullptr;
-    connection->forgetEvents();
     connection->learn(AskedWindow::names());
     return connection;
 }
@@ -40,12 +39,20 @@ std::vector<AskedWindow> askAll(Connection& connection, const std::vector<xcb_wi
     return found;
 }
 
+/// Whether a property that is a list of names has this one.
+bool lists(Connection& connection, xcb_window_t window, const char* property, const char* name) {
+    const auto names = numbersIn(connection.property(window, property, XCB_ATOM_ATOM, 32));
+    return std::ranges::find(names, connection.atom(name)) != names.end();
+}
+
 /// All top-level windows, the topmost first.
 std::vector<AskedWindow> topLevelWindows(Connection& connection) {
     std::vector<std::uint32_t> listed = numbersIn(
         connection.property(connection.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, 32));
     std::ranges::reverse(listed);
-    if (!listed.empty()) return askAll(connection, listed);
+    if (!listed.empty() ||
+        lists(connection, connection.root(), "_NET_SUPPORTED", "_NET_CLIENT_LIST_STACKING"))
+        return askAll(connection, listed);
     // Nobody keeps a list: the windows are the root's children, or stand in frames that are.
     listed = childrenOf(connection, connection.root());
     std::ranges::reverse(listed);
@@ -71,12 +78,6 @@ xcb_window_t windowOf(WindowHandle handle) {
 bool exists(Connection& connection, WindowHandle window) {
     return replyTo(connection, xcb_get_window_attributes(connection.get(), windowOf(window)),
                    xcb_get_window_attributes_reply) != nullptr;
-}
-
-/// Whether a property that is a list of names has this one.
-bool lists(Connection& connection, xcb_window_t window, const char* property, const char* name) {
-    const auto names = numbersIn(connection.property(window, property, XCB_ATOM_ATOM, 32));
-    return std::ranges::find(names, connection.atom(name)) != names.end();
 }
 
 /// Sends a message about a window to `to`, and waits until the server has it.

@@ -50,7 +50,6 @@ constexpr Light kLights[] = {{1, 20}, {2, 144}, {4, 145}};
 bool askServerForKeys(KeyStates& states) {
     Connection* const connection = Connection::ofThread();
     if (connection == nullptr) return false;
-    connection->forgetEvents();
     const xcb_setup_t& setup = *xcb_get_setup(connection->get());
     const auto down = xcb_query_keymap(connection->get());
     const auto lights = xcb_get_keyboard_control(connection->get());

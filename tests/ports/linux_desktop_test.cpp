@@ -1,0 +1,236 @@
+// Windows, keys and the wait window on a real X server with a real window manager, seen from
+// outside by wmctrl, xprop, xdotool and xwininfo.
+#ifndef _WIN32
+#include <gtest/gtest.h>
+#include <quorkit/ports/desktop.h>
+#include <quorkit/ports/host.h>
+#include <quorkit/ports/keyboard.h>
+#include <quorkit/ports/ports.h>
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <thread>
+
+#include "support/late.h"
+#include "support/x_server.h"
+
+namespace quorkit::test {
+namespace {
+
+/// What a shell command prints, without the line end behind it.
+std::string answerOf(const std::string& command) {
+    std::string text;
+    FILE* const pipe = popen((command + " 2>/dev/null").c_str(), "r");
+    for (int one = fgetc(pipe); one != EOF; one = fgetc(pipe)) text += static_cast<char>(one);
+    pclose(pipe);
+    if (text.ends_with('\n')) text.pop_back();
+    return text;
+}
+
+/// Asks until the answer is yes, for ten seconds at most.
+bool comesTrue(const std::function<bool()>& ask) {
+    for (int i = 0; i < 1000; ++i) {
+        if (ask()) return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return false;
+}
+
+/// A program that ends with the object.
+class Client {
+   public:
+    explicit Client(const std::string& command) : process_(fork()) {
+        if (process_ != 0) return;
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        execl("/bin/sh", "sh", "-c", ("exec " + command + " >/dev/null 2>&1").c_str(), nullptr);
+        _exit(127);
+    }
+    ~Client() {
+        kill(process_, SIGTERM);
+        wait();
+    }
+    Client(const Client&) = delete;
+    Client& operator=(const Client&) = delete;
+
+    bool hasEnded() {
+        if (!ended_) ended_ = waitpid(process_, nullptr, WNOHANG) == process_;
+        return ended_;
+    }
+
+   private:
+    void wait() {
+        if (!hasEnded()) waitpid(process_, nullptr, 0);
+    }
+    pid_t process_;
+    bool ended_ = false;
+};
+
+/// An xterm with a title that nothing changes.
+std::string terminal(const std::string& title, const std::string& more = {}) {
+    return "env LC_ALL=C.UTF-8 xterm -T '" + title + "' " + more + " -e sleep 1000";
+}
+
+class LinuxDesktop : public testing::Test {
+   protected:
+    XServer server;
+    std::optional<Client> manager;
+    Desktop& desktop = ports::native().desktop;
+    Late windows{u"GQuorWindows"};
+
+    void startManager() {
+        manager.emplace("openbox --sm-disable");
+        ASSERT_TRUE(comesTrue([] { return !answerOf("wmctrl -m").empty(); }));
+    }
+    /// The handle of a window as soon as it is there.
+    WindowHandle windowOf(const String& title) {
+        WindowHandle found = 0;
+        EXPECT_TRUE(comesTrue([&] { return (found = desktop.FindWindowA({}, title)) != 0; }));
+        return found;
+    }
+    static bool hasState(WindowHandle window, const std::string& state) {
+        return answerOf("xprop -id " + std::to_string(window) + " _NET_WM_STATE").find(state) !=
+               std::string::npos;
+    }
+};
+
+TEST_F(LinuxDesktop, FindsTheWindowsOfPrograms) {
+    startManager();
+    const Client first(terminal("Nötiz \xE2\x82\xAC", "-class Editor -name edit"));
+    const WindowHandle below = windowOf(u"n\u00D6tiz \u20AC");
+    const Client second(terminal("second", "-class Editor"));
+    const WindowHandle above = windowOf(u"second");
+    ASSERT_TRUE(comesTrue([&] { return desktop.FindWindowA(u"editor", {}) == above; }));
+    EXPECT_EQ(desktop.FindWindowA(u"EDIT", {}), below);
+    EXPECT_EQ(desktop.FindWindowA(u"Editor", u"n\u00F6tiz \u20AC"), below);
+    EXPECT_EQ(std::to_string(below), answerOf("xdotool search --name 'Nötiz'"));
+    EXPECT_EQ(desktop.GetWindowTextA(below), u"N\u00F6tiz \u20AC");
+    windows.expect(u"WinFindWindowByPartOfTitle", {{{u"tiz"}, below}, {{u"e"}, above}});
+
+    const auto visible = [&](WindowHandle window) {
+        const auto all = desktop.EnumWindows();
+        const auto found = std::ranges::find(all, window, &WindowInfo::handle);
+        return found != all.end() && found->visible;
+    };
+    EXPECT_TRUE(visible(below));
+    answerOf("xdotool windowminimize --sync " + std::to_string(below));
+    EXPECT_TRUE(visible(below));
+    answerOf("wmctrl -a second");
+    ASSERT_TRUE(comesTrue([&] { return desktop.EnumWindows().front().handle == above; }));
+    answerOf("xdotool windowactivate --sync " + std::to_string(below));
+    EXPECT_TRUE(comesTrue([&] { return desktop.EnumWindows().front().handle == below; }));
+
+    for (const WindowHandle none : {0, -1, 0x7FFFFFFF}) {
+        EXPECT_FALSE(desktop.IsWindow(none));
+        EXPECT_EQ(desktop.GetWindowTextA(none), u"");
+        EXPECT_FALSE(desktop.SetWindowPos(none, true));
+        EXPECT_FALSE(desktop.PostMessageA(none, WindowMessage::Close));
+    }
+}
+
+TEST_F(LinuxDesktop, PinsAndClosesThem) {
+    startManager();
+    Client client(terminal("pinned", "-class Pinned"));
+    const WindowHandle window = windowOf(u"pinned");
+    windows.expect(u"SetTopMostWindow", {{{window, true}, Long{1}}});
+    EXPECT_TRUE(comesTrue([&] { return hasState(window, "ABOVE"); }));
+    windows.expect(u"SetTopMostWindow", {{{window, false}, Long{0}}});
+    EXPECT_TRUE(comesTrue([&] { return !hasState(window, "ABOVE"); }));
+    windows.expect(u"WinTerminateProgram", {{{u"Pinned"}, Long{1}}});
+    EXPECT_TRUE(comesTrue([&] { return client.hasEnded() && !desktop.IsWindow(window); }));
+    windows.expect(u"WinTerminateProgram", {{{u"Pinned"}, Long{-1}}});
+}
+
+TEST_F(LinuxDesktop, LeavesOutWhatDiesMeanwhile) {
+    startManager();
+    std::atomic<bool> done = false;
+    std::thread churn([&] {
+        for (int i = 0; i < 8; ++i) {
+            const Client client(terminal("short lived"));
+            std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        }
+        done = true;
+    });
+    while (!done)
+        for (const WindowInfo& one : desktop.EnumWindows()) EXPECT_NE(one.handle, 0);
+    churn.join();
+}
+
+TEST_F(LinuxDesktop, KnowsTheScreenWithAndWithoutPanels) {
+    ScreenArea area;
+    EXPECT_TRUE(desktop.SystemParametersInfoA(area));
+    EXPECT_EQ(area, (ScreenArea{0, 0, 1280, 1024}));
+    // Without a window manager windows are the root's children.
+    const Client client(terminal("bare"));
+    EXPECT_TRUE(desktop.IsWindow(windowOf(u"bare")));
+    startManager();
+    const Client panel("xterm -T panel -name panel");
+    const std::string id = std::to_string(windowOf(u"panel"));
+    answerOf("xprop -id " + id + " -f _NET_WM_STRUT 32c -set _NET_WM_STRUT '30, 0, 0, 40'");
+    EXPECT_TRUE(comesTrue([&] {
+        return desktop.SystemParametersInfoA(area) && area == ScreenArea{30, 0, 1280, 984};
+    }));
+}
+
+TEST_F(LinuxDesktop, FollowsTheKeyboard) {
+    Late keyboard(u"GQuorKeyboard");
+    EXPECT_EQ(keyboard.get(u"ShiftKeyDown"), Variant(false));
+    answerOf("xdotool keydown Shift_R");
+    answerOf("xdotool keydown Control_L");
+    answerOf("xdotool keydown a");
+    EXPECT_EQ(keyboard.get(u"ShiftKeyDown"), Variant(true));
+    EXPECT_EQ(keyboard.get(u"ControlKeyDown"), Variant(true));
+    EXPECT_EQ(ports::native().keyboard.GetKeyState('A'), kKeyDown);
+    // What it is told holds until the key moves; other threads are told nothing.
+    keyboard(u"SetKeyState", {Integer{16}, false});
+    EXPECT_EQ(keyboard.get(u"ShiftKeyDown"), Variant(false));
+    std::thread([&] { EXPECT_EQ(ports::native().keyboard.GetKeyState(16), kKeyDown); }).join();
+    answerOf("xdotool keyup Shift_R keyup Control_L keyup a");
+    EXPECT_EQ(keyboard.get(u"ControlKeyDown"), Variant(false));
+    answerOf("xdotool keydown Shift_R");
+    EXPECT_EQ(keyboard.get(u"ShiftKeyDown"), Variant(true));
+    answerOf("xdotool keyup Shift_R");
+    keyboard.let(u"ScrollLock", true);
+    EXPECT_EQ(keyboard.get(u"ScrollLock"), Variant(true));
+}
+
+TEST_F(LinuxDesktop, ShowsTheWaitWindowAtOnce) {
+    startManager();
+    const auto shown = [] { return answerOf("xdotool search --onlyvisible --class Quorkit"); };
+    windows(u"WinShowWaitForm", {true});
+    const std::string window = shown();
+    EXPECT_NE(window, "");
+    EXPECT_EQ(answerOf("xdotool getwindowname " + window), "Bitte warten...");
+    windows(u"WinShowWaitForm", {true, Long{4}});
+    EXPECT_EQ(shown(), window);
+    EXPECT_EQ(answerOf("xdotool getwindowname " + window), "Please wait...");
+    windows(u"WinShowWaitForm", {false});
+    EXPECT_TRUE(comesTrue([&] { return shown().empty(); }));
+}
+
+TEST(NoDisplay, AnswersAsStated) {
+    const Variable display("DISPLAY", std::nullopt);
+    Late windows(u"GQuorWindows");
+    windows.expect(u"WinFindWindowByPartOfTitle", {{{u""}, Long{0}}});
+    windows.expect(u"WinFindWindowByTitle", {{{u""}, Long{0}}});
+    windows.expect(u"SetTopMostWindow", {{{Long{1}, true}, Long{0}}});
+    windows.expect(u"WinTerminateProgram", {{{u"x"}, Long{-1}}});
+    windows.expect(u"WinGetWindowTitle", {{{Long{1}}, u""}});
+    windows.expect(u"getWorkingScreenSize",
+                   {{{Long{1}, 5.0, 5.0, 5.0, 5.0}, {Variant(), 0.0, 0.0, 0.0, 0.0}}});
+    windows(u"WinShowWaitForm", {true});
+    windows(u"WinShowWaitForm", {false});
+    Late keyboard(u"GQuorKeyboard");
+    keyboard(u"SetKeyState", {Integer{16}, true});
+    EXPECT_EQ(ports::native().keyboard.GetKeyState(16), kKeyOn);
+    keyboard(u"SetKeyState", {Integer{16}, false});
+}
+
+}  // namespace
+}  // namespace quorkit::test
+#endif
