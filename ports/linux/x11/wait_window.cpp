@@ -46,8 +46,6 @@ class WaitWindow {
             const auto above = static_cast<xcb_window_t>(owner);
             setProperty(XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, &above, 1);
         }
-        xcb_map_window(get(), window_);
-        xcb_flush(get());
         waitUntilShown();
     }
 
@@ -157,16 +155,17 @@ class WaitWindow {
         xcb_change_gc(get(), pen_, XCB_GC_FOREGROUND, &kForeground);
     }
 
+    /// Asks again and again: a window manager that is just starting may miss it.
     void waitUntilShown() {
+        constexpr int patience = 50;  // milliseconds
         const auto deadline = steady_clock::now() + kLongestWait;
-        while (connection_->isUsable() && !shown_) {
+        while (connection_->isUsable() && !shown_ && steady_clock::now() < deadline) {
+            xcb_map_window(get(), window_);
+            xcb_flush(get());
+            pollfd news = {xcb_get_file_descriptor(get()), POLLIN, 0};
+            poll(&news, 1, patience);
             while (const ReplyPtr<xcb_generic_event_t> event{xcb_poll_for_event(get())})
                 if ((event->response_type & 0x7F) == XCB_EXPOSE) shown_ = true;
-            const auto left =
-                std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now());
-            if (shown_ || left.count() <= 0) return;
-            pollfd news = {xcb_get_file_descriptor(get()), POLLIN, 0};
-            poll(&news, 1, static_cast<int>(left.count()));
         }
     }
 
