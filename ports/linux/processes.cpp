@@ -1,31 +1,126 @@
 #include "native/processes.h"
 
+#include <unistd.h>
+
+#include <algorithm>
+#include <mutex>
+#include <vector>
+
+#include "linux/name_text.h"
+#include "linux/names.h"
+#include "linux/process.h"
+#include "linux/start.h"
+#include "tools/command_line.h"
+
 namespace quorkit {
+namespace {
 
-ErrorCode NativeProcesses::CreateProcessA(const String&, const String&, Ending, Handle&) {
-    return kGeneralFailure;
+using disk::Process;
+using disk::processOf;
+using disk::Session;
+using disk::Start;
+using disk::Streams;
+
+/// Programs that run on although nobody has a handle to them. Each is taken out of the kernel's
+/// table at the first look after its end.
+class Released {
+   public:
+    void add(std::unique_ptr<Process> process) {
+        const std::scoped_lock lock(mutex_);
+        processes_.push_back(std::move(process));
+    }
+    void look() {
+        const std::scoped_lock lock(mutex_);
+        std::erase_if(processes_, [](const auto& process) { return process->forget(); });
+    }
+
+   private:
+    std::mutex mutex_;
+    std::vector<std::unique_ptr<Process>> processes_;
+};
+
+Released& released() {
+    static auto& all = *new Released;  // never destroyed: other threads may outlive what is static
+    return all;
 }
 
-Processes::Waited NativeProcesses::WaitForSingleObject(Handle, std::chrono::milliseconds) {
-    return Waited::Failed;
+/// The first word for Start: a path, or a name that is sought on PATH.
+ErrorCode wordOfProgram(StringView name, std::string& word) {
+    const bool hasDrive = name.size() > 1 && name[1] == u':';
+    if (!hasDrive && name.find_first_of(u"\\/") == StringView::npos)
+        return disk::appendBytes(name, word) ? kSuccess : kInvalidName;
+    if (const ErrorCode code = disk::pathOf(String(name), word)) return code;
+    if (word.find('/') == std::string::npos) word.insert(0, "./");
+    return kSuccess;
 }
 
-Processes::Waited NativeProcesses::WaitForSingleObject(Handle) {
-    return Waited::Failed;
+/// Program and arguments for Start.
+ErrorCode wordsOf(const ProgramName& program, std::vector<std::string>& words) {
+    words.assign(1, {});
+    if (const ErrorCode code = wordOfProgram(program.name(), words[0])) return code;
+    for (const String& argument : splitArguments(program.behind()))
+        if (!disk::appendBytes(argument, words.emplace_back())) return kInvalidName;
+    return kSuccess;
 }
 
-ErrorCode NativeProcesses::GetExitCodeProcess(Handle, Long&) {
-    return kGeneralFailure;
+ErrorCode start(const Start& how, const ProgramName& program, pid_t& process) {
+    std::vector<std::string> words;
+    const ErrorCode code = wordsOf(program, words);
+    if (code == kPathNotFound) return kFileNotFound;
+    return code == kSuccess ? how.run(words, process) : code;
 }
 
-ErrorCode NativeProcesses::TerminateProcess(Handle) {
-    return kGeneralFailure;
+}  // namespace
+
+ErrorCode NativeProcesses::CreateProcessA(const String& commandLine, const String&, Ending ending,
+                                          Handle& process) {
+    released().look();
+    if (commandLine.find(u'\0') != String::npos) return kInvalidName;
+    const bool grouped = ending == Ending::WithItsGroup;
+    Streams streams;
+    if (grouped && isatty(STDIN_FILENO) == 1) streams.input = Streams::Nothing;
+    const Start how(streams, grouped ? Session::Own : Session::Ours);
+    ErrorCode answer = kFileNotFound;
+    for (ProgramName program(commandLine); !program.name().empty(); program.lengthen()) {
+        pid_t number = 0;
+        const ErrorCode code = start(how, program, number);
+        if (code == kSuccess) {
+            process = disk::handOut(std::make_unique<Process>(number, ending));
+            return kSuccess;
+        }
+        if (code != kFileNotFound) answer = code;
+        if (code != kFileNotFound && code != kAccessDenied) break;
+    }
+    return answer;
 }
 
-void NativeProcesses::CloseHandle(Handle) {}
+Processes::Waited NativeProcesses::WaitForSingleObject(Handle process,
+                                                       std::chrono::milliseconds longest) {
+    constexpr std::chrono::milliseconds aYear = std::chrono::years(1);
+    const auto deadline = std::chrono::steady_clock::now() + std::min(longest, aYear);
+    return processOf(process).hasEndedBy(deadline) ? Waited::Ended : Waited::TimedOut;
+}
 
-ErrorCode NativeProcesses::ShellExecuteA(const String&) {
-    return kFileNotFound;
+Processes::Waited NativeProcesses::WaitForSingleObject(Handle process) {
+    processOf(process).waitForItsEnd();
+    return Waited::Ended;
+}
+
+ErrorCode NativeProcesses::GetExitCodeProcess(Handle process, Long& code) {
+    const auto known = processOf(process).exitCode();
+    if (!known) return kGeneralFailure;
+    code = *known;
+    return kSuccess;
+}
+
+ErrorCode NativeProcesses::TerminateProcess(Handle process) {
+    return processOf(process).end();
+}
+
+void NativeProcesses::CloseHandle(Handle process) {
+    std::unique_ptr<Process> closed(&processOf(process));
+    if (!closed->forget()) released().add(std::move(closed));
+    released().look();
 }
 
 }  // namespace quorkit

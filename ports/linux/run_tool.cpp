@@ -1,54 +1,14 @@
 #include "linux/run_tool.h"
 
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
-
 #include "linux/calls.h"
+#include "linux/start.h"
 
 namespace quorkit::disk {
 namespace {
-
-/// How the program starts: with the given standard output, and with the signals of a fresh one.
-class Start {
-   public:
-    explicit Start(int output) {
-        posix_spawn_file_actions_init(&files_);
-        // First the output, which may itself be number 0.
-        posix_spawn_file_actions_adddup2(&files_, output, STDOUT_FILENO);
-        posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-        posix_spawn_file_actions_addclosefrom_np(&files_, STDERR_FILENO + 1);
-        sigset_t none;
-        sigset_t all;
-        sigemptyset(&none);
-        sigfillset(&all);
-        posix_spawnattr_init(&attributes_);
-        posix_spawnattr_setsigmask(&attributes_, &none);
-        posix_spawnattr_setsigdefault(&attributes_, &all);
-        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    }
-    ~Start() {
-        posix_spawnattr_destroy(&attributes_);
-        posix_spawn_file_actions_destroy(&files_);
-    }
-    Start(const Start&) = delete;
-    Start& operator=(const Start&) = delete;
-
-    bool run(const std::vector<std::string>& words, pid_t& process) {
-        std::vector<char*> line;
-        line.reserve(words.size() + 1);
-        for (const std::string& word : words) line.push_back(const_cast<char*>(word.c_str()));
-        line.push_back(nullptr);
-        return posix_spawnp(&process, line[0], &files_, &attributes_, line.data(), environ) == 0;
-    }
-
-   private:
-    posix_spawn_file_actions_t files_{};
-    posix_spawnattr_t attributes_{};
-};
 
 std::string readAll(int descriptor) {
     std::string text;
@@ -68,7 +28,10 @@ ToolResult runTool(const std::vector<std::string>& words) {
     int ends[2] = {};
     if (pipe2(ends, O_CLOEXEC) != 0) return result;
     pid_t process = 0;
-    result.started = Start(ends[1]).run(words, process);
+    Streams streams;
+    streams.input = Streams::Nothing;
+    streams.outputTo = ends[1];
+    result.started = Start(streams).run(words, process) == kSuccess;
     close(ends[1]);
     if (result.started) {
         result.output = readAll(ends[0]);

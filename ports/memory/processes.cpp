@@ -13,6 +13,7 @@ std::size_t indexOf(Handle process) {
 
 ErrorCode MemoryProcesses::CreateProcessA(const String& commandLine, const String& title,
                                           Ending ending, Handle& process) {
+    if (commandLine.find(u'\0') != String::npos) return kInvalidName;
     const auto found = programs.find(commandLine);
     if (found == programs.end()) return kFileNotFound;
     process = Handle(static_cast<std::intptr_t>(started.size()));
@@ -49,6 +50,7 @@ void MemoryProcesses::CloseHandle(Handle process) {
 }
 
 ErrorCode MemoryProcesses::ShellExecuteA(const String& target) {
+    if (target.find(u'\0') != String::npos) return kInvalidName;
     opened.push_back(target);
     return openAnswer;
 }

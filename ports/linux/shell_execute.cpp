@@ -1,0 +1,52 @@
+// Documents and addresses by way of xdg-open, which hands them to the desktop.
+#include <sys/stat.h>
+
+#include <algorithm>
+
+#include "linux/name_text.h"
+#include "linux/names.h"
+#include "linux/start.h"
+#include "native/processes.h"
+#include "runtime/letter_case.h"
+
+namespace quorkit {
+namespace {
+
+bool isLetter(char16_t unit) {
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
+}
+
+/// Whether a text begins as an address does (RFC 3986): "mailto:", but not the drive "C:".
+bool hasScheme(const String& text) {
+    const std::size_t length = text.find(u':');
+    if (length == String::npos || length < 2 || !isLetter(text[0])) return false;
+    return std::ranges::all_of(text.substr(0, length), [](char16_t unit) {
+        return isLetter(unit) || StringView(u"0123456789+-.").find(unit) != StringView::npos;
+    });
+}
+
+/// What xdg-open is given; it takes what begins with "-" for an option.
+ErrorCode wordOf(const String& target, std::string& word) {
+    if (target.find(u'\0') != String::npos) return kInvalidName;
+    if (hasScheme(target)) return disk::appendBytes(target, word) ? kSuccess : kInvalidName;
+    struct stat about = {};
+    if (disk::pathOf(target, word) == kSuccess && stat(word.c_str(), &about) == 0) {
+        if (word.starts_with('-')) word.insert(0, "./");
+        return kSuccess;
+    }
+    if (runtime::toLower(target.substr(0, 4)) != u"www.") return kFileNotFound;
+    word.clear();
+    return wordOf(u"http://" + target, word);
+}
+
+}  // namespace
+
+ErrorCode NativeProcesses::ShellExecuteA(const String& target) {
+    std::vector<std::string> words = {"xdg-open", ""};
+    if (const ErrorCode code = wordOf(target, words[1])) return code;
+    using disk::Streams;
+    const Streams nothing{Streams::Nothing, Streams::Nothing, Streams::Nothing};
+    return disk::Start(nothing, disk::Session::Own).runDetached(words);
+}
+
+}  // namespace quorkit

@@ -1,0 +1,46 @@
+// The one way in which programs are started. They get the signals of a fresh program, and of this
+// program's open files the three standard streams at most.
+#pragma once
+
+#include <quorkit/ports/files.h>
+#include <spawn.h>
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+namespace quorkit::disk {
+
+struct Streams {
+    enum Source { Ours, Nothing };
+    Source input = Ours;
+    Source output = Ours;
+    Source error = Ours;
+    int outputTo = -1;  ///< a descriptor that is the output instead
+};
+
+enum class Session {
+    Ours,
+    Own  ///< a group of its own too, of the process's number; no terminal belongs to it
+};
+
+class Start {
+   public:
+    explicit Start(const Streams& streams, Session session = Session::Ours);
+    ~Start();
+    Start(const Start&) = delete;
+    Start& operator=(const Start&) = delete;
+
+    /// Starts the program that the first word names, found on PATH when there is no "/" in it; all
+    /// words reach it as they are. kFileNotFound when there is none, kAccessDenied when the file is
+    /// no program.
+    ErrorCode run(const std::vector<std::string>& words, pid_t& process) const;
+    /// The same for a program that is no child of this one, so that nobody need wait for it.
+    ErrorCode runDetached(const std::vector<std::string>& words) const;
+
+   private:
+    posix_spawn_file_actions_t files_{};
+    posix_spawnattr_t attributes_{};
+};
+
+}  // namespace quorkit::disk
