@@ -4,11 +4,13 @@
 // clang-format off
 #include <windows.h>
 #include <commdlg.h>
-#include <objbase.h>
 #include <shlobj.h>
 // clang-format on
 
+#include <algorithm>
+
 #include "win32/calls.h"
+#include "win32/objects.h"
 
 namespace quorkit {
 
@@ -51,20 +53,6 @@ bool askForFile(const FileDialog& dialog, DWORD flags, BOOL (*ask)(OPENFILENAMEW
     name = chosen.c_str();
     return true;
 }
-
-/// The dialogs are built of objects that a thread must have made ready for.
-class Objects {
-   public:
-    Objects() : ready_(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
-    ~Objects() {
-        if (SUCCEEDED(ready_)) ::CoUninitialize();
-    }
-    Objects(const Objects&) = delete;
-    Objects& operator=(const Objects&) = delete;
-
-   private:
-    HRESULT ready_;  // a failure means that the program itself has chosen a way
-};
 
 /// `folder` is the folder to begin with, or null.
 int CALLBACK beginAt(HWND window, UINT message, LPARAM, LPARAM folder) {
@@ -118,8 +106,18 @@ void NativeHost::DoEvents() {
     }
 }
 
-bool NativeHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point) {
-    return false;
+bool NativeHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) {
+    using std::chrono::milliseconds;
+    constexpr milliseconds aDay = std::chrono::hours(24);
+    for (;;) {
+        const auto left =
+            std::chrono::ceil<milliseconds>(deadline - std::chrono::steady_clock::now());
+        const auto longest = static_cast<DWORD>(std::clamp(left, milliseconds(0), aDay).count());
+        const DWORD answer =
+            ::MsgWaitForMultipleObjectsEx(0, nullptr, longest, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        if (answer != WAIT_TIMEOUT) return answer == WAIT_OBJECT_0;
+        if (left <= aDay) return false;
+    }
 }
 
 void NativeHost::SetPointer(Pointer) {}
