@@ -1,4 +1,5 @@
-// Tools that fit nowhere else: searching, sorting, hexadecimal texts, the calendar. No state.
+// Tools that fit nowhere else: searching, sorting, checking texts, waiting, reporting errors, the
+// calendar. No state.
 #pragma once
 
 #include <quorkit/array.h>
@@ -22,6 +23,40 @@ class GQuorTools {
 
     /// Whether `sHex` holds nothing but hexadecimal digits, in any case; so does the empty text.
     Boolean isHex(Unchanged<String> sHex);
+
+    /// Whether what is typed into a text box can be used: any object with a property Text. `iKind`
+    /// is what it must be: 0 any text; 1 a whole number of 32 bits; 2 a number; 3 a date, read as
+    /// the user's language has it. Numbers have the full stop. It has no more than `iMaxLength`
+    /// characters (0 and below: any number of them). With `bEmptyAllowed` an empty box will do for
+    /// every kind, otherwise for none. The text stays as it is, blanks around it included, which do
+    /// not keep it from being a number or a date. Error 5 for another kind, 91 for Nothing, 438 for
+    /// an object without Text; its own errors reach the caller.
+    Boolean CheckTextBoxValue(const ObjectRef& txtBox, Long iKind,
+                              Optional<Long, 0> iMaxLength = {},
+                              Optional<Boolean, true> bEmptyAllowed = {});
+
+    // --- The user ---
+
+    /// Waits so many seconds while the program around the library handles its events, so that what
+    /// these run may call the library again. 0 and below: it handles what has come, and goes on.
+    void delay(Long countSeconds);
+
+    /// Shows the user an error, in a message titled "Error": its number and description, and of the
+    /// other texts those that are not empty, each with its name in front and in a line of its own.
+    /// `iImage` is the message's style, see MessageStyle in ports/host.h.
+    ///
+    /// Where `sErrNumber` or `sErrMsg` is empty, it is that of the error that the client's last
+    /// failed call by name has raised on this thread, through whatever host; number 0 and no
+    /// description when there was none. Calls that succeed leave that error as it is, so that a
+    /// handler may write a log entry first; so does this one. Errors that are no quorkit member's
+    /// are not known here: give them. In C++, calls that are not by name set nothing.
+    void DisplayError(const Optional<String>& sModuleName = {},
+                      const Optional<String>& sFunction = {},
+                      const Optional<String>& sErrNumber = {}, const Optional<String>& sErrMsg = {},
+                      const Optional<String>& sAddInfo = {}, const Optional<String>& sApp = {},
+                      Optional<Integer, 0> iImage = {});
+
+    // --- Sorting ---
 
     /// Sorts the elements `iLowBound` ... `iHighBound` of a one-dimensional array in place: numbers
     /// by value and before texts, texts by character. Without `bCaseSensitive` all are compared as

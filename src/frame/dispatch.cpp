@@ -5,18 +5,19 @@
 #include "frame/conversion.h"
 #include "frame/error_patterns.h"
 #include "frame/names.h"
+#include "frame/pending_error.h"
 
 namespace quorkit {
 namespace {
 
 const MemberInfo& reachableMember(const ClassInfo& info, Long identifier, CallKind kind) {
     const MemberInfo* member = findMember(info, identifier, kind);
-    if (member == nullptr) raise(ErrorNumber::NoSuchMember);
+    if (member == nullptr) raiseToClient(ErrorNumber::NoSuchMember);
     return *member;
 }
 
 ObjectRef createOrRaise(const ClassInfo* info, Ports& ports) {
-    if (info == nullptr || info->create == nullptr) raise(ErrorNumber::CannotCreateObject);
+    if (info == nullptr || info->create == nullptr) raiseToClient(ErrorNumber::CannotCreateObject);
     return info->create(ports);
 }
 
@@ -24,18 +25,18 @@ std::size_t positionOf(const MemberInfo& member, StringView name) {
     const auto parameters = member.parameters();
     const auto found = std::ranges::find_if(
         parameters, [&](const ParameterInfo& one) { return sameName(name, one.name); });
-    if (found == parameters.end()) raise(ErrorNumber::NamedArgumentNotFound);
+    if (found == parameters.end()) raiseToClient(ErrorNumber::NamedArgumentNotFound);
     return static_cast<std::size_t>(found - parameters.begin());
 }
 
 }  // namespace
 
 Long Object::identifierOf(StringView) const {
-    raise(ErrorNumber::NoSuchMember);
+    raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 Variant Object::invoke(Long, CallKind, const Arguments&) {
-    raise(ErrorNumber::NoSuchMember);
+    raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 Variant Object::call(StringView name, CallKind kind, const Arguments& arguments) {
@@ -45,23 +46,24 @@ Variant Object::call(StringView name, CallKind kind, const Arguments& arguments)
 Long CatalogueObject::identifierOf(StringView name) const {
     for (const CallKind kind : {CallKind::Call, CallKind::Let})
         if (const MemberInfo* member = findMember(info(), name, kind)) return member->identifier;
-    raise(ErrorNumber::NoSuchMember);
+    raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 std::vector<Variant> arrange(const MemberInfo& member, const Arguments& arguments) {
     const auto parameters = member.parameters();
-    if (arguments.positional.size() > parameters.size()) raise(ErrorNumber::WrongNumberOfArguments);
+    if (arguments.positional.size() > parameters.size())
+        raiseToClient(ErrorNumber::WrongNumberOfArguments);
     std::array<Variant*, MemberInfo::kMaxParameters> sources = {};
     for (std::size_t i = 0; i < arguments.positional.size(); ++i)
         sources[i] = &arguments.positional[i];
     for (NamedArgument& one : arguments.named) {
         Variant*& source = sources[positionOf(member, one.name)];
-        if (source != nullptr) raise(ErrorNumber::WrongNumberOfArguments);
+        if (source != nullptr) raiseToClient(ErrorNumber::WrongNumberOfArguments);
         source = &one.value;
     }
     for (std::size_t i = 0; i < parameters.size(); ++i)
         if ((sources[i] == nullptr || sources[i]->isMissing()) && !parameters[i].optional())
-            raise(ErrorNumber::ArgumentNotOptional);
+            raiseToClient(ErrorNumber::ArgumentNotOptional);
 
     std::vector<Variant> values(parameters.size(), Variant::missing());
     for (std::size_t i = 0; i < parameters.size(); ++i)
@@ -70,17 +72,22 @@ std::vector<Variant> arrange(const MemberInfo& member, const Arguments& argument
 }
 
 Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant> values) {
-    return untrapped([&] {
-        for (std::size_t i = 0; i < member.parameterCount; ++i) {
-            const ParameterInfo& parameter = member.parameterRow[i];
-            if (values[i].isMissing()) {
-                if (!parameter.optional()) raise(ErrorNumber::ArgumentNotOptional);
-                values[i] = parameter.defaultValue();
+    try {
+        return untrapped([&] {
+            for (std::size_t i = 0; i < member.parameterCount; ++i) {
+                const ParameterInfo& parameter = member.parameterRow[i];
+                if (values[i].isMissing()) {
+                    if (!parameter.optional()) raise(ErrorNumber::ArgumentNotOptional);
+                    values[i] = parameter.defaultValue();
+                }
+                convert(values[i], parameter.type, ports_);
             }
-            convert(values[i], parameter.type, ports_);
-        }
-        return member.run(self(), values.data());
-    });
+            return member.run(self(), values.data());
+        });
+    } catch (const AutomationError& error) {
+        setPendingError(error);
+        throw;
+    }
 }
 
 Variant CatalogueObject::invoke(Long identifier, CallKind kind, const Arguments& arguments) {

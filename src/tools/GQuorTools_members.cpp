@@ -13,8 +13,14 @@ std::span<const MemberInfo> memberRows<GQuorTools>() {
         method<&C::IndexOfElementInCollection>(
             0x60030000, "IndexOfElementInCollection", {"vElement", "c"},
             "The position of the first item of a collection that equals a value, or -1."),
+        method<&C::delay>(0x60030001, "delay", {"countSeconds"},
+                          "Waits some seconds while the program handles its events."),
         method<&C::isHex>(0x60030002, "isHex", {"sHex"},
                           "Whether a text holds nothing but hexadecimal digits."),
+        method<&C::DisplayError>(
+            0x60030003, "DisplayError",
+            {"sModuleName", "sFunction", "sErrNumber", "sErrMsg", "sAddInfo", "sApp", "iImage"},
+            "Shows the user an error, or the last one that a call has raised."),
         method<&C::QuickSortVariantArray>(
             0x60030004, "QuickSortVariantArray",
             {"avarIn", "iLowBound", "iHighBound", "bCaseSensitive", "bSortUp"},
@@ -36,6 +42,9 @@ std::span<const MemberInfo> memberRows<GQuorTools>() {
                                    "The last day of a month."),
         method<&C::LastDayInMonth2>(0x6003000D, "LastDayInMonth2", {"D"},
                                     "The last day of the month of a date."),
+        method<&C::CheckTextBoxValue>(
+            0x6003000E, "CheckTextBoxValue", {"txtBox", "iKind", "iMaxLength", "bEmptyAllowed"},
+            "Whether the text in a text box is of a kind, and not too long."),
     };
     return rows;
 }

@@ -1,7 +1,13 @@
 #include <gtest/gtest.h>
 #include <quorkit/GQuorTools.h>
 #include <quorkit/collection.h>
+#include <quorkit/ports/memory.h>
 
+#include <chrono>
+#include <thread>
+
+#include "cli/property_object.h"
+#include "support/errors.h"
 #include "support/late.h"
 
 namespace quorkit::test {
@@ -45,6 +51,79 @@ TEST(Tools, IndexOfElementInCollectionTakesOnlyCollections) {
     EXPECT_EQ(Late(u"GQuorTools")
                   .errorOf(u"IndexOfElementInCollection", {u"x", std::make_shared<Stranger>()}),
               13);
+}
+
+TEST(Tools, Delay) {
+    MemoryPorts world;
+    Late tools(u"GQuorTools", world);
+    using std::chrono::seconds;
+    int handled = 0;
+    const auto event = [&] { ++handled; };
+    world.host.events = {event, event};
+    tools(u"delay", {Long{3}});
+    EXPECT_EQ(handled, 2);
+    EXPECT_EQ(std::chrono::round<seconds>(world.host.waited), seconds(3));
+    world.host.events = {event, event};
+    tools(u"delay", {Long{-5}});
+    EXPECT_EQ(handled, 3);
+}
+
+TEST(Tools, DisplayError) {
+    MemoryPorts world;
+    Late tools(u"GQuorTools", world);
+    const auto shown = [&](std::vector<Variant> arguments = {}) {
+        tools(u"DisplayError", std::move(arguments));
+        const String& text = world.host.messages.back().text;
+        EXPECT_TRUE(text.starts_with(u"Application Error!\r\n\r\n"));
+        return text.substr(text.find(u"Error-"));
+    };
+    EXPECT_EQ(shown({u"mod", u"Read", u"53", u"Not found", u"", u"", Integer{16}}),
+              u"Error-Number: 53\r\nDescription : Not found\r\nFunction: Read\r\nModule: mod\r\n");
+    EXPECT_EQ(world.host.messages.back().caption, u"Error");
+    EXPECT_EQ(world.host.messages.back().style, kStopIcon);
+    const auto nothingFailed = [&] {
+        EXPECT_TRUE(shown({u"", u"", u"", u"", u"i", u"a"})
+                        .ends_with(u": 0\r\nDescription : \r\nAdditional Info: i\r\n"
+                                   u"Application: a\r\n"));
+    };
+    std::thread(nothingFailed).join();
+    EXPECT_EQ(Late(u"GQuorFile", world).errorOf(u"LoadFileToByteArray", {u"x", Array<Byte>()}), 53);
+    tools(u"isHex", {u"1"});
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(shown(), u"Error-Number: 53\r\nDescription : File not found\r\n");
+    EXPECT_EQ(errorOf([&] { tools.object().call(u"None"); }), 438);
+    EXPECT_TRUE(shown().starts_with(u"Error-Number: 438\r\n"));
+}
+
+TEST(Tools, CheckTextBoxValue) {
+    MemoryPorts world;
+    Late tools(u"GQuorTools", world);
+    const auto box = [](const char16_t* property, const Variant& text) {
+        return std::make_shared<cli::PropertyObject>(
+            std::vector<cli::PropertyObject::Property>{{property, text}});
+    };
+    const std::tuple<Long, std::vector<Variant>, Boolean> cases[] = {
+        {0, {u"x", u" ", u""}, true},
+        {1, {u"7", u" -2147483648 ", u"1e3", Integer{5}, u""}, true},
+        {1, {u"1.5", u"2147483648", u"x", u" "}, false},
+        {2, {u"1.5", u"-7"}, true},
+        {2, {u"1,5", u"1E999", u"1 x"}, false},
+        {3, {u"2024-02-29", u"31.1.2024 ", u"1/31/2024"}, true},
+        {3, {u"2023-02-29", u"45000", u"x"}, false},
+    };
+    for (const auto& [kind, texts, fits] : cases)
+        for (const Variant& text : texts)
+            EXPECT_EQ(tools(u"CheckTextBoxValue", {box(u"Text", text), kind}), fits)
+                << kind << testing::PrintToString(text);
+    const Variant digits = box(u"text", u"12345");
+    tools.expect(u"CheckTextBoxValue", {{{digits, Long{1}, Long{5}}, true},
+                                        {{digits, Long{1}, Long{4}}, false},
+                                        {{digits, Long{1}, Long{-1}}, true},
+                                        {{box(u"Text", u""), Long{0}, Long{0}, false}, false},
+                                        {{digits, Long{4}}, Error{5}},
+                                        {{ObjectRef(), Long{0}}, Error{91}},
+                                        {{box(u"Text", Null()), Long{0}}, Error{94}},
+                                        {{box(u"Caption", u""), Long{0}}, Error{438}}});
 }
 
 }  // namespace

@@ -1,0 +1,23 @@
+#include "frame/pending_error.h"
+
+namespace quorkit {
+namespace {
+
+thread_local PendingError pending;
+
+}  // namespace
+
+const PendingError& pendingError() {
+    return pending;
+}
+
+void setPendingError(const AutomationError& error) {
+    pending = {error.number(), error.what()};
+}
+
+void raiseToClient(ErrorNumber number) {
+    setPendingError(AutomationError(number));
+    raise(number);
+}
+
+}  // namespace quorkit
