@@ -3,6 +3,7 @@
 #include <quorkit/GQuorFile.h>
 #include <quorkit/GQuorKeyboard.h>
 #include <quorkit/GQuorLanguage.h>
+#include <quorkit/GQuorProgram.h>
 #include <quorkit/GQuorRegistry.h>
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/GQuorTools.h>
@@ -86,8 +87,9 @@ constexpr ClassInfo kClasses[] = {
         "GQuorTools", Global, 15,
         "miscellaneous tools: element search, text-box input check, date arithmetic and "
         "holidays, sorting, delay, error report"),
-    announced("GQuorProgram", Global, 6,
-              "running programs and waiting for them, opening URLs and mail, URL path encoding"),
+    implemented<GQuorProgram>(
+        "GQuorProgram", Global, 6,
+        "running programs and waiting for them, opening URLs and mail, URL path encoding"),
     implemented<QuorAddress>(
         "QuorAddress", Creatable, 8,
         "address record with named attributes, postal address block, phone number formatting"),

@@ -16,6 +16,16 @@ namespace {
 
 constexpr const char* kFlag = "--play";
 
+std::string self() {
+#ifdef _WIN32
+    char name[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, name, sizeof name);
+    return name;
+#else
+    return "/proc/self/exe";
+#endif
+}
+
 std::map<std::string, Part>& parts() {
     static std::map<std::string, Part> all;
     return all;
@@ -27,6 +37,12 @@ PartName::PartName(const char* name, Part part) {
     parts()[name] = part;
 }
 
+std::string lineOf(const std::string& part, const std::vector<std::string>& arguments) {
+    std::string line = "\"" + self() + "\" " + kFlag + " " + part;
+    for (const std::string& one : arguments) line += " \"" + one + "\"";
+    return line;
+}
+
 bool playPart(int argc, char** argv, int& status) {
     if (argc < 3 || std::string(argv[1]) != kFlag) return false;
     status = parts().at(argv[2])({argv + 3, argv + argc});
@@ -36,15 +52,12 @@ bool playPart(int argc, char** argv, int& status) {
 #ifdef _WIN32
 
 Child::Child(const std::string& part, const std::vector<std::string>& arguments) {
-    char self[MAX_PATH] = {};
-    GetModuleFileNameA(nullptr, self, sizeof self);
-    std::string line = std::string("\"") + self + "\" " + kFlag + " " + part;
-    for (const std::string& one : arguments) line += " \"" + one + "\"";
+    std::string line = lineOf(part, arguments);
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION made = {};
-    if (!CreateProcessA(self, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &made))
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &made))
         throw std::runtime_error("cannot start a child");
     CloseHandle(made.hThread);
     process_ = reinterpret_cast<std::intptr_t>(made.hProcess);
@@ -72,11 +85,11 @@ Child::Child(const std::string& part, const std::vector<std::string>& arguments)
     if (process_ == -1) throw std::runtime_error("cannot start a child");
     if (process_ != 0) return;
     std::vector<char*> line;
-    std::vector<std::string> words = {"/proc/self/exe", kFlag, part};
+    std::vector<std::string> words = {self(), kFlag, part};
     words.insert(words.end(), arguments.begin(), arguments.end());
     for (std::string& word : words) line.push_back(word.data());
     line.push_back(nullptr);
-    execv("/proc/self/exe", line.data());
+    execv(line[0], line.data());
     _exit(127);
 }
 

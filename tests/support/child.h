@@ -14,6 +14,10 @@ struct PartName {
     PartName(const char* name, Part part);
 };
 
+/// The command line that starts this program in the named part. No argument holds a quotation mark
+/// or ends in a backslash.
+std::string lineOf(const std::string& part, const std::vector<std::string>& arguments);
+
 class Child {
    public:
     /// Starts this program in the named part.

