@@ -1,34 +1,74 @@
 #include "native/desktop.h"
 
+#include <windows.h>
+
+#include "win32/calls.h"
+
 namespace quorkit {
 
+using win32::wide;
+
+namespace {
+
+/// Handles of windows have 32 bits that count, as numbers with a sign.
+HWND windowOf(WindowHandle handle) {
+    return reinterpret_cast<HWND>(static_cast<std::intptr_t>(handle));
+}
+WindowHandle handleOf(HWND window) {
+    return static_cast<WindowHandle>(reinterpret_cast<std::intptr_t>(window));
+}
+
+/// Of another program's window only what the system knows itself: nobody waits for that program.
+String titleOf(HWND window) {
+    String title(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, u'\0');
+    const int length = ::GetWindowTextW(window, wide(title), static_cast<int>(title.size()));
+    title.resize(static_cast<std::size_t>(length));
+    return title;
+}
+
+}  // namespace
+
 std::vector<WindowInfo> NativeDesktop::EnumWindows() {
-    return {};
+    std::vector<WindowInfo> windows;
+    const auto add = [](HWND window, LPARAM list) {
+        reinterpret_cast<std::vector<WindowInfo>*>(list)->push_back(
+            {handleOf(window), titleOf(window), ::IsWindowVisible(window) != FALSE});
+        return TRUE;
+    };
+    ::EnumWindows(static_cast<WNDENUMPROC>(add), reinterpret_cast<LPARAM>(&windows));
+    return windows;
 }
 
-WindowHandle NativeDesktop::FindWindowA(const std::optional<String>&,
-                                        const std::optional<String>&) {
-    return 0;
+WindowHandle NativeDesktop::FindWindowA(const std::optional<String>& className,
+                                        const std::optional<String>& title) {
+    return handleOf(
+        ::FindWindowW(className ? wide(*className) : nullptr, title ? wide(*title) : nullptr));
 }
 
-bool NativeDesktop::IsWindow(WindowHandle) {
-    return false;
+bool NativeDesktop::IsWindow(WindowHandle window) {
+    return ::IsWindow(windowOf(window)) != FALSE;
 }
 
-String NativeDesktop::GetWindowTextA(WindowHandle) {
-    return {};
+String NativeDesktop::GetWindowTextA(WindowHandle window) {
+    return titleOf(windowOf(window));
 }
 
-bool NativeDesktop::SetWindowPos(WindowHandle, bool) {
-    return false;
+bool NativeDesktop::SetWindowPos(WindowHandle window, bool topmost) {
+    return ::SetWindowPos(windowOf(window), topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                          SWP_NOMOVE | SWP_NOSIZE) != FALSE;
 }
 
-bool NativeDesktop::PostMessageA(WindowHandle, WindowMessage) {
-    return false;
+bool NativeDesktop::PostMessageA(WindowHandle window, WindowMessage message) {
+    // A message to no window would go to this thread.
+    return window != 0 &&
+           ::PostMessageW(windowOf(window), static_cast<UINT>(message), 0, 0) != FALSE;
 }
 
-bool NativeDesktop::SystemParametersInfoA(ScreenArea&) {
-    return false;
+bool NativeDesktop::SystemParametersInfoA(ScreenArea& workArea) {
+    RECT area = {};
+    if (!::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0)) return false;
+    workArea = {area.left, area.top, area.right, area.bottom};
+    return true;
 }
 
 }  // namespace quorkit

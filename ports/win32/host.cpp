@@ -11,6 +11,7 @@
 
 #include "win32/calls.h"
 #include "win32/objects.h"
+#include "win32/wait_window.h"
 
 namespace quorkit {
 
@@ -101,6 +102,11 @@ bool NativeHost::SHBrowseForFolderA(const FileDialog& dialog, String& name) {
 void NativeHost::DoEvents() {
     MSG message;
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            // It is for the program's own loop.
+            ::PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
     }
@@ -120,10 +126,16 @@ bool NativeHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point
     }
 }
 
-void NativeHost::SetPointer(Pointer) {}
+void NativeHost::SetPointer(Pointer pointer) {
+    setPointer(pointer);
+}
 
-void NativeHost::ShowWaitWindow(const String&, WindowHandle) {}
+void NativeHost::ShowWaitWindow(const String& text, WindowHandle owner) {
+    showWaitWindow(text, owner);
+}
 
-void NativeHost::HideWaitWindow() {}
+void NativeHost::HideWaitWindow() {
+    hideWaitWindow();
+}
 
 }  // namespace quorkit

@@ -5,11 +5,13 @@
 namespace quorkit {
 
 Byte NativeKeyboard::GetKeyState(int key) {
-    return static_cast<Byte>(::GetKeyState(key) & 0xFF) |
-           ((::GetKeyState(key) & 0x8000) != 0 ? kKeyDown : 0);
+    const auto state = static_cast<unsigned>(::GetKeyState(key));
+    return static_cast<Byte>((state & 0x8000 ? kKeyDown : 0) | (state & kKeyOn));
 }
 
 void NativeKeyboard::GetKeyboardState(KeyStates& states) {
+    // The table is brought up to date by asking for a key.
+    ::GetKeyState(0);
     static_cast<void>(::GetKeyboardState(states.data()));
 }
 
