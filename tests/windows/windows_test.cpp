@@ -13,15 +13,20 @@ class WindowsTest : public testing::Test {
    protected:
     MemoryPorts world;
     Late windows{u"GQuorWindows", world};
+
+    /// Puts a window beneath all others.
+    void add(WindowHandle handle, String title, bool visible, String className) {
+        MemoryDesktop::Window& added = world.desktop.windows.emplace_back();
+        added.info = {handle, std::move(title), visible};
+        added.className = std::move(className);
+    }
 };
 
 TEST_F(WindowsTest, FindsWindowsFromTheTopDown) {
-    world.desktop.windows = {
-        {{1, u"", true}, u"Shell"},
-        {{2, u"My Notes", false}, u"Editor"},
-        {{3, u"Notes of today", true}, u"Editor"},
-        {{4, String(300, u'x') + u"end", true}, u"Long"},
-    };
+    add(1, u"", true, u"Shell");
+    add(2, u"My Notes", false, u"Editor");
+    add(3, u"Notes of today", true, u"Editor");
+    add(4, String(300, u'x') + u"end", true, u"Long");
     windows.expect(u"WinFindWindowByClassName",
                    {{{u"EDITOR"}, Long{2}}, {{u"Edit"}, Long{0}}, {{u""}, Long{0}}});
     windows.expect(u"WinFindWindowByTitle",
@@ -46,7 +51,8 @@ TEST_F(WindowsTest, FindsWindowsFromTheTopDown) {
 }
 
 TEST_F(WindowsTest, PinsAndClosesThem) {
-    world.desktop.windows = {{{1, u"A", true}, u"Polite"}, {{2, u"B", true}, u"Deaf"}};
+    add(1, u"A", true, u"Polite");
+    add(2, u"B", true, u"Deaf");
     world.desktop.windows[1].takesMessages = false;
     windows.expect(u"SetTopMostWindow", {{{Long{1}, true}, Long{1}}, {{Long{9}, true}, Long{0}}});
     EXPECT_TRUE(world.desktop.windows[0].topmost);
