@@ -23,13 +23,14 @@ std::string readAll(int descriptor) {
 
 }  // namespace
 
-ToolResult runTool(const std::vector<std::string>& words) {
+ToolResult runTool(const std::vector<std::string>& words, int input) {
     ToolResult result;
     int ends[2] = {};
     if (pipe2(ends, O_CLOEXEC) != 0) return result;
     pid_t process = 0;
     Streams streams;
     streams.input = Streams::Nothing;
+    streams.inputFrom = input;
     streams.outputTo = ends[1];
     result.started = Start(streams).run(words, process) == kSuccess;
     close(ends[1]);

@@ -13,8 +13,9 @@ struct ToolResult {
 };
 
 /// Runs a program, found on PATH, until it ends. The first of `words` is its name, the others reach
-/// it as they are: no shell is asked. It reads nothing, writes its errors where this program does,
-/// and inherits no other handle.
-ToolResult runTool(const std::vector<std::string>& words);
+/// it as they are: no shell is asked. It reads `input`, or nothing, writes its errors where this
+/// program does, and inherits no other handle. One that goes on in the background has ended when
+/// it has closed its standard output.
+ToolResult runTool(const std::vector<std::string>& words, int input = -1);
 
 }  // namespace quorkit::disk

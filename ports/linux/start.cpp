@@ -7,7 +7,6 @@
 #include <csignal>
 
 #include "linux/calls.h"
-#include "linux/descriptor.h"
 
 namespace quorkit::disk {
 namespace {
@@ -39,7 +38,8 @@ ErrorCode codeOf(int error) {
 
 }  // namespace
 
-Start::Start(const Streams& streams, Session session) {
+Start::Start(const Streams& streams, Session session)
+    : input_(fcntl(streams.inputFrom, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
     posix_spawn_file_actions_init(&files_);
     // First the output that is given, which may itself have one of the first numbers.
     if (streams.outputTo != -1)
@@ -48,7 +48,9 @@ Start::Start(const Streams& streams, Session session) {
         posix_spawn_file_actions_addopen(&files_, STDOUT_FILENO, kNothing, O_WRONLY, 0);
     if (streams.error == Streams::Nothing)
         posix_spawn_file_actions_addopen(&files_, STDERR_FILENO, kNothing, O_WRONLY, 0);
-    if (streams.input == Streams::Nothing)
+    if (input_)
+        posix_spawn_file_actions_adddup2(&files_, input_.get(), STDIN_FILENO);
+    else if (streams.input == Streams::Nothing)
         posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, kNothing, O_RDONLY, 0);
     posix_spawn_file_actions_addclosefrom_np(&files_, STDERR_FILENO + 1);
     sigset_t none;

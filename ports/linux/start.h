@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "linux/descriptor.h"
+
 namespace quorkit::disk {
 
 struct Streams {
@@ -16,7 +18,8 @@ struct Streams {
     Source input = Ours;
     Source output = Ours;
     Source error = Ours;
-    int outputTo = -1;  ///< a descriptor that is the output instead
+    int inputFrom = -1;  ///< a descriptor that is the input instead
+    int outputTo = -1;   ///< and one that is the output
 };
 
 enum class Session {
@@ -39,6 +42,7 @@ class Start {
     ErrorCode runDetached(const std::vector<std::string>& words) const;
 
    private:
+    Descriptor input_;
     posix_spawn_file_actions_t files_{};
     posix_spawnattr_t attributes_{};
 };
