@@ -1,7 +1,9 @@
 #include "linux/x11/connection.h"
 
+#include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace quorkit::x11 {
@@ -52,8 +54,10 @@ Connection::~Connection() {
 }
 
 bool Connection::isUsable() const {
-    return display_ == displayName() && process_ == getpid() &&
-           xcb_connection_has_error(connection_) == 0;
+    if (display_ != displayName() || process_ != getpid() || isBroken()) return false;
+    // A server that has gone may have a successor of the same name.
+    pollfd socket = {xcb_get_file_descriptor(connection_), POLLRDHUP, 0};
+    return poll(&socket, 1, 0) == 0;
 }
 
 xcb_atom_t Connection::atom(const std::string& name) {
@@ -80,6 +84,20 @@ std::string Connection::property(xcb_window_t window, const std::string& name, x
     const auto cookie =
         xcb_get_property(connection_, 0, window, atom(name), type, 0, kWholeProperty);
     return bytesOf(replyTo(*this, cookie, xcb_get_property_reply).get(), type, format);
+}
+
+EventPtr Connection::nextEvent(Deadline deadline) {
+    using std::chrono::milliseconds;
+    xcb_flush(connection_);
+    for (;;) {
+        EventPtr event(xcb_poll_for_event(connection_));
+        const auto now = std::chrono::steady_clock::now();
+        if (event || isBroken() || now >= deadline) return event;
+        constexpr milliseconds kLongest = std::chrono::hours(1);
+        const auto wait = std::min(std::chrono::ceil<milliseconds>(deadline - now), kLongest);
+        pollfd socket = {xcb_get_file_descriptor(connection_), POLLIN, 0};
+        poll(&socket, 1, static_cast<int>(wait.count()));
+    }
 }
 
 void Connection::forgetEvents() {

@@ -3,6 +3,7 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <map>
 #include <memory>
@@ -18,6 +19,8 @@ struct Free {
 /// What the server answered, null when the request failed.
 template <class Reply>
 using ReplyPtr = std::unique_ptr<Reply, Free>;
+using EventPtr = std::unique_ptr<xcb_generic_event_t, Free>;
+using Deadline = std::chrono::steady_clock::time_point;
 
 class Connection {
    public:
@@ -48,6 +51,10 @@ class Connection {
     /// is any type.
     std::string property(xcb_window_t window, const std::string& name, xcb_atom_t type, int format);
 
+    /// The next event, or error of a request that nobody checks, once it has come. Null when none
+    /// comes in time or the connection has broken.
+    EventPtr nextEvent(Deadline deadline);
+    bool isBroken() const { return xcb_connection_has_error(connection_) != 0; }
     /// Forgets the events and errors that have come: those of requests that nobody checks.
     void forgetEvents();
 
