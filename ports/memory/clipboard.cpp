@@ -5,15 +5,10 @@
 namespace quorkit {
 namespace {
 
-bool isPicture(ClipboardFormat format) {
-    return format != ClipboardFormat::Text && format != ClipboardFormat::RichText;
-}
-
-/// What a content counts as: a metafile, or any other picture, by its bytes.
 bool holds(ClipboardFormat format, const std::pair<ClipboardFormat, std::string>& content) {
-    if (!isPicture(format)) return content.first == format;
-    const auto kind = isPicture(content.first) ? pictureKindOf(content.second) : std::nullopt;
-    return kind && isMetafile(*kind) == (format == ClipboardFormat::Metafile);
+    const auto& [given, bytes] = content;
+    return isPictureFormat(format) ? isPictureFormat(given) && fits(format, bytes)
+                                   : given == format;
 }
 
 }  // namespace
@@ -28,9 +23,8 @@ bool MemoryClipboard::IsClipboardFormatAvailable(ClipboardFormat format) {
 }
 
 bool MemoryClipboard::SetClipboardData(ClipboardFormat format, const std::string& data) {
-    const std::pair<ClipboardFormat, std::string> other{format, data};
-    if (locked || !holds(format, other)) return false;
-    content = other;
+    if (locked || !fits(format, data)) return false;
+    content = {format, data};
     return true;
 }
 

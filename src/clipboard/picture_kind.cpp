@@ -35,4 +35,10 @@ std::optional<PictureKind> pictureKindOf(std::string_view bytes) {
     return {};
 }
 
+bool fits(ClipboardFormat format, std::string_view bytes) {
+    if (!isPictureFormat(format)) return true;
+    const auto kind = pictureKindOf(bytes);
+    return kind && isMetafile(*kind) == (format == ClipboardFormat::Metafile);
+}
+
 }  // namespace quorkit

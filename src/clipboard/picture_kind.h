@@ -4,6 +4,8 @@
 // header), MS-EMF 2.3.4.2, and the bitmap file header of Win32.
 #pragma once
 
+#include <quorkit/ports/clipboard.h>
+
 #include <optional>
 #include <string_view>
 
@@ -17,5 +19,12 @@ std::optional<PictureKind> pictureKindOf(std::string_view bytes);
 inline bool isMetafile(PictureKind kind) {
     return kind == PictureKind::Wmf || kind == PictureKind::Emf;
 }
+
+inline bool isPictureFormat(ClipboardFormat format) {
+    return format != ClipboardFormat::Text && format != ClipboardFormat::RichText;
+}
+
+/// Whether `bytes` can be put on the clipboard as `format`: a picture of that kind, or any text.
+bool fits(ClipboardFormat format, std::string_view bytes);
 
 }  // namespace quorkit

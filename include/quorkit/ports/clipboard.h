@@ -18,14 +18,17 @@ enum class ClipboardFormat : Integer {
 
 /// Texts are UTF-8, line ends kept. Rich text is its bytes. A picture is the bytes of a picture
 /// file: BMP, PNG, JPEG, GIF, WMF (placeable) or EMF; Metafile is the last two, Bitmap and Dib are
-/// all others.
+/// all others. Windows ends both kinds of text at the first U+0000, makes a WMF an EMF, and refuses
+/// a BMP whose headers do not say where its pixels begin.
 ///
-/// Without a clipboard, as without an X server on Linux, everything fails.
+/// Without a clipboard, as without an X server on Linux, everything fails; so it does when another
+/// program keeps it to itself for longer than a moment.
 class Clipboard {
    public:
     virtual ~Clipboard() = default;
 
     virtual bool EmptyClipboard() = 0;
+    /// Whether GetClipboardData would succeed. It may take as long.
     virtual bool IsClipboardFormatAvailable(ClipboardFormat format) = 0;
     /// Puts a content in place of whatever is there. Bytes that are no picture of the kind that
     /// `format` names are refused, and the clipboard stays as it is. Windows also offers a picture
