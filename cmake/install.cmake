@@ -10,6 +10,14 @@ cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR BASE_DIRECTORY ${CMAKE_INSTAL
            OUTPUT_VARIABLE libraries_from_programs)
 set_target_properties(quorkit-cli PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_programs}")
 
+if(TARGET quorkit-clipboard)
+  cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR
+             BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBEXECDIR}/quorkit
+             OUTPUT_VARIABLE libraries_from_helpers)
+  set_target_properties(quorkit-clipboard PROPERTIES
+    INSTALL_RPATH "$ORIGIN/${libraries_from_helpers}")
+  install(TARGETS quorkit-clipboard DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/quorkit)
+endif()
 install(TARGETS quorkit EXPORT quorkit)
 install(TARGETS quorkit-cli)
 install(DIRECTORY include/quorkit TYPE INCLUDE FILES_MATCHING PATTERN *.h PATTERN *.def)
@@ -20,5 +28,9 @@ install(FILES ${PROJECT_BINARY_DIR}/quorkit-config-version.cmake DESTINATION ${p
 
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig
            OUTPUT_VARIABLE prefix_from_pkgconfig)
+# Without --static, pkg-config tells nobody what a static library needs.
+if(NOT BUILD_SHARED_LIBS)
+  set(pkgconfig_static ${pkgconfig_libraries})
+endif()
 configure_file(cmake/quorkit.pc.in quorkit.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/quorkit.pc DESTINATION ${pkgconfig_dir})

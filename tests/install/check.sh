@@ -23,5 +23,8 @@ export PKG_CONFIG_PATH="${pc%/*}"
 "$compiler" -std=c++20 "$client/main.cpp" $(pkg-config --cflags --libs quorkit) -o "$work/client-pc"
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir quorkit) "$work/client-pc"
 
+helper=$(find "$tree" -path '*/quorkit/quorkit-clipboard')
+"$helper" 2>&1 | grep usage
+
 "$tree/bin/quorkit" list >"$work/classes"
 grep -q GQuorStrings "$work/classes"

@@ -1,1 +1,83 @@
-#include "../no_display/clipboard.cpp"
+// The clipboard is the selection CLIPBOARD. What is put there is given to a program of its own,
+// which owns it.
+#include <algorithm>
+#include <utility>
+
+#include "clipboard/picture_kind.h"
+#include "linux/x11/owner_program.h"
+#include "linux/x11/selection_reader.h"
+#include "linux/x11/selection_types.h"
+#include "native/desktop.h"
+#include "runtime/code_page.h"
+
+namespace quorkit {
+namespace {
+
+using x11::Connection;
+using x11::Delivery;
+
+/// A text that calls itself UTF-8, or does not say what it is.
+std::string textOf(std::string bytes, const std::string& target) {
+    if (runtime::isUtf8(bytes)) return bytes;
+    return target == "text/plain" ? x11::utf8OfLatin1(bytes)
+                                  : runtime::toUtf8(runtime::fromUtf8(bytes));
+}
+
+/// The content that has come, whatever the owner calls it; false when it is no such content.
+bool accept(ClipboardFormat format, const std::string& target, Delivery delivery,
+            std::string& data) {
+    if (delivery.format != 8 || !fits(format, delivery.bytes)) return false;
+    if (format != ClipboardFormat::Text)
+        data = std::move(delivery.bytes);
+    else if (delivery.type == XCB_ATOM_STRING)
+        data = x11::utf8OfLatin1(delivery.bytes);
+    else
+        data = textOf(std::move(delivery.bytes), target);
+    return true;
+}
+
+bool read(Connection& connection, ClipboardFormat format, std::string& data) {
+    const std::vector<std::string> types = x11::typesOf(format);
+    connection.learn(types);
+    x11::SelectionReader reader(connection);
+    const auto offered = reader.offered();
+    for (const std::string& type : types) {
+        const xcb_atom_t target = connection.atom(type);
+        if (offered && std::ranges::find(*offered, target) == offered->end()) continue;
+        auto delivery = reader.ask(target);
+        if (delivery && accept(format, type, std::move(*delivery), data)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool NativeClipboard::EmptyClipboard() {
+    Connection* const connection = Connection::ofThread();
+    if (connection == nullptr) return false;
+    const xcb_atom_t selection = connection->atom("CLIPBOARD");
+    xcb_set_selection_owner(connection->get(), XCB_NONE, selection, XCB_CURRENT_TIME);
+    const auto cookie = xcb_get_selection_owner(connection->get(), selection);
+    const auto owner = replyTo(*connection, cookie, xcb_get_selection_owner_reply);
+    return owner != nullptr;
+}
+
+// What an owner offers need not be what it delivers: only the content itself tells.
+bool NativeClipboard::IsClipboardFormatAvailable(ClipboardFormat format) {
+    std::string data;
+    return GetClipboardData(format, data);
+}
+
+bool NativeClipboard::SetClipboardData(ClipboardFormat format, const std::string& data) {
+    return fits(format, data) && Connection::ofThread() != nullptr && x11::startOwner(format, data);
+}
+
+bool NativeClipboard::GetClipboardData(ClipboardFormat format, std::string& data) {
+    Connection* const connection = Connection::ofThread();
+    if (connection == nullptr) return false;
+    const bool found = read(*connection, format, data);
+    connection->forgetEvents();
+    return found;
+}
+
+}  // namespace quorkit

@@ -1,0 +1,53 @@
+// Owning the clipboard: answering those who ask for its content. Source: ICCCM 2, and the
+// ClipboardManager specification of freedesktop.org.
+#pragma once
+
+#include <quorkit/ports/clipboard.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "linux/x11/hidden_window.h"
+#include "linux/x11/piecewise.h"
+#include "linux/x11/selection_types.h"
+
+namespace quorkit::x11 {
+
+class SelectionOwner {
+   public:
+    /// Takes the clipboard; see `owns` for how it went.
+    SelectionOwner(Connection& connection, ClipboardFormat format, std::string content);
+
+    bool owns() const { return owns_; }
+
+    /// Gives a copy to the clipboard manager, if one runs, and answers everybody until the
+    /// clipboard is another's and what was on its way has arrived, or the server has gone.
+    void serve();
+
+   private:
+    struct Target {
+        xcb_atom_t target;
+        xcb_atom_t type;
+        std::shared_ptr<const std::string> bytes;
+    };
+
+    void handToManager();
+    void handle(const EventPtr& event);
+    void answer(const xcb_selection_request_event_t& request);
+    bool isOurs(const xcb_selection_request_event_t& request) const;
+    bool putAll(xcb_window_t window, xcb_atom_t list);
+    bool put(xcb_window_t window, xcb_atom_t target, xcb_atom_t property);
+    void putNumbers(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
+                    const std::vector<std::uint32_t>& numbers);
+
+    Connection& connection_;
+    HiddenWindow window_;
+    Piecewise pieces_;
+    std::vector<Target> targets_;
+    xcb_atom_t selection_;
+    xcb_timestamp_t since_;
+    bool owns_ = false;
+};
+
+}  // namespace quorkit::x11

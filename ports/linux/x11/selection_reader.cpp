@@ -1,0 +1,88 @@
+#include "linux/x11/selection_reader.h"
+
+#include <cstring>
+#include <utility>
+
+namespace quorkit::x11 {
+namespace {
+
+constexpr std::uint32_t kWholeProperty = 0x1FFFFFFF;  // in units of four bytes
+constexpr std::size_t kMost = std::size_t{1} << 30;
+
+}  // namespace
+
+SelectionReader::SelectionReader(Connection& connection)
+    : connection_(connection),
+      window_(connection),
+      selection_(connection.atom("CLIPBOARD")),
+      property_(connection.atom("QUORKIT_SELECTION")),
+      time_(window_.serverTime()) {
+    const auto cookie = xcb_get_selection_owner(connection_.get(), selection_);
+    const auto owner = replyTo(connection_, cookie, xcb_get_selection_owner_reply);
+    givenUp_ = owner == nullptr || owner->owner == XCB_NONE;
+}
+
+std::optional<std::vector<xcb_atom_t>> SelectionReader::offered() {
+    const auto list = ask(connection_.atom("TARGETS"));
+    if (!list || list->format != 32) return {};
+    std::vector<xcb_atom_t> types(list->bytes.size() / sizeof(xcb_atom_t));
+    if (!types.empty()) std::memcpy(types.data(), list->bytes.data(), list->bytes.size());
+    return types;
+}
+
+std::optional<Delivery> SelectionReader::ask(xcb_atom_t target) {
+    if (givenUp_) return {};
+    xcb_convert_selection(connection_.get(), window_.id(), selection_, target, property_, time_);
+    if (!answered()) return {};
+    auto delivery = take();
+    if (!delivery || delivery->type != connection_.atom("INCR")) return delivery;
+    delivery = takePieces();
+    givenUp_ = !delivery;  // the rest of its pieces would get among others
+    return delivery;
+}
+
+bool SelectionReader::answered() {
+    const Deadline deadline = soon();
+    while (const EventPtr event = connection_.nextEvent(deadline)) {
+        const auto* answer = eventOf<xcb_selection_notify_event_t>(event, XCB_SELECTION_NOTIFY);
+        if (answer != nullptr && answer->requestor == window_.id())
+            return answer->property == property_;
+    }
+    givenUp_ = true;
+    return false;
+}
+
+/// What stands in the property. Taking it away tells the owner that it has arrived.
+std::optional<Delivery> SelectionReader::take() {
+    const auto cookie = xcb_get_property(connection_.get(), 1, window_.id(), property_,
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, kWholeProperty);
+    const auto reply = replyTo(connection_, cookie, xcb_get_property_reply);
+    if (reply == nullptr || reply->type == XCB_NONE) return {};
+    return Delivery{reply->type, reply->format, bytesOf(reply.get(), reply->type, reply->format)};
+}
+
+std::optional<Delivery> SelectionReader::takePieces() {
+    std::optional<Delivery> all;
+    Deadline deadline = soon();
+    while (const EventPtr event = connection_.nextEvent(deadline)) {
+        const auto* change = eventOf<xcb_property_notify_event_t>(event, XCB_PROPERTY_NOTIFY);
+        if (change == nullptr || change->window != window_.id() || change->atom != property_ ||
+            change->state != XCB_PROPERTY_NEW_VALUE)
+            continue;
+        auto piece = take();
+        if (!piece) continue;  // taken before this event had come
+        const bool last = piece->bytes.empty();
+        if (!all) {
+            all = std::move(piece);
+        } else if (!last) {
+            if (piece->type != all->type || piece->format != all->format) return {};
+            all->bytes += piece->bytes;
+        }
+        if (last) return all;
+        if (all->bytes.size() > kMost) return {};
+        deadline = soon();
+    }
+    return {};
+}
+
+}  // namespace quorkit::x11
