@@ -69,7 +69,7 @@ void NativeHost::MessageBoxA(const String& text, const String& caption, std::uin
 }
 
 bool NativeHost::GetOpenFileNameA(const FileDialog& dialog, String& name) {
-    const Objects objects;
+    const Objects objects;  // of which the dialogs are built
     return askForFile(
         dialog, OFN_FILEMUSTEXIST, [](OPENFILENAMEW* order) { return ::GetOpenFileNameW(order); },
         name);

@@ -4,6 +4,8 @@
 #include <objbase.h>
 #include <windows.h>
 
+#include <memory>
+
 namespace quorkit::win32 {
 
 /// A thread must be made ready for objects before it uses what is built of them.
@@ -19,5 +21,18 @@ class Objects {
    private:
     HRESULT ready_;  // a failure means that the program itself has chosen a way
 };
+
+struct Release {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+template <class T>
+using Interface = std::unique_ptr<T, Release>;
+
+/// What `make` puts into the pointer that it gets; null when it fails.
+template <class T, class Make>
+Interface<T> made(Make make) {
+    T* object = nullptr;
+    return Interface<T>(SUCCEEDED(make(&object)) ? object : nullptr);
+}
 
 }  // namespace quorkit::win32

@@ -1,0 +1,188 @@
+#include "win32/clipboard_data.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "clipboard/dib.h"
+#include "clipboard/picture_kind.h"
+#include "runtime/code_page.h"
+#include "win32/picture_pixels.h"
+
+namespace quorkit::win32 {
+namespace {
+
+constexpr UINT kPlaceableHeader = 22;
+
+UINT richTextFormat() {
+    return ::RegisterClipboardFormatW(L"Rich Text Format");
+}
+UINT pngFormat() {
+    return ::RegisterClipboardFormatW(L"PNG");
+}
+UINT jpegFormat() {
+    return ::RegisterClipboardFormatW(L"JFIF");
+}
+UINT gifFormat() {
+    return ::RegisterClipboardFormatW(L"GIF");
+}
+
+void freeMemory(HANDLE memory) {
+    ::GlobalFree(memory);
+}
+void freeMetafile(HANDLE metafile) {
+    ::DeleteEnhMetaFile(static_cast<HENHMETAFILE>(metafile));
+}
+
+HGLOBAL memoryOf(const std::string& bytes) {
+    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+    if (memory == nullptr) return nullptr;
+    if (void* const start = ::GlobalLock(memory)) {
+        std::memcpy(start, bytes.data(), bytes.size());
+        ::GlobalUnlock(memory);
+    }
+    return memory;
+}
+
+/// What the clipboard holds under a number, as bytes; nothing when it does not.
+std::optional<std::string> bytesUnder(UINT format) {
+    const HANDLE memory = ::GetClipboardData(format);
+    const void* const start = memory == nullptr ? nullptr : ::GlobalLock(memory);
+    if (start == nullptr) return {};
+    std::string bytes(static_cast<const char*>(start), ::GlobalSize(memory));
+    ::GlobalUnlock(memory);
+    return bytes;
+}
+
+/// A text, which ends at the first U+0000.
+std::optional<std::string> textContent() {
+    const auto bytes = bytesUnder(CF_UNICODETEXT);
+    if (!bytes) return {};
+    const String text = runtime::fromUtf16(*bytes);
+    return runtime::toUtf8(text.substr(0, text.find(u'\0')));
+}
+
+std::optional<std::string> richTextContent() {
+    auto bytes = bytesUnder(richTextFormat());
+    if (bytes) bytes->resize(std::min(bytes->size(), bytes->find('\0')));
+    return bytes;
+}
+
+/// The picture under a number, if it is there and what it should be.
+std::optional<std::string> pictureUnder(UINT format) {
+    if (format == CF_BITMAP || format == CF_DIB || format == CF_DIBV5) {
+        const auto dib = bytesUnder(CF_DIB);
+        return dib ? bmpFileOf(*dib) : std::nullopt;
+    }
+    if (format != pngFormat() && format != jpegFormat() && format != gifFormat()) return {};
+    auto file = bytesUnder(format);
+    return file && fits(ClipboardFormat::Bitmap, *file) ? file : std::nullopt;
+}
+
+/// A PNG loses nothing; otherwise the form that its program has put there first.
+std::optional<std::string> bitmapContent() {
+    if (auto file = pictureUnder(pngFormat())) return file;
+    for (UINT format = 0; (format = ::EnumClipboardFormats(format)) != 0;)
+        if (auto file = pictureUnder(format)) return file;
+    return {};
+}
+
+std::optional<std::string> metafileContent() {
+    const auto metafile = static_cast<HENHMETAFILE>(::GetClipboardData(CF_ENHMETAFILE));
+    if (metafile == nullptr) return {};
+    std::string file(::GetEnhMetaFileBits(metafile, 0, nullptr), '\0');
+    const UINT size = ::GetEnhMetaFileBits(metafile, static_cast<UINT>(file.size()),
+                                           reinterpret_cast<BYTE*>(file.data()));
+    return size == file.size() && fits(ClipboardFormat::Metafile, file) ? std::optional(file)
+                                                                        : std::nullopt;
+}
+
+SHORT shortAt(const std::string& bytes, std::size_t position) {
+    SHORT value = 0;
+    std::memcpy(&value, bytes.data() + position, sizeof value);
+    return value;
+}
+
+/// The size that the header in front of a WMF gives, in hundredths of a millimetre.
+METAFILEPICT placeOf(const std::string& file) {
+    const LONG unitsPerInch = std::max<LONG>(1, static_cast<USHORT>(shortAt(file, 14)));
+    const auto extent = [&](std::size_t from, std::size_t to) {
+        return (shortAt(file, to) - shortAt(file, from)) * 2540 / unitsPerInch;
+    };
+    return {MM_ANISOTROPIC, extent(6, 10), extent(8, 12), nullptr};
+}
+
+HENHMETAFILE metafileOf(const std::string& file) {
+    const auto* const bytes = reinterpret_cast<const BYTE*>(file.data());
+    const auto size = static_cast<UINT>(file.size());
+    if (pictureKindOf(file) == PictureKind::Emf) return ::SetEnhMetaFileBits(size, bytes);
+    const METAFILEPICT place = placeOf(file);
+    return ::SetWinMetaFileBits(size - kPlaceableHeader, bytes + kPlaceableHeader, nullptr, &place);
+}
+
+void addBitmap(std::vector<ClipboardItem>& items, const std::optional<std::string>& dib) {
+    if (dib) items.emplace_back(CF_DIB, *dib);
+}
+
+std::vector<ClipboardItem> itemsOfPicture(const std::string& file) {
+    std::vector<ClipboardItem> items;
+    switch (*pictureKindOf(file)) {
+        case PictureKind::Bmp:
+            addBitmap(items, dibOf(file));
+            return items;
+        case PictureKind::Png:
+            items.emplace_back(pngFormat(), file);
+            break;
+        case PictureKind::Jpeg:
+            items.emplace_back(jpegFormat(), file);
+            break;
+        case PictureKind::Gif:
+            items.emplace_back(gifFormat(), file);
+            break;
+        case PictureKind::Wmf:
+        case PictureKind::Emf:
+            if (const HENHMETAFILE metafile = metafileOf(file)) items.emplace_back(metafile);
+            return items;
+    }
+    addBitmap(items, dibOfPicture(file));
+    return items;
+}
+
+}  // namespace
+
+ClipboardItem::ClipboardItem(UINT format, const std::string& bytes)
+    : format_(format), handle_(memoryOf(bytes), freeMemory) {}
+
+ClipboardItem::ClipboardItem(HENHMETAFILE metafile)
+    : format_(CF_ENHMETAFILE), handle_(metafile, freeMetafile) {}
+
+bool ClipboardItem::put() {
+    if (handle_ == nullptr || ::SetClipboardData(format_, handle_.get()) == nullptr) return false;
+    handle_.release();  // it is the clipboard's now
+    return true;
+}
+
+std::vector<ClipboardItem> itemsOf(ClipboardFormat format, const std::string& data) {
+    std::vector<ClipboardItem> items;
+    if (format == ClipboardFormat::Text)
+        items.emplace_back(CF_UNICODETEXT, runtime::toUtf16(runtime::fromUtf8(data) + u'\0'));
+    else if (format == ClipboardFormat::RichText)
+        items.emplace_back(richTextFormat(), data + '\0');
+    else if (fits(format, data))
+        items = itemsOfPicture(data);
+    return items;
+}
+
+std::optional<std::string> contentOf(ClipboardFormat format) {
+    switch (format) {
+        case ClipboardFormat::Text:
+            return textContent();
+        case ClipboardFormat::RichText:
+            return richTextContent();
+        case ClipboardFormat::Metafile:
+            return metafileContent();
+        default:
+            return bitmapContent();
+    }
+}
+
+}  // namespace quorkit::win32
