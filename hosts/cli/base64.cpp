@@ -10,7 +10,7 @@ constexpr std::string_view kDigits =
 
 }  // namespace
 
-std::string toBase64(const std::vector<Byte>& bytes) {
+std::string toBase64(std::span<const Byte> bytes) {
     std::string text;
     text.reserve((bytes.size() + 2) / 3 * 4);
     for (std::size_t i = 0; i < bytes.size(); i += 3) {

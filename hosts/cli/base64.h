@@ -4,13 +4,14 @@
 #include <quorkit/values.h>
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace quorkit::cli {
 
-std::string toBase64(const std::vector<Byte>& bytes);
+std::string toBase64(std::span<const Byte> bytes);
 /// Nothing when the text is not base 64.
 std::optional<std::vector<Byte>> fromBase64(std::string_view text);
 

@@ -24,6 +24,8 @@ constexpr const char* kForeignObjects = R"(
     dispinterface _Collection { properties: methods: };
     [uuid(42C642C1-97E1-11CF-978F-00A02463E06F)]
     dispinterface IDictionary { properties: methods: };
+    [uuid(7BF80981-BF32-101A-8BBB-00AA00300CAB)]
+    dispinterface IPictureDisp { properties: methods: };
 )";
 
 /// The library's identifiers, counted up from one that was drawn at random: the library itself,
@@ -74,6 +76,7 @@ std::string typeName(const TypeInfo& type) {
             return "SAFEARRAY(VARIANT)";
         case Type::Object:
             if (name == "Object") return "IDispatch*";
+            if (name == "Picture") return "IPictureDisp*";
             return name == "Dictionary" ? "IDictionary*" : "_" + name + "*";
     }
     return {};

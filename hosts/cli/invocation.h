@@ -14,7 +14,7 @@ namespace quorkit::cli {
 using Target = std::shared_ptr<CatalogueObject>;
 
 /// The client's one object of a global class, or a new one of a creatable class. Error 429 when
-/// there is no such class or it has no members yet.
+/// there is no such class.
 Target objectOf(Library& library, StringView className);
 
 /// The member that a call of this kind reaches. Error 438 when there is none.

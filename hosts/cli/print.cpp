@@ -2,6 +2,7 @@
 
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
+#include <quorkit/picture.h>
 
 #include <charconv>
 
@@ -30,8 +31,8 @@ void printArray(std::ostream& out, const Array<T>& array) {
     }
 }
 
-/// False when it is no object that has items.
-bool printItems(std::ostream& out, const ObjectRef& object) {
+/// False when it is an object of which nothing but its class can be told.
+bool printContent(std::ostream& out, const ObjectRef& object) {
     if (const auto* collection = dynamic_cast<const Collection*>(object.get())) {
         for (Long i = 1; i <= collection->count(); ++i) {
             const Collection::Entry& entry = collection->entry(i);
@@ -43,6 +44,10 @@ bool printItems(std::ostream& out, const ObjectRef& object) {
     if (const auto* dictionary = dynamic_cast<const Dictionary*>(object.get())) {
         for (const Dictionary::Entry& entry : dictionary->entries())
             out << plainText(entry.key) << '\t' << plainText(entry.item) << '\n';
+        return true;
+    }
+    if (dynamic_cast<const Picture*>(object.get()) != nullptr) {
+        out << plainText(object) << '\n';
         return true;
     }
     return false;
@@ -68,7 +73,7 @@ void printLines(std::ostream& out, const Variant& value) {
     if (const auto* bytes = value.getIf<Array<Byte>>()) return printArray(out, *bytes);
     if (const auto* variants = value.getIf<Array<Variant>>()) return printArray(out, *variants);
     if (const auto* object = value.getIf<ObjectRef>(); object != nullptr && *object != nullptr) {
-        if (!printItems(out, *object)) out << (*object)->className() << '\n';
+        if (!printContent(out, *object)) out << (*object)->className() << '\n';
         return;
     }
     if (!value.is<Empty>() && !value.is<ObjectRef>()) out << plainText(value) << '\n';

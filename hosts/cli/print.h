@@ -13,8 +13,9 @@ namespace quorkit::cli {
 std::string plainText(const Variant& value);
 
 /// A value in lines: an array one element a line, a table one row a line with tabs between, a
-/// collection or dictionary one item a line behind its key and a tab. Nothing, Empty and an array
-/// without elements print no line.
+/// collection or dictionary one item a line behind its key and a tab, a picture its JSON notation,
+/// any other object the name of its class. Nothing, Empty and an array without elements print no
+/// line.
 void printLines(std::ostream& out, const Variant& value);
 
 }  // namespace quorkit::cli

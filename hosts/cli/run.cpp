@@ -37,7 +37,8 @@ call      calls a member and prints its result, then each by-reference argument 
     --set Property=value  sets a property before the call
     -e                    reads \r \n \t \0 \\ \uXXXX in arguments
     --json                prints {"args":[...],"result":...}
-    Arrays, collections and dictionaries are given as JSON: ["a","b"], {"collection":[...]}.
+    Arrays, collections, dictionaries and pictures are given as JSON: ["a","b"],
+    {"collection":[...]}, {"picture":"<base64>"}.
     Arguments that only give something back may be left out.
 rpc       answers JSON-RPC 2.0 messages, one a line, on standard input and output
 registry  works on the registry; a FILE of - is standard input or output

@@ -1,5 +1,6 @@
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
+#include <quorkit/picture.h>
 
 #include <algorithm>
 #include <limits>
@@ -89,11 +90,21 @@ Variant readTable(const Json& content, const Json& lower, const ObjectTable& obj
     });
 }
 
-Variant readBytes(const Json& content, const Json& lower) {
+std::vector<Byte> bytesIn(const Json& content) {
     auto bytes = fromBase64(string(content));
     if (!bytes) throw BadValue("not base 64");
-    const Long first = bounds(lower, bytes->size()).lower;
-    return bytes->empty() ? Array<Byte>() : Array<Byte>(std::move(*bytes), first);
+    return *std::move(bytes);
+}
+
+Variant readBytes(const Json& content, const Json& lower) {
+    std::vector<Byte> bytes = bytesIn(content);
+    const Long first = bounds(lower, bytes.size()).lower;
+    return bytes.empty() ? Array<Byte>() : Array<Byte>(std::move(bytes), first);
+}
+
+Variant readPicture(const Json& content) {
+    const std::vector<Byte> bytes = bytesIn(content);
+    return std::make_shared<Picture>(std::string(bytes.begin(), bytes.end()));
 }
 
 Variant readCollection(const Json& content, const ObjectTable& objects) {
@@ -137,6 +148,7 @@ Variant readTagged(const Json& json, const ObjectTable& objects) {
     if (bounded) throw BadValue("only arrays have a lower bound");
     if (tag == "collection") return readCollection(content, objects);
     if (tag == "dictionary") return readDictionary(content, objects);
+    if (tag == "picture") return readPicture(content);
     if (tag == "date") return readDate(content);
     if (tag == "integer") return integer<Integer>(content);
     if (tag == "error") return ErrorValue{integer<std::uint32_t>(content)};

@@ -4,7 +4,7 @@
 //     {"integer":5}  {"date":"2024-01-31T13:45:00"}  {"error":2147614725}
 //     {"array":[...],"lower":0}  {"bytes":"<base64>","lower":1}
 //     {"table":[[key,value],...],"lower":[0,0]}  {"collection":[{"key":k,"item":v},{"item":v}]}
-//     {"dictionary":[[k,v],...]}  {"object":n}  {"nothing":true}
+//     {"dictionary":[[k,v],...]}  {"picture":"<base64>"}  {"object":n}  {"nothing":true}
 //
 // An array without elements is {"array":[],"lower":0}, allocated or not, and is read as an
 // unallocated one. Arrays and tables of texts alone become String arrays, all others Variant
@@ -24,13 +24,14 @@ struct BadValue : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
-/// Objects other than collections and dictionaries get a number in `objects`. A date that is no
-/// date of the calendar is written as its number; numbers that are not finite become null.
+/// Objects other than collections, dictionaries and pictures get a number in `objects`. A date that
+/// is no date of the calendar is written as its number; numbers that are not finite become null.
 Json toJson(const Variant& value, ObjectTable& objects);
 
 /// Also reads "lower" left out as 0, and a bare JSON array as an array counted from 0. An integer
 /// outside 32 bits is a Double. BadValue when it is no such notation; error 424 for an object that
-/// is not in the table, 457 for a collection or dictionary with a key twice.
+/// is not in the table, 457 for a collection or dictionary with a key twice, 481 for bytes that are
+/// no picture.
 Variant fromJson(const Json& json, const ObjectTable& objects);
 
 }  // namespace quorkit::cli

@@ -1,5 +1,6 @@
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
+#include <quorkit/picture.h>
 
 #include "cli/base64.h"
 #include "cli/iso_date.h"
@@ -75,6 +76,11 @@ struct Writer {
             for (const Dictionary::Entry& entry : dictionary->entries())
                 items.push_back(Json::array({(*this)(entry.key), (*this)(entry.item)}));
             return tagged("dictionary", std::move(items));
+        }
+        if (const auto* picture = dynamic_cast<const Picture*>(object.get())) {
+            const std::string& file = picture->file();
+            return tagged("picture",
+                          toBase64({reinterpret_cast<const Byte*>(file.data()), file.size()}));
         }
         return tagged("object", objects.numberOf(object));
     }

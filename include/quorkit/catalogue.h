@@ -77,7 +77,7 @@ struct ClassInfo {
     const char* role = "";
     std::size_t publishedMembers = 0;  ///< a property's get and let count as two
     std::span<const MemberInfo> (*members)() = nullptr;
-    /// Makes an instance over the given ports; null while the class has no members yet.
+    /// Makes an instance over the given ports.
     ObjectRef (*create)(Ports&) = nullptr;
 };
 

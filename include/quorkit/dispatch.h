@@ -23,11 +23,11 @@ class Library {
    public:
     explicit Library(Ports& ports = ports::native()) : ports_(ports) {}
 
-    /// A new instance of a class. Error 429 when there is no such class or it has no members yet.
+    /// A new instance of a class. Error 429 when there is no such class.
     ObjectRef create(StringView className);
 
     /// The client's one instance of a global class, made on first use.
-    /// Error 429 when there is no such global class or it has no members yet.
+    /// Error 429 when there is no such global class.
     ObjectRef global(StringView className);
 
    private:

@@ -34,6 +34,7 @@ enum class ErrorNumber : Long {
     ArgumentNotOptional = 449,
     WrongNumberOfArguments = 450,
     KeyAlreadyPresent = 457,
+    InvalidPicture = 481,
 };
 
 /// What a client sees when a member fails: the runtime's number and its text.

@@ -1,4 +1,5 @@
 // The one list of public classes, and look-ups in it.
+#include <quorkit/GQuorClipboard.h>
 #include <quorkit/GQuorConvert.h>
 #include <quorkit/GQuorFile.h>
 #include <quorkit/GQuorKeyboard.h>
@@ -40,10 +41,6 @@ class Instance final : public CatalogueObject {
     C self_;
 };
 
-std::span<const MemberInfo> noMembers() {
-    return {};
-}
-
 template <class C>
 ObjectRef make(Ports& ports);
 
@@ -51,11 +48,6 @@ template <class C>
 constexpr ClassInfo implemented(const char* name, ClassKind kind, std::size_t published,
                                 const char* role) {
     return {name, kind, role, published, &memberRows<C>, &make<C>};
-}
-/// A class whose members are not there yet: it is listed, and creating it is error 429.
-constexpr ClassInfo announced(const char* name, ClassKind kind, std::size_t published,
-                              const char* role) {
-    return {name, kind, role, published, &noMembers, nullptr};
 }
 
 constexpr ClassKind Global = ClassKind::Global;
@@ -99,7 +91,8 @@ constexpr ClassInfo kClasses[] = {
         "form positions, wait window, about dialog"),
     implemented<GQuorKeyboard>("GQuorKeyboard", Global, 5,
                                "state of Shift, Control and Scroll Lock keys"),
-    announced("GQuorClipboard", Global, 8, "clipboard text, RTF text and pictures"),
+    implemented<GQuorClipboard>("GQuorClipboard", Global, 8,
+                                "clipboard text, RTF text and pictures"),
     implemented<QuorTesting>("QuorTesting", Creatable, 3,
                              "random test data: last names, first names, organisational units"),
     implemented<GQuorLanguage>("GQuorLanguage", Global, 0, "a class with no members"),

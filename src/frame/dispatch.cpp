@@ -17,7 +17,7 @@ const MemberInfo& reachableMember(const ClassInfo& info, Long identifier, CallKi
 }
 
 ObjectRef createOrRaise(const ClassInfo* info, Ports& ports) {
-    if (info == nullptr || info->create == nullptr) raiseToClient(ErrorNumber::CannotCreateObject);
+    if (info == nullptr) raiseToClient(ErrorNumber::CannotCreateObject);
     return info->create(ports);
 }
 

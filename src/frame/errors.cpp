@@ -53,6 +53,8 @@ const char* textOf(ErrorNumber number) {
             return "Wrong number of arguments or invalid property assignment";
         case ErrorNumber::KeyAlreadyPresent:
             return "This key is already associated with an element of this collection";
+        case ErrorNumber::InvalidPicture:
+            return "Invalid picture";
     }
     return "Application-defined or object-defined error";
 }

@@ -9,6 +9,7 @@
 #include <quorkit/dispatch.h>
 #include <quorkit/enumerations.h>
 #include <quorkit/parameters.h>
+#include <quorkit/picture.h>
 
 #include <cstddef>
 #include <memory>
@@ -73,6 +74,8 @@ constexpr TypeInfo typeOf() {
         return {Type::Object, "Collection"};
     else if constexpr (std::is_same_v<T, DictionaryRef>)
         return {Type::Object, "Dictionary"};
+    else if constexpr (std::is_same_v<T, PictureRef>)
+        return {Type::Object, "Picture"};
     else if constexpr (std::is_same_v<T, QuorCollection>)
         return {Type::Object, "QuorCollection"};
     else

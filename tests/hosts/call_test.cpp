@@ -71,6 +71,7 @@ TEST(Call, TellsErrors) {
          "450: Wrong number of arguments or invalid property assignment"},
         {u"GQuorStrings.LPad --arg t=1", "448: Named argument not found"},
         {u"GQuorConvert.CollectionToArray {\"object\":1}", "424: Object required"},
+        {u"GQuorClipboard.SetPictureToClipboard {\"picture\":\"AAAA\"}", "481: Invalid picture"},
     };
     for (const Case& one : cases) {
         const CommandOutcome outcome = command(one.line);

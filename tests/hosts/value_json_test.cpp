@@ -38,7 +38,8 @@ TEST_F(Values, SurviveTheWay) {
           R"({"lower":[0,0],"table":[[1,2,3]]})",
           R"({"collection":[{"item":1,"key":"K"},{"item":{"collection":[]}}]})",
           R"({"dictionary":[["k",1],[2,{"nothing":true}]]})",
-          "\"\u00E4\U0001F600\U0010FFFF\\u0000\\\\ud800\"", R"("\ud800 \ud800\ud800 \udfff")"})
+          R"({"picture":"R0lGODlhAQABAAAAAA=="})", "\"\u00E4\U0001F600\U0010FFFF\\u0000\\\\ud800\"",
+          R"("\ud800 \ud800\ud800 \udfff")"})
         EXPECT_EQ(rewritten(one), one);
 }
 

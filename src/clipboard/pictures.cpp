@@ -1,0 +1,79 @@
+#include <quorkit/GQuorClipboard.h>
+#include <quorkit/GQuorFile.h>
+#include <quorkit/errors.h>
+#include <quorkit/ports/clipboard.h>
+
+#include <utility>
+
+#include "file/file_error.h"
+#include "file/whole_file.h"
+#include "frame/error_patterns.h"
+
+namespace quorkit {
+namespace {
+
+void require(ErrorCode code) {
+    if (code != kSuccess) raiseFileError(code);
+}
+
+PictureRef pictureIn(Files& files, const String& name) {
+    std::string content;
+    require(readWholeFile(files, name, content));
+    return std::make_shared<Picture>(std::move(content));
+}
+
+PictureRef pictureOn(Clipboard& clipboard) {
+    std::string file;
+    for (const auto format : {ClipboardFormat::Bitmap, ClipboardFormat::Metafile})
+        if (clipboard.GetClipboardData(format, file))
+            return std::make_shared<Picture>(std::move(file));
+    return nullptr;
+}
+
+void put(Clipboard& clipboard, const PictureRef& picture) {
+    if (picture == nullptr) raise(ErrorNumber::ObjectNotSet);
+    clipboard.SetClipboardData(
+        picture->isMetafile() ? ClipboardFormat::Metafile : ClipboardFormat::Bitmap,
+        picture->file());
+}
+
+void save(Files& files, const PictureRef& picture, const String& name) {
+    if (picture == nullptr) raise(ErrorNumber::ObjectNotSet);
+    LockedFile file(files, name, Wait::Briefly);
+    require(file.status());
+    require(file.replace(picture->file()));
+}
+
+bool holdsPicture(Clipboard& clipboard) {
+    bool found = false;
+    for (const auto format :
+         {ClipboardFormat::Bitmap, ClipboardFormat::Metafile, ClipboardFormat::Dib})
+        found |= clipboard.IsClipboardFormatAvailable(format);
+    return found;
+}
+
+}  // namespace
+
+void GQuorClipboard::LoadPictureToClipboard(const String& sFileName) {
+    resumeNext([&] { ports_.clipboard.EmptyClipboard(); });
+    resumeNext([&] { put(ports_.clipboard, pictureIn(ports_.files, sFileName)); });
+}
+
+void GQuorClipboard::SavePictureFromClipboard(const String& sFileName) {
+    if (!onErrorReturn(false, [&] { return holdsPicture(ports_.clipboard); })) return;
+    resumeNext([&] {
+        if (GQuorFile(ports_).FileExists(sFileName)) ports_.files.DeleteFileA(sFileName);
+    });
+    resumeNext([&] { save(ports_.files, pictureOn(ports_.clipboard), sFileName); });
+}
+
+PictureRef GQuorClipboard::GetPictureFromClipboard() {
+    return onErrorReturn(PictureRef(), [&] { return pictureOn(ports_.clipboard); });
+}
+
+void GQuorClipboard::SetPictureToClipboard(Unchanged<PictureRef> myPicture) {
+    resumeNext([&] { ports_.clipboard.EmptyClipboard(); });
+    resumeNext([&] { put(ports_.clipboard, *myPicture); });
+}
+
+}  // namespace quorkit
