@@ -13,11 +13,10 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
-#include <functional>
 #include <thread>
 
 #include "support/late.h"
+#include "support/shell.h"
 #include "support/x_server.h"
 
 namespace quorkit::test {
@@ -25,21 +24,9 @@ namespace {
 
 /// What a shell command prints, without the line end behind it.
 std::string answerOf(const std::string& command) {
-    std::string text;
-    FILE* const pipe = popen((command + " 2>/dev/null").c_str(), "r");
-    for (int one = fgetc(pipe); one != EOF; one = fgetc(pipe)) text += static_cast<char>(one);
-    pclose(pipe);
+    std::string text = outputOf(command);
     if (text.ends_with('\n')) text.pop_back();
     return text;
-}
-
-/// Asks until the answer is yes, for ten seconds at most.
-bool comesTrue(const std::function<bool()>& ask) {
-    for (int i = 0; i < 1000; ++i) {
-        if (ask()) return true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return false;
 }
 
 /// A program that ends with the object.

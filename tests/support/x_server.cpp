@@ -48,9 +48,11 @@ XServer::XServer() : process_(-1), variable_("DISPLAY", std::nullopt) {
     variable_.set(display_);
 }
 
-XServer::~XServer() {
+void XServer::end() {
+    if (process_ == -1) return;
     kill(process_, SIGTERM);  // which has it remove its lock
     waitpid(process_, nullptr, 0);
+    process_ = -1;
 }
 
 }  // namespace quorkit::test

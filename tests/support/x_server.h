@@ -13,7 +13,8 @@ class XServer {
     /// Throws std::runtime_error when no server starts.
     XServer();
     /// Ends it at once, whoever still uses it.
-    ~XServer();
+    ~XServer() { end(); }
+    void end();
     XServer(const XServer&) = delete;
     XServer& operator=(const XServer&) = delete;
 

@@ -1,0 +1,244 @@
+// The clipboard of a real X server, with other programs at its other end.
+#ifndef _WIN32
+#include <gtest/gtest.h>
+#include <quorkit/ports/clipboard.h>
+
+#include "clipboard/samples.h"
+#include "support/child.h"
+#include "support/late.h"
+#include "support/scratch.h"
+#include "support/shell.h"
+#include "support/x_peer.h"
+#include "support/x_server.h"
+
+namespace quorkit::test {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+
+constexpr std::size_t kLarge = 50'000'000;
+
+std::string paste(const std::string& type) {
+    return outputOf("xclip -o -selection clipboard -t '" + type + "'");
+}
+
+/// The files of the programs that keep the content of a display.
+std::vector<std::string> helpersOf(const std::string& display) {
+    std::vector<std::string> files;
+    for (const auto& process : std::filesystem::directory_iterator("/proc")) {
+        std::error_code ignored;
+        const auto file = std::filesystem::read_symlink(process.path() / "exe", ignored);
+        if (file.filename() != "quorkit-clipboard") continue;
+        std::ifstream environment(process.path() / "environ");
+        const std::string all{std::istreambuf_iterator<char>(environment), {}};
+        if (all.find("DISPLAY=" + display + '\0') != std::string::npos) files.push_back(file);
+    }
+    return files;
+}
+
+class LinuxClipboard : public testing::Test {
+   protected:
+    XServer server;
+    Scratch scratch;
+    Late clipboard{u"GQuorClipboard"};
+    Clipboard& port = ports::native().clipboard;
+
+    /// Puts bytes on the clipboard as xclip does, which owns it some time after it has returned.
+    void copy(const std::string& type, const std::string& bytes) {
+        const auto owner = [&, connection = x11::Connection::ofThread()] {
+            const auto cookie =
+                xcb_get_selection_owner(connection->get(), connection->atom("CLIPBOARD"));
+            return replyTo(*connection, cookie, xcb_get_selection_owner_reply)->owner;
+        };
+        const xcb_window_t before = owner();
+        scratch.write("copied", bytes);
+        outputOf("xclip -i -selection clipboard " + (type.empty() ? "" : "-t '" + type + "' ") +
+                 scratch.path("copied").string() + " >/dev/null");
+        EXPECT_TRUE(comesTrue([&] { return owner() != before; }));
+    }
+    String text() { return clipboard(u"GetTextFromClipboard").get<String>(); }
+    std::vector<std::string> helpers() { return helpersOf(server.display()); }
+    bool helpersEnd() {
+        return comesTrue([&] { return helpers().empty(); });
+    }
+};
+
+TEST_F(LinuxClipboard, IsReadByOthers) {
+    clipboard(u"SetTextToClipboard", {u"\u00E4\r\n"});
+    for (const char* type : {"UTF8_STRING", "text/plain;charset=utf-8", "text/plain"})
+        EXPECT_EQ(paste(type), "\u00E4\r\n") << type;
+    EXPECT_EQ(paste("STRING") + paste("TEXT"), "\xE4\r\n\xE4\r\n");
+    clipboard(u"SetTextToClipboard", {u"\U0001F600"});
+    EXPECT_EQ(paste("TARGETS"),
+              "TARGETS\nTIMESTAMP\nMULTIPLE\nSAVE_TARGETS\nUTF8_STRING\n"
+              "text/plain;charset=utf-8\ntext/plain\nTEXT\n");
+    clipboard(u"SetRTFTextToClipboard", {u"{\\rtf1 \u00E4}"});
+    EXPECT_EQ(paste("text/rtf") + paste("text/richtext"), "{\\rtf1 \xE4}{\\rtf1 \xE4}");
+    for (const auto& [type, metafile, file] : samples()) {
+        scratch.write("misnamed", file);
+        clipboard(u"LoadPictureToClipboard", {scratch.name("misnamed")});
+        EXPECT_EQ(paste(type), file) << type;
+    }
+    EXPECT_TRUE(port.EmptyClipboard());
+    EXPECT_TRUE(helpersEnd());
+}
+
+TEST_F(LinuxClipboard, ReadsWhatOthersHave) {
+    const std::tuple<std::string, std::string, String> texts[] = {
+        {"", "\u00C4 \U0001F600\r\n", u"\u00C4 \U0001F600\r\n"},
+        {"text/plain", "\xE4", u"\u00E4"},
+        {"text/plain", "\u00E4", u"\u00E4"},
+        {"STRING", "\u00E4", u"\u00C3\u00A4"},
+        {"UTF8_STRING", "a\xFF\xC3\xA4", u"a\uFFFD\u00E4"},
+        {"text/html", "<p>", u""}};
+    for (const auto& [type, bytes, expected] : texts) {
+        copy(type, bytes);
+        EXPECT_EQ(text(), expected) << type;
+    }
+    copy("text/richtext", "{\\rtf1 \xE4}");
+    EXPECT_EQ(clipboard(u"GetRTFTextFromClipboard"), Variant(u"{\\rtf1 \u00E4}"));
+    const auto all = samples();
+    const std::tuple<std::string, std::string, std::string> pictures[] = {
+        {"image/x-MS-bmp", all[1].file, all[1].file},
+        {"application/x-wmf", all[5].file, all[5].file},
+        {"image/png", all[3].file, all[3].file},  // a GIF
+        {"image/png", "no picture", all[3].file}};
+    for (const auto& [type, bytes, expected] : pictures) {
+        copy(type, bytes);
+        clipboard(u"SavePictureFromClipboard", {scratch.name("saved")});
+        EXPECT_EQ(scratch.read("saved"), expected) << type;
+    }
+}
+
+TEST_F(LinuxClipboard, CarriesLargeTexts) {
+    std::string large(kLarge, 'a');
+    for (std::size_t i = 0; i < large.size(); i += 997) large[i] = '\n';
+    const auto start = steady_clock::now();
+    EXPECT_TRUE(port.SetClipboardData(ClipboardFormat::Text, large));
+    std::string other;
+    std::thread second([&] { other = paste("text/plain"); });
+    EXPECT_EQ(paste("UTF8_STRING"), large);
+    second.join();
+    EXPECT_EQ(other, large);
+    copy("", large);
+    EXPECT_TRUE(port.GetClipboardData(ClipboardFormat::Text, other));
+    EXPECT_EQ(other, large);
+    EXPECT_LT(steady_clock::now() - start, 20s);  // about one second
+}
+
+TEST_F(LinuxClipboard, OutlivesTheProgram) {
+    const std::filesystem::path built = QUORKIT_BUILD;
+    std::filesystem::create_directory(scratch.path("bin"));
+    std::filesystem::copy(built / "quorkit", scratch.path("bin"));
+    const auto start = steady_clock::now();
+    for (const auto& folder :
+         {built, scratch.path("libexec"), scratch.path("libexec/quorkit"), scratch.path("bin")}) {
+        const std::string file = folder / "quorkit-clipboard";
+        std::filesystem::create_directory(folder);
+        if (folder != built) std::filesystem::copy(built / "quorkit-clipboard", folder);
+        EXPECT_EQ(outputOf("x=$(" + scratch.path("bin/quorkit").string() +
+                           " call GQuorClipboard.SetTextToClipboard hi 2>&1); echo [$x]"),
+                  "[]\n");
+        EXPECT_EQ(paste("STRING"), "hi");
+        EXPECT_TRUE(comesTrue([&] { return helpers() == std::vector{file}; })) << file;
+    }
+    EXPECT_LT(steady_clock::now() - start, 5s);
+    copy("", "other");
+    EXPECT_TRUE(helpersEnd());
+    EXPECT_EQ(text(), u"other");
+}
+
+TEST_F(LinuxClipboard, FollowsTheRules) {
+    XPeer peer;
+    peer.own("CLIPBOARD_MANAGER");
+    clipboard(u"SetTextToClipboard", {u"\U0001F600"});
+    const auto request = peer.nextRequest();
+    EXPECT_TRUE(request && request->target == peer.atom("SAVE_TARGETS"));
+    EXPECT_FALSE(peer.ask("STRING", "A"));
+    peer.put(peer.window.id(), peer.atom("A"), peer.atom("ATOM_PAIR"), 32,
+             {peer.atom("STRING"), peer.atom("B"), peer.atom("UTF8_STRING"), peer.atom("C")});
+    EXPECT_TRUE(peer.ask("MULTIPLE", "A"));
+    EXPECT_EQ(peer.property("A").substr(0, 8), std::string(8, '\0'));
+    EXPECT_EQ(peer.property("B"), "");
+    EXPECT_EQ(peer.property("C"), "\U0001F600");
+    EXPECT_FALSE(peer.ask("MULTIPLE", "D"));
+    peer.own("CLIPBOARD");
+    EXPECT_TRUE(helpersEnd());
+}
+
+TEST_F(LinuxClipboard, EndsWhenAllHaveWhatTheyAskedFor) {
+    port.SetClipboardData(ClipboardFormat::Text, std::string(kLarge, 'a'));
+    std::thread([] {
+        XPeer vanishing;
+        EXPECT_TRUE(vanishing.ask("UTF8_STRING", "A"));
+        xcb_delete_property(vanishing.connection.get(), vanishing.window.id(), vanishing.atom("A"));
+    }).join();
+    XPeer slow;
+    EXPECT_TRUE(slow.ask("UTF8_STRING", "A"));
+    copy("", "other");
+    EXPECT_EQ(text(), u"other");
+    EXPECT_EQ(helpers().size(), 1u);
+    EXPECT_EQ(slow.takePieces("A"), kLarge);
+    EXPECT_TRUE(helpersEnd());
+}
+
+/// Owns the clipboard in a manner of its own.
+int playOwner(const std::vector<std::string>& arguments) {
+    XPeer peer;
+    const std::string& manner = arguments[0];
+    peer.own("CLIPBOARD");
+    std::ofstream(arguments[1]) << "ready";
+    while (const auto request = peer.nextRequest()) {
+        const auto put = [&](xcb_atom_t type, int format, std::uint32_t value) {
+            peer.put(request->requestor, request->property, type, format, {value});
+        };
+        const bool list = request->target == peer.atom("TARGETS");
+        if (manner == "silent") continue;
+        if (manner == "nonsense") put(list ? XCB_ATOM_STRING : XCB_ATOM_WINDOW, 8, 0x41414141);
+        if (manner == "half") put(peer.atom(list ? "ATOM" : "INCR"), 32, peer.atom("STRING"));
+        peer.answer(*request);
+        if (manner != "half" || list) continue;
+        std::this_thread::sleep_for(100ms);
+        put(XCB_ATOM_STRING, 8, 0x41414141);
+        xcb_flush(peer.connection.get());
+        return 0;
+    }
+    return 0;
+}
+const PartName kOwner("clipboard-owner", playOwner);
+
+TEST_F(LinuxClipboard, DoesNotRelyOnOwners) {
+    const std::pair<std::string, String> cases[] = {
+        {"silent", u""}, {"nonsense", u"AAAA"}, {"half", u""}};
+    for (const auto& [manner, expected] : cases) {
+        const Child owner("clipboard-owner", {manner, scratch.path(manner).string()});
+        ASSERT_TRUE(comesTrue([&] { return std::filesystem::exists(scratch.path(manner)); }));
+        const auto start = steady_clock::now();
+        EXPECT_EQ(text(), expected) << manner;
+        EXPECT_LT(steady_clock::now() - start, 4s) << manner;
+        clipboard(u"SetTextToClipboard", {u"new"});
+        EXPECT_EQ(text(), u"new");
+    }
+}
+
+TEST_F(LinuxClipboard, IsNotThereWithoutAServer) {
+    clipboard(u"SetTextToClipboard", {u"x"});
+    for (const char* display : {":no such", ""}) {
+        const Variable variable("DISPLAY", display);
+        clipboard(u"SetTextToClipboard", {u"new"});
+        clipboard.expect(
+            {u"GetTextFromClipboard", u"GetRTFTextFromClipboard", u"GetPictureFromClipboard"},
+            {{{}, {u"", u"", ObjectRef()}}});
+        EXPECT_FALSE(port.EmptyClipboard());
+        EXPECT_FALSE(port.SetClipboardData(ClipboardFormat::Text, "new"));
+    }
+    EXPECT_EQ(text(), u"x");
+    server.end();
+    EXPECT_TRUE(helpersEnd());
+    EXPECT_EQ(text(), u"");
+}
+
+}  // namespace
+}  // namespace quorkit::test
+#endif
