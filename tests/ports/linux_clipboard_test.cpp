@@ -3,8 +3,9 @@
 #include <gtest/gtest.h>
 #include <quorkit/ports/clipboard.h>
 
+#include <future>
+
 #include "clipboard/samples.h"
-#include "support/child.h"
 #include "support/late.h"
 #include "support/scratch.h"
 #include "support/shell.h"
@@ -21,20 +22,6 @@ constexpr std::size_t kLarge = 50'000'000;
 
 std::string paste(const std::string& type) {
     return outputOf("xclip -o -selection clipboard -t '" + type + "'");
-}
-
-/// The files of the programs that keep the content of a display.
-std::vector<std::string> helpersOf(const std::string& display) {
-    std::vector<std::string> files;
-    for (const auto& process : std::filesystem::directory_iterator("/proc")) {
-        std::error_code ignored;
-        const auto file = std::filesystem::read_symlink(process.path() / "exe", ignored);
-        if (file.filename() != "quorkit-clipboard") continue;
-        std::ifstream environment(process.path() / "environ");
-        const std::string all{std::istreambuf_iterator<char>(environment), {}};
-        if (all.find("DISPLAY=" + display + '\0') != std::string::npos) files.push_back(file);
-    }
-    return files;
 }
 
 class LinuxClipboard : public testing::Test {
@@ -58,7 +45,20 @@ class LinuxClipboard : public testing::Test {
         EXPECT_TRUE(comesTrue([&] { return owner() != before; }));
     }
     String text() { return clipboard(u"GetTextFromClipboard").get<String>(); }
-    std::vector<std::string> helpers() { return helpersOf(server.display()); }
+    /// The files of the programs that keep the content.
+    std::vector<std::string> helpers() {
+        std::vector<std::string> files;
+        for (const auto& process : std::filesystem::directory_iterator("/proc")) {
+            std::error_code ignored;
+            const auto file = std::filesystem::read_symlink(process.path() / "exe", ignored);
+            if (file.filename() != "quorkit-clipboard") continue;
+            std::ifstream environment(process.path() / "environ");
+            const std::string all{std::istreambuf_iterator<char>(environment), {}};
+            if (all.find("DISPLAY=" + server.display() + '\0') != std::string::npos)
+                files.push_back(file);
+        }
+        return files;
+    }
     bool helpersEnd() {
         return comesTrue([&] { return helpers().empty(); });
     }
@@ -183,42 +183,35 @@ TEST_F(LinuxClipboard, EndsWhenAllHaveWhatTheyAskedFor) {
     EXPECT_TRUE(helpersEnd());
 }
 
-/// Owns the clipboard in a manner of its own.
-int playOwner(const std::vector<std::string>& arguments) {
-    XPeer peer;
-    const std::string& manner = arguments[0];
-    peer.own("CLIPBOARD");
-    std::ofstream(arguments[1]) << "ready";
-    while (const auto request = peer.nextRequest()) {
-        const auto put = [&](xcb_atom_t type, int format, std::uint32_t value) {
-            peer.put(request->requestor, request->property, type, format, {value});
-        };
-        const bool list = request->target == peer.atom("TARGETS");
-        if (manner == "silent") continue;
-        if (manner == "nonsense") put(list ? XCB_ATOM_STRING : XCB_ATOM_WINDOW, 8, 0x41414141);
-        if (manner == "half") put(peer.atom(list ? "ATOM" : "INCR"), 32, peer.atom("STRING"));
-        peer.answer(*request);
-        if (manner != "half" || list) continue;
-        std::this_thread::sleep_for(100ms);
-        put(XCB_ATOM_STRING, 8, 0x41414141);
-        xcb_flush(peer.connection.get());
-        return 0;
-    }
-    return 0;
-}
-const PartName kOwner("clipboard-owner", playOwner);
-
 TEST_F(LinuxClipboard, DoesNotRelyOnOwners) {
-    const std::pair<std::string, String> cases[] = {
-        {"silent", u""}, {"nonsense", u"AAAA"}, {"half", u""}};
-    for (const auto& [manner, expected] : cases) {
-        const Child owner("clipboard-owner", {manner, scratch.path(manner).string()});
-        ASSERT_TRUE(comesTrue([&] { return std::filesystem::exists(scratch.path(manner)); }));
+    for (const auto& [manner, expected] :
+         {std::pair{"silent", u""}, {"nonsense", u"AAAA"}, {"half", u""}}) {
+        std::promise<void> ready;
+        std::thread owner([&, manner = std::string(manner)] {
+            XPeer peer;
+            peer.own("CLIPBOARD");
+            ready.set_value();
+            for (const bool list : {true, false}) {
+                const auto request = peer.nextRequest();
+                if (!request || manner == "silent") return;
+                const auto put = [&](xcb_atom_t type, int format, std::uint32_t value) {
+                    peer.put(request->requestor, request->property, type, format, {value});
+                };
+                if (manner == "half") put(peer.atom(list ? "ATOM" : "INCR"), 32, XCB_ATOM_STRING);
+                if (manner == "nonsense") put(XCB_ATOM_WINDOW, 8, 0x41414141);
+                peer.answer(*request);
+                if (manner == "nonsense" || list) continue;
+                std::this_thread::sleep_for(100ms);
+                put(XCB_ATOM_STRING, 8, 0x41414141);
+            }
+        });
+        ready.get_future().wait();
         const auto start = steady_clock::now();
         EXPECT_EQ(text(), expected) << manner;
         EXPECT_LT(steady_clock::now() - start, 4s) << manner;
         clipboard(u"SetTextToClipboard", {u"new"});
         EXPECT_EQ(text(), u"new");
+        owner.join();
     }
 }
 
