@@ -204,6 +204,7 @@ TEST_F(LinuxClipboard, DoesNotRelyOnOwners) {
                 std::this_thread::sleep_for(100ms);
                 put(XCB_ATOM_STRING, 8, 0x41414141);
             }
+            peer.property("A");  // an answer shows that the server has got it all
         });
         ready.get_future().wait();
         const auto start = steady_clock::now();
