@@ -1,6 +1,7 @@
 #include "cli/run.h"
 
 #include <quorkit/errors.h>
+#include <quorkit/ports/ports.h>
 
 #include <exception>
 #include <span>
@@ -72,6 +73,8 @@ int run(const std::vector<String>& arguments, std::istream& in, std::ostream& ou
         std::ostream& err, Ports& ports) {
     try {
         runCommand(arguments, in, out, ports);
+        if (const std::string reason = ports::takeReason(); !reason.empty())
+            err << "quorkit: " << reason << '\n';
         return 0;
     } catch (const UsageError& error) {
         err << "quorkit: " << error.what() << '\n' << kUsage;

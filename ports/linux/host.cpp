@@ -12,6 +12,7 @@
 #include "linux/names.h"
 #include "linux/run_tool.h"
 #include "linux/wait_window.h"
+#include "native/reason.h"
 #include "runtime/code_page.h"
 
 namespace quorkit {
@@ -94,9 +95,10 @@ ToolResult askKdialog(const FileDialog& dialog, Choice choice) {
 
 /// The user's choice: what the tool has written, without its line end.
 bool choose(const FileDialog& dialog, Choice choice, String& name) {
-    if (!hasDisplay()) return false;
-    ToolResult result = askZenity(dialog, choice);
-    if (!result.started) result = askKdialog(dialog, choice);
+    ToolResult result;
+    if (hasDisplay()) result = askZenity(dialog, choice);
+    if (hasDisplay() && !result.started) result = askKdialog(dialog, choice);
+    if (!result.started) giveReason("a dialog needs a display, and one of zenity and kdialog");
     if (result.output.ends_with('\n')) result.output.pop_back();
     if (result.status != 0 || result.output.empty()) return false;
     name = disk::nameOf(result.output);

@@ -7,6 +7,7 @@
 #include "linux/names.h"
 #include "linux/start.h"
 #include "native/processes.h"
+#include "native/reason.h"
 #include "runtime/letter_case.h"
 
 namespace quorkit {
@@ -46,7 +47,9 @@ ErrorCode NativeProcesses::ShellExecuteA(const String& target) {
     if (const ErrorCode code = wordOf(target, words[1])) return code;
     using disk::Streams;
     const Streams nothing{Streams::Nothing, Streams::Nothing, Streams::Nothing};
-    return disk::Start(nothing, disk::Session::Own).runDetached(words);
+    const ErrorCode code = disk::Start(nothing, disk::Session::Own).runDetached(words);
+    if (code == kFileNotFound) giveReason("the program xdg-open is not there");
+    return code;
 }
 
 }  // namespace quorkit

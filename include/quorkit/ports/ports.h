@@ -2,6 +2,8 @@
 // or a host chooses the world they act on.
 #pragma once
 
+#include <string>
+
 namespace quorkit {
 
 class Clipboard;
@@ -34,6 +36,10 @@ struct Ports {
 namespace ports {
 /// The system this program runs on. The same object for the whole process.
 Ports& native();
+/// Why that system has failed the calling thread since this was last called, such as for want of a
+/// display; "" when there is nothing that a person could mend. Members give their results for
+/// failure all the same.
+std::string takeReason();
 }  // namespace ports
 
 }  // namespace quorkit

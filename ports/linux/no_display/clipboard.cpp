@@ -1,22 +1,23 @@
 // A build that knows no display has no clipboard.
+#include "linux/no_display/nothing.h"
 #include "native/desktop.h"
 
 namespace quorkit {
 
 bool NativeClipboard::EmptyClipboard() {
-    return false;
+    return nothing<bool>();
 }
 
 bool NativeClipboard::IsClipboardFormatAvailable(ClipboardFormat) {
-    return false;
+    return nothing<bool>();
 }
 
 bool NativeClipboard::SetClipboardData(ClipboardFormat, const std::string&) {
-    return false;
+    return nothing<bool>();
 }
 
 bool NativeClipboard::GetClipboardData(ClipboardFormat, std::string&) {
-    return false;
+    return nothing<bool>();
 }
 
 }  // namespace quorkit

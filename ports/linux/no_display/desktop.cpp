@@ -1,35 +1,37 @@
 // A build that knows no display: there are no windows and there is no clipboard.
 #include "native/desktop.h"
 
+#include "linux/no_display/nothing.h"
+
 namespace quorkit {
 
 std::vector<WindowInfo> NativeDesktop::EnumWindows() {
-    return {};
+    return nothing<std::vector<WindowInfo>>();
 }
 
 WindowHandle NativeDesktop::FindWindowA(const std::optional<String>&,
                                         const std::optional<String>&) {
-    return 0;
+    return nothing<WindowHandle>();
 }
 
 bool NativeDesktop::IsWindow(WindowHandle) {
-    return false;
+    return nothing<bool>();
 }
 
 String NativeDesktop::GetWindowTextA(WindowHandle) {
-    return {};
+    return nothing<String>();
 }
 
 bool NativeDesktop::SetWindowPos(WindowHandle, bool) {
-    return false;
+    return nothing<bool>();
 }
 
 bool NativeDesktop::PostMessageA(WindowHandle, WindowMessage) {
-    return false;
+    return nothing<bool>();
 }
 
 bool NativeDesktop::SystemParametersInfoA(ScreenArea&) {
-    return false;
+    return nothing<bool>();
 }
 
 }  // namespace quorkit

@@ -1,8 +1,13 @@
 #include "linux/wait_window.h"
 
+#include "linux/no_display/nothing.h"
+
 namespace quorkit {
 
-void showWaitWindow(const String&, WindowHandle) {}
+void showWaitWindow(const String&, WindowHandle) {
+    nothing<bool>();
+}
+
 void hideWaitWindow() {}
 void setWaitPointer(Pointer) {}
 

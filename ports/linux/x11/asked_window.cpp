@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "runtime/code_page.h"
 #include "runtime/letter_case.h"
@@ -70,46 +71,56 @@ const std::vector<std::string>& AskedWindow::names() {
     return all;
 }
 
-AskedWindow::AskedWindow(Connection& connection, xcb_window_t window)
+AskedWindow::AskedWindow(Connection& connection, xcb_window_t window, Asked asked)
     : connection_(&connection),
       window_(window),
       netName_(ask("_NET_WM_NAME")),
-      name_(ask("WM_NAME")),
-      class_(ask("WM_CLASS")),
-      state_(ask("WM_STATE")),
-      attributes_(xcb_get_window_attributes(connection.get(), window)) {}
+      attributes_(xcb_get_window_attributes(connection.get(), window)) {
+    if (asked != Everything) return;
+    name_ = ask("WM_NAME");
+    class_ = ask("WM_CLASS");
+    state_ = ask("WM_STATE");
+}
 
 xcb_get_property_cookie_t AskedWindow::ask(const char* name) const {
     return xcb_get_property(connection_->get(), 0, window_, connection_->atom(name),
                             XCB_GET_PROPERTY_TYPE_ANY, 0, kLongestText);
 }
 
-std::string AskedWindow::answer(xcb_get_property_cookie_t cookie, xcb_atom_t type,
-                                int format) const {
-    return bytesOf(replyTo(*connection_, cookie, xcb_get_property_reply).get(), type, format);
+ReplyPtr<xcb_get_property_reply_t> AskedWindow::answer(Property& property) {
+    if (!property) return nullptr;
+    return replyTo(*connection_, *std::exchange(property, {}), xcb_get_property_reply);
 }
 
 bool AskedWindow::take() {
-    const std::string netName = answer(netName_, connection_->atom("UTF8_STRING"), 8);
-    const auto name = replyTo(*connection_, name_, xcb_get_property_reply);
-    const std::string nameBytes = bytesOf(name.get(), XCB_GET_PROPERTY_TYPE_ANY, 8);
-    const std::string classes = answer(class_, XCB_ATOM_STRING, 8);
-    const auto state = numbersIn(answer(state_, connection_->atom("WM_STATE"), 32));
+    title = textOf(bytesOf(answer(netName_).get(), connection_->atom("UTF8_STRING"), 8));
     const auto attributes = replyTo(*connection_, attributes_, xcb_get_window_attributes_reply);
-    if (!attributes) return false;
+    if (!attributes) {
+        takeRest();
+        return false;
+    }
+    visible = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    if (title.empty() && !name_) name_ = ask("WM_NAME");
+    if (!visible && !state_) state_ = ask("WM_STATE");
+    return true;
+}
 
-    const bool compound = name && name->type == connection_->atom("COMPOUND_TEXT");
-    title = !netName.empty() ? textOf(netName)
-            : compound       ? fromCompoundText(nameBytes)
-                             : textOf(nameBytes);
+void AskedWindow::takeRest() {
+    const auto name = answer(name_);
+    if (title.empty()) {
+        const std::string bytes = bytesOf(name.get(), XCB_GET_PROPERTY_TYPE_ANY, 8);
+        const bool compound = name && name->type == connection_->atom("COMPOUND_TEXT");
+        title = compound ? fromCompoundText(bytes) : textOf(bytes);
+    }
+    const std::string classes = bytesOf(answer(class_).get(), XCB_ATOM_STRING, 8);
     const std::size_t end = classes.find('\0');  // one behind each of the two
     instanceName = textOf(classes.substr(0, end));
     className = end == std::string::npos ? String() : textOf(classes.substr(end + 1).c_str());
+
+    const auto state = numbersIn(bytesOf(answer(state_).get(), connection_->atom("WM_STATE"), 32));
     constexpr std::uint32_t iconic = 3;
     managed = !state.empty();
-    visible =
-        attributes->map_state == XCB_MAP_STATE_VIEWABLE || (managed && state.front() == iconic);
-    return true;
+    visible = visible || (managed && state.front() == iconic);
 }
 
 bool AskedWindow::hasClass(const String& name) const {

@@ -4,6 +4,8 @@
 
 #include <quorkit/values.h>
 
+#include <optional>
+
 #include "linux/x11/connection.h"
 
 namespace quorkit::x11 {
@@ -12,37 +14,46 @@ namespace quorkit::x11 {
 std::vector<std::uint32_t> numbersIn(const std::string& bytes);
 
 /// Its requests are sent when it is made, and the answers are taken later, so that many windows
-/// cost one round.
+/// cost one round; those cost a second one that have an old title or are not on the screen.
 class AskedWindow {
    public:
     /// The names that it asks for, to be learnt at once.
     static const std::vector<std::string>& names();
 
-    AskedWindow(Connection& connection, xcb_window_t window);
+    enum Asked { Title, Everything };
+    AskedWindow(Connection& connection, xcb_window_t window, Asked asked);
 
-    /// Takes all answers. False when there is no such window any more.
+    /// Takes the answers, and asks for what they leave open. False when there is no such window any
+    /// more.
     bool take();
+    void takeRest();
 
     xcb_window_t window() const { return window_; }
-    /// Whether a name is one of the two of its class.
-    bool hasClass(const String& name) const;
-
     String title;
+    bool visible = false;  ///< also when it is minimized, as on Windows
+
+    // These are known when everything is asked for.
+
     String className;
     String instanceName;
     bool managed = false;  ///< the window of a program, not the frame around one
-    bool visible = false;  ///< also when it is minimized, as on Windows
+
+    /// Whether a name is one of the two of its class.
+    bool hasClass(const String& name) const;
 
    private:
+    using Property = std::optional<xcb_get_property_cookie_t>;
+
     xcb_get_property_cookie_t ask(const char* name) const;
-    std::string answer(xcb_get_property_cookie_t cookie, xcb_atom_t type, int format) const;
+    /// Null for what was not asked for; each answer comes once.
+    ReplyPtr<xcb_get_property_reply_t> answer(Property& property);
 
     Connection* connection_;
     xcb_window_t window_;
-    xcb_get_property_cookie_t netName_;
-    xcb_get_property_cookie_t name_;
-    xcb_get_property_cookie_t class_;
-    xcb_get_property_cookie_t state_;
+    Property netName_;
+    Property name_;
+    Property class_;
+    Property state_;
     xcb_get_window_attributes_cookie_t attributes_;
 };
 

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "native/reason.h"
+
 namespace quorkit::x11 {
 namespace {
 
@@ -14,6 +16,13 @@ constexpr std::uint32_t kWholeProperty = 0x1FFFFFFF;  // in units of four bytes
 std::string displayName() {
     const char* const variable = std::getenv("DISPLAY");
     return variable == nullptr ? "" : variable;
+}
+
+/// Has a person told why there is no server, and returns nothing.
+std::nullptr_t noServer(const std::string& display) {
+    giveReason("there is no display here: " +
+               (display.empty() ? "DISPLAY is not set" : "nobody answers at " + display));
+    return nullptr;
 }
 
 }  // namespace
@@ -29,7 +38,7 @@ Connection* Connection::ofThread() {
 
 std::unique_ptr<Connection> Connection::open() {
     const std::string display = displayName();
-    if (display.empty()) return nullptr;
+    if (display.empty()) return noServer(display);
     int number = 0;
     xcb_connection_t* const opened = xcb_connect(display.c_str(), &number);
     xcb_screen_iterator_t screen = {};
@@ -39,7 +48,7 @@ std::unique_ptr<Connection> Connection::open() {
     if (screen.rem != 0)
         return std::unique_ptr<Connection>(new Connection(opened, screen.data, display));
     xcb_disconnect(opened);
-    return nullptr;
+    return noServer(display);
 }
 
 Connection::Connection(xcb_connection_t* connection, xcb_screen_t* screen, std::string display)

@@ -29,13 +29,15 @@ std::vector<xcb_window_t> childrenOf(Connection& connection, xcb_window_t window
 }
 
 /// In the order given, without those that have vanished.
-std::vector<AskedWindow> askAll(Connection& connection, const std::vector<xcb_window_t>& windows) {
+std::vector<AskedWindow> askAll(Connection& connection, const std::vector<xcb_window_t>& windows,
+                                AskedWindow::Asked asked) {
     std::vector<AskedWindow> all;
     all.reserve(windows.size());
-    for (const xcb_window_t window : windows) all.emplace_back(connection, window);
+    for (const xcb_window_t window : windows) all.emplace_back(connection, window, asked);
     std::vector<AskedWindow> found;
     for (AskedWindow& one : all)
         if (one.take()) found.push_back(std::move(one));
+    for (AskedWindow& one : found) one.takeRest();
     return found;
 }
 
@@ -46,20 +48,21 @@ bool lists(Connection& connection, xcb_window_t window, const char* property, co
 }
 
 /// All top-level windows, the topmost first.
-std::vector<AskedWindow> topLevelWindows(Connection& connection) {
+std::vector<AskedWindow> topLevelWindows(Connection& connection, AskedWindow::Asked asked) {
     std::vector<std::uint32_t> listed = numbersIn(
         connection.property(connection.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, 32));
     std::ranges::reverse(listed);
     if (!listed.empty() ||
         lists(connection, connection.root(), "_NET_SUPPORTED", "_NET_CLIENT_LIST_STACKING"))
-        return askAll(connection, listed);
+        return askAll(connection, listed, asked);
     // Nobody keeps a list: the windows are the root's children, or stand in frames that are.
     listed = childrenOf(connection, connection.root());
     std::ranges::reverse(listed);
-    std::vector<AskedWindow> found = askAll(connection, listed);
+    std::vector<AskedWindow> found = askAll(connection, listed, AskedWindow::Everything);
     for (AskedWindow& one : found) {
         if (one.managed || !one.className.empty() || !one.title.empty()) continue;
-        for (AskedWindow& inner : askAll(connection, childrenOf(connection, one.window())))
+        for (AskedWindow& inner :
+             askAll(connection, childrenOf(connection, one.window()), AskedWindow::Everything))
             if (inner.managed) {
                 one = std::move(inner);
                 break;
@@ -99,7 +102,7 @@ std::vector<WindowInfo> NativeDesktop::EnumWindows() {
     Connection* const connection = connected();
     if (connection == nullptr) return {};
     std::vector<WindowInfo> windows;
-    for (AskedWindow& one : topLevelWindows(*connection))
+    for (AskedWindow& one : topLevelWindows(*connection, AskedWindow::Title))
         windows.push_back({handleOf(one.window()), std::move(one.title), one.visible});
     return windows;
 }
@@ -108,7 +111,8 @@ WindowHandle NativeDesktop::FindWindowA(const std::optional<String>& className,
                                         const std::optional<String>& title) {
     Connection* const connection = connected();
     if (connection == nullptr) return 0;
-    for (const AskedWindow& one : topLevelWindows(*connection))
+    const auto asked = className ? AskedWindow::Everything : AskedWindow::Title;
+    for (const AskedWindow& one : topLevelWindows(*connection, asked))
         if ((!className || one.hasClass(*className)) &&
             (!title || runtime::sameText(*title, one.title)))
             return handleOf(one.window());
@@ -123,8 +127,8 @@ bool NativeDesktop::IsWindow(WindowHandle window) {
 String NativeDesktop::GetWindowTextA(WindowHandle window) {
     Connection* const connection = connected();
     if (connection == nullptr) return {};
-    AskedWindow asked(*connection, windowOf(window));
-    return asked.take() ? asked.title : String();
+    const auto found = askAll(*connection, {windowOf(window)}, AskedWindow::Title);
+    return found.empty() ? String() : found.front().title;
 }
 
 bool NativeDesktop::SetWindowPos(WindowHandle window, bool topmost) {

@@ -10,6 +10,7 @@
 #include "linux/calls.h"
 #include "linux/descriptor.h"
 #include "linux/run_tool.h"
+#include "native/reason.h"
 
 namespace quorkit::x11 {
 namespace {
@@ -55,7 +56,9 @@ bool startOwner(ClipboardFormat format, const std::string& content) {
         return false;
     const auto result =
         disk::runTool({program(), std::to_string(static_cast<int>(format))}, file.get());
-    return result.output == std::string(1, kOwns);
+    const bool owns = result.output == std::string(1, kOwns);
+    if (!owns) giveReason(std::string("the program ") + kName + " is not there, or does not work");
+    return owns;
 }
 
 }  // namespace quorkit::x11
