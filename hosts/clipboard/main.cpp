@@ -42,7 +42,7 @@ void detach() {
 
 int own(ClipboardFormat format) {
     std::string content;
-    x11::Connection* const connection = x11::Connection::ofThread();
+    const auto connection = x11::Connection::open();
     if (connection == nullptr || !readAll(content)) return 1;
     x11::SelectionOwner owner(*connection, format, std::move(content));
     if (!owner.owns() || write(STDOUT_FILENO, &x11::kOwns, 1) != 1) return 1;

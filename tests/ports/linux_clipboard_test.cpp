@@ -33,7 +33,7 @@ class LinuxClipboard : public testing::Test {
 
     /// Puts bytes on the clipboard as xclip does, which owns it some time after it has returned.
     void copy(const std::string& type, const std::string& bytes) {
-        const auto owner = [&, connection = x11::Connection::ofThread()] {
+        const auto owner = [&, connection = x11::Connection::borrow()] {
             const auto cookie =
                 xcb_get_selection_owner(connection->get(), connection->atom("CLIPBOARD"));
             return replyTo(*connection, cookie, xcb_get_selection_owner_reply)->owner;

@@ -10,10 +10,11 @@
 
 namespace quorkit::test {
 
-/// It uses the thread's connection.
 class XPeer {
+    const std::unique_ptr<x11::Connection> own_ = x11::Connection::open();
+
    public:
-    x11::Connection& connection = *x11::Connection::ofThread();
+    x11::Connection& connection = *own_;
     x11::HiddenWindow window{connection};
 
     xcb_atom_t atom(const char* name) { return connection.atom(name); }

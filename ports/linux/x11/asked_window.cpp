@@ -1,7 +1,6 @@
 #include "linux/x11/asked_window.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -58,12 +57,6 @@ String fromCompoundText(std::string_view bytes) {
 }
 
 }  // namespace
-
-std::vector<std::uint32_t> numbersIn(const std::string& bytes) {
-    std::vector<std::uint32_t> numbers(bytes.size() / sizeof(std::uint32_t));
-    std::memcpy(numbers.data(), bytes.data(), numbers.size() * sizeof(std::uint32_t));
-    return numbers;
-}
 
 const std::vector<std::string>& AskedWindow::names() {
     static const std::vector<std::string> all = {"COMPOUND_TEXT", "UTF8_STRING", "WM_CLASS",

@@ -10,9 +10,6 @@
 
 namespace quorkit::x11 {
 
-/// The 32-bit numbers that a property holds.
-std::vector<std::uint32_t> numbersIn(const std::string& bytes);
-
 /// Its requests are sent when it is made, and the answers are taken later, so that many windows
 /// cost one round; those cost a second one that have an old title or are not on the screen.
 class AskedWindow {

@@ -53,7 +53,7 @@ bool read(Connection& connection, ClipboardFormat format, std::string& data) {
 }  // namespace
 
 bool NativeClipboard::EmptyClipboard() {
-    Connection* const connection = Connection::ofThread();
+    const Connection::Lease connection = Connection::borrow();
     if (connection == nullptr) return false;
     const xcb_atom_t selection = connection->atom("CLIPBOARD");
     xcb_set_selection_owner(connection->get(), XCB_NONE, selection, XCB_CURRENT_TIME);
@@ -69,11 +69,11 @@ bool NativeClipboard::IsClipboardFormatAvailable(ClipboardFormat format) {
 }
 
 bool NativeClipboard::SetClipboardData(ClipboardFormat format, const std::string& data) {
-    return fits(format, data) && Connection::ofThread() != nullptr && x11::startOwner(format, data);
+    return fits(format, data) && Connection::borrow() != nullptr && x11::startOwner(format, data);
 }
 
 bool NativeClipboard::GetClipboardData(ClipboardFormat format, std::string& data) {
-    Connection* const connection = Connection::ofThread();
+    const Connection::Lease connection = Connection::borrow();
     if (connection == nullptr) return false;
     const bool found = read(*connection, format, data);
     connection->forgetEvents();

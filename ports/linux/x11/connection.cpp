@@ -1,11 +1,16 @@
 #include "linux/x11/connection.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <cstring>
+#include <mutex>
 #include <utility>
 
+#include "linux/descriptor.h"
 #include "native/reason.h"
 
 namespace quorkit::x11 {
@@ -25,20 +30,64 @@ std::nullptr_t noServer(const std::string& display) {
     return nullptr;
 }
 
+/// Connections that nobody uses now. Where its mutex is taken, perhaps by a thread that a fork has
+/// left behind, everybody does without: nobody waits for it.
+struct Kept {
+    std::mutex mutex;
+    std::vector<std::unique_ptr<Connection>> connections;
+};
+constexpr std::size_t kMostKept = 4;
+
+Kept& kept() {
+    static auto& all = *new Kept;  // never destroyed: other threads may outlive what is static
+    return all;
+}
+
+std::unique_ptr<Connection> takeKept() {
+    const std::unique_lock lock(kept().mutex, std::try_to_lock);
+    if (!lock || kept().connections.empty()) return nullptr;
+    auto taken = std::move(kept().connections.back());
+    kept().connections.pop_back();
+    return taken;
+}
+
+/// Holds the numbers of those standard streams that are closed, so that nothing that is opened
+/// meanwhile gets one: anybody may write to it.
+class StandardStreams {
+   public:
+    StandardStreams() {
+        for (disk::Descriptor& one : held_) {
+            one = disk::Descriptor(::open("/dev/null", O_RDWR | O_CLOEXEC));
+            if (one.get() > STDERR_FILENO) break;
+        }
+    }
+
+   private:
+    std::array<disk::Descriptor, 3> held_;
+};
+
 }  // namespace
 
-Connection* Connection::ofThread() {
-    thread_local std::unique_ptr<Connection> connection;
-    // What has come of requests that nobody checks is forgotten; this also tells of the server's
-    // end.
-    if (connection && connection->isUsable()) connection->forgetEvents();
-    if (!connection || !connection->isUsable()) connection = open();
-    return connection.get();
+Connection::Lease Connection::borrow() {
+    while (auto kept = takeKept())
+        if (kept->isUsable()) {
+            kept->forgetEvents();
+            return Lease(kept.release());
+        }
+    return Lease(open().release());
+}
+
+void Connection::GiveBack::operator()(Connection* connection) const {
+    std::unique_ptr<Connection> given(connection);
+    const std::unique_lock lock(kept().mutex, std::try_to_lock);
+    if (lock && kept().connections.size() < kMostKept)
+        kept().connections.push_back(std::move(given));
 }
 
 std::unique_ptr<Connection> Connection::open() {
     const std::string display = displayName();
     if (display.empty()) return noServer(display);
+    const StandardStreams held;
     int number = 0;
     xcb_connection_t* const opened = xcb_connect(display.c_str(), &number);
     xcb_screen_iterator_t screen = {};
@@ -119,6 +168,13 @@ std::string bytesOf(const xcb_get_property_reply_t* reply, xcb_atom_t type, int 
         return {};
     return {static_cast<const char*>(xcb_get_property_value(reply)),
             static_cast<std::size_t>(xcb_get_property_value_length(reply))};
+}
+
+std::vector<std::uint32_t> numbersIn(const std::string& bytes) {
+    std::vector<std::uint32_t> numbers(bytes.size() / sizeof(std::uint32_t));
+    if (!numbers.empty())
+        std::memcpy(numbers.data(), bytes.data(), numbers.size() * sizeof(std::uint32_t));
+    return numbers;
 }
 
 }  // namespace quorkit::x11

@@ -1,4 +1,4 @@
-// The X server that a thread talks to.
+// Talking to an X server.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -24,11 +24,16 @@ using Deadline = std::chrono::steady_clock::time_point;
 
 class Connection {
    public:
-    /// The calling thread's connection to the server that DISPLAY names, opened when it is first
-    /// needed, after a fork, and when DISPLAY is another or the last one has broken. Null without a
-    /// server.
-    static Connection* ofThread();
-    /// Another one to the same server; null without a server.
+    /// Keeps a connection for the next one who needs one.
+    struct GiveBack {
+        void operator()(Connection* connection) const;
+    };
+    using Lease = std::unique_ptr<Connection, GiveBack>;
+
+    /// A connection to the server that DISPLAY names, the caller's alone while he has it: a kept
+    /// one, or a new one. Nothing is left in it to be read. Null without a server.
+    static Lease borrow();
+    /// A new one, that is not kept.
     static std::unique_ptr<Connection> open();
 
     Connection(const Connection&) = delete;
@@ -80,5 +85,7 @@ ReplyPtr<Reply> replyTo(const Connection& connection, Cookie cookie,
 
 /// The bytes of a property's reply; empty unless they have the type and the format.
 std::string bytesOf(const xcb_get_property_reply_t* reply, xcb_atom_t type, int format);
+/// The 32-bit numbers that a property holds.
+std::vector<std::uint32_t> numbersIn(const std::string& bytes);
 
 }  // namespace quorkit::x11

@@ -12,10 +12,9 @@ namespace {
 
 using namespace x11;
 
-Connection* connected() {
-    Connection* const connection = Connection::ofThread();
-    if (connection == nullptr) return nullptr;
-    connection->learn(AskedWindow::names());
+Connection::Lease connected() {
+    Connection::Lease connection = Connection::borrow();
+    if (connection) connection->learn(AskedWindow::names());
     return connection;
 }
 
@@ -99,7 +98,7 @@ void send(Connection& connection, xcb_window_t to, std::uint32_t mask, xcb_windo
 }  // namespace
 
 std::vector<WindowInfo> NativeDesktop::EnumWindows() {
-    Connection* const connection = connected();
+    const Connection::Lease connection = connected();
     if (connection == nullptr) return {};
     std::vector<WindowInfo> windows;
     for (AskedWindow& one : topLevelWindows(*connection, AskedWindow::Title))
@@ -109,7 +108,7 @@ std::vector<WindowInfo> NativeDesktop::EnumWindows() {
 
 WindowHandle NativeDesktop::FindWindowA(const std::optional<String>& className,
                                         const std::optional<String>& title) {
-    Connection* const connection = connected();
+    const Connection::Lease connection = connected();
     if (connection == nullptr) return 0;
     const auto asked = className ? AskedWindow::Everything : AskedWindow::Title;
     for (const AskedWindow& one : topLevelWindows(*connection, asked))
@@ -120,19 +119,19 @@ WindowHandle NativeDesktop::FindWindowA(const std::optional<String>& className,
 }
 
 bool NativeDesktop::IsWindow(WindowHandle window) {
-    Connection* const connection = connected();
+    const Connection::Lease connection = connected();
     return connection != nullptr && exists(*connection, window);
 }
 
 String NativeDesktop::GetWindowTextA(WindowHandle window) {
-    Connection* const connection = connected();
+    const Connection::Lease connection = connected();
     if (connection == nullptr) return {};
     const auto found = askAll(*connection, {windowOf(window)}, AskedWindow::Title);
     return found.empty() ? String() : found.front().title;
 }
 
 bool NativeDesktop::SetWindowPos(WindowHandle window, bool topmost) {
-    Connection* const connection = connected();
+    const Connection::Lease connection = connected();
     if (connection == nullptr || !exists(*connection, window) ||
         !lists(*connection, connection->root(), "_NET_SUPPORTED", "_NET_WM_STATE_ABOVE"))
         return false;
@@ -145,7 +144,7 @@ bool NativeDesktop::SetWindowPos(WindowHandle window, bool topmost) {
 }
 
 bool NativeDesktop::PostMessageA(WindowHandle window, WindowMessage message) {
-    Connection* const connection = connected();
+    const Connection::Lease connection = connected();
     if (connection == nullptr || !exists(*connection, window)) return false;
     if (message != WindowMessage::Close) return true;
     if (!lists(*connection, windowOf(window), "WM_PROTOCOLS", "WM_DELETE_WINDOW")) return false;
@@ -155,7 +154,7 @@ bool NativeDesktop::PostMessageA(WindowHandle window, WindowMessage message) {
 }
 
 bool NativeDesktop::SystemParametersInfoA(ScreenArea& workArea) {
-    Connection* const connection = connected();
+    const Connection::Lease connection = connected();
     if (connection == nullptr) return false;
     const auto current = numbersIn(
         connection->property(connection->root(), "_NET_CURRENT_DESKTOP", XCB_ATOM_CARDINAL, 32));

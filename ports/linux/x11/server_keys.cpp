@@ -48,7 +48,7 @@ constexpr Light kLights[] = {{1, 20}, {2, 144}, {4, 145}};
 }  // namespace
 
 bool askServerForKeys(KeyStates& states) {
-    Connection* const connection = Connection::ofThread();
+    const Connection::Lease connection = Connection::borrow();
     if (connection == nullptr) return false;
     const xcb_setup_t& setup = *xcb_get_setup(connection->get());
     const auto down = xcb_query_keymap(connection->get());
