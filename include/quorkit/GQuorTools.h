@@ -25,12 +25,13 @@ class GQuorTools {
     Boolean isHex(Unchanged<String> sHex);
 
     /// Whether what is typed into a text box can be used: any object with a property Text. `iKind`
-    /// is what it must be: 0 any text; 1 a whole number of 32 bits; 2 a number; 3 a date, read as
-    /// the user's language has it. Numbers have the full stop. It has no more than `iMaxLength`
-    /// characters (0 and below: any number of them). With `bEmptyAllowed` an empty box will do for
-    /// every kind, otherwise for none. The text stays as it is, blanks around it included, which do
-    /// not keep it from being a number or a date. Error 5 for another kind, 91 for Nothing, 438 for
-    /// an object without Text; its own errors reach the caller.
+    /// is what the text must convert to: 0 anything; 1 a whole number of 32 bits; 2 a number; 3 a
+    /// date, read as the user's language has it. So a number has the full stop and may also be
+    /// "&H1F", "1e3" or "(5)", a date may be a time alone, and blanks around either do no harm. The
+    /// text has no more than `iMaxLength` characters (0 and below: any number of them). With
+    /// `bEmptyAllowed` an empty box will do for every kind, otherwise for none. Error 5 for another
+    /// kind, 91 for Nothing, 438 for an object without Text, 94 where that is Null; its own errors
+    /// reach the caller.
     Boolean CheckTextBoxValue(const ObjectRef& txtBox, Long iKind,
                               Optional<Long, 0> iMaxLength = {},
                               Optional<Boolean, true> bEmptyAllowed = {});

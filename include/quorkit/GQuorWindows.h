@@ -72,14 +72,15 @@ class GQuorWindows {
     /// Puts a form where SaveVBAUserFormPosition has noted it, or in the middle of the host
     /// application when nothing is noted or the left edge is at -10 or less; with `bOnlyPosition`
     /// False gives it its size too. Then moves it into the working area, where it may stand out by
-    /// 6 points; the right and lower edges come last. A failure ends it at that step: what is set
-    /// stays.
+    /// 6 points; the right and lower edges come last, and without a screen there is nothing to move
+    /// it into. A failure ends it at that step: what is set stays.
     void LoadVBAUserFormPosition(const String& sRegPath, const ObjectRef& frm,
                                  const ObjectRef& hostApp,
                                  Optional<Boolean, true> bOnlyPosition = {});
     /// Notes where a form is, and with `bOnlyPosition` False its size, in the registry: values
     /// "Left", "Top", "Width" and "Height" of the key `sRegPath` + "\" + its name + "_Position",
-    /// fractions cut off. A failure ends it at that step: what is written stays.
+    /// rounded down; one that does not fit is not written. A failure ends it at that step: what is
+    /// written stays.
     void SaveVBAUserFormPosition(const String& sRegPath, const ObjectRef& frm,
                                  Optional<Boolean, true> bOnlyPosition = {});
     /// Puts a form in the middle of the host application. Error 91 for Nothing, and what the

@@ -105,35 +105,45 @@ bool choose(const FileDialog& dialog, Choice choice, String& name) {
     return true;
 }
 
-/// The icon of a message's style, in zenity's words.
-const char* iconOf(std::uint32_t style) {
+/// The icon of a message's style, in the words of each tool.
+struct Icons {
+    const char* zenity;
+    const char* kdialog;
+};
+Icons iconsOf(std::uint32_t style) {
     constexpr std::uint32_t icons = 0xF0;
     switch (style & icons) {
         case kStopIcon:
-            return "--error";
+            return {"--error", "--error"};
         case kExclamationIcon:
-            return "--warning";
+            return {"--warning", "--sorry"};
         default:
-            return "--info";
+            return {"--info", "--msgbox"};
     }
 }
 
-bool show(const std::string& text, const std::string& caption, std::uint32_t style) {
-    if (!hasDisplay()) return false;
-    ToolResult result =
-        runTool({"zenity", iconOf(style), "--no-markup", "--title=" + caption, "--text=" + text});
-    if (!result.started) {
-        std::string escaped;  // kdialog reads "\n" as a line end
-        for (const char one : text) escaped.append(one == '\\' ? 2 : 1, one);
-        result = runTool({"kdialog", "--title=" + caption, "--msgbox=" + escaped});
-    }
-    return result.status == 0;
+/// Whether it was shown. zenity is told what to answer when the user closes the window otherwise
+/// than by its button, so that this differs from a failure.
+bool showByZenity(const std::string& text, const std::string& caption, std::uint32_t style) {
+    return runTool({"env", "ZENITY_ESC=0", "ZENITY_CANCEL=0", "zenity", iconsOf(style).zenity,
+                    "--no-markup", "--title=" + caption, "--text=" + text})
+               .status == 0;
+}
+
+bool showByKdialog(const std::string& text, const std::string& caption, std::uint32_t style) {
+    std::string escaped;  // kdialog reads "\n" as a line end
+    for (const char one : text) escaped.append(one == '\\' ? 2 : 1, one);
+    return runTool({"kdialog", "--title=" + caption, iconsOf(style).kdialog + ("=" + escaped)})
+               .status == 0;
 }
 
 }  // namespace
 
 void NativeHost::MessageBoxA(const String& text, const String& caption, std::uint32_t style) {
-    if (show(wordOf(text), wordOf(caption), style)) return;
+    const std::string words = wordOf(text);
+    const std::string title = wordOf(caption);
+    if (hasDisplay() && (showByZenity(words, title, style) || showByKdialog(words, title, style)))
+        return;
     const String line = caption + (caption.empty() ? u"" : u": ") + text + u'\n';
     const std::string bytes = runtime::toUtf8(line);
     std::fwrite(bytes.data(), 1, bytes.size(), stderr);

@@ -21,7 +21,8 @@ std::vector<WindowInfo> MemoryDesktop::EnumWindows() {
 WindowHandle MemoryDesktop::FindWindowA(const std::optional<String>& className,
                                         const std::optional<String>& title) {
     const auto found = std::ranges::find_if(windows, [&](const Window& one) {
-        return (!className || runtime::sameText(*className, one.className)) &&
+        return (!className ||
+                (!className->empty() && runtime::sameText(*className, one.className))) &&
                (!title || runtime::sameText(*title, one.info.title));
     });
     return found == windows.end() ? 0 : found->info.handle;

@@ -9,6 +9,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "frame/pending_error.h"
+
 namespace quorkit {
 
 /// The failure ends the member and reaches its caller as an automation error, also when it was the
@@ -31,10 +33,12 @@ decltype(auto) untrapped(Body&& body) {
 /// The failing statement is skipped and the member goes on behind it. True when it did not fail.
 template <class Statement>
 bool resumeNext(Statement&& statement) {
+    const PendingError before = pendingError();
     try {
         std::forward<Statement>(statement)();
         return true;
     } catch (const std::exception&) {
+        setPendingError(before);
         return false;
     }
 }
@@ -42,9 +46,11 @@ bool resumeNext(Statement&& statement) {
 /// The first failure ends the body, and `failure` is the result.
 template <class Result, class Body>
 Result onErrorReturn(const Result& failure, Body&& body) {
+    const PendingError before = pendingError();
     try {
         return std::forward<Body>(body)();
     } catch (const std::exception&) {
+        setPendingError(before);
         return failure;
     }
 }

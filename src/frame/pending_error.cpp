@@ -15,6 +15,10 @@ void setPendingError(const AutomationError& error) {
     pending = {error.number(), error.what()};
 }
 
+void setPendingError(const PendingError& before) {
+    pending = before;
+}
+
 void raiseToClient(ErrorNumber number) {
     setPendingError(AutomationError(number));
     raise(number);

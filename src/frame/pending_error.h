@@ -17,6 +17,8 @@ const PendingError& pendingError();
 
 /// `error` is on its way to the client.
 void setPendingError(const AutomationError& error);
+/// For a member that has dealt with an error itself: it is none of the client's.
+void setPendingError(const PendingError& before);
 
 /// Raises an error that goes straight to the client.
 [[noreturn]] void raiseToClient(ErrorNumber number);

@@ -10,8 +10,7 @@ template <>
 std::span<const MemberInfo> memberRows<GQuorWindows>() {
     using C = GQuorWindows;
     static constexpr MemberInfo rows[] = {
-        method<&C::GetOSVersion>(0x60030000, "GetOSVersion",
-                                 {"sName", "OSVersion", "sServicePack"},
+        method<&C::GetOSVersion>(0x60030000, "GetOSVersion", {"sName", "OSVersion", "sServicePack"},
                                  "The name, edition and service pack of the system."),
         method<&C::GetOSLanguage>(0x60030001, "GetOSLanguage",
                                   "The language of the user's interface."),

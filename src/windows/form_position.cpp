@@ -40,11 +40,24 @@ String keyOf(const String& path, Form& form) {
 
 void center(Form& form, Form& host) {
     const auto middle = [&](const char16_t* edge, const char16_t* extent) {
-        form.set(edge, host.number(edge) +
-                           std::floor((host.number(extent) - form.number(extent)) / 2));
+        form.set(edge,
+                 host.number(edge) + std::floor((host.number(extent) - form.number(extent)) / 2));
     };
     middle(u"Left", u"Width");
     middle(u"Top", u"Height");
+}
+
+void pullInto(const ScreenArea& area, Form& form) {
+    const Double left = area.left * kPointsAPixel;
+    const Double top = area.top * kPointsAPixel;
+    const Double right = area.right * kPointsAPixel;
+    const Double bottom = area.bottom * kPointsAPixel;
+    if (form.number(u"Left") + kTolerance < left) form.set(u"Left", left);
+    if (form.number(u"Top") + kTolerance < top) form.set(u"Top", top);
+    if (form.number(u"Left") + form.number(u"Width") - kTolerance > right)
+        form.set(u"Left", right - form.number(u"Width"));
+    if (form.number(u"Top") + form.number(u"Height") - kTolerance > bottom)
+        form.set(u"Top", bottom - form.number(u"Height"));
 }
 
 }  // namespace
@@ -97,11 +110,8 @@ void GQuorWindows::LoadVBAUserFormPosition(const String& sRegPath, const ObjectR
                                            const ObjectRef& hostApp,
                                            Optional<Boolean, true> bOnlyPosition) {
     resumeNext([&] {
-        Double areaLeft = 0;
-        Double areaTop = 0;
-        Double areaRight = 0;
-        Double areaBottom = 0;
-        getWorkingScreenSize(eUnits_Points, areaLeft, areaTop, areaRight, areaBottom);
+        ScreenArea area;
+        const bool hasScreen = ports_.desktop.SystemParametersInfoA(area);
         Form form(frm);
         const String key = keyOf(sRegPath, form);
         GQuorRegistry registry(ports_);
@@ -121,12 +131,7 @@ void GQuorWindows::LoadVBAUserFormPosition(const String& sRegPath, const ObjectR
             form.set(u"Left", left);
             form.set(u"Top", top);
         }
-        if (form.number(u"Left") + kTolerance < areaLeft) form.set(u"Left", areaLeft);
-        if (form.number(u"Top") + kTolerance < areaTop) form.set(u"Top", areaTop);
-        if (form.number(u"Left") + form.number(u"Width") - kTolerance > areaRight)
-            form.set(u"Left", areaRight - form.number(u"Width"));
-        if (form.number(u"Top") + form.number(u"Height") - kTolerance > areaBottom)
-            form.set(u"Top", areaBottom - form.number(u"Height"));
+        if (hasScreen) pullInto(area, form);
     });
 }
 

@@ -30,16 +30,15 @@ void GQuorWindows::WinShowWaitForm(Boolean show, Optional<Long, eLanguage_German
                                    const Optional<Variant>& parrentWindow) {
     Host& host = ports_.host;
     if (show) {
-        host.SetPointer(Pointer::Hourglass);
+        resumeNext([&] { host.SetPointer(Pointer::Hourglass); });
         WindowHandle owner = 0;
-        if (!parrentWindow->isMissing())
-            resumeNext([&] { owner = runtime::CLng(*parrentWindow); });
+        if (!parrentWindow->isMissing()) resumeNext([&] { owner = runtime::CLng(*parrentWindow); });
         resumeNext([&] { host.ShowWaitWindow(waitText(*language), owner); });
     } else {
-        host.SetPointer(Pointer::Default);
-        host.HideWaitWindow();
+        resumeNext([&] { host.SetPointer(Pointer::Default); });
+        resumeNext([&] { host.HideWaitWindow(); });
     }
-    host.DoEvents();
+    resumeNext([&] { host.DoEvents(); });
 }
 
 void GQuorWindows::ShowAboutDialog() {

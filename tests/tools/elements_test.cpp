@@ -89,6 +89,11 @@ TEST(Tools, DisplayError) {
         EXPECT_EQ(shown(), u"Error-Number: 53\r\nDescription : File not found\r\n");
     EXPECT_EQ(errorOf([&] { tools.object().call(u"None"); }), 438);
     EXPECT_TRUE(shown().starts_with(u"Error-Number: 438\r\n"));
+    // An error that a member has dealt with is none of the client's.
+    EXPECT_EQ(Late(u"GQuorFile", world).errorOf(u"LoadFileToByteArray", {u"x", Array<Byte>()}), 53);
+    Late(u"GQuorWindows", world)(u"SaveVBAUserFormPosition",
+                                 {u"HKCU\\F", std::make_shared<Collection>()});
+    EXPECT_TRUE(shown().starts_with(u"Error-Number: 53\r\n"));
 }
 
 TEST(Tools, CheckTextBoxValue) {

@@ -26,7 +26,7 @@ TEST_F(WindowsTest, FindsWindowsFromTheTopDown) {
     add(1, u"", true, u"Shell");
     add(2, u"My Notes", false, u"Editor");
     add(3, u"Notes of today", true, u"Editor");
-    add(4, String(300, u'x') + u"end", true, u"Long");
+    add(4, String(300, u'x') + u"end", true, u"");
     windows.expect(u"WinFindWindowByClassName",
                    {{{u"EDITOR"}, Long{2}}, {{u"Edit"}, Long{0}}, {{u""}, Long{0}}});
     windows.expect(u"WinFindWindowByTitle",
@@ -115,9 +115,9 @@ class FormPositions : public WindowsTest {
 
 TEST_F(FormPositions, AreNotedAndFoundAgain) {
     EXPECT_EQ(load(true), (Edges{400, 300, 200, 100}));
-    note(30.9, 40, 300, 150);
-    EXPECT_EQ(load(true), (Edges{30, 40, 200, 100}));
-    EXPECT_EQ(load(false), (Edges{30, 40, 300, 150}));
+    note(30.9, -1.5, 300, 150);
+    EXPECT_EQ(load(true), (Edges{30, -2, 200, 100}));
+    EXPECT_EQ(load(false), (Edges{30, -2, 300, 150}));
     Late registry(u"GQuorRegistry", world);
     EXPECT_EQ(registry(u"Reg_ReadDWordValue", {u"HKCU\\Forms\\frmA_Position", u"Left"}),
               Variant(Long{30}));
@@ -130,6 +130,8 @@ TEST_F(FormPositions, AreNotedAndFoundAgain) {
     note(1247, 687, 0, 0);
     EXPECT_EQ(load(true), (Edges{1240, 680, 200, 100}));
     EXPECT_EQ(load(true, 2000), (Edges{-560, 680, 2000, 100}));
+    world.desktop.workArea.reset();  // without a screen it stays where it was noted
+    EXPECT_EQ(load(true, 2000), (Edges{1247, 687, 2000, 100}));
 }
 
 TEST_F(FormPositions, FailuresEndAMemberQuietly) {
@@ -164,6 +166,7 @@ TEST_F(WindowsTest, ShowsItsOwn) {
     shows({true, Long{4}, u"no window"}, u"Please wait...");
     shows({true, Long{eLanguage_System}}, u"Please wait...");
     shows({true, Long{0}}, u"Please wait...");
+    host.events = {[] { raise(ErrorNumber::Overflow); }};
     windows(u"WinShowWaitForm", {false});
     EXPECT_FALSE(host.waitText);
     EXPECT_EQ(host.pointer, Pointer::Default);

@@ -44,7 +44,7 @@ class Desktop {
     /// The top-level windows of all programs, the topmost first.
     virtual std::vector<WindowInfo> EnumWindows() = 0;
     /// The topmost window of a class and with a title, or with one of the two alone; 0 when there
-    /// is none. On Linux either part of WM_CLASS is its class.
+    /// is none. The empty name is no class. On Linux either part of WM_CLASS is its class.
     virtual WindowHandle FindWindowA(const std::optional<String>& className,
                                      const std::optional<String>& title) = 0;
     virtual bool IsWindow(WindowHandle window) = 0;

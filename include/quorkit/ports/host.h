@@ -56,12 +56,14 @@ class Host {
     virtual bool SHBrowseForFolderA(const FileDialog& dialog, String& name) = 0;
 
     /// Lets the program handle what has happened in its windows. What it runs then may call the
-    /// library again.
+    /// library again. Linux has no events that every program shares, so there nothing happens: a
+    /// program with an event loop of its own puts a Host into its Ports that runs it.
     virtual void DoEvents() = 0;
-    /// Waits for something that DoEvents has to handle; false when nothing came by `deadline`.
+    /// Waits for something that DoEvents has to handle; false when nothing came by `deadline`, as
+    /// always on Linux.
     virtual bool MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) = 0;
 
-    /// The mouse pointer over the program's windows.
+    /// The mouse pointer over the program's windows; on Linux over the wait window alone.
     virtual void SetPointer(Pointer pointer) = 0;
     /// Shows the program's one wait window, or another text in it, above the window `owner` when
     /// that is one. It can be seen when this returns, and goes when the process does. Where nothing

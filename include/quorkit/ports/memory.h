@@ -1,6 +1,7 @@
 // An imitation of the system in memory, for tests of programs that use the library: files whose
-// rights, links and free space are set by hand, and a system whose language, clock and environment
-// are what it is told.
+// rights, links and free space are set by hand; a registry, a clipboard and a table of keys of its
+// own; windows, programs, events and answers of the user that are put there; and a system whose
+// language, clock and environment are what it is told.
 #pragma once
 
 #include <quorkit/ports/clipboard.h>

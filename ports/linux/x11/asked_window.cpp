@@ -13,8 +13,12 @@ namespace {
 constexpr std::uint32_t kLongestText = 1024;  // of a title or class, in units of four bytes
 
 /// The type STRING is Latin-1, though many programs write UTF-8 under its name.
-String textOf(const std::string& bytes) {
-    if (runtime::isUtf8(bytes)) return runtime::fromUtf8(bytes);
+String textOf(std::string_view bytes) {
+    // A long one may be cut within a character.
+    const std::size_t mostCut = bytes.size() < std::size_t{4} * kLongestText ? 0 : 3;
+    for (std::size_t cut = 0; cut <= mostCut; ++cut)
+        if (const auto whole = bytes.substr(0, bytes.size() - cut); runtime::isUtf8(whole))
+            return runtime::fromUtf8(whole);
     String text;
     for (const char byte : bytes) text += static_cast<unsigned char>(byte);
     return text;
@@ -117,7 +121,8 @@ void AskedWindow::takeRest() {
 }
 
 bool AskedWindow::hasClass(const String& name) const {
-    return runtime::sameText(name, className) || runtime::sameText(name, instanceName);
+    return !name.empty() &&
+           (runtime::sameText(name, className) || runtime::sameText(name, instanceName));
 }
 
 }  // namespace quorkit::x11

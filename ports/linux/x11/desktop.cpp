@@ -18,9 +18,8 @@ Connection::Lease connected() {
     return connection;
 }
 
-std::vector<xcb_window_t> childrenOf(Connection& connection, xcb_window_t window) {
-    const auto tree =
-        replyTo(connection, xcb_query_tree(connection.get(), window), xcb_query_tree_reply);
+std::vector<xcb_window_t> childrenIn(const Connection& connection, xcb_query_tree_cookie_t asked) {
+    const auto tree = replyTo(connection, asked, xcb_query_tree_reply);
     if (!tree) return {};
     const std::span children(xcb_query_tree_children(tree.get()),
                              static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
@@ -46,6 +45,25 @@ bool lists(Connection& connection, xcb_window_t window, const char* property, co
     return std::ranges::find(names, connection.atom(name)) != names.end();
 }
 
+/// Puts the programs' windows in the place of the nameless frames around them.
+void lookIntoFrames(Connection& connection, std::vector<AskedWindow>& windows) {
+    std::vector<std::pair<AskedWindow*, xcb_query_tree_cookie_t>> frames;
+    for (AskedWindow& one : windows)
+        if (!one.managed && one.className.empty() && one.title.empty())
+            frames.emplace_back(&one, xcb_query_tree(connection.get(), one.window()));
+    std::vector<xcb_window_t> inner;
+    std::map<xcb_window_t, AskedWindow*> frameOf;
+    for (const auto& [frame, asked] : frames)
+        for (const xcb_window_t child : childrenIn(connection, asked)) {
+            inner.push_back(child);
+            frameOf[child] = frame;
+        }
+    for (AskedWindow& one : askAll(connection, inner, AskedWindow::Everything)) {
+        AskedWindow& frame = *frameOf.at(one.window());
+        if (one.managed && !frame.managed) frame = std::move(one);
+    }
+}
+
 /// All top-level windows, the topmost first.
 std::vector<AskedWindow> topLevelWindows(Connection& connection, AskedWindow::Asked asked) {
     std::vector<std::uint32_t> listed = numbersIn(
@@ -55,21 +73,12 @@ std::vector<AskedWindow> topLevelWindows(Connection& connection, AskedWindow::As
         lists(connection, connection.root(), "_NET_SUPPORTED", "_NET_CLIENT_LIST_STACKING"))
         return askAll(connection, listed, asked);
     // Nobody keeps a list: the windows are the root's children, or stand in frames that are.
-    listed = childrenOf(connection, connection.root());
+    listed = childrenIn(connection, xcb_query_tree(connection.get(), connection.root()));
     std::ranges::reverse(listed);
     std::vector<AskedWindow> found = askAll(connection, listed, AskedWindow::Everything);
-    for (AskedWindow& one : found) {
-        if (one.managed || !one.className.empty() || !one.title.empty()) continue;
-        for (AskedWindow& inner :
-             askAll(connection, childrenOf(connection, one.window()), AskedWindow::Everything))
-            if (inner.managed) {
-                one = std::move(inner);
-                break;
-            }
-    }
+    lookIntoFrames(connection, found);
     return found;
 }
-
 WindowHandle handleOf(xcb_window_t window) {
     return static_cast<WindowHandle>(window);
 }
@@ -161,7 +170,10 @@ bool NativeDesktop::SystemParametersInfoA(ScreenArea& workArea) {
     const auto areas =
         numbersIn(connection->property(connection->root(), "_NET_WORKAREA", XCB_ATOM_CARDINAL, 32));
     const std::size_t first = current.empty() ? 0 : std::size_t{4} * current.front();
-    if (areas.size() >= first + 4) {
+    constexpr std::uint32_t farthest = 0x7FFF;  // of a place on an X screen
+    if (areas.size() >= first + 4 &&
+        std::ranges::all_of(std::span(areas).subspan(first, 4),
+                            [](std::uint32_t place) { return place <= farthest; })) {
         const auto at = [&](std::size_t i) { return static_cast<Long>(areas[first + i]); };
         workArea = {at(0), at(1), at(0) + at(2), at(1) + at(3)};
         return true;

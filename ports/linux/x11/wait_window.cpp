@@ -2,11 +2,10 @@
 // must, while the program is at work.
 #include "linux/wait_window.h"
 
-#include <poll.h>
-
 #include <array>
 #include <chrono>
 #include <mutex>
+#include <thread>
 
 #include "linux/x11/asked_window.h"
 #include "runtime/code_page.h"
@@ -23,6 +22,8 @@ constexpr std::uint32_t kBackground = 0xF0F0F0;
 constexpr std::uint32_t kForeground = 0x202020;
 /// How long a window manager may take to show a window.
 constexpr auto kLongestWait = std::chrono::seconds(2);
+constexpr auto kBetweenRequests = std::chrono::milliseconds(50);
+constexpr auto kBetweenLooks = std::chrono::milliseconds(1);
 
 /// The first of these that the server has; the last one is built into every server.
 constexpr const char* kFonts[] = {"-*-helvetica-medium-r-normal--18-*-*-*-*-*-iso8859-1",
@@ -42,10 +43,11 @@ class WaitWindow {
     void show(const String& text, WindowHandle owner, Pointer pointer) {
         setText(text);
         setPointer(pointer);
-        if (owner > 0) {
-            const auto above = static_cast<xcb_window_t>(owner);
+        const auto above = static_cast<xcb_window_t>(owner);
+        if (owner > 0)
             setProperty(XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, &above, 1);
-        }
+        else
+            xcb_delete_property(get(), window_, XCB_ATOM_WM_TRANSIENT_FOR);
         waitUntilShown();
     }
 
@@ -66,10 +68,9 @@ class WaitWindow {
         const xcb_screen_t& screen = connection_->screen();
         const auto x = static_cast<std::int16_t>((screen.width_in_pixels - kWidth) / 2);
         const auto y = static_cast<std::int16_t>((screen.height_in_pixels - kHeight) / 2);
-        const std::array<std::uint32_t, 2> look = {kBackground, XCB_EVENT_MASK_EXPOSURE};
         xcb_create_window(get(), XCB_COPY_FROM_PARENT, window_, connection_->root(), x, y, kWidth,
                           kHeight, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
-                          XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, look.data());
+                          XCB_CW_BACK_PIXEL, &kBackground);
         xcb_create_pixmap(get(), screen.root_depth, picture_, window_, kWidth, kHeight);
         const std::array<std::uint32_t, 3> pen = {kForeground, kBackground, font_};
         xcb_create_gc(get(), pen_, window_, XCB_GC_FOREGROUND | XCB_GC_BACKGROUND | XCB_GC_FONT,
@@ -155,17 +156,22 @@ class WaitWindow {
         xcb_change_gc(get(), pen_, XCB_GC_FOREGROUND, &kForeground);
     }
 
+    bool isShown() const {
+        const auto about = replyTo(*connection_, xcb_get_window_attributes(get(), window_),
+                                   xcb_get_window_attributes_reply);
+        return about && about->map_state == XCB_MAP_STATE_VIEWABLE;
+    }
+
     /// Asks again and again: a window manager that is just starting may miss it.
     void waitUntilShown() {
-        constexpr int patience = 50;  // milliseconds
         const auto deadline = steady_clock::now() + kLongestWait;
-        while (connection_->isUsable() && !shown_ && steady_clock::now() < deadline) {
+        for (auto asked = steady_clock::time_point::min(); !isShown();
+             std::this_thread::sleep_for(kBetweenLooks)) {
+            const auto now = steady_clock::now();
+            if (!connection_->isUsable() || now >= deadline) return;
+            if (now - kBetweenRequests < asked) continue;
             xcb_map_window(get(), window_);
-            xcb_flush(get());
-            pollfd news = {xcb_get_file_descriptor(get()), POLLIN, 0};
-            poll(&news, 1, patience);
-            while (const ReplyPtr<xcb_generic_event_t> event{xcb_poll_for_event(get())})
-                if ((event->response_type & 0x7F) == XCB_EXPOSE) shown_ = true;
+            asked = now;
         }
     }
 
@@ -175,7 +181,6 @@ class WaitWindow {
     xcb_gcontext_t pen_;
     xcb_font_t font_;
     xcb_cursor_t watch_;
-    bool shown_ = false;
 };
 
 struct State {
@@ -185,7 +190,7 @@ struct State {
 };
 
 State& state() {
-    static State only;
+    static State& only = *new State;  // never destroyed: other threads may outlive what is static
     return only;
 }
 
