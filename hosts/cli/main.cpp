@@ -1,4 +1,5 @@
 // The process around the command line: its arguments as UTF-16, its streams as UTF-8 bytes.
+#include <ext/stdio_filebuf.h>
 #include <iostream>
 
 #include "cli/run.h"
@@ -11,6 +12,9 @@
 #include <shellapi.h>
 #include <stdio.h>
 #else
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "cli/utf8.h"
 #endif
 
@@ -45,6 +49,16 @@ class Streams {
    private:
     const UINT codePage_ = GetConsoleOutputCP();
 };
+
+int copyOf(int stream) {
+    return _dup(stream);
+}
+void put(int source, int stream) {
+    _dup2(source, stream);
+}
+int openNothing() {
+    return _open("NUL", _O_RDONLY | _O_NOINHERIT);
+}
 #else
 std::vector<quorkit::String> arguments(int count, char** words) {
     std::vector<quorkit::String> result;
@@ -55,11 +69,43 @@ std::vector<quorkit::String> arguments(int count, char** words) {
 struct Streams {
     Streams() { std::ios::sync_with_stdio(false); }
 };
+
+int copyOf(int stream) {
+    return fcntl(stream, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+}
+void put(int source, int stream) {
+    dup2(source, stream);
+}
+int openNothing() {
+    return open("/dev/null", O_RDONLY | O_CLOEXEC);
+}
 #endif
+
+/// Standard input and output for this program alone: what it starts reads nothing, and writes where
+/// errors go.
+class Session {
+   public:
+    Session() : requests_(copyOf(0), std::ios::in), answers_(copyOf(1), std::ios::out) {
+        put(openNothing(), 0);
+        put(2, 1);
+    }
+
+   private:
+    __gnu_cxx::stdio_filebuf<char> requests_;
+    __gnu_cxx::stdio_filebuf<char> answers_;
+
+   public:
+    std::istream in{&requests_};
+    std::ostream out{&answers_};
+};
 
 }  // namespace
 
 int main(int count, char** words) {
     const Streams streams;
-    return quorkit::cli::run(arguments(count, words), std::cin, std::cout, std::cerr);
+    const auto line = arguments(count, words);
+    if (line.empty() || line.front() != u"rpc")
+        return quorkit::cli::run(line, std::cin, std::cout, std::cerr);
+    Session session;
+    return quorkit::cli::run(line, session.in, session.out, std::cerr);
 }
