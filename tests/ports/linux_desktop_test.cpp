@@ -12,11 +12,13 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <thread>
 
 #include "support/late.h"
 #include "support/shell.h"
+#include "support/x_peer.h"
 #include "support/x_server.h"
 
 namespace quorkit::test {
@@ -133,19 +135,78 @@ TEST_F(LinuxDesktop, PinsAndClosesThem) {
     windows.expect(u"WinTerminateProgram", {{{u"Pinned"}, Long{-1}}});
 }
 
-TEST_F(LinuxDesktop, LeavesOutWhatDiesMeanwhile) {
-    startManager();
-    std::atomic<bool> done = false;
-    std::thread churn([&] {
-        for (int i = 0; i < 8; ++i) {
-            const Client client(terminal("short lived"));
-            std::this_thread::sleep_for(std::chrono::milliseconds(60));
-        }
-        done = true;
-    });
-    while (!done)
-        for (const WindowInfo& one : desktop.EnumWindows()) EXPECT_NE(one.handle, 0);
-    churn.join();
+/// Windows of the test's own, and the list of them that a window manager would keep.
+class OwnWindows : public LinuxDesktop {
+   protected:
+    XPeer peer;
+    const xcb_window_t root = peer.connection.root();
+
+    xcb_window_t make(const std::string& title, xcb_window_t parent) {
+        const xcb_window_t window = xcb_generate_id(peer.connection.get());
+        xcb_create_window(peer.connection.get(), XCB_COPY_FROM_PARENT, window, parent, 0, 0, 9, 9,
+                          0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        if (title.empty()) return window;
+        setText(window, "WM_NAME", XCB_ATOM_STRING, title);
+        peer.put(window, peer.atom("WM_STATE"), peer.atom("WM_STATE"), 32, {1, 0});
+        return window;
+    }
+    void setText(xcb_window_t window, const char* property, xcb_atom_t type,
+                 const std::string& text) {
+        xcb_change_property(peer.connection.get(), XCB_PROP_MODE_REPLACE, window,
+                            peer.atom(property), type, 8, static_cast<std::uint32_t>(text.size()),
+                            text.data());
+    }
+    void map(xcb_window_t window) { xcb_map_window(peer.connection.get(), window); }
+    /// Title and visibility of all windows, from the top.
+    std::vector<std::pair<String, bool>> seen() {
+        peer.window.serverTime();  // the server has what was asked of it
+        std::vector<std::pair<String, bool>> all;
+        for (const WindowInfo& one : desktop.EnumWindows())
+            all.emplace_back(one.title, one.visible);
+        return all;
+    }
+    using Seen = std::vector<std::pair<String, bool>>;
+};
+
+TEST_F(OwnWindows, AreThoseOfTheListThatAreThere) {
+    const xcb_window_t first = make("first", root);
+    const xcb_window_t second = make("second", root);
+    const xcb_window_t gone = make("gone", root);
+    map(first);
+    xcb_destroy_window(peer.connection.get(), gone);
+    peer.put(root, peer.atom("_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW, 32,
+             {first, gone, second});
+    EXPECT_EQ(seen(), (Seen{{u"second", false}, {u"first", true}}));
+    windows.expect(u"WinFindWindowByPartOfTitle",
+                   {{{u"s", true, true, true}, Long{0}}, {{u"s", false, true, true}, Long(first)}});
+    windows.expect(u"WinFindWindowByClassName", {{{u""}, Long{0}}});
+
+    setText(first, "_NET_WM_NAME", peer.atom("UTF8_STRING"), "\xC3\xA4" + std::string(5000, 'x'));
+    setText(second, "_NET_WM_NAME", peer.atom("UTF8_STRING"),
+            "x" + std::string(4094, 'x') + "\xC3\xA4 and more");
+    EXPECT_EQ(seen(), (Seen{{String(4095, u'x'), false}, {u'\u00E4' + String(4094, u'x'), true}}));
+}
+
+TEST_F(OwnWindows, StandInNamelessFramesWhereNobodyKeepsAList) {
+    for (const char* title : {"below", "above"}) {
+        const xcb_window_t frame = make("", root);
+        map(make("", frame));
+        map(make(title, frame));
+        map(frame);
+    }
+    Seen expected{{u"above", true}, {u"below", true}};
+    Seen found = seen();
+    std::erase_if(found, [](const auto& one) { return one.first.empty(); });
+    EXPECT_EQ(found, expected);
+}
+
+TEST_F(OwnWindows, KnowsTheScreenWhateverItIsTold) {
+    ScreenArea area;
+    peer.put(root, peer.atom("_NET_WORKAREA"), XCB_ATOM_CARDINAL, 32,
+             {0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF, 1});
+    peer.window.serverTime();
+    EXPECT_TRUE(desktop.SystemParametersInfoA(area));
+    EXPECT_EQ(area, (ScreenArea{0, 0, 1280, 1024}));
 }
 
 TEST_F(LinuxDesktop, KnowsTheScreenWithAndWithoutPanels) {
@@ -182,6 +243,14 @@ TEST_F(LinuxDesktop, FollowsTheKeyboard) {
     answerOf("xdotool keydown Shift_R");
     EXPECT_EQ(keyboard.get(u"ShiftKeyDown"), Variant(true));
     answerOf("xdotool keyup Shift_R");
+    XPeer peer;
+    for (const bool lit : {true, false}) {
+        const std::array<std::uint32_t, 2> light = {3, lit ? 1u : 0u};
+        xcb_change_keyboard_control(peer.connection.get(), XCB_KB_LED | XCB_KB_LED_MODE,
+                                    light.data());
+        peer.window.serverTime();
+        EXPECT_EQ(keyboard.get(u"ScrollLock"), Variant(lit));
+    }
     keyboard.let(u"ScrollLock", true);
     EXPECT_EQ(keyboard.get(u"ScrollLock"), Variant(true));
 }
@@ -196,6 +265,17 @@ TEST_F(LinuxDesktop, ShowsTheWaitWindowAtOnce) {
     windows(u"WinShowWaitForm", {true, Long{4}});
     EXPECT_EQ(shown(), window);
     EXPECT_EQ(answerOf("xdotool getwindowname " + window), "Please wait...");
+    // What the user has minimized comes back, above the window that it is shown for this time.
+    answerOf("xdotool windowminimize --sync " + window);
+    ASSERT_EQ(shown(), "");
+    const Client client(terminal("owner"));
+    const WindowHandle owner = windowOf(u"owner");
+    windows(u"WinShowWaitForm", {true, Long{4}, owner});
+    EXPECT_EQ(shown(), window);
+    const auto ownerShown = [&] { return answerOf("xprop -id " + window + " WM_TRANSIENT_FOR"); };
+    EXPECT_NE(ownerShown().find("window id"), std::string::npos);
+    windows(u"WinShowWaitForm", {true});
+    EXPECT_EQ(ownerShown().find("window id"), std::string::npos);
     windows(u"WinShowWaitForm", {false});
     EXPECT_TRUE(comesTrue([&] { return shown().empty(); }));
 }
@@ -212,6 +292,8 @@ TEST(NoDisplay, AnswersAsStated) {
                    {{{Long{1}, 5.0, 5.0, 5.0, 5.0}, {Variant(), 0.0, 0.0, 0.0, 0.0}}});
     windows(u"WinShowWaitForm", {true});
     windows(u"WinShowWaitForm", {false});
+    EXPECT_NE(ports::takeReason().find("DISPLAY is not set"), std::string::npos);
+    EXPECT_EQ(ports::takeReason(), "");
     Late keyboard(u"GQuorKeyboard");
     keyboard(u"SetKeyState", {Integer{16}, true});
     EXPECT_EQ(ports::native().keyboard.GetKeyState(16), kKeyOn);
