@@ -27,15 +27,16 @@ class GQuorProgram {
 
     /// Runs a program, waits for it and gives its exit code; -1 when it cannot be started, and
     /// -9999 when it has run for more than `iTimeOut` seconds, looked at every 100 ms. It has then
-    /// been ended, and so has everything that it has started; 0 and below let it run for ever.
-    /// `WindowTitle` is that of the console window, where it gets a new one. With `bAllowEvents`
-    /// the program around the library handles its events every 100 ms, so that what these run may
-    /// call the library again; an error of theirs reaches the caller, and the program runs on.
+    /// been ended, and so has everything that it has started, on Linux unless that has left for a
+    /// session of its own; 0 and below let it run for ever. `WindowTitle` is that of the console
+    /// window, where it gets a new one. With `bAllowEvents` the program around the library handles
+    /// its events every 100 ms, so that what these run may call the library again; an error of
+    /// theirs reaches the caller, and the program runs on.
     ///
     /// On Linux a program that a signal ended has the exit code 128 + its number; one with a
-    /// time-out has no terminal to read from. The result is -1 too, once the program has ended,
-    /// when nobody can learn its exit code because this process ignores SIGCHLD, or waits for any
-    /// child.
+    /// time-out has no terminal to read from, and Ctrl-C at this program's does not reach it. The
+    /// result is -1 too, once the program has ended, when nobody can learn its exit code because
+    /// this process ignores SIGCHLD, or waits for any child.
     Long ExecuteAndWaitEx(const String& cmdline, const Optional<String>& WindowTitle = {},
                           const Optional<Boolean, true>& bAllowEvents = {},
                           const Optional<Long, 0>& iTimeOut = {});

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <span>
 #include <vector>
 
 #include "linux/name_text.h"
@@ -54,18 +55,11 @@ ErrorCode wordOfProgram(StringView name, std::string& word) {
     return kSuccess;
 }
 
-/// Program and arguments for Start.
-ErrorCode wordsOf(const ProgramName& program, std::vector<std::string>& words) {
-    words.assign(1, {});
-    if (const ErrorCode code = wordOfProgram(program.name(), words[0])) return code;
-    for (const String& argument : splitArguments(program.behind()))
-        if (!disk::appendBytes(argument, words.emplace_back())) return kInvalidName;
-    return kSuccess;
-}
-
-ErrorCode start(const Start& how, const ProgramName& program, pid_t& process) {
-    std::vector<std::string> words;
-    const ErrorCode code = wordsOf(program, words);
+/// `words` are what stands behind the program, and one in front of it.
+ErrorCode start(const Start& how, StringView program, std::span<std::string> words,
+                pid_t& process) {
+    words[0].clear();
+    const ErrorCode code = wordOfProgram(program, words[0]);
     if (code == kPathNotFound) return kFileNotFound;
     return code == kSuccess ? how.run(words, process) : code;
 }
@@ -81,9 +75,14 @@ ErrorCode NativeProcesses::CreateProcessA(const String& commandLine, const Strin
     if (grouped && isatty(STDIN_FILENO) == 1) streams.input = Streams::Nothing;
     const Start how(streams, grouped ? Session::Own : Session::Ours);
     ErrorCode answer = kFileNotFound;
-    for (ProgramName program(commandLine); !program.name().empty(); program.lengthen()) {
+    ProgramName program(commandLine);
+    std::vector<std::string> words(1);
+    for (const String& argument : splitArguments(program.behind()))
+        if (!disk::appendBytes(argument, words.emplace_back())) return kInvalidName;
+    std::span<std::string> line = words;
+    for (; !program.name().empty(); program.lengthen(), line = line.subspan(1)) {
         pid_t number = 0;
-        const ErrorCode code = start(how, program, number);
+        const ErrorCode code = start(how, program.name(), line, number);
         if (code == kSuccess) {
             process = disk::handOut(std::make_unique<Process>(number, ending));
             return kSuccess;

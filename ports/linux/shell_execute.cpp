@@ -2,6 +2,8 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "linux/name_text.h"
 #include "linux/names.h"

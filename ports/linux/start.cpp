@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <vector>
 
 #include "linux/calls.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 constexpr const char* kNothing = "/dev/null";
 
-std::vector<char*> lineOf(const std::vector<std::string>& words) {
+std::vector<char*> lineOf(std::span<const std::string> words) {
     std::vector<char*> line;
     line.reserve(words.size() + 1);
     for (const std::string& word : words) line.push_back(const_cast<char*>(word.c_str()));
@@ -36,23 +37,40 @@ ErrorCode codeOf(int error) {
     }
 }
 
+/// No signal reaches this thread, or a process that it forks, until the end.
+class Deaf {
+   public:
+    Deaf() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &before_);
+    }
+    ~Deaf() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    Deaf(const Deaf&) = delete;
+    Deaf& operator=(const Deaf&) = delete;
+
+   private:
+    sigset_t before_;
+};
+
 }  // namespace
 
-Start::Start(const Streams& streams, Session session)
-    : input_(fcntl(streams.inputFrom, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
+Start::Start(const Streams& streams, Session session) {
     posix_spawn_file_actions_init(&files_);
     // First the output that is given, which may itself have one of the first numbers.
     if (streams.outputTo != -1)
-        posix_spawn_file_actions_adddup2(&files_, streams.outputTo, STDOUT_FILENO);
+        note(posix_spawn_file_actions_adddup2(&files_, streams.outputTo, STDOUT_FILENO));
     else if (streams.output == Streams::Nothing)
-        posix_spawn_file_actions_addopen(&files_, STDOUT_FILENO, kNothing, O_WRONLY, 0);
-    if (streams.error == Streams::Nothing)
-        posix_spawn_file_actions_addopen(&files_, STDERR_FILENO, kNothing, O_WRONLY, 0);
-    if (input_)
-        posix_spawn_file_actions_adddup2(&files_, input_.get(), STDIN_FILENO);
-    else if (streams.input == Streams::Nothing)
-        posix_spawn_file_actions_addopen(&files_, STDIN_FILENO, kNothing, O_RDONLY, 0);
-    posix_spawn_file_actions_addclosefrom_np(&files_, STDERR_FILENO + 1);
+        open(STDOUT_FILENO, O_WRONLY);
+    if (streams.error == Streams::Nothing) open(STDERR_FILENO, O_WRONLY);
+    if (streams.inputFrom != -1) {
+        input_ = Descriptor(fcntl(streams.inputFrom, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+        note(input_ ? posix_spawn_file_actions_adddup2(&files_, input_.get(), STDIN_FILENO)
+                    : errno);
+    } else if (streams.input == Streams::Nothing) {
+        open(STDIN_FILENO, O_RDONLY);
+    }
+    note(posix_spawn_file_actions_addclosefrom_np(&files_, STDERR_FILENO + 1));
     sigset_t none;
     sigset_t all;
     sigemptyset(&none);
@@ -70,34 +88,47 @@ Start::~Start() {
     posix_spawn_file_actions_destroy(&files_);
 }
 
-ErrorCode Start::run(const std::vector<std::string>& words, pid_t& process) const {
+void Start::note(int error) {
+    if (failure_ == 0) failure_ = error;
+}
+
+void Start::open(int stream, int flags) {
+    note(posix_spawn_file_actions_addopen(&files_, stream, kNothing, flags, 0));
+}
+
+ErrorCode Start::run(std::span<const std::string> words, pid_t& process) const {
+    if (failure_ != 0) return codeOf(failure_);
     const std::vector<char*> line = lineOf(words);
     return codeOf(posix_spawnp(&process, line[0], &files_, &attributes_, line.data(), environ));
 }
 
-ErrorCode Start::runDetached(const std::vector<std::string>& words) const {
+ErrorCode Start::runDetached(std::span<const std::string> words) const {
+    if (failure_ != 0) return codeOf(failure_);
+    // Its end need never come, as a process that another thread forks meanwhile keeps it open too.
     int ends[2] = {};
-    if (pipe2(ends, O_CLOEXEC) != 0) return lastError();
+    if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return lastError();
     const Descriptor answers(ends[0]);
-    Descriptor answer(ends[1]);
+    const Descriptor answer(ends[1]);
     const std::vector<char*> line = lineOf(words);
     // Between, there is a process that does nothing but start the program and end. Other threads
-    // of this one may hold any lock, so it does nothing else.
-    const pid_t between = _Fork();
-    if (between == -1) return lastError();
-    if (between == 0) {
-        pid_t process = 0;
-        const int error =
-            posix_spawnp(&process, line[0], &files_, &attributes_, line.data(), environ);
-        if (error != 0 && write(answer.get(), &error, sizeof error) == -1) _exit(1);
-        _exit(0);
+    // of this one may hold any lock, so it does nothing else; nor does it run this one's handlers
+    // of signals.
+    pid_t between = -1;
+    {
+        const Deaf deaf;
+        between = _Fork();
+        if (between == 0) {
+            pid_t process = 0;
+            const int error =
+                posix_spawnp(&process, line[0], &files_, &attributes_, line.data(), environ);
+            _exit(write(answer.get(), &error, sizeof error) == sizeof error ? 0 : 1);
+        }
     }
-    answer = Descriptor();
+    if (between == -1) return lastError();
     unlessInterrupted([&] { return waitpid(between, nullptr, 0); });
     int error = 0;
-    const ssize_t told =
-        unlessInterrupted([&] { return read(answers.get(), &error, sizeof error); });
-    return told == sizeof error ? codeOf(error) : kSuccess;
+    const ssize_t told = read(answers.get(), &error, sizeof error);
+    return told == sizeof error ? codeOf(error) : kGeneralFailure;
 }
 
 }  // namespace quorkit::disk

@@ -6,8 +6,8 @@
 #include <spawn.h>
 #include <sys/types.h>
 
+#include <span>
 #include <string>
-#include <vector>
 
 #include "linux/descriptor.h"
 
@@ -37,11 +37,16 @@ class Start {
     /// Starts the program that the first word names, found on PATH when there is no "/" in it; all
     /// words reach it as they are. kFileNotFound when there is none, kAccessDenied when the file is
     /// no program.
-    ErrorCode run(const std::vector<std::string>& words, pid_t& process) const;
+    ErrorCode run(std::span<const std::string> words, pid_t& process) const;
     /// The same for a program that is no child of this one, so that nobody need wait for it.
-    ErrorCode runDetached(const std::vector<std::string>& words) const;
+    ErrorCode runDetached(std::span<const std::string> words) const;
 
    private:
+    /// What goes wrong before a program is started: the first error counts.
+    void note(int error);
+    void open(int stream, int flags);
+
+    int failure_ = 0;
     Descriptor input_;
     posix_spawn_file_actions_t files_{};
     posix_spawnattr_t attributes_{};

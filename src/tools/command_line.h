@@ -11,7 +11,7 @@ namespace quorkit {
 /// What the program of a command line may be called. Blanks and tabs in front of it do not count.
 ///
 ///     for (ProgramName program(line); !program.name().empty(); program.lengthen())
-///         if (starts(program.name(), splitArguments(program.behind()))) break;
+///         if (starts(program.name(), program.behind())) break;
 class ProgramName {
    public:
     /// The line must outlive this. The first name is what stands between quotation marks, or else
@@ -24,7 +24,8 @@ class ProgramName {
 
     /// The next longer name, up to a later blank, tab or the end: "C:\Program Files\a.exe" without
     /// quotation marks is first "C:\Program". Such a name holds no quotation mark and 260
-    /// characters at most.
+    /// characters at most. It takes away the first of the words that splitArguments makes of what
+    /// stands behind the name, and leaves the others as they are.
     void lengthen();
 
    private:

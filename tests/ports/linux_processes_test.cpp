@@ -1,5 +1,6 @@
 // What programs find when they are started, and what they leave behind.
 #ifdef __linux__
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
@@ -90,7 +91,20 @@ TEST_F(LinuxProcesses, AreStartedAfreshAndWaitedForInAnyProgram) {
     }
 }
 
+// A process at a terminal. Tells whether programs with a time-out have none, and others this one.
+const PartName kAtTerminal("at terminal", [](const std::vector<std::string>&) {
+    setsid();
+    const int keyboard = posix_openpt(O_RDWR | O_NOCTTY);
+    grantpt(keyboard);
+    unlockpt(keyboard);
+    dup2(open(ptsname(keyboard), O_RDWR), STDIN_FILENO);
+    const String looks = u"sh -c \"test -t 0 && exec 3</dev/tty\"";
+    const bool hasNone = run(looks, 100) != 0 && run(u"sh -c \"exec 2>&- </dev/tty\"", 100) != 0;
+    return run(looks) == 0 && hasNone ? 0 : 1;
+});
+
 TEST_F(LinuxProcesses, EndInManyWays) {
+    EXPECT_EQ(Child("at terminal", {}).wait(), 0);
     EXPECT_EQ(run(u"sh -c \"kill -9 $$\""), 128 + 9);
     EXPECT_EQ(run(u"sh -c \"exec <&- >&- 2>&-; sleep 0.2; exit 4\""), 4);
     Handle process = Handle::Invalid;

@@ -13,8 +13,10 @@ class Processes {
     virtual ~Processes() = default;
 
     enum class Ending {
-        WithItself,   ///< TerminateProcess ends the process
-        WithItsGroup  ///< and everything that it has started; on Linux it has no terminal then
+        WithItself,  ///< TerminateProcess ends the process
+        /// And everything that it has started; on Linux unless that has left for a session of its
+        /// own. There the process has no terminal, and Ctrl-C at this program's does not reach it.
+        WithItsGroup
     };
     enum class Waited { Ended, TimedOut, Failed };
 
