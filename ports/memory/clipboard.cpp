@@ -18,10 +18,6 @@ bool MemoryClipboard::EmptyClipboard() {
     return !locked;
 }
 
-bool MemoryClipboard::IsClipboardFormatAvailable(ClipboardFormat format) {
-    return !locked && content && holds(format, *content);
-}
-
 bool MemoryClipboard::SetClipboardData(ClipboardFormat format, const std::string& data) {
     if (locked || !fits(format, data)) return false;
     content = {format, data};
@@ -29,7 +25,7 @@ bool MemoryClipboard::SetClipboardData(ClipboardFormat format, const std::string
 }
 
 bool MemoryClipboard::GetClipboardData(ClipboardFormat format, std::string& data) {
-    if (!IsClipboardFormatAvailable(format)) return false;
+    if (locked || !content || !holds(format, *content)) return false;
     data = content->second;
     return true;
 }

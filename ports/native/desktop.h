@@ -30,7 +30,6 @@ class NativeKeyboard final : public Keyboard {
 class NativeClipboard final : public Clipboard {
    public:
     bool EmptyClipboard() override;
-    bool IsClipboardFormatAvailable(ClipboardFormat format) override;
     bool SetClipboardData(ClipboardFormat format, const std::string& data) override;
     bool GetClipboardData(ClipboardFormat format, std::string& data) override;
 };

@@ -40,12 +40,6 @@ bool NativeClipboard::EmptyClipboard() {
     return opened && ::EmptyClipboard();
 }
 
-// A format that is there need not hold what it should: only the content itself tells.
-bool NativeClipboard::IsClipboardFormatAvailable(ClipboardFormat format) {
-    std::string data;
-    return GetClipboardData(format, data);
-}
-
 bool NativeClipboard::SetClipboardData(ClipboardFormat format, const std::string& data) {
     std::vector<win32::ClipboardItem> items = win32::itemsOf(format, data);
     if (items.empty()) return false;

@@ -1,10 +1,10 @@
 #include <quorkit/GQuorClipboard.h>
 #include <quorkit/GQuorFile.h>
-#include <quorkit/errors.h>
 #include <quorkit/ports/clipboard.h>
 
 #include <utility>
 
+#include "clipboard/replace.h"
 #include "file/file_error.h"
 #include "file/whole_file.h"
 #include "frame/error_patterns.h"
@@ -30,41 +30,33 @@ PictureRef pictureOn(Clipboard& clipboard) {
     return nullptr;
 }
 
-void put(Clipboard& clipboard, const PictureRef& picture) {
-    if (picture == nullptr) raise(ErrorNumber::ObjectNotSet);
-    clipboard.SetClipboardData(
-        picture->isMetafile() ? ClipboardFormat::Metafile : ClipboardFormat::Bitmap,
-        picture->file());
+bool put(Clipboard& clipboard, const PictureRef& picture) {
+    return picture != nullptr &&
+           clipboard.SetClipboardData(
+               picture->isMetafile() ? ClipboardFormat::Metafile : ClipboardFormat::Bitmap,
+               picture->file());
 }
 
-void save(Files& files, const PictureRef& picture, const String& name) {
-    if (picture == nullptr) raise(ErrorNumber::ObjectNotSet);
+void save(Files& files, const Picture& picture, const String& name) {
     LockedFile file(files, name, Wait::Briefly);
     require(file.status());
-    require(file.replace(picture->file()));
-}
-
-bool holdsPicture(Clipboard& clipboard) {
-    bool found = false;
-    for (const auto format :
-         {ClipboardFormat::Bitmap, ClipboardFormat::Metafile, ClipboardFormat::Dib})
-        found |= clipboard.IsClipboardFormatAvailable(format);
-    return found;
+    require(file.replace(picture.file()));
 }
 
 }  // namespace
 
 void GQuorClipboard::LoadPictureToClipboard(const String& sFileName) {
-    resumeNext([&] { ports_.clipboard.EmptyClipboard(); });
-    resumeNext([&] { put(ports_.clipboard, pictureIn(ports_.files, sFileName)); });
+    replaceContent(ports_.clipboard,
+                   [&] { return put(ports_.clipboard, pictureIn(ports_.files, sFileName)); });
 }
 
 void GQuorClipboard::SavePictureFromClipboard(const String& sFileName) {
-    if (!onErrorReturn(false, [&] { return holdsPicture(ports_.clipboard); })) return;
+    const PictureRef picture = GetPictureFromClipboard();
+    if (picture == nullptr) return;
     resumeNext([&] {
         if (GQuorFile(ports_).FileExists(sFileName)) ports_.files.DeleteFileA(sFileName);
     });
-    resumeNext([&] { save(ports_.files, pictureOn(ports_.clipboard), sFileName); });
+    resumeNext([&] { save(ports_.files, *picture, sFileName); });
 }
 
 PictureRef GQuorClipboard::GetPictureFromClipboard() {
@@ -72,8 +64,7 @@ PictureRef GQuorClipboard::GetPictureFromClipboard() {
 }
 
 void GQuorClipboard::SetPictureToClipboard(Unchanged<PictureRef> myPicture) {
-    resumeNext([&] { ports_.clipboard.EmptyClipboard(); });
-    resumeNext([&] { put(ports_.clipboard, *myPicture); });
+    replaceContent(ports_.clipboard, [&] { return put(ports_.clipboard, *myPicture); });
 }
 
 }  // namespace quorkit

@@ -1,6 +1,7 @@
 #include <quorkit/GQuorClipboard.h>
 #include <quorkit/ports/clipboard.h>
 
+#include "clipboard/replace.h"
 #include "frame/error_patterns.h"
 #include "runtime/code_page.h"
 
@@ -20,13 +21,6 @@ std::string bytesOfRichText(const String& text) {
     return richTextOf(bytes) == text ? bytes : runtime::toUtf8(text);
 }
 
-/// `make` gives the new content, once the clipboard is empty.
-template <class Make>
-void replaceContent(Clipboard& clipboard, ClipboardFormat format, Make make) {
-    resumeNext([&] { clipboard.EmptyClipboard(); });
-    resumeNext([&] { clipboard.SetClipboardData(format, make()); });
-}
-
 String textOn(Clipboard& clipboard, ClipboardFormat format, String (*textOf)(const std::string&)) {
     return onErrorReturn(String(), [&] {
         std::string bytes;
@@ -37,12 +31,16 @@ String textOn(Clipboard& clipboard, ClipboardFormat format, String (*textOf)(con
 }  // namespace
 
 void GQuorClipboard::SetTextToClipboard(const String& sText) {
-    replaceContent(ports_.clipboard, ClipboardFormat::Text, [&] { return runtime::toUtf8(sText); });
+    replaceContent(ports_.clipboard, [&] {
+        return ports_.clipboard.SetClipboardData(ClipboardFormat::Text, runtime::toUtf8(sText));
+    });
 }
 
 void GQuorClipboard::SetRTFTextToClipboard(const String& sRTFText) {
-    replaceContent(ports_.clipboard, ClipboardFormat::RichText,
-                   [&] { return bytesOfRichText(sRTFText); });
+    replaceContent(ports_.clipboard, [&] {
+        return ports_.clipboard.SetClipboardData(ClipboardFormat::RichText,
+                                                 bytesOfRichText(sRTFText));
+    });
 }
 
 String GQuorClipboard::GetTextFromClipboard() {

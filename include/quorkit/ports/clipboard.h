@@ -12,14 +12,13 @@ enum class ClipboardFormat : Integer {
     Text = 1,
     Bitmap = 2,
     Metafile = 3,
-    Dib = 8,
     RichText = -16639,
 };
 
 /// Texts are UTF-8, line ends kept. Rich text is its bytes. A picture is the bytes of a picture
-/// file: BMP, PNG, JPEG, GIF, WMF (placeable) or EMF; Metafile is the last two, Bitmap and Dib are
-/// all others. Windows ends both kinds of text at the first U+0000, makes a WMF an EMF, and refuses
-/// a BMP whose headers do not say where its pixels begin.
+/// file: BMP, PNG, JPEG, GIF, WMF (placeable) or EMF; Metafile is the last two, Bitmap all others,
+/// device-independent ones too. Windows ends both kinds of text at the first U+0000, makes a WMF an
+/// EMF, and refuses a BMP whose headers do not say where its pixels begin.
 ///
 /// Without a clipboard, as without an X server on Linux, everything fails; so it does when another
 /// program keeps it to itself for longer than a moment.
@@ -27,12 +26,12 @@ class Clipboard {
    public:
     virtual ~Clipboard() = default;
 
+    /// On Linux nobody owns it then: a clipboard manager may put an old content back.
     virtual bool EmptyClipboard() = 0;
-    /// Whether GetClipboardData would succeed. It may take as long.
-    virtual bool IsClipboardFormatAvailable(ClipboardFormat format) = 0;
-    /// Puts a content in place of whatever is there. Bytes that are no picture of the kind that
-    /// `format` names are refused, and the clipboard stays as it is. Windows also offers a picture
-    /// as a bitmap to programs that know no other.
+    /// Puts a content in place of whatever is there; true also when another program has put a newer
+    /// one there meanwhile. Bytes that are no picture of the kind that `format` names are refused,
+    /// and the clipboard stays as it is. Windows also offers a picture as a bitmap to programs that
+    /// know no other.
     virtual bool SetClipboardData(ClipboardFormat format, const std::string& data) = 0;
     /// False when there is nothing of that format; `data` is then left as it is.
     virtual bool GetClipboardData(ClipboardFormat format, std::string& data) = 0;

@@ -266,7 +266,6 @@ class MemoryClipboard final : public Clipboard {
     bool locked = false;
 
     bool EmptyClipboard() override;
-    bool IsClipboardFormatAvailable(ClipboardFormat format) override;
     bool SetClipboardData(ClipboardFormat format, const std::string& data) override;
     bool GetClipboardData(ClipboardFormat format, std::string& data) override;
 };

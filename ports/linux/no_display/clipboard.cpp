@@ -8,10 +8,6 @@ bool NativeClipboard::EmptyClipboard() {
     return nothing<bool>();
 }
 
-bool NativeClipboard::IsClipboardFormatAvailable(ClipboardFormat) {
-    return nothing<bool>();
-}
-
 bool NativeClipboard::SetClipboardData(ClipboardFormat, const std::string&) {
     return nothing<bool>();
 }

@@ -26,6 +26,7 @@ std::string textOf(std::string bytes, const std::string& target) {
 /// The content that has come, whatever the owner calls it; false when it is no such content.
 bool accept(ClipboardFormat format, const std::string& target, Delivery delivery,
             std::string& data) {
+    // What an owner offers need not be what it delivers.
     if (delivery.format != 8 || !fits(format, delivery.bytes)) return false;
     if (format != ClipboardFormat::Text)
         data = std::move(delivery.bytes);
@@ -60,12 +61,6 @@ bool NativeClipboard::EmptyClipboard() {
     const auto cookie = xcb_get_selection_owner(connection->get(), selection);
     const auto owner = replyTo(*connection, cookie, xcb_get_selection_owner_reply);
     return owner != nullptr;
-}
-
-// What an owner offers need not be what it delivers: only the content itself tells.
-bool NativeClipboard::IsClipboardFormatAvailable(ClipboardFormat format) {
-    std::string data;
-    return GetClipboardData(format, data);
 }
 
 bool NativeClipboard::SetClipboardData(ClipboardFormat format, const std::string& data) {
