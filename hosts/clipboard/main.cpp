@@ -3,17 +3,18 @@
 //
 //     quorkit-clipboard FORMAT <CONTENT
 //
-// FORMAT is a number of ports/clipboard.h. It answers "+" on standard output when it owns the
-// clipboard and goes on in the background; otherwise it ends within five seconds.
+// FORMAT is a number of ports/clipboard.h. It answers "+" on standard output and ends when it has
+// put the content on the clipboard; a child of it goes on in the background. Otherwise it ends
+// within five seconds of having read the content.
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <iterator>
+#include <utility>
 
-#include "linux/calls.h"
+#include "linux/run_tool.h"
 #include "linux/x11/owner_program.h"
 #include "linux/x11/selection_owner.h"
 
@@ -21,31 +22,29 @@ namespace {
 
 using namespace quorkit;
 
-/// Standard input to its end.
-bool readAll(std::string& content) {
-    char buffer[1 << 16];
-    for (;;) {
-        const ssize_t count =
-            disk::unlessInterrupted([&] { return read(STDIN_FILENO, buffer, sizeof buffer); });
-        if (count <= 0) return count == 0;
-        content.append(buffer, static_cast<std::size_t>(count));
-    }
+int openNothing() {
+    return open("/dev/null", O_RDWR);
 }
 
-/// Lets go of everything that the program that started this one may wait for.
+/// Lets go of everything that others may wait for.
 void detach() {
-    const int nothing = open("/dev/null", O_RDWR);
+    const int nothing = openNothing();
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nothing, stream);
     if (nothing > STDERR_FILENO) close(nothing);
     if (chdir("/") != 0) return;  // where it stays is then no matter
 }
 
-int own(ClipboardFormat format) {
+/// Owns the clipboard to the end; tells `parent` when it does.
+int own(ClipboardFormat format, int parent) {
     std::string content;
+    if (!disk::readAll(STDIN_FILENO, content)) return 1;
+    auto offers = x11::offersOf(format, std::move(content));
+    alarm(x11::kLongestStart);
     const auto connection = x11::Connection::open();
-    if (connection == nullptr || !readAll(content)) return 1;
-    x11::SelectionOwner owner(*connection, format, std::move(content));
-    if (!owner.owns() || write(STDOUT_FILENO, &x11::kOwns, 1) != 1) return 1;
+    if (connection == nullptr || offers.empty()) return 1;
+    x11::SelectionOwner owner(*connection, std::move(offers));
+    if (!owner.hasTaken() || write(parent, &x11::kOwns, 1) != 1) return 1;
+    close(parent);
     alarm(0);
     detach();
     owner.serve();
@@ -55,17 +54,28 @@ int own(ClipboardFormat format) {
 }  // namespace
 
 int main(int count, char** words) try {
+    // What is opened from here on is no standard stream.
+    int nothing = openNothing();
+    while (nothing >= 0 && nothing <= STDERR_FILENO) nothing = openNothing();
+    close(nothing);
     if (count != 2) {
         std::fputs("usage: quorkit-clipboard FORMAT <CONTENT\n", stderr);
         return 2;
     }
-    const auto format = static_cast<ClipboardFormat>(std::atoi(words[1]));
+    int ends[2] = {};
+    if (pipe(ends) != 0) return 1;
     // A child of a process that ends is nobody's child; in a session of its own it outlives those
     // of its user.
-    if (const pid_t child = fork(); child != 0) return child < 0 ? 1 : 0;
-    alarm(x11::kLongestStart);
-    setsid();
-    return own(format);
+    const pid_t child = fork();
+    if (child == 0) {
+        close(ends[0]);
+        setsid();
+        return own(static_cast<ClipboardFormat>(std::atoi(words[1])), ends[1]);
+    }
+    close(ends[1]);
+    char answer = 0;
+    const bool owns = child > 0 && read(ends[0], &answer, 1) == 1;
+    return owns && write(STDOUT_FILENO, &answer, 1) == 1 ? 0 : 1;
 } catch (const std::exception&) {
     return 1;
 }

@@ -14,8 +14,10 @@ struct ToolResult {
 
 /// Runs a program, found on PATH, until it ends. The first of `words` is its name, the others reach
 /// it as they are: no shell is asked. It reads `input`, or nothing, writes its errors where this
-/// program does, and inherits no other handle. One that goes on in the background has ended when
-/// it has closed its standard output.
+/// program does, and inherits no other handle. What it leaves in the background is not waited for.
 ToolResult runTool(const std::vector<std::string>& words, int input = -1);
+
+/// Appends what a file holds from where it stands; false when it cannot be read to its end.
+bool readAll(int file, std::string& content);
 
 }  // namespace quorkit::disk

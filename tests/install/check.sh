@@ -25,6 +25,22 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir quorkit) "$work/client-pc"
 
 helper=$(find "$tree" -path '*/quorkit/quorkit-clipboard')
 "$helper" 2>&1 | grep usage
+# The moved program finds it.
+if command -v Xvfb >/dev/null; then
+  exec 3>"$work/display"
+  Xvfb -displayfd 3 -noreset -nolisten tcp &
+  server=$!
+  trap 'kill "$server"' EXIT
+  while [ ! -s "$work/display" ]; do
+    kill -0 "$server"
+    sleep 0.1
+  done
+  DISPLAY=:$(cat "$work/display")
+  export DISPLAY
+  "$tree/bin/quorkit" call GQuorClipboard.SetTextToClipboard moved
+  test "$("$tree/bin/quorkit" call GQuorClipboard.GetTextFromClipboard)" = moved
+  readlink /proc/[0-9]*/exe | grep -x "$helper"
+fi
 
 "$tree/bin/quorkit" list >"$work/classes"
 grep -q GQuorStrings "$work/classes"

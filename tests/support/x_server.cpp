@@ -32,7 +32,10 @@ std::string numberFrom(int answer) {
 
 }  // namespace
 
-XServer::XServer() : process_(-1), variable_("DISPLAY", std::nullopt) {
+XServer::XServer()
+    : process_(-1),
+      variable_("DISPLAY", std::nullopt),
+      helpers_("QUORKIT_LIBEXEC", QUORKIT_HELPERS) {
     int ends[2] = {};
     if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
     process_ = fork();

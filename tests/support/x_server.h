@@ -7,7 +7,8 @@
 
 namespace quorkit::test {
 
-/// Xvfb on a free display, which DISPLAY names for as long as the object lives.
+/// Xvfb on a free display, which DISPLAY names for as long as the object lives. So long
+/// QUORKIT_LIBEXEC names the folder of the program that keeps its clipboard.
 class XServer {
    public:
     /// Throws std::runtime_error when no server starts.
@@ -24,6 +25,7 @@ class XServer {
     int process_;
     std::string display_;
     Variable variable_;
+    Variable helpers_;
 };
 
 }  // namespace quorkit::test

@@ -16,8 +16,6 @@
 namespace quorkit::x11 {
 namespace {
 
-constexpr std::uint32_t kWholeProperty = 0x1FFFFFFF;  // in units of four bytes
-
 std::string displayName() {
     const char* const variable = std::getenv("DISPLAY");
     return variable == nullptr ? "" : variable;

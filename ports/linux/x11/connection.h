@@ -4,6 +4,7 @@
 #include <xcb/xcb.h>
 
 #include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <map>
 #include <memory>
@@ -21,6 +22,9 @@ template <class Reply>
 using ReplyPtr = std::unique_ptr<Reply, Free>;
 using EventPtr = std::unique_ptr<xcb_generic_event_t, Free>;
 using Deadline = std::chrono::steady_clock::time_point;
+
+/// All of a property, in units of four bytes.
+inline constexpr std::uint32_t kWholeProperty = 0x1FFFFFFF;
 
 class Connection {
    public:

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string_view>
 
@@ -15,27 +16,34 @@
 namespace quorkit::x11 {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr const char* kName = "quorkit-clipboard";
 
-/// A folder that others may have made by now in the place of the one that was there.
-bool isTrusted(const std::string& file) {
-    struct stat about = {};
-    return stat(file.c_str(), &about) == 0 && (about.st_uid == 0 || about.st_uid == geteuid());
-}
-
-bool isProgram(const std::string& file) {
+bool isProgram(const fs::path& file) {
     return access(file.c_str(), X_OK) == 0;
 }
 
-std::string program() {
+/// Whether nobody but this user and root can have put a file there. No link, which may be
+/// another's.
+bool isTrusted(const fs::path& file) {
+    struct stat about = {};
+    return lstat(file.c_str(), &about) == 0 && S_ISREG(about.st_mode) &&
+           (about.st_uid == 0 || about.st_uid == geteuid()) &&
+           (about.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
+
+fs::path program() {
+    if (const char* const folder = secure_getenv("QUORKIT_LIBEXEC"))
+        if (fs::path file = fs::path(folder) / kName; isProgram(file)) return file;
     std::error_code error;
-    const auto here = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
-    for (const char* const folder : {".", "../libexec/quorkit", "../libexec"})
-        if (const auto file = here / folder / kName; !error && isProgram(file)) return file;
-    std::string built = std::string(QUORKIT_BUILT_IN "/") + kName;
-    if (isProgram(built) && isTrusted(built)) return built;
-    std::string installed = std::string(QUORKIT_INSTALLED_IN "/") + kName;
-    return isProgram(installed) ? installed : kName;
+    const fs::path here = fs::read_symlink("/proc/self/exe", error).parent_path();
+    for (const fs::path& folder :
+         {here, here / "../libexec/quorkit", here / "../libexec", fs::path(QUORKIT_INSTALLED_IN)})
+        if (fs::path file = folder / kName;
+            file.is_absolute() && isProgram(file) && isTrusted(file))
+            return file;
+    return kName;
 }
 
 bool writeAll(int file, std::string_view bytes) {
@@ -55,7 +63,7 @@ bool startOwner(ClipboardFormat format, const std::string& content) {
     if (!file || !writeAll(file.get(), content) || lseek(file.get(), 0, SEEK_SET) != 0)
         return false;
     const auto result =
-        disk::runTool({program(), std::to_string(static_cast<int>(format))}, file.get());
+        disk::runTool({program().string(), std::to_string(static_cast<int>(format))}, file.get());
     const bool owns = result.output == std::string(1, kOwns);
     if (!owns) giveReason(std::string("the program ") + kName + " is not there, or does not work");
     return owns;

@@ -10,14 +10,16 @@ namespace quorkit::x11 {
 
 /// What the program answers once the content is on the clipboard.
 inline constexpr char kOwns = '+';
-/// So many seconds later it gives up.
+/// So many seconds after it has read the content it gives up.
 inline constexpr unsigned kLongestStart = 5;
 
 /// Starts the program with a content. True when it has it on the clipboard.
 ///
-/// It is looked for in the folder of the running program, from there in ../libexec/quorkit and
-/// ../libexec, where this library was built and where it was to be installed, and on PATH. Where
-/// the library was built it must belong to this user or to root.
+/// It is looked for in the folder that the environment variable QUORKIT_LIBEXEC names, unless this
+/// program has more rights than its user; in the folder of the running program, from there in
+/// ../libexec/quorkit and ../libexec, where this library was to be installed, and on PATH. But for
+/// the first and the last it must be a file, no link, of this user or of root that nobody else can
+/// write.
 bool startOwner(ClipboardFormat format, const std::string& content);
 
 }  // namespace quorkit::x11

@@ -1,7 +1,6 @@
 #include "linux/x11/selection_owner.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace quorkit::x11 {
@@ -9,25 +8,17 @@ namespace {
 
 constexpr std::uint32_t kLongestList = 1024;  // of a request for several types, in numbers
 
-std::vector<std::uint32_t> numbersIn(const xcb_get_property_reply_t* reply) {
-    const std::string bytes = bytesOf(reply, XCB_GET_PROPERTY_TYPE_ANY, 32);
-    std::vector<std::uint32_t> numbers(bytes.size() / sizeof(std::uint32_t));
-    if (!numbers.empty()) std::memcpy(numbers.data(), bytes.data(), bytes.size());
-    return numbers;
-}
-
 }  // namespace
 
-SelectionOwner::SelectionOwner(Connection& connection, ClipboardFormat format, std::string content)
+SelectionOwner::SelectionOwner(Connection& connection, std::vector<Offer> offers)
     : connection_(connection),
       window_(connection),
       pieces_(connection),
       selection_(connection.atom("CLIPBOARD")) {
-    const auto offers = offersOf(format, std::move(content));
-    for (const Offer& one : offers)
-        targets_.push_back({connection_.atom(one.target), connection_.atom(one.type), one.bytes});
+    for (Offer& one : offers)
+        targets_.push_back(
+            {connection_.atom(one.target), connection_.atom(one.type), std::move(one.bytes)});
     since_ = window_.serverTime();
-    if (targets_.empty()) return;
     xcb_set_selection_owner(connection_.get(), window_.id(), selection_, since_);
     const auto cookie = xcb_get_selection_owner(connection_.get(), selection_);
     const auto owner = replyTo(connection_, cookie, xcb_get_selection_owner_reply);
@@ -35,7 +26,7 @@ SelectionOwner::SelectionOwner(Connection& connection, ClipboardFormat format, s
 }
 
 void SelectionOwner::serve() {
-    handToManager();
+    if (owns_) handToManager();
     while ((owns_ || !pieces_.done()) && !connection_.isBroken()) {
         if (const EventPtr event = connection_.nextEvent(pieces_.nextCheck())) handle(event);
         pieces_.forgetIdle();
@@ -107,7 +98,8 @@ bool SelectionOwner::putAll(xcb_window_t window, xcb_atom_t list) {
     const auto cookie = xcb_get_property(connection_.get(), 0, window, list,
                                          XCB_GET_PROPERTY_TYPE_ANY, 0, kLongestList);
     const auto reply = replyTo(connection_, cookie, xcb_get_property_reply);
-    std::vector<std::uint32_t> pairs = numbersIn(reply.get());
+    std::vector<std::uint32_t> pairs =
+        numbersIn(bytesOf(reply.get(), XCB_GET_PROPERTY_TYPE_ANY, 32));
     if (pairs.empty() || pairs.size() % 2 != 0) return false;
     for (std::size_t i = 0; i < pairs.size(); i += 2)
         if (pairs[i + 1] == XCB_NONE || !put(window, pairs[i], pairs[i + 1]))

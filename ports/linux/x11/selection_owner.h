@@ -2,9 +2,7 @@
 // ClipboardManager specification of freedesktop.org.
 #pragma once
 
-#include <quorkit/ports/clipboard.h>
-
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,10 +14,11 @@ namespace quorkit::x11 {
 
 class SelectionOwner {
    public:
-    /// Takes the clipboard; see `owns` for how it went.
-    SelectionOwner(Connection& connection, ClipboardFormat format, std::string content);
+    /// Takes the clipboard; see `hasTaken` for how it went.
+    SelectionOwner(Connection& connection, std::vector<Offer> offers);
 
-    bool owns() const { return owns_; }
+    /// True also when it is another's again: whoever is the last has it.
+    bool hasTaken() const { return !connection_.isBroken(); }
 
     /// Gives a copy to the clipboard manager, if one runs, and answers everybody until the
     /// clipboard is another's and what was on its way has arrived, or the server has gone.

@@ -1,13 +1,17 @@
 #include "linux/x11/selection_reader.h"
 
-#include <cstring>
+#include <algorithm>
 #include <utility>
 
 namespace quorkit::x11 {
 namespace {
 
-constexpr std::uint32_t kWholeProperty = 0x1FFFFFFF;  // in units of four bytes
+using std::chrono::seconds;
+using std::chrono::steady_clock;
+
 constexpr std::size_t kMost = std::size_t{1} << 30;
+constexpr seconds kLongest{10};
+constexpr std::size_t kBytesASecond = std::size_t{1} << 20;
 
 }  // namespace
 
@@ -16,7 +20,8 @@ SelectionReader::SelectionReader(Connection& connection)
       window_(connection),
       selection_(connection.atom("CLIPBOARD")),
       property_(connection.atom("QUORKIT_SELECTION")),
-      time_(window_.serverTime()) {
+      time_(window_.serverTime()),
+      start_(steady_clock::now()) {
     const auto cookie = xcb_get_selection_owner(connection_.get(), selection_);
     const auto owner = replyTo(connection_, cookie, xcb_get_selection_owner_reply);
     givenUp_ = owner == nullptr || owner->owner == XCB_NONE;
@@ -25,9 +30,7 @@ SelectionReader::SelectionReader(Connection& connection)
 std::optional<std::vector<xcb_atom_t>> SelectionReader::offered() {
     const auto list = ask(connection_.atom("TARGETS"));
     if (!list || list->format != 32) return {};
-    std::vector<xcb_atom_t> types(list->bytes.size() / sizeof(xcb_atom_t));
-    if (!types.empty()) std::memcpy(types.data(), list->bytes.data(), list->bytes.size());
-    return types;
+    return numbersIn(list->bytes);
 }
 
 std::optional<Delivery> SelectionReader::ask(xcb_atom_t target) {
@@ -41,9 +44,16 @@ std::optional<Delivery> SelectionReader::ask(xcb_atom_t target) {
     return delivery;
 }
 
+EventPtr SelectionReader::nextEvent(Deadline since) {
+    const Deadline last = start_ + kLongest + seconds(taken_ / kBytesASecond);
+    // Events that come all the time do not make it longer.
+    if (steady_clock::now() >= last) return nullptr;
+    return connection_.nextEvent(std::min(since + kPatience, last));
+}
+
 bool SelectionReader::answered() {
-    const Deadline deadline = soon();
-    while (const EventPtr event = connection_.nextEvent(deadline)) {
+    const Deadline asked = steady_clock::now();
+    while (const EventPtr event = nextEvent(asked)) {
         const auto* answer = eventOf<xcb_selection_notify_event_t>(event, XCB_SELECTION_NOTIFY);
         if (answer != nullptr && answer->requestor == window_.id())
             return answer->property == property_;
@@ -58,29 +68,32 @@ std::optional<Delivery> SelectionReader::take() {
                                          XCB_GET_PROPERTY_TYPE_ANY, 0, kWholeProperty);
     const auto reply = replyTo(connection_, cookie, xcb_get_property_reply);
     if (reply == nullptr || reply->type == XCB_NONE) return {};
-    return Delivery{reply->type, reply->format, bytesOf(reply.get(), reply->type, reply->format)};
+    Delivery delivery{reply->type, reply->format, bytesOf(reply.get(), reply->type, reply->format)};
+    taken_ += delivery.bytes.size();
+    return delivery;
 }
 
 std::optional<Delivery> SelectionReader::takePieces() {
     std::optional<Delivery> all;
-    Deadline deadline = soon();
-    while (const EventPtr event = connection_.nextEvent(deadline)) {
+    Deadline asked = steady_clock::now();
+    while (const EventPtr event = nextEvent(asked)) {
         const auto* change = eventOf<xcb_property_notify_event_t>(event, XCB_PROPERTY_NOTIFY);
         if (change == nullptr || change->window != window_.id() || change->atom != property_ ||
             change->state != XCB_PROPERTY_NEW_VALUE)
             continue;
         auto piece = take();
         if (!piece) continue;  // taken before this event had come
+        if (piece->format != 8 || piece->type == connection_.atom("INCR")) return {};
         const bool last = piece->bytes.empty();
         if (!all) {
             all = std::move(piece);
         } else if (!last) {
-            if (piece->type != all->type || piece->format != all->format) return {};
+            if (piece->type != all->type) return {};
             all->bytes += piece->bytes;
         }
         if (last) return all;
         if (all->bytes.size() > kMost) return {};
-        deadline = soon();
+        asked = steady_clock::now();
     }
     return {};
 }

@@ -16,7 +16,8 @@ struct Delivery {
 };
 
 /// An owner that lets two seconds pass without doing what it should is given up: it is not asked
-/// again. So is one that delivers more than 1 GB.
+/// again. So is one that has taken ten seconds in all and another for each MB that it has
+/// delivered, and one that delivers more than 1 GB at once.
 class SelectionReader {
    public:
     explicit SelectionReader(Connection& connection);
@@ -27,6 +28,8 @@ class SelectionReader {
     std::optional<Delivery> ask(xcb_atom_t target);
 
    private:
+    /// The next event within an owner's time, which began at `since`.
+    EventPtr nextEvent(Deadline since);
     bool answered();
     std::optional<Delivery> take();
     std::optional<Delivery> takePieces();
@@ -36,6 +39,8 @@ class SelectionReader {
     xcb_atom_t selection_;
     xcb_atom_t property_;
     xcb_timestamp_t time_;
+    Deadline start_;
+    std::size_t taken_ = 0;
     bool givenUp_;
 };
 
