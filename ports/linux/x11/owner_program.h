@@ -18,8 +18,7 @@ inline constexpr unsigned kLongestStart = 5;
 /// It is looked for in the folder that the environment variable QUORKIT_LIBEXEC names, unless this
 /// program has more rights than its user; in the folder of the running program, from there in
 /// ../libexec/quorkit and ../libexec, where this library was to be installed, and on PATH. But for
-/// the first and the last it must be a file, no link, of this user or of root that nobody else can
-/// write.
+/// the first and the last it must be a file, no link, of this user or of root.
 bool startOwner(ClipboardFormat format, const std::string& content);
 
 }  // namespace quorkit::x11
