@@ -14,12 +14,14 @@ unset DISPLAY WAYLAND_DISPLAY
 # Under the C locale Wine would know file names in ASCII only.
 export LC_ALL=C.UTF-8
 
-if [ ! -e "$WINEPREFIX/ready" ]; then
+if [ ! -e "$WINEPREFIX/made" ]; then
   mkdir -p "$WINEPREFIX"
-  # Wine's services outlive the command that starts them; with -o they do not keep the lock.
+  # Wine's services outlive the command that starts them; with -o they do not keep the lock. Its
+  # driver "null" lets windows exist without a display; the services look once which driver it is.
   flock -o "$WINEPREFIX" sh -c '
-    [ -e "$WINEPREFIX/ready" ] && exit
-    wineboot --init >"$WINEPREFIX/log" 2>&1 || { cat "$WINEPREFIX/log" >&2; exit 1; }
-    touch "$WINEPREFIX/ready"'
+    [ -e "$WINEPREFIX/made" ] && exit
+    { wineboot --init && wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
+      wineserver -k; } >"$WINEPREFIX/log" 2>&1 || { cat "$WINEPREFIX/log" >&2; exit 1; }
+    touch "$WINEPREFIX/made"'
 fi
 exec wine "$@"
