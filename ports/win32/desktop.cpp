@@ -18,12 +18,17 @@ WindowHandle handleOf(HWND window) {
     return static_cast<WindowHandle>(reinterpret_cast<std::intptr_t>(window));
 }
 
-/// Of another program's window only what the system knows itself: nobody waits for that program.
+/// What the system itself knows: nobody waits for the window's thread, be it another program's or
+/// one of this that waits for us.
 String titleOf(HWND window) {
-    String title(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, u'\0');
-    const int length = ::GetWindowTextW(window, wide(title), static_cast<int>(title.size()));
-    title.resize(static_cast<std::size_t>(length));
-    return title;
+    String title(256, u'\0');
+    for (;;) {
+        const auto length = static_cast<std::size_t>(
+            ::InternalGetWindowText(window, wide(title), static_cast<int>(title.size())));
+        const bool whole = length + 1 < title.size();
+        title.resize(whole ? length : 2 * title.size());
+        if (whole) return title;
+    }
 }
 
 }  // namespace

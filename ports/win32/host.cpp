@@ -8,6 +8,7 @@
 // clang-format on
 
 #include <algorithm>
+#include <optional>
 
 #include "win32/calls.h"
 #include "win32/objects.h"
@@ -20,6 +21,7 @@ using namespace win32;
 namespace {
 
 constexpr std::size_t kLongestName = 32767;
+constexpr ULONGLONG kLongestRound = 100;  // of DoEvents, in milliseconds
 
 /// "name", "pattern;pattern", and so on, each with U+0000 behind it, and one more at the end.
 String filterList(const std::vector<FileFilter>& filters) {
@@ -62,6 +64,36 @@ int CALLBACK beginAt(HWND window, UINT message, LPARAM, LPARAM folder) {
     return 0;
 }
 
+/// Takes the next message that is not WM_QUIT out of the queue; false when there is none.
+bool takeMessage(MSG& message, std::optional<int>& quit) {
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message != WM_QUIT) return true;
+        quit = static_cast<int>(message.wParam);
+    }
+    return false;
+}
+
+/// Takes WM_QUIT out of the queue, and nothing else.
+std::optional<int> takeQuit() {
+    MSG message;
+    if (!::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) return {};
+    return static_cast<int>(message.wParam);
+}
+
+bool waitForMessage(std::chrono::steady_clock::time_point deadline) {
+    using std::chrono::milliseconds;
+    constexpr milliseconds aDay = std::chrono::hours(24);
+    for (;;) {
+        const auto left =
+            std::chrono::ceil<milliseconds>(deadline - std::chrono::steady_clock::now());
+        const auto longest = static_cast<DWORD>(std::clamp(left, milliseconds(0), aDay).count());
+        const DWORD answer =
+            ::MsgWaitForMultipleObjectsEx(0, nullptr, longest, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+        if (answer != WAIT_TIMEOUT) return answer == WAIT_OBJECT_0;
+        if (left <= aDay) return false;
+    }
+}
+
 }  // namespace
 
 void NativeHost::MessageBoxA(const String& text, const String& caption, std::uint32_t style) {
@@ -100,30 +132,27 @@ bool NativeHost::SHBrowseForFolderA(const FileDialog& dialog, String& name) {
 }
 
 void NativeHost::DoEvents() {
+    const ULONGLONG end = ::GetTickCount64() + kLongestRound;
     MSG message;
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            // It is for the program's own loop.
-            ::PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
+    bool more = true;
+    while (more) {
+        std::optional<int> quit;
+        more = takeMessage(message, quit);
+        // It is for the program's own loops: those that start in a handler need it as well.
+        if (quit) ::PostQuitMessage(*quit);
+        if (!more) return;
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
+        more = ::GetTickCount64() < end;
     }
 }
 
 bool NativeHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) {
-    using std::chrono::milliseconds;
-    constexpr milliseconds aDay = std::chrono::hours(24);
-    for (;;) {
-        const auto left =
-            std::chrono::ceil<milliseconds>(deadline - std::chrono::steady_clock::now());
-        const auto longest = static_cast<DWORD>(std::clamp(left, milliseconds(0), aDay).count());
-        const DWORD answer =
-            ::MsgWaitForMultipleObjectsEx(0, nullptr, longest, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-        if (answer != WAIT_TIMEOUT) return answer == WAIT_OBJECT_0;
-        if (left <= aDay) return false;
-    }
+    // Nothing here handles it, so it would end every wait at once.
+    const std::optional<int> quit = takeQuit();
+    const bool something = waitForMessage(deadline);
+    if (quit) ::PostQuitMessage(*quit);
+    return something;
 }
 
 void NativeHost::SetPointer(Pointer pointer) {

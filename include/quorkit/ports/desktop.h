@@ -48,7 +48,8 @@ class Desktop {
     virtual WindowHandle FindWindowA(const std::optional<String>& className,
                                      const std::optional<String>& title) = 0;
     virtual bool IsWindow(WindowHandle window) = 0;
-    /// "" for a window that is not there.
+    /// "" for a window that is not there. No window is asked: on Windows this is the title that the
+    /// system shows, also for one of this program's own.
     virtual String GetWindowTextA(WindowHandle window) = 0;
     /// Puts a window above all others, for good, or back among them.
     virtual bool SetWindowPos(WindowHandle window, bool topmost) = 0;

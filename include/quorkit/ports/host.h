@@ -56,18 +56,22 @@ class Host {
     virtual bool SHBrowseForFolderA(const FileDialog& dialog, String& name) = 0;
 
     /// Lets the program handle what has happened in its windows. What it runs then may call the
-    /// library again. Linux has no events that every program shares, so there nothing happens: a
-    /// program with an event loop of its own puts a Host into its Ports that runs it.
+    /// library again. On Windows nothing more is begun after 100 ms, so that it ends whatever
+    /// comes, and WM_QUIT stays in the queue, for the program's own loop. Linux has no events that
+    /// every program shares, so there nothing happens: a program with an event loop of its own puts
+    /// a Host into its Ports that runs it.
     virtual void DoEvents() = 0;
-    /// Waits for something that DoEvents has to handle; false when nothing came by `deadline`, as
-    /// always on Linux.
+    /// Waits for something that DoEvents has to handle, which WM_QUIT is not; false when nothing
+    /// came by `deadline`, as always on Linux.
     virtual bool MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) = 0;
 
-    /// The mouse pointer over the program's windows; on Linux over the wait window alone.
+    /// The mouse pointer over the program's windows; on Linux over the wait window alone, on
+    /// Windows until one of them sets its own.
     virtual void SetPointer(Pointer pointer) = 0;
     /// Shows the program's one wait window, or another text in it, above the window `owner` when
     /// that is one. It can be seen when this returns, and goes when the process does. Where nothing
-    /// can be shown nothing happens.
+    /// can be shown nothing happens. On Windows it has a thread of its own and no owner, so that it
+    /// waits for nobody: it stands over the middle of `owner`, above all windows of that moment.
     virtual void ShowWaitWindow(const String& text, WindowHandle owner) = 0;
     virtual void HideWaitWindow() = 0;
 };
