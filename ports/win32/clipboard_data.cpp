@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "clipboard/dib.h"
+#include "clipboard/picture_end.h"
 #include "clipboard/picture_kind.h"
 #include "runtime/code_page.h"
 #include "win32/picture_pixels.h"
@@ -43,7 +44,8 @@ HGLOBAL memoryOf(const std::string& bytes) {
     return memory;
 }
 
-/// What the clipboard holds under a number, as bytes; nothing when it does not.
+/// What the clipboard holds under a number, as bytes, with more behind them where the system gives
+/// memory in larger portions; nothing when it does not.
 std::optional<std::string> bytesUnder(UINT format) {
     const HANDLE memory = ::GetClipboardData(format);
     const void* const start = memory == nullptr ? nullptr : ::GlobalLock(memory);
@@ -71,11 +73,12 @@ std::optional<std::string> richTextContent() {
 std::optional<std::string> pictureUnder(UINT format) {
     if (format == CF_BITMAP || format == CF_DIB || format == CF_DIBV5) {
         const auto dib = bytesUnder(CF_DIB);
-        return dib ? bmpFileOf(*dib) : std::nullopt;
+        return dib ? bmpFileOf(withoutRounding(*dib, sizeOfDib(*dib))) : std::nullopt;
     }
     if (format != pngFormat() && format != jpegFormat() && format != gifFormat()) return {};
-    auto file = bytesUnder(format);
-    return file && fits(ClipboardFormat::Bitmap, *file) ? file : std::nullopt;
+    const auto file = bytesUnder(format);
+    if (!file || !fits(ClipboardFormat::Bitmap, *file)) return {};
+    return std::string(withoutRounding(*file, sizeOfPicture(*file)));
 }
 
 /// A PNG loses nothing; otherwise the form that its program has put there first.

@@ -1,5 +1,6 @@
 #include "clipboard/dib.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace quorkit {
@@ -67,6 +68,28 @@ std::optional<std::string> bmpFileOf(std::string_view dib) {
     setNumber(file, 2, size);
     setNumber(file, 10, kFileHeader + *start);
     return file.append(dib);
+}
+
+std::optional<std::size_t> sizeOfDib(std::string_view dib) {
+    const auto start = startOfPixels(dib);
+    if (!start) return {};
+    const bool core = number(dib, 0) == kCoreHeader;
+    const std::uint64_t width = core ? number(dib, 4, 2) : number(dib, 4);
+    const std::uint32_t lines = core ? number(dib, 6, 2) : number(dib, 8);
+    const std::uint64_t height = !core && lines > INT32_MAX ? -lines : lines;  // upside down
+    const std::uint32_t compression = core ? 0 : number(dib, 16);
+    std::uint64_t pixels = number(dib, 20);
+    if (compression == 0 || compression == kBitFields || compression == kAlphaBitFields) {
+        const std::uint64_t line = (width * number(dib, core ? 10 : 14, 2) + 31) / 32 * 4;
+        if (line > dib.size()) return {};
+        pixels = line * height;
+    }
+    std::uint64_t end = *start + pixels;
+    if (number(dib, 0) >= kVersion5Header)
+        end = std::max(
+            end, std::uint64_t{number(dib, kProfilePosition)} + number(dib, kProfilePosition + 4));
+    if (pixels == 0 || end > dib.size()) return {};
+    return static_cast<std::size_t>(end);
 }
 
 }  // namespace quorkit

@@ -17,4 +17,8 @@ std::optional<std::string> dibOf(std::string_view file);
 /// a gap or a wrong size in its header. Nothing as above.
 std::optional<std::string> bmpFileOf(std::string_view dib);
 
+/// The size of the packed bitmap that `dib` begins with, its colour profile included; nothing when
+/// the headers do not say it, or say more than there is.
+std::optional<std::size_t> sizeOfDib(std::string_view dib);
+
 }  // namespace quorkit

@@ -44,6 +44,31 @@ TEST(Dib, IsTheFileWithoutItsHeader) {
     EXPECT_EQ(dibOf(file(gap, 14 + 124 + 3)), version5);
 }
 
+TEST(Dib, EndsBehindItsPixelsAndItsProfile) {
+    const std::string plain = dib(40, 24, 0, 0, 0);
+    const std::string packed = dib(40, 8, 1, 3, 12);
+    const auto with = [](std::string one, std::size_t position, const std::string& bytes) {
+        return one.replace(position, bytes.size(), bytes);
+    };
+    const std::string version5 = with(dib(124, 32, 3, 0, 0), 112, std::string(8, '\0'));
+    using Size = std::optional<std::size_t>;
+    for (const auto& [one, size] : {std::pair{plain, Size(44)},
+                                    {dib(12, 24, 0, 0, 0), 16},
+                                    {dib(40, 8, 0, 3, 12), 56},
+                                    {with(plain, 8, number(0xFFFFFFFF)), 44},  // from the top down
+                                    {with(plain, 8, number(0x80000000)), {}},
+                                    {with(plain, 4, number(0xFFFFFFFF)), {}},
+                                    {with(plain, 4, number(0)), {}},
+                                    {packed, {}},  // which does not say it
+                                    {with(packed, 20, number(5)), 57},
+                                    {with(packed, 20, number(7)), {}},
+                                    {version5, 128},
+                                    {with(version5, 112, number(128) + number(2)), 130},
+                                    {with(version5, 112, number(128) + number(3)), {}},
+                                    {"", {}}})
+        EXPECT_EQ(sizeOfDib(one), size);
+}
+
 TEST(Dib, ThatIsBrokenIsRefused) {
     const std::string good = dib(40, 8, 0, 0, 1024);
     for (const std::string& one :

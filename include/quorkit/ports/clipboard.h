@@ -18,7 +18,8 @@ enum class ClipboardFormat : Integer {
 /// Texts are UTF-8, line ends kept. Rich text is its bytes. A picture is the bytes of a picture
 /// file: BMP, PNG, JPEG, GIF, WMF (placeable) or EMF; Metafile is the last two, Bitmap all others,
 /// device-independent ones too. Windows ends both kinds of text at the first U+0000, makes a WMF an
-/// EMF, and refuses a BMP whose headers do not say where its pixels begin.
+/// EMF, and refuses a BMP whose headers do not say where its pixels begin. There the size of memory
+/// may be rounded up, so up to 15 bytes behind the end of a PNG, JPEG, GIF or BMP are left out.
 ///
 /// Without a clipboard, as without an X server on Linux, everything fails; so it does when another
 /// program keeps it to itself for longer than a moment.
