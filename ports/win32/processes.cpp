@@ -135,13 +135,17 @@ void NativeProcesses::CloseHandle(Handle process) {
 }
 
 ErrorCode NativeProcesses::ShellExecuteA(const String& target) {
-    constexpr INT_PTR lastFailure = 32;
     if (target.find(u'\0') != String::npos) return kInvalidName;
     const Objects objects;
-    const auto answer = reinterpret_cast<INT_PTR>(
-        ::ShellExecuteW(nullptr, L"open", wide(target), nullptr, nullptr, SW_SHOWNORMAL));
-    if (answer > lastFailure) return kSuccess;
-    switch (answer) {
+    SHELLEXECUTEINFOW order = {};
+    order.cbSize = sizeof order;
+    // Handlers may go on in this thread, which need not stay or handle events.
+    order.fMask = SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
+    order.lpVerb = L"open";
+    order.lpFile = wide(target);
+    order.nShow = SW_SHOWNORMAL;
+    if (::ShellExecuteExW(&order)) return kSuccess;
+    switch (const auto answer = reinterpret_cast<INT_PTR>(order.hInstApp); answer) {
         case SE_ERR_NOASSOC:
         case SE_ERR_ASSOCINCOMPLETE:
             return kFileNotFound;
