@@ -76,7 +76,8 @@ std::optional<std::size_t> sizeOfDib(std::string_view dib) {
     const bool core = number(dib, 0) == kCoreHeader;
     const std::uint64_t width = core ? number(dib, 4, 2) : number(dib, 4);
     const std::uint32_t lines = core ? number(dib, 6, 2) : number(dib, 8);
-    const std::uint64_t height = !core && lines > INT32_MAX ? -lines : lines;  // upside down
+    const bool fromTheTop = !core && lines > INT32_MAX;  // its number of lines is negative
+    const std::uint64_t height = fromTheTop ? 0U - lines : lines;
     const std::uint32_t compression = core ? 0 : number(dib, 16);
     std::uint64_t pixels = number(dib, 20);
     if (compression == 0 || compression == kBitFields || compression == kAlphaBitFields) {
