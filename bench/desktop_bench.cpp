@@ -72,6 +72,8 @@ class Screen {
         }
         set(root_, "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, 32, windows.data(),
             windows.size());
+        for (const xcb_window_t window : {root_, windows.front()})  // which says it keeps the list
+            set(window, "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, 32, windows.data(), 1);
         take(askList());
     }
 

@@ -50,7 +50,6 @@ OrderedJson describeJson(const ClassInfo& info) {
     return {{"name", info.name},
             {"kind", kindName(info.kind)},
             {"role", info.role},
-            {"publishedMembers", info.publishedMembers},
             {"members", std::move(members)}};
 }
 

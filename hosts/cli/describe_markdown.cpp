@@ -39,10 +39,8 @@ std::string describeMarkdown(const MemberInfo& member) {
 std::string describeMarkdown(const ClassInfo& info) {
     const auto members = info.members();
     std::string text = std::string("## ") + info.name + "\n\n*" + kindName(info.kind) + " class, " +
-                       std::to_string(info.publishedMembers) + " members";
-    if (members.size() < info.publishedMembers)
-        text += ", " + std::to_string(members.size()) + " so far";
-    text.append("*: ").append(info.role).append(".\n");
+                       std::to_string(members.size()) + " members*: ";
+    text.append(info.role).append(".\n");
     if (!members.empty()) text += "\n| Member | What it does | Identifier |\n|---|---|---|\n";
     for (const MemberInfo& member : members) text += describeMarkdown(member);
     return text;

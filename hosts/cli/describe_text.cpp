@@ -11,8 +11,7 @@ std::string describeText(const MemberInfo& member) {
 std::string describeText(const ClassInfo& info) {
     const auto members = info.members();
     std::string text = std::string(info.name) + " (" + kindName(info.kind) + " class, " +
-                       std::to_string(members.size()) + " of " +
-                       std::to_string(info.publishedMembers) + " members)\n" + info.role + "\n\n";
+                       std::to_string(members.size()) + " members)\n" + info.role + "\n\n";
     for (const MemberInfo& member : members) text += describeText(member);
     return text;
 }

@@ -86,7 +86,9 @@ int openNothing() {
 class Session {
    public:
     Session() : requests_(copyOf(0), std::ios::in), answers_(copyOf(1), std::ios::out) {
-        put(openNothing(), 0);
+        const int nothing = openNothing();
+        put(nothing, 0);
+        if (nothing > 2) close(nothing);
         put(2, 1);
     }
 

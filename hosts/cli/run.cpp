@@ -48,11 +48,19 @@ registry  works on the registry; a FILE of - is standard input or output
     check                 lists what is damaged in the store, if it is the library's own
 )";
 
-void runCommand(std::span<const String> words, std::istream& in, std::ostream& out, Ports& ports) {
+/// Also has the person told why something could not be done.
+void callMember(std::span<const String> words, std::ostream& out, std::ostream& err, Ports& ports) {
+    call(words, out, ports);
+    if (const std::string reason = ports::takeReason(); !reason.empty())
+        err << "quorkit: " << reason << '\n';
+}
+
+void runCommand(std::span<const String> words, std::istream& in, std::ostream& out,
+                std::ostream& err, Ports& ports) {
     if (words.empty()) throw UsageError("a command is needed");
     const String& command = words.front();
     const auto rest = words.subspan(1);
-    if (command == u"call") return call(rest, out, ports);
+    if (command == u"call") return callMember(rest, out, err, ports);
     if (command == u"describe") return describe(rest, out);
     if (command == u"registry") return registry(rest, in, out, ports);
     if (!rest.empty()) throw UsageError(toUtf8(command) + " takes no arguments");
@@ -72,9 +80,7 @@ void runCommand(std::span<const String> words, std::istream& in, std::ostream& o
 int run(const std::vector<String>& arguments, std::istream& in, std::ostream& out,
         std::ostream& err, Ports& ports) {
     try {
-        runCommand(arguments, in, out, ports);
-        if (const std::string reason = ports::takeReason(); !reason.empty())
-            err << "quorkit: " << reason << '\n';
+        runCommand(arguments, in, out, err, ports);
         return 0;
     } catch (const UsageError& error) {
         err << "quorkit: " << error.what() << '\n' << kUsage;

@@ -5,7 +5,7 @@
 //
 // What is put on the clipboard takes the place of all that was there, in its one form: beside a
 // rich text there is no plain one. The old content is gone even where the new one cannot be put
-// there. It stays when the program ends.
+// there, unless another program puts it back. The new one stays when the program ends.
 #pragma once
 
 #include <quorkit/parameters.h>
@@ -25,7 +25,7 @@ class GQuorClipboard {
     // back as an EMF. What counts is what the bytes are, not the file's name, nor what another
     // program says they are. Of a picture in several forms a bitmap goes before a metafile.
 
-    /// Empties the clipboard and puts the picture in a file there.
+    /// Puts the picture in a file on the clipboard, or empties it when that cannot be done.
     void LoadPictureToClipboard(const String& sFileName);
     /// Writes the picture on the clipboard to a file as it is, whatever the extension says. A file
     /// of that name is deleted first, and so is lost when it then cannot be written. Nothing
@@ -33,7 +33,7 @@ class GQuorClipboard {
     void SavePictureFromClipboard(const String& sFileName);
     /// The picture on the clipboard; Nothing when there is none.
     PictureRef GetPictureFromClipboard();
-    /// Empties the clipboard and puts a picture there; Nothing leaves it empty.
+    /// Puts a picture on the clipboard; Nothing empties it.
     void SetPictureToClipboard(Unchanged<PictureRef> myPicture);
 
     // --- Texts ---

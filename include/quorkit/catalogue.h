@@ -75,7 +75,7 @@ struct ClassInfo {
     const char* name = "";
     ClassKind kind = ClassKind::Global;
     const char* role = "";
-    std::size_t publishedMembers = 0;  ///< a property's get and let count as two
+    /// One row each; a property has one for its get and one for its let.
     std::span<const MemberInfo> (*members)() = nullptr;
     /// Makes an instance over the given ports.
     ObjectRef (*create)(Ports&) = nullptr;

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
+#include <filesystem>
 #include <limits>
 #include <thread>
 
@@ -20,14 +22,28 @@ using std::chrono::steady_clock;
 
 constexpr int kSignalled = 128;
 constexpr milliseconds kBetweenLooks(5);
-constexpr int kLooksForAGroup = 100;
-constexpr milliseconds kBetweenLooksForAGroup(1);
+constexpr int kLooks = 100;
+constexpr milliseconds kBetweenLooksForOthers(1);
+
+/// Ends all processes of a session but its first one; false when there is none. A shell may have
+/// put them into groups of their own, so the groups do not tell.
+bool killOthers(pid_t session) {
+    bool any = false;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc", error)) {
+        const pid_t number = std::atoi(entry.path().filename().c_str());
+        if (number == 0 || number == session || getsid(number) != session) continue;
+        any = true;
+        ::kill(number, SIGKILL);
+    }
+    return any;
+}
 
 }  // namespace
 
 Process::Process(pid_t number, Processes::Ending ending)
     : number_(number),
-      hasGroup_(ending == Processes::Ending::WithItsGroup),
+      hasSession_(ending == Processes::Ending::WithItsGroup),
       self_(static_cast<int>(syscall(SYS_pidfd_open, number, 0))) {}
 
 bool Process::ask(int flags, siginfo_t& answer) const {
@@ -84,16 +100,15 @@ int Process::kill() const {
 ErrorCode Process::end() {
     const bool ended = look(WNOHANG);
     if (state_ == Gone) return kSuccess;  // its number may be another's by now
-    if (hasGroup_) ::kill(-number_, SIGKILL);
     if (!ended) {
         if (kill() != 0 && errno != ESRCH) return lastError();
         waitForItsEnd();
     }
+    // Not before the others have gone is its number free for another session. They end at once, but
+    // it is for the system's first process to forget them, and that may take its time.
+    for (int i = 0; hasSession_ && killOthers(number_) && i < kLooks; ++i)
+        std::this_thread::sleep_for(kBetweenLooksForOthers);
     forget();
-    // Who else is in the group ends at once, but it is for the system's first process to forget
-    // them, and that may take its time.
-    for (int i = 0; hasGroup_ && ::kill(-number_, 0) == 0 && i < kLooksForAGroup; ++i)
-        std::this_thread::sleep_for(kBetweenLooksForAGroup);
     return kSuccess;
 }
 

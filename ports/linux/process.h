@@ -41,7 +41,7 @@ class Process {
     int kill() const;
 
     pid_t number_;
-    bool hasGroup_;
+    bool hasSession_;  // of its own
     Descriptor self_;  // of the process, where the kernel gives one
     State state_ = Running;
     std::optional<Long> exitCode_;

@@ -45,57 +45,55 @@ template <class C>
 ObjectRef make(Ports& ports);
 
 template <class C>
-constexpr ClassInfo implemented(const char* name, ClassKind kind, std::size_t published,
-                                const char* role) {
-    return {name, kind, role, published, &memberRows<C>, &make<C>};
+constexpr ClassInfo publicClass(const char* name, ClassKind kind, const char* role) {
+    return {name, kind, role, &memberRows<C>, &make<C>};
 }
 
 constexpr ClassKind Global = ClassKind::Global;
 constexpr ClassKind Creatable = ClassKind::Creatable;
 
 constexpr ClassInfo kClasses[] = {
-    implemented<GQuorStrings>(
-        "GQuorStrings", Global, 28,
+    publicClass<GQuorStrings>(
+        "GQuorStrings", Global,
         "string helpers: white space, padding, replacement, digit extraction, parsing, field-name "
         "line numbers, application version strings, placeholder expansion, mail-address check"),
-    implemented<QuorCollection>(
-        "QuorCollection", Creatable, 11,
+    publicClass<QuorCollection>(
+        "QuorCollection", Creatable,
         "ordered key/value collection with index and key access, key list and clone"),
-    implemented<QuorInifile>("QuorInifile", Creatable, 19,
+    publicClass<QuorInifile>("QuorInifile", Creatable,
                              "INI file: keys, sections, bulk section content, multi-line values"),
-    implemented<GQuorRegistry>("GQuorRegistry", Global, 12,
+    publicClass<GQuorRegistry>("GQuorRegistry", Global,
                                "registry: typed values, enumeration, bulk write, deletion"),
-    implemented<QuorLogFile>("QuorLogFile", Creatable, 20,
+    publicClass<QuorLogFile>("QuorLogFile", Creatable,
                              "log file writer with levels, formats and size limit"),
-    implemented<GQuorFile>(
-        "GQuorFile", Global, 36,
+    publicClass<GQuorFile>(
+        "GQuorFile", Global,
         "path names, directory listings, drives and UNC names, file content, temporary files, "
         "dialogs, special folders, version information, shortcuts"),
-    implemented<GQuorConvert>(
-        "GQuorConvert", Global, 19,
+    publicClass<GQuorConvert>(
+        "GQuorConvert", Global,
         "conversions: Boolean/Integer, token strings to arrays and collections, language "
         "identifiers, number bases, colours, twips/pixels, tolerant number parsing"),
-    implemented<GQuorTools>(
-        "GQuorTools", Global, 15,
+    publicClass<GQuorTools>(
+        "GQuorTools", Global,
         "miscellaneous tools: element search, text-box input check, date arithmetic and "
         "holidays, sorting, delay, error report"),
-    implemented<GQuorProgram>(
-        "GQuorProgram", Global, 6,
+    publicClass<GQuorProgram>(
+        "GQuorProgram", Global,
         "running programs and waiting for them, opening URLs and mail, URL path encoding"),
-    implemented<QuorAddress>(
-        "QuorAddress", Creatable, 8,
+    publicClass<QuorAddress>(
+        "QuorAddress", Creatable,
         "address record with named attributes, postal address block, phone number formatting"),
-    implemented<GQuorWindows>(
-        "GQuorWindows", Global, 17,
+    publicClass<GQuorWindows>(
+        "GQuorWindows", Global,
         "window search and control, operating system version and language, screen geometry, "
         "form positions, wait window, about dialog"),
-    implemented<GQuorKeyboard>("GQuorKeyboard", Global, 5,
+    publicClass<GQuorKeyboard>("GQuorKeyboard", Global,
                                "state of Shift, Control and Scroll Lock keys"),
-    implemented<GQuorClipboard>("GQuorClipboard", Global, 8,
-                                "clipboard text, RTF text and pictures"),
-    implemented<QuorTesting>("QuorTesting", Creatable, 3,
+    publicClass<GQuorClipboard>("GQuorClipboard", Global, "clipboard text, RTF text and pictures"),
+    publicClass<QuorTesting>("QuorTesting", Creatable,
                              "random test data: last names, first names, organisational units"),
-    implemented<GQuorLanguage>("GQuorLanguage", Global, 0, "a class with no members"),
+    publicClass<GQuorLanguage>("GQuorLanguage", Global, "a class with no members"),
 };
 
 template <class C, class From>

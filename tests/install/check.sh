@@ -39,7 +39,7 @@ if command -v Xvfb >/dev/null; then
   export DISPLAY
   "$tree/bin/quorkit" call GQuorClipboard.SetTextToClipboard moved
   test "$("$tree/bin/quorkit" call GQuorClipboard.GetTextFromClipboard)" = moved
-  readlink /proc/[0-9]*/exe | grep -x "$helper"
+  readlink /proc/[0-9]*/exe | grep -Fx "$(readlink -f "$helper")"
 fi
 
 "$tree/bin/quorkit" list >"$work/classes"

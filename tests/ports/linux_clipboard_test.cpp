@@ -1,6 +1,7 @@
 // The clipboard of a real X server, with other programs at its other end.
 #ifndef _WIN32
 #include <gtest/gtest.h>
+#include <quorkit/GQuorClipboard.h>
 #include <quorkit/ports/clipboard.h>
 
 #include <future>
@@ -161,6 +162,21 @@ TEST_F(LinuxClipboard, OutlivesTheProgram) {
     copy("", "other");
     EXPECT_TRUE(helpersEnd());
     EXPECT_EQ(text(), u"other");
+}
+
+TEST_F(LinuxClipboard, IsNeverEmptyWhileManySetIt) {
+    std::atomic<int> empty = 0;
+    const auto setAndRead = [&] {
+        GQuorClipboard own;
+        for (int i = 0; i < 20; ++i) {
+            own.SetTextToClipboard(u"text");
+            if (own.GetTextFromClipboard().empty()) ++empty;
+        }
+    };
+    std::thread others[] = {std::thread(setAndRead), std::thread(setAndRead)};
+    setAndRead();
+    for (std::thread& one : others) one.join();
+    EXPECT_EQ(empty, 0);
 }
 
 TEST_F(LinuxClipboard, FollowsTheRules) {

@@ -176,6 +176,11 @@ TEST_F(OwnWindows, AreThoseOfTheListThatAreThere) {
     xcb_destroy_window(peer.connection.get(), gone);
     peer.put(root, peer.atom("_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW, 32,
              {first, gone, second});
+    // A list that a window manager has left behind when it died does not count.
+    const xcb_window_t keeper = make("", root);
+    peer.put(root, peer.atom("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 32, {keeper});
+    EXPECT_EQ(seen().size(), 4u);  // all of the test's own
+    peer.put(keeper, peer.atom("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 32, {keeper});
     EXPECT_EQ(seen(), (Seen{{u"second", false}, {u"first", true}}));
     windows.expect(u"WinFindWindowByPartOfTitle",
                    {{{u"s", true, true, true}, Long{0}}, {{u"s", false, true, true}, Long(first)}});

@@ -19,6 +19,7 @@
 #include "support/child.h"
 #include "support/environment.h"
 #include "support/scratch.h"
+#include "support/shell.h"
 
 namespace quorkit::test {
 namespace {
@@ -108,6 +109,10 @@ TEST_F(LinuxProcesses, EndInManyWays) {
     EXPECT_EQ(run(u"sh -c \"kill -9 $$\""), 128 + 9);
     EXPECT_EQ(run(u"sh -c \"exec <&- >&- 2>&-; sleep 0.2; exit 4\""), 4);
     Handle process = Handle::Invalid;
+    // With its time everything is over, in whatever group.
+    const String lock = scratch.name("lock");
+    EXPECT_EQ(run(u"bash -c \"set -m; flock " + lock + u" sleep 100 & sleep 100\"", 1), -9999);
+    EXPECT_EQ(outputOf("flock -n " + scratch.path("lock").string() + " echo free"), "free\n");
     processes.CreateProcessA(u"sleep 0.1", u"", Processes::Ending::WithItself, process);
     processes.CloseHandle(process);
     siginfo_t end = {};

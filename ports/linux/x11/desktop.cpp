@@ -64,13 +64,26 @@ void lookIntoFrames(Connection& connection, std::vector<AskedWindow>& windows) {
     }
 }
 
+/// Whether a window manager runs that keeps these conventions. What it has told on the root stays
+/// there when it dies.
+bool hasManager(Connection& connection) {
+    const char* const name = "_NET_SUPPORTING_WM_CHECK";
+    const auto check = [&](xcb_window_t window) {
+        const auto numbers = numbersIn(connection.property(window, name, XCB_ATOM_WINDOW, 32));
+        return numbers.empty() ? xcb_window_t{XCB_NONE} : numbers.front();
+    };
+    const xcb_window_t window = check(connection.root());
+    return window != XCB_NONE && check(window) == window;
+}
+
 /// All top-level windows, the topmost first.
 std::vector<AskedWindow> topLevelWindows(Connection& connection, AskedWindow::Asked asked) {
     std::vector<std::uint32_t> listed = numbersIn(
         connection.property(connection.root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, 32));
     std::ranges::reverse(listed);
-    if (!listed.empty() ||
-        lists(connection, connection.root(), "_NET_SUPPORTED", "_NET_CLIENT_LIST_STACKING"))
+    if (hasManager(connection) &&
+        (!listed.empty() ||
+         lists(connection, connection.root(), "_NET_SUPPORTED", "_NET_CLIENT_LIST_STACKING")))
         return askAll(connection, listed, asked);
     // Nobody keeps a list: the windows are the root's children, or stand in frames that are.
     listed = childrenIn(connection, xcb_query_tree(connection.get(), connection.root()));
@@ -79,6 +92,7 @@ std::vector<AskedWindow> topLevelWindows(Connection& connection, AskedWindow::As
     lookIntoFrames(connection, found);
     return found;
 }
+
 WindowHandle handleOf(xcb_window_t window) {
     return static_cast<WindowHandle>(window);
 }
@@ -141,7 +155,7 @@ String NativeDesktop::GetWindowTextA(WindowHandle window) {
 
 bool NativeDesktop::SetWindowPos(WindowHandle window, bool topmost) {
     const Connection::Lease connection = connected();
-    if (connection == nullptr || !exists(*connection, window) ||
+    if (connection == nullptr || !exists(*connection, window) || !hasManager(*connection) ||
         !lists(*connection, connection->root(), "_NET_SUPPORTED", "_NET_WM_STATE_ABOVE"))
         return false;
     constexpr std::uint32_t byApplication = 1;

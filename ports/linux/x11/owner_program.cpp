@@ -21,7 +21,8 @@ namespace fs = std::filesystem;
 constexpr const char* kName = "quorkit-clipboard";
 
 bool isProgram(const fs::path& file) {
-    return access(file.c_str(), X_OK) == 0;
+    std::error_code error;
+    return fs::is_regular_file(file, error) && access(file.c_str(), X_OK) == 0;
 }
 
 /// Whether nobody but this user and root can have put a file there. No link, which may be
@@ -64,7 +65,9 @@ bool startOwner(ClipboardFormat format, const std::string& content) {
     const auto result =
         disk::runTool({program().string(), std::to_string(static_cast<int>(format))}, file.get());
     const bool owns = result.output == std::string(1, kOwns);
-    if (!owns) giveReason(std::string("the program ") + kName + " is not there, or does not work");
+    if (!owns)
+        giveReason(std::string("the program ") + kName +
+                   " is not there, or could not put the content there");
     return owns;
 }
 

@@ -27,6 +27,8 @@ SelectionOwner::SelectionOwner(Connection& connection, std::vector<Offer> offers
 
 void SelectionOwner::serve() {
     if (owns_) handToManager();
+    // Also what somebody has asked who was there before the next owner.
+    while (const EventPtr event = connection_.nextEvent(Deadline::min())) handle(event);
     while ((owns_ || !pieces_.done()) && !connection_.isBroken()) {
         if (const EventPtr event = connection_.nextEvent(pieces_.nextCheck())) handle(event);
         pieces_.forgetIdle();

@@ -1,5 +1,5 @@
 // Owning the clipboard: answering those who ask for its content. Source: ICCCM 2, and the
-// ClipboardManager specification of freedesktop.org.
+// ClipboardManager of freedesktop.org.
 #pragma once
 
 #include <memory>

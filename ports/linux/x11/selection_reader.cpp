@@ -20,7 +20,6 @@ SelectionReader::SelectionReader(Connection& connection)
       window_(connection),
       selection_(connection.atom("CLIPBOARD")),
       property_(connection.atom("QUORKIT_SELECTION")),
-      time_(window_.serverTime()),
       start_(steady_clock::now()) {
     const auto cookie = xcb_get_selection_owner(connection_.get(), selection_);
     const auto owner = replyTo(connection_, cookie, xcb_get_selection_owner_reply);
@@ -35,7 +34,9 @@ std::optional<std::vector<xcb_atom_t>> SelectionReader::offered() {
 
 std::optional<Delivery> SelectionReader::ask(xcb_atom_t target) {
     if (givenUp_) return {};
-    xcb_convert_selection(connection_.get(), window_.id(), selection_, target, property_, time_);
+    // With a time, one who owns it only since then would refuse.
+    xcb_convert_selection(connection_.get(), window_.id(), selection_, target, property_,
+                          XCB_CURRENT_TIME);
     if (!answered()) return {};
     auto delivery = take();
     if (!delivery || delivery->type != connection_.atom("INCR")) return delivery;

@@ -38,7 +38,6 @@ class SelectionReader {
     HiddenWindow window_;
     xcb_atom_t selection_;
     xcb_atom_t property_;
-    xcb_timestamp_t time_;
     Deadline start_;
     std::size_t taken_ = 0;
     bool givenUp_;
