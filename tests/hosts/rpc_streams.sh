@@ -1,13 +1,15 @@
 #!/bin/sh
-# rpc_streams.sh QUORKIT: what a member starts takes no request from a session and puts nothing
-# among its answers.
+# rpc_streams.sh [EMULATOR...] QUORKIT: what a member starts takes no request from a session and puts
+# nothing among its answers.
 set -eu
+child='sh -c \"cat; echo hello; exit 3\"'
+[ $# = 1 ] || child='cmd /c \"echo hello & exit 3\"'
 invoke() {
   printf '{"jsonrpc":"2.0","id":%s,"method":"invoke","params":{"class":"%s","member":"%s","args":["%s"]}}\n' "$@"
 }
 answers=$({
-  invoke 1 GQuorProgram ExecuteAndWaitEx 'sh -c \"cat; echo hello; exit 3\"'
+  invoke 1 GQuorProgram ExecuteAndWaitEx "$child"
   invoke 2 GQuorTools isHex 1F
-} | "$1" rpc 2>/dev/null | sed 's/.*"result":\([^}]*\)}}/\1/')
+} | "$@" rpc 2>/dev/null | sed 's/.*"result":\([^}]*\)}}/\1/')
 [ "$answers" = "3
 true" ] || { echo "wrong answers: $answers"; exit 1; }
