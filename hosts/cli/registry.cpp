@@ -61,9 +61,7 @@ void exportKey(const String& name, const String& file, std::ostream& out, Ports&
         out << content;
         if (!out.flush()) throw Failure("standard output: cannot be written");
     } else {
-        LockedFile locked(ports.files, file);
-        expectSuccess(locked.status(), file);
-        expectSuccess(locked.replace(content), file);
+        expectSuccess(writeWholeFile(ports.files, file, content), file);
     }
     // What was deleted meanwhile is not missing.
     if (result.code != kSuccess && result.code != kFileNotFound)

@@ -55,8 +55,16 @@ ErrorCode FaultyFiles::GetFinalPathNameA(const String& name, String& target) {
 ErrorCode FaultyFiles::LockFileA(const String& name, Handle& handle, Wait wait) {
     return due("LockFileA") ? code_ : inner_.LockFileA(name, handle, wait);
 }
-ErrorCode FaultyFiles::ReplaceFileA(const String& name, const String& replacement, Wait wait) {
-    return due("ReplaceFileA") ? code_ : inner_.ReplaceFileA(name, replacement, wait);
+ErrorCode FaultyFiles::CreateReplacement(Handle lock, const String& beside, Handle& file) {
+    return due("CreateReplacement") ? code_ : inner_.CreateReplacement(lock, beside, file);
+}
+ErrorCode FaultyFiles::ReplaceFileA(Handle lock, Handle file, Wait wait) {
+    return due("ReplaceFileA") ? code_ : inner_.ReplaceFileA(lock, file, wait);
+}
+ErrorCode FaultyFiles::WriteInPlace(Handle lock, std::string_view content) {
+    if (!due("WriteInPlace")) return inner_.WriteInPlace(lock, content);
+    if (code_ != kSuccess) inner_.WriteInPlace(lock, content.substr(0, content.size() / 2));
+    return code_;
 }
 ErrorCode FaultyFiles::FlushFolderOf(const String& name) {
     return due("FlushFolderOf") ? code_ : inner_.FlushFolderOf(name);

@@ -2,7 +2,6 @@
 #include "native/files.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include "linux/calls.h"
@@ -23,15 +22,15 @@ std::time_t seconds() {
 
 /// A disk that was full took a part of what was to be added: takes it back, if nobody else has the
 /// file open for adding, who might have added something behind it.
-void takeBack(const Opened& file, off_t count) {
+void takeBack(Opened& file, off_t count) {
     struct stat about = {};
-    if (lock(file.descriptor, LOCK_EX | LOCK_NB) == kSuccess &&
+    if (flock(file.descriptor, LOCK_EX | LOCK_NB) == 0 &&
         fstat(file.descriptor, &about) == 0 && about.st_size == lseek(file.descriptor, 0, SEEK_CUR))
         static_cast<void>(ftruncate(file.descriptor, about.st_size - count) == 0);
-    if (file.access == FileAccess::Append) lock(file.descriptor, LOCK_SH);
+    if (file.access == FileAccess::Append) file.lock(LOCK_SH);
 }
 
-ErrorCode add(const Opened& file, std::string_view bytes) {
+ErrorCode add(Opened& file, std::string_view bytes) {
     const ssize_t result =
         unlessInterrupted([&] { return write(file.descriptor, bytes.data(), bytes.size()); });
     if (result == -1) return lastError();
@@ -52,9 +51,9 @@ ErrorCode whileNamed(Opened& file, Change change) {
         return change();
     }
     // Where a file system has no locks, nobody replaces its files under one.
-    lock(file.descriptor, LOCK_SH);
+    file.lock(LOCK_SH);
     const ErrorCode code = file.keepsItsName() ? change() : kFileReplaced;
-    lock(file.descriptor, LOCK_UN);
+    file.unlock();
     return code;
 }
 
@@ -77,11 +76,10 @@ ErrorCode openToAdd(Opened& file) {
         if (code == kAccessDenied) code = openOrMake(file, O_WRONLY);
         if (code != kSuccess) return code;
         if (!writableByAnyone(file.about)) return kAccessDenied;
-        if (file.access == FileAccess::Append) lock(file.descriptor, LOCK_SH);
+        if (file.access == FileAccess::Append) file.lock(LOCK_SH);
         file.lastLook = seconds();
         if (file.keepsItsName()) return kSuccess;
-        close(file.descriptor);  // it was replaced before it was locked
-        file.descriptor = -1;
+        file.close();  // it was replaced before it was locked
     }
 }
 
@@ -154,13 +152,8 @@ ErrorCode NativeFiles::FlushFileBuffers(Handle handle) {
 
 ErrorCode NativeFiles::CloseHandle(Handle handle) {
     const std::unique_ptr<Opened> file(&openedOf(handle));
-    struct stat about = {};
-    if (file->madeByLock && fstat(file->descriptor, &about) == 0 && about.st_size == 0 &&
-        file->keepsItsName())
-        unlink(file->path.c_str());
-    const int descriptor = file->descriptor;
-    file->descriptor = -1;
-    return resultOf(close(descriptor));
+    if (file->forWork && file->keepsItsName()) unlink(file->path.c_str());
+    return file->close();
 }
 
 }  // namespace quorkit

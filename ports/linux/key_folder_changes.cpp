@@ -8,7 +8,9 @@
 #include "linux/calls.h"
 #include "linux/folder_names.h"
 #include "linux/key_folder.h"
+#include "linux/lock.h"
 #include "linux/opened.h"
+#include "linux/rights.h"
 
 namespace quorkit::disk {
 namespace {
@@ -54,20 +56,18 @@ ErrorCode writeAll(int file, std::string_view text) {
     return kSuccess;
 }
 
-/// Puts `text` in the place of the file of values, which is `old` unless it is null.
-ErrorCode replaceValues(const std::string& folder, int inside, const struct stat* old,
-                        std::string_view text, mode_t rights) {
+/// Puts `text` in the place of the file of values, which is `old` if there is one.
+ErrorCode replaceValues(int inside, const Descriptor& old, std::string_view text, mode_t rights) {
     if (text.size() > kLargestKeyFile) return kDiskFull;
     if (unlinkat(inside, kNewValues, 0) != 0 && errno != ENOENT) return lastError();
-    Opened file;
-    file.descriptor = makeFile(inside, kNewValues, rights).release();
-    if (file.descriptor == -1 || fstat(file.descriptor, &file.about) != 0) return keyError();
-    ErrorCode code = old == nullptr ? kSuccess : copyRights(beneath(folder, kValues), *old, file);
-    if (code == kSuccess) code = writeAll(file.descriptor, text);
+    Descriptor file = makeFile(inside, kNewValues, rights);
+    if (!file) return keyError();
+    ErrorCode code = old ? copyRights(old.get(), file.get()) : kSuccess;
+    if (code == kSuccess) code = writeAll(file.get(), text);
     // Nobody waits for the disk, but the content shall not be the last to get there; and some disks
     // tell only at the end that it did not fit.
-    if (code == kSuccess) sync_file_range(file.descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
-    if (close(std::exchange(file.descriptor, -1)) != 0 && code == kSuccess) code = lastError();
+    if (code == kSuccess) sync_file_range(file.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
+    if (close(file.release()) != 0 && code == kSuccess) code = lastError();
     if (code == kSuccess && renameat(inside, kNewValues, inside, kValues) != 0) code = keyError();
     if (code != kSuccess) unlinkat(inside, kNewValues, 0);
     return code;
@@ -118,17 +118,11 @@ StoreLock::StoreLock(const std::string& root) {
         file_ = Descriptor(openat(folder.get(), kLock, O_RDWR | O_NOFOLLOW | kQuietly));
         if (!file_ && errno == ENOENT) file_ = makeFile(folder.get(), kLock, ownersOnly);
     } while (!file_ && errno == EEXIST);
-    struct flock whole = {};
-    whole.l_type = F_WRLCK;
-    if (!file_ || unlessInterrupted([&] { return fcntl(file_.get(), F_OFD_SETLKW, &whole); }) != 0)
-        status_ = keyError();
+    status_ = file_ ? lock(file_.get(), LOCK_EX) : keyError();
 }
 
 StoreLock::~StoreLock() {
-    // A child that was forked meanwhile has the file open too.
-    struct flock whole = {};
-    whole.l_type = F_UNLCK;
-    if (file_) fcntl(file_.get(), F_OFD_SETLK, &whole);
+    if (file_) unlock(file_.get());
 }
 
 ErrorCode changeKeyFile(const std::string& folder, Rights rights,
@@ -147,7 +141,7 @@ ErrorCode changeKeyFile(const std::string& folder, Rights rights,
     KeyFile file(text);
     const ErrorCode code = edit(file);
     if (code != kSuccess || file.text() == text) return code;
-    return replaceValues(folder, inside.get(), old ? &about : nullptr, file.text(), rights.file);
+    return replaceValues(inside.get(), old, file.text(), rights.file);
 }
 
 ErrorCode makeKeyFolder(const std::string& parent, const String& name, Rights rights) {

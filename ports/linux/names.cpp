@@ -120,6 +120,14 @@ void appendAsThere(const std::vector<StringView>& components, std::string& path)
     }
 }
 
+/// Whether a link, whose status is `link`, may be followed.
+bool mayFollow(const std::string& path, const struct stat& link) {
+    struct stat folder = {};
+    if (link.st_uid == geteuid() || stat(folderOf(path).c_str(), &folder) != 0) return true;
+    constexpr mode_t everyones = S_ISVTX | S_IWOTH;
+    return (folder.st_mode & everyones) != everyones || folder.st_uid == link.st_uid;
+}
+
 }  // namespace
 
 ErrorCode pathOf(const String& name, std::string& path) {
@@ -162,6 +170,31 @@ String nameOf(std::string_view path) {
     }
     std::ranges::replace(name, u'/', u'\\');
     return name;
+}
+
+ErrorCode finalPath(std::string& path) {
+    namespace fs = std::filesystem;
+    constexpr int mostLinks = 40;  // as many as the kernel follows
+    std::error_code error;
+    for (int followed = 0; followed <= mostLinks; ++followed) {
+        struct stat about = {};
+        if (lstat(path.c_str(), &about) != 0 || !S_ISLNK(about.st_mode)) {
+            const fs::path existing = fs::canonical(path, error);
+            if (!error) {
+                path = existing.native();
+                return kSuccess;
+            }
+            const fs::path folder = fs::canonical(folderOf(path), error);
+            if (error) return kPathNotFound;
+            path = folder / fs::path(path).filename();
+            return kSuccess;
+        }
+        if (!mayFollow(path, about)) return kAccessDenied;
+        const fs::path link = fs::read_symlink(path, error);
+        if (error) return kPathNotFound;
+        path = fs::path(path).parent_path() / link;
+    }
+    return kInvalidName;
 }
 
 std::string folderOf(const std::string& path) {

@@ -27,6 +27,12 @@ String nameOf(std::string_view path);
 /// It begins as such names do on Windows, and needs no look at the mounts.
 String literalNameOf(const std::string& path);
 
+/// Follows every link that `path` leads through. The last component need not exist. A link that
+/// another user has put into a folder where everyone may put files (a sticky one that all may
+/// write) is kAccessDenied, as its owner chooses where it leads; the rule of the kernel's
+/// protected_symlinks, which does not hold on every system.
+ErrorCode finalPath(std::string& path);
+
 /// The folder that a path stands in; "." when it names none.
 std::string folderOf(const std::string& path);
 

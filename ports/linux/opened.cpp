@@ -1,41 +1,48 @@
 #include "linux/opened.h"
 
-#include <sys/file.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <thread>
+#include <utility>
 
 #include "linux/calls.h"
+#include "linux/names.h"
 
 namespace quorkit::disk {
-namespace {
-
-/// The kernel has no wait of that kind.
-ErrorCode lockBriefly(int descriptor, int kind) {
-    constexpr auto step = std::chrono::microseconds(50);
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(100);
-    while (flock(descriptor, kind | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR) return lastError();
-        if (std::chrono::steady_clock::now() > end) return kLockViolation;
-        std::this_thread::sleep_for(step);
-    }
-    return kSuccess;
-}
-
-}  // namespace
-
-Opened::~Opened() {
-    if (descriptor != -1) close(descriptor);
-}
 
 ErrorCode Opened::openRegular(int flags) {
-    descriptor = unlessInterrupted([&] { return open(path.c_str(), flags | kQuietly, 0666); });
+    const auto openAt = [&](const std::string& place, int more) {
+        return unlessInterrupted([&] { return open(place.c_str(), flags | kQuietly | more, 0666); });
+    };
+    if ((flags & O_ACCMODE) == O_RDONLY) {
+        descriptor = openAt(path, 0);
+    } else {
+        descriptor = openAt(path, O_NOFOLLOW);
+        if (descriptor == -1 && errno == ELOOP) {
+            std::string target = path;
+            if (const ErrorCode code = finalPath(target)) return code;
+            descriptor = openAt(target, O_NOFOLLOW);
+        }
+    }
     if (descriptor == -1) return lastErrorAt(path);
     if (fstat(descriptor, &about) == 0 && S_ISREG(about.st_mode)) return kSuccess;
-    close(descriptor);
-    descriptor = -1;
+    close();
     return kAccessDenied;
+}
+
+ErrorCode Opened::lock(int kind, Wait wait) {
+    locked = true;
+    return disk::lock(descriptor, kind, wait);
+}
+
+void Opened::unlock() {
+    if (locked) disk::unlock(descriptor);
+    locked = false;
+}
+
+ErrorCode Opened::close() {
+    if (descriptor == -1) return kSuccess;
+    unlock();
+    return resultOf(::close(std::exchange(descriptor, -1)));
 }
 
 bool Opened::keepsItsName() const {
@@ -44,13 +51,16 @@ bool Opened::keepsItsName() const {
            now.st_ino == about.st_ino;
 }
 
-bool writableByAnyone(const struct stat& file) {
-    return (file.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0;
+bool Opened::isAsItWas() const {
+    struct stat now = {};
+    return stat(path.c_str(), &now) == 0 && now.st_dev == about.st_dev &&
+           now.st_ino == about.st_ino && now.st_size == about.st_size &&
+           now.st_mtim.tv_sec == about.st_mtim.tv_sec &&
+           now.st_mtim.tv_nsec == about.st_mtim.tv_nsec;
 }
 
-ErrorCode lock(int descriptor, int kind, Wait wait) {
-    if (wait == Wait::Briefly) return lockBriefly(descriptor, kind);
-    return resultOf(unlessInterrupted([&] { return flock(descriptor, kind); }));
+bool writableByAnyone(const struct stat& file) {
+    return (file.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0;
 }
 
 }  // namespace quorkit::disk

@@ -9,26 +9,35 @@
 #include <memory>
 #include <string>
 
+#include "linux/lock.h"
+
 namespace quorkit::disk {
 
-/// An open file, or a lock on one. Its end closes it.
+/// An open file, or the lock on one that is there or not. Its end unlocks and closes it.
 struct Opened {
     int descriptor = -1;
     FileAccess access = FileAccess::Read;
     std::string path;
-    struct stat about = {};    ///< as it was when it was opened
+    struct stat about = {};    ///< as it was when it was opened; of a lock, when it was locked
     std::time_t lastLook = 0;  ///< when its name was looked at, see keepsItsName
-    bool madeByLock = false;   ///< a lock takes the file it made away again if nobody filled it
+    bool locked = false;       ///< whether `lock` has been called
+    bool forWork = false;      ///< of a replacement: whether it stands at `path`
 
     Opened() = default;
-    ~Opened();
+    ~Opened() { close(); }
     Opened(const Opened&) = delete;
     Opened& operator=(const Opened&) = delete;
 
-    /// Opens a regular file at `path` with flags of open(2).
+    /// Opens a regular file at `path` with flags of open(2). To be written it is not opened through
+    /// another user's link, see finalPath.
     ErrorCode openRegular(int flags);
+    ErrorCode lock(int kind, Wait wait = Wait::Patiently);
+    void unlock();
+    ErrorCode close();
     /// Whether `path` leads to this file now.
     bool keepsItsName() const;
+    /// Whether it does, and nobody has written to it since `about`.
+    bool isAsItWas() const;
 };
 
 inline Opened& openedOf(Handle handle) {
@@ -43,13 +52,5 @@ inline constexpr int kQuietly = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
 
 /// Without any write permission a file counts as read-only even for the superuser.
 bool writableByAnyone(const struct stat& file);
-
-/// Gives `file` the owner, rights and extended attributes of the file `old` at `path`. A failure
-/// may leave some given.
-ErrorCode copyRights(const std::string& path, const struct stat& old, const Opened& file);
-
-/// Locks of flock(2): they lie on the file itself, so they die with the process and leave nothing
-/// behind.
-ErrorCode lock(int descriptor, int kind, Wait wait = Wait::Forever);
 
 }  // namespace quorkit::disk

@@ -1,130 +1,175 @@
 // Changing a file whole on Linux.
-#include <sys/file.h>
-#include <sys/xattr.h>
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <filesystem>
 
 #include "linux/calls.h"
 #include "linux/names.h"
 #include "linux/opened.h"
+#include "linux/rights.h"
 #include "native/files.h"
 
 namespace quorkit {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace disk;
 
-/// Gives `file` the extended attributes of the file at `path`, access lists among them, as far as
-/// the system allows it.
-void copyAttributes(const std::string& path, int file) {
-    const ssize_t length = listxattr(path.c_str(), nullptr, 0);
-    if (length <= 0) return;
-    std::string names(static_cast<std::size_t>(length), '\0');
-    if (listxattr(path.c_str(), names.data(), names.size()) != length) return;
-    for (std::size_t at = 0; at < names.size(); at = names.find('\0', at) + 1) {
-        const char* name = names.c_str() + at;
-        const ssize_t size = getxattr(path.c_str(), name, nullptr, 0);
-        if (size < 0) continue;
-        std::string value(static_cast<std::size_t>(size), '\0');
-        if (getxattr(path.c_str(), name, value.data(), value.size()) == size)
-            static_cast<void>(fsetxattr(file, name, value.data(), value.size(), 0) == 0);
-    }
+/// Whether files may be made in the folder of `path`.
+ErrorCode mayMakeBeside(const std::string& path) {
+    const std::string folder = folderOf(path);
+    struct stat about = {};
+    if (stat(folder.c_str(), &about) != 0) return errno == ENOENT ? kPathNotFound : lastError();
+    const bool may = writableByAnyone(about) &&
+                     faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+    return may ? kSuccess : kAccessDenied;
 }
 
-/// Opens the file to lock, and makes it when there is none.
-ErrorCode openToLock(Opened& file) {
-    for (;;) {
-        ErrorCode code = file.openRegular(O_RDWR);
-        if (code != kFileNotFound) return code;
-        code = file.openRegular(O_RDWR | O_CREAT | O_EXCL);
-        file.madeByLock = code == kSuccess;
-        if (code != kFileExists) return code;
-        // Another process was quicker, or it is a link that leads nowhere.
-        std::error_code error;
-        if (fs::is_symlink(file.path, error)) return kInvalidName;
+/// Where the kernel shows an open file that may have no name.
+std::string placeOf(const Opened& file) {
+    return "/proc/self/fd/" + std::to_string(file.descriptor);
+}
+
+/// Gives a file without a name that one; false and EEXIST when it is taken.
+bool giveName(const Opened& file, const std::string& path) {
+    return linkat(AT_FDCWD, placeOf(file).c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
+}
+
+/// Makes a file without a name in a folder, so that nothing is left of it if this process dies.
+bool makeNameless(Opened& file, const std::string& folder, mode_t rights) {
+    // A program with other rights than its caller's may not look there, and could not name it.
+    if (faccessat(AT_FDCWD, "/proc/self/fd", X_OK, AT_EACCESS) != 0) return false;
+    file.descriptor = unlessInterrupted(
+        [&] { return open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, rights); });
+    return file.descriptor != -1;
+}
+
+/// Moves `path` to `name` unless that is taken; false and EEXIST when it is.
+bool moveToFreeName(const std::string& path, const std::string& name) {
+    if (renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, name.c_str(), RENAME_NOREPLACE) == 0)
+        return true;
+    // Not every file system can do that.
+    return errno == EINVAL && link(path.c_str(), name.c_str()) == 0 && unlink(path.c_str()) == 0;
+}
+
+/// Has `make` put a file at its path, or at one with a number behind where that is taken.
+template <class Make>
+ErrorCode atFreePath(Opened& file, Make make) {
+    constexpr int mostNumbers = 100;
+    const std::string wanted = file.path;
+    for (int number = 0; number <= mostNumbers; ++number) {
+        if (number > 0) file.path = wanted + '-' + std::to_string(number);
+        file.forWork = make();
+        if (file.forWork) return kSuccess;
+        if (errno != EEXIST) return lastErrorAt(file.path);
+        // Left by a process that died. Another user's, in a sticky folder, stays.
+        file.forWork = unlink(file.path.c_str()) == 0 && make();
+        if (file.forWork) return kSuccess;
     }
+    return kFileExists;
 }
 
 }  // namespace
 
-ErrorCode disk::copyRights(const std::string& path, const struct stat& old, const Opened& file) {
-    const struct stat& mine = file.about;
-    if (mine.st_uid != old.st_uid || mine.st_gid != old.st_gid) {
-        if (mine.st_uid != geteuid()) return kAccessDenied;  // not the file that we have made
-        if (fchown(file.descriptor, old.st_uid, old.st_gid) != 0 && mine.st_gid != old.st_gid &&
-            fchown(file.descriptor, mine.st_uid, old.st_gid) != 0)
-            return lastError();
-    }
-    if (fchmod(file.descriptor, old.st_mode & 07777) != 0) return lastError();
-    copyAttributes(path, file.descriptor);
-    return kSuccess;
-}
-
 ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
     std::string path;
-    if (const ErrorCode code = pathOf(name, path)) return code;
-    std::error_code error;
-    const fs::path existing = fs::canonical(path, error);
-    if (!error) {
-        target = literalNameOf(existing.native());
-        return kSuccess;
-    }
-    constexpr int kMostLinks = 40;  // as many as the kernel follows
-    for (int followed = 0; followed <= kMostLinks; ++followed) {
-        const fs::path link = fs::read_symlink(path, error);
-        if (error) {
-            const fs::path folder = fs::canonical(folderOf(path), error);
-            if (error) return kPathNotFound;
-            target = literalNameOf(folder / fs::path(path).filename());
-            return kSuccess;
-        }
-        path = fs::path(path).parent_path() / link;
-    }
-    return kInvalidName;
+    ErrorCode code = pathOf(name, path);
+    if (code == kSuccess) code = finalPath(path);
+    if (code == kSuccess) target = literalNameOf(path);
+    return code;
 }
 
-ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle, Wait wait) {
+ErrorCode NativeFiles::LockFileA(const String& name, Handle& lock, Wait wait) {
     std::string path;
     if (const ErrorCode code = pathOf(name, path)) return code;
-    const std::string folder = folderOf(path);
-    struct stat about = {};
-    if (stat(folder.c_str(), &about) != 0) return errno == ENOENT ? kPathNotFound : lastError();
-    if (!writableByAnyone(about) ||
-        faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0)
-        return kAccessDenied;
     for (;;) {
-        auto file = std::make_unique<Opened>();
-        file->path = path;
-        ErrorCode code = openToLock(*file);
-        if (code == kSuccess && !writableByAnyone(file->about)) code = kAccessDenied;
-        if (code == kSuccess) code = lock(file->descriptor, LOCK_EX, wait);
+        auto held = std::make_unique<Opened>();
+        held->path = path;
+        ErrorCode code = held->openRegular(O_RDWR);
+        if (code == kFileNotFound) {
+            // There is nothing to lock. Whoever else makes it first wins, see ReplaceFileA.
+            code = mayMakeBeside(path);
+            if (code == kSuccess) lock = handOut(std::move(held));
+            return code;
+        }
+        if (code == kSuccess && !writableByAnyone(held->about)) code = kAccessDenied;
+        if (code == kSuccess) code = held->lock(LOCK_EX, wait);
         if (code != kSuccess) return code;
-        if (file->keepsItsName()) {
-            handle = handOut(std::move(file));
+        if (fstat(held->descriptor, &held->about) == 0 && held->keepsItsName()) {
+            lock = handOut(std::move(held));
             return kSuccess;
         }
         // While this process waited, the holder replaced or removed the file it had locked.
     }
 }
 
-ErrorCode NativeFiles::ReplaceFileA(const String& name, const String& replacement, Wait) {
-    std::string to;
-    Opened from;
-    if (const ErrorCode code = pathOf(name, to)) return code;
-    if (const ErrorCode code = pathOf(replacement, from.path)) return code;
-    // Whoever may write in the folder could put another file in its place at any time.
-    if (const ErrorCode code = from.openRegular(O_RDONLY | O_NOFOLLOW)) return code;
-    if (from.about.st_nlink != 1) return kAccessDenied;
-    struct stat old = {};
-    if (stat(to.c_str(), &old) == 0) {
-        if (const ErrorCode code = copyRights(to, old, from)) return code;
-    } else if (errno != ENOENT) {
-        return lastError();
+ErrorCode NativeFiles::CreateReplacement(Handle lock, const String& beside, Handle& file) {
+    const Opened& held = openedOf(lock);
+    auto made = std::make_unique<Opened>();
+    made->access = FileAccess::CreateNew;
+    if (const ErrorCode code = pathOf(beside, made->path)) return code;
+    if (const ErrorCode code = mayMakeBeside(made->path)) return code;
+    // A new file gets the rights that the process gives to new files, another one those of the old.
+    const mode_t rights = held.descriptor == -1 ? 0666 : 0600;
+    ErrorCode code = kSuccess;
+    if (!makeNameless(*made, folderOf(made->path), rights))
+        code = atFreePath(*made, [&] {
+            constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+            made->descriptor = open(made->path.c_str(), flags, rights);
+            return made->descriptor != -1;
+        });
+    if (code == kSuccess && fstat(made->descriptor, &made->about) != 0) code = lastError();
+    if (code == kSuccess) file = handOut(std::move(made));
+    return code;
+}
+
+ErrorCode NativeFiles::ReplaceFileA(Handle lock, Handle file, Wait) {
+    const Opened& held = openedOf(lock);
+    Opened& made = openedOf(file);
+    // Whoever may write in the folder could have put another file in its place.
+    if (made.forWork && !made.keepsItsName()) return kAccessDenied;
+    if (held.descriptor == -1) {
+        const bool done = made.forWork ? moveToFreeName(made.path, held.path)
+                                       : giveName(made, held.path);
+        if (!done) return errno == EEXIST ? kFileReplaced : lastErrorAt(held.path);
+    } else {
+        if (!held.isAsItWas()) return kFileReplaced;
+        if (const ErrorCode code = copyRights(held.descriptor, made.descriptor)) return code;
+        if (!made.forWork)
+            if (const ErrorCode code = atFreePath(made, [&] { return giveName(made, made.path); }))
+                return code;
+        if (rename(made.path.c_str(), held.path.c_str()) != 0)
+            return errno == EBUSY ? kAccessDenied : lastErrorAt(held.path);
     }
-    if (!from.keepsItsName()) return kAccessDenied;
-    return resultOf(rename(from.path.c_str(), to.c_str()));
+    made.forWork = false;
+    return kSuccess;
+}
+
+ErrorCode NativeFiles::WriteInPlace(Handle lock, std::string_view content) {
+    Opened& held = openedOf(lock);
+    if (held.descriptor == -1) return kFileNotFound;
+    if (!held.isAsItWas()) return kFileReplaced;
+    const auto size = static_cast<off_t>(content.size());
+    ErrorCode code = kSuccess;
+    // Room first, so that a full disk leaves the old content. Not every file system can do that.
+    if (size > held.about.st_size && fallocate(held.descriptor, FALLOC_FL_KEEP_SIZE, 0, size) != 0 &&
+        lastError() == kDiskFull) {
+        static_cast<void>(ftruncate(held.descriptor, held.about.st_size) == 0);
+        return kDiskFull;
+    }
+    for (off_t at = 0; code == kSuccess && at < size;) {
+        const auto put = unlessInterrupted([&] {
+            return pwrite(held.descriptor, content.data() + at, content.size() - std::size_t(at),
+                          at);
+        });
+        if (put == -1) code = lastError();
+        at += put;
+    }
+    if (code == kSuccess) code = resultOf(ftruncate(held.descriptor, size));
+    if (code == kSuccess) code = resultOf(fsync(held.descriptor));
+    static_cast<void>(fstat(held.descriptor, &held.about) == 0);
+    return code;
 }
 
 ErrorCode NativeFiles::FlushFolderOf(const String& name) {

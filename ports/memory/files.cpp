@@ -19,7 +19,7 @@ bool forAdding(FileAccess access) {
 
 MemoryFiles::State::Opened* MemoryFiles::State::find(Handle handle) {
     const auto found = opened.find(std::intptr_t(handle));
-    return found == opened.end() || found->second.item == nullptr ? nullptr : &found->second;
+    return found == opened.end() || found->second.lock ? nullptr : &found->second;
 }
 
 Handle MemoryFiles::State::handOut(Opened file) {

@@ -18,12 +18,16 @@ namespace quorkit {
 /// `mutex` guards all of it; `released` is told whenever a lock or a file open for adding is given
 /// back.
 struct MemoryFiles::State {
-    /// Behind a handle: a file, or a lock, which has no item.
+    /// Behind a handle: a file, or the lock on one, of which it has the item and the size that it
+    /// had then.
     struct Opened {
         std::shared_ptr<memory::Item> item;
         FileAccess access = FileAccess::Read;
         memory::Key key;
         std::uint64_t position = 0;
+        bool lock = false;
+        String name = {};      ///< of a lock; of a replacement the one for work
+        std::size_t size = 0;
     };
     struct Search {
         std::vector<FindData> entries;
@@ -42,6 +46,10 @@ struct MemoryFiles::State {
 
     /// Null for what is no open file.
     Opened* find(Handle handle);
+    /// Null for what is no lock.
+    Opened* findLock(Handle handle);
+    /// Finds the file that is locked; kFileReplaced when it is not the same as it was then.
+    ErrorCode findLocked(const Opened& lock, memory::Place& place);
     Handle handOut(Opened file);
     /// Follows links to where a file stands or could stand; kAccessDenied for a folder.
     ErrorCode findFile(const String& name, memory::Place& place);

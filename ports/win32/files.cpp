@@ -11,6 +11,23 @@ namespace quorkit {
 
 using namespace win32;
 
+ErrorCode win32::cutAt(HANDLE file, std::uint64_t size) {
+    FILE_END_OF_FILE_INFO end = {};
+    end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
+    return resultOf(::SetFileInformationByHandle(file, FileEndOfFileInfo, &end, sizeof end));
+}
+
+ErrorCode win32::writeAll(HANDLE file, std::string_view bytes, OVERLAPPED* place) {
+    while (!bytes.empty()) {
+        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1u << 30));
+        DWORD written = 0;
+        if (!::WriteFile(file, bytes.data(), wanted, &written, place)) return lastError();
+        if (written == 0) return kDiskFull;
+        bytes.remove_prefix(written);
+    }
+    return kSuccess;
+}
+
 namespace {
 
 ErrorCode open(const String& name, DWORD access, DWORD how, HANDLE& file) {
@@ -78,24 +95,6 @@ ErrorCode inTheGate(const Opened& opened, Change change) {
     });
     opened.gate->leave();
     return code;
-}
-
-ErrorCode cutAt(HANDLE file, std::uint64_t size) {
-    FILE_END_OF_FILE_INFO end = {};
-    end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
-    return resultOf(::SetFileInformationByHandle(file, FileEndOfFileInfo, &end, sizeof end));
-}
-
-/// Writes at `place`, or where the last write ended when it is null.
-ErrorCode writeAll(HANDLE file, std::string_view bytes, OVERLAPPED* place) {
-    while (!bytes.empty()) {
-        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1u << 30));
-        DWORD written = 0;
-        if (!::WriteFile(file, bytes.data(), wanted, &written, place)) return lastError();
-        if (written == 0) return kDiskFull;
-        bytes.remove_prefix(written);
-    }
-    return kSuccess;
 }
 
 ErrorCode sizeOf(HANDLE file, std::uint64_t& size) {
@@ -181,7 +180,10 @@ ErrorCode NativeFiles::CloseHandle(Handle handle) {
         closing->gate->unmark();
         closing->gate->leave();
     }
-    return closing->file == nullptr ? kSuccess : resultOf(::CloseHandle(closing->file));
+    ErrorCode code = kSuccess;
+    if (closing->file != nullptr) code = resultOf(::CloseHandle(closing->file));
+    if (closing->forWork) ::DeleteFileW(wide(closing->name));
+    return code;
 }
 
 }  // namespace quorkit

@@ -1,5 +1,7 @@
 #include "win32/gate.h"
 
+#include "native/reason.h"
+#include "runtime/code_page.h"
 #include "win32/calls.h"
 
 namespace quorkit::win32 {
@@ -25,7 +27,7 @@ HANDLE makeForEveryone(Make make) {
 
 }  // namespace
 
-Gate::Gate(const String& name) : name_(objectName(name)) {
+Gate::Gate(const String& name) : file_(name), name_(objectName(name)) {
     mutex_ = makeForEveryone([&](SECURITY_ATTRIBUTES* security) {
         return ::CreateMutexW(security, FALSE, name_.c_str());
     });
@@ -37,12 +39,13 @@ Gate::~Gate() {
     if (mutex_ != nullptr) ::CloseHandle(mutex_);
 }
 
-ErrorCode Gate::enter(DWORD milliseconds) {
-    switch (::WaitForSingleObject(mutex_, milliseconds)) {
+ErrorCode Gate::enter(std::chrono::milliseconds most) {
+    switch (::WaitForSingleObject(mutex_, static_cast<DWORD>(most.count()))) {
         case WAIT_OBJECT_0:
         case WAIT_ABANDONED:
             return kSuccess;
         case WAIT_TIMEOUT:
+            giveReason(runtime::toUtf8(file_) + " is locked by another program");
             return kLockViolation;
         default:
             return lastError();

@@ -21,8 +21,8 @@ class Gate {
 
     ErrorCode status() const { return status_; }
 
-    /// Waits for at most so many milliseconds; kLockViolation when that was too short.
-    ErrorCode enter(DWORD milliseconds = INFINITE);
+    /// Waits for at most so long; kLockViolation and a reason when that was too short.
+    ErrorCode enter(std::chrono::milliseconds most = longest(Wait::Patiently));
     /// For the thread that has entered.
     void leave();
 
@@ -32,6 +32,7 @@ class Gate {
     void unmark();
 
    private:
+    String file_;
     std::wstring name_;
     HANDLE mutex_ = nullptr;
     HANDLE mark_ = nullptr;

@@ -38,9 +38,7 @@ bool put(Clipboard& clipboard, const PictureRef& picture) {
 }
 
 void save(Files& files, const Picture& picture, const String& name) {
-    LockedFile file(files, name, Wait::Briefly);
-    require(file.status());
-    require(file.replace(picture.file()));
+    require(writeWholeFile(files, name, picture.file(), Wait::Briefly));
 }
 
 }  // namespace

@@ -39,9 +39,9 @@ void GQuorFile::LoadFileToByteArray(const String& vsFileName, Array<Byte>& rbaAr
 void GQuorFile::SaveByteArrayToFile(Unchanged<Array<Byte>> rbaArray, const String& vsFileName) {
     if (rbaArray->dimensions() != 1) raise(ErrorNumber::SubscriptOutOfRange);
     const std::vector<Byte>& bytes = rbaArray->elements();
-    LockedFile file(ports_.files, vsFileName, Wait::Briefly);
-    require(file.status());
-    require(file.replace({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
+    require(writeWholeFile(ports_.files, vsFileName,
+                           {reinterpret_cast<const char*>(bytes.data()), bytes.size()},
+                           Wait::Briefly));
 }
 
 }  // namespace quorkit

@@ -49,8 +49,7 @@ Boolean GQuorFile::MakeShortCut(Boolean bInstall, CSIDLS SpecialFolder, const St
         resumeNext([&] {
             ShellLink link = linkTo(target, ExtractDrive(target), ports_);
             link.description = sQuickInfo;
-            LockedFile file(ports_.files, name, Wait::Briefly);
-            if (file.status() == kSuccess) file.replace(shellLinkFile(link));
+            writeWholeFile(ports_.files, name, shellLinkFile(link), Wait::Briefly);
         });
         return FileExists(name);
     });

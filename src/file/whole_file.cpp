@@ -60,14 +60,14 @@ ErrorCode LockedFile::read(std::string& content) {
     return kSuccess;
 }
 
-ErrorCode LockedFile::writeBeside(const String& beside, std::string_view content) {
-    Handle handle = Handle::Invalid;
-    if (const ErrorCode code = files_.CreateFileA(beside, FileAccess::CreateNew, handle))
-        return code;
-    ErrorCode code = files_.WriteFile(handle, content);
-    if (code == kSuccess) code = files_.FlushFileBuffers(handle);
-    const ErrorCode closed = files_.CloseHandle(handle);
-    return code != kSuccess ? code : closed;
+ErrorCode LockedFile::swap(const String& beside, std::string_view content) {
+    Handle file = Handle::Invalid;
+    if (const ErrorCode code = files_.CreateReplacement(lock_, beside, file)) return code;
+    ErrorCode code = files_.WriteFile(file, content);
+    if (code == kSuccess) code = files_.FlushFileBuffers(file);
+    if (code == kSuccess) code = files_.ReplaceFileA(lock_, file, wait_);
+    files_.CloseHandle(file);
+    return code;
 }
 
 ErrorCode LockedFile::replace(std::string_view content) {
@@ -75,19 +75,32 @@ ErrorCode LockedFile::replace(std::string_view content) {
 }
 
 ErrorCode LockedFile::replaceBy(const String& beside, std::string_view content) {
-    ErrorCode code = writeBeside(beside, content);
-    if (code == kFileExists) {  // a process was killed here
-        files_.DeleteFileA(beside);
-        code = writeBeside(beside, content);
-    }
-    if (code == kSuccess) code = files_.ReplaceFileA(name_, beside, wait_);
-    if (code != kSuccess) {
-        files_.DeleteFileA(beside);
-        return code;
+    const ErrorCode code = swap(beside, content);
+    if (code == kAccessDenied) {
+        const ErrorCode inPlace = overwrite(content);
+        return inPlace == kFileNotFound ? code : inPlace;
     }
     // The new content stands; whether the folder reached the disk can no longer change that.
-    files_.FlushFolderOf(name_);
-    return kSuccess;
+    if (code == kSuccess) files_.FlushFolderOf(name_);
+    return code;
+}
+
+ErrorCode LockedFile::overwrite(std::string_view content) {
+    std::string old;
+    if (const ErrorCode code = readWholeFile(files_, name_, old)) return code;
+    const ErrorCode code = files_.WriteInPlace(lock_, content);
+    if (code != kSuccess && code != kFileReplaced) files_.WriteInPlace(lock_, old);
+    return code;
+}
+
+ErrorCode writeWholeFile(Files& files, const String& name, std::string_view content, Wait wait) {
+    ErrorCode code = kFileReplaced;
+    for (int tries = 0; code == kFileReplaced && tries < kMostAttempts; ++tries) {
+        LockedFile file(files, name, wait);
+        code = file.status();
+        if (code == kSuccess) code = file.replace(content);
+    }
+    return code;
 }
 
 }  // namespace quorkit

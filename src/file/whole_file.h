@@ -20,7 +20,7 @@ class LockedFile {
    public:
     /// Follows links, then waits for the lock, as `replace` does where it must. See `status` for
     /// how it went.
-    LockedFile(Files& files, const String& name, Wait wait = Wait::Forever);
+    LockedFile(Files& files, const String& name, Wait wait = Wait::Patiently);
     ~LockedFile();
     LockedFile(const LockedFile&) = delete;
     LockedFile& operator=(const LockedFile&) = delete;
@@ -34,15 +34,20 @@ class LockedFile {
     /// The content as it is now; a file that does not exist yet is empty.
     ErrorCode read(std::string& content);
 
-    /// Puts new content in place in one step: writes it beside the file, brings it to the disk and
-    /// swaps. On failure the file has its old content and nothing is left beside it. A process
-    /// killed meanwhile may leave one file ".quorkit-<number>", which the next change clears away.
+    /// Puts new content in place, and may be called once. Mostly in one step: writes it beside the
+    /// file, brings it to the disk and swaps. Where the folder or the system does not let this user
+    /// put a file there, it is written in place, see `overwrite`. On failure the file has its old
+    /// content and nothing is left beside it. kFileReplaced: somebody who did not ask for the lock
+    /// has changed the file; lock it again, read it and begin anew.
     ErrorCode replace(std::string_view content);
     /// The same by way of a file of the caller's own name, which must be in the same folder.
     ErrorCode replaceBy(const String& beside, std::string_view content);
+    /// Writes new content over the old in place, and that one back when it fails. Not one step: a
+    /// reader at that moment, or the death of the process, may see a part of it.
+    ErrorCode overwrite(std::string_view content);
 
    private:
-    ErrorCode writeBeside(const String& beside, std::string_view content);
+    ErrorCode swap(const String& beside, std::string_view content);
 
     Files& files_;
     Wait wait_;
@@ -50,5 +55,13 @@ class LockedFile {
     Handle lock_ = Handle::Invalid;
     ErrorCode status_;
 };
+
+/// Locks a file, makes `content` its whole content and gives the lock back, see LockedFile.
+ErrorCode writeWholeFile(Files& files, const String& name, std::string_view content,
+                         Wait wait = Wait::Patiently);
+
+/// How often a change is begun anew when others get in between. They do not ask for the lock, so
+/// that there could be no end.
+inline constexpr int kMostAttempts = 100;
 
 }  // namespace quorkit

@@ -3,6 +3,30 @@
 #include "file/whole_file.h"
 
 namespace quorkit {
+namespace {
+
+ErrorCode editOnce(Files& files, const String& name,
+                   const std::function<bool(IniDocument&)>& edit) {
+    LockedFile file(files, name);
+    if (file.status() != kSuccess) {
+        IniDocument document = readIni(files, name);
+        edit(document);
+        return file.status();
+    }
+    // Two characters of code page 1252 may look like one in UTF-8. Where they would be the first
+    // in a plain file, UTF-8 keeps them what they are.
+    for (const Encoding asciiAs : {Encoding::Ansi, Encoding::Utf8}) {
+        std::string content;
+        if (const ErrorCode code = file.read(content)) return code;
+        IniDocument document(std::move(content), asciiAs);
+        if (!edit(document)) return kInvalidParameter;
+        if (!document.changed()) return kSuccess;
+        if (document.keepsItsEncoding()) return file.replace(std::move(document).content());
+    }
+    return kInvalidParameter;
+}
+
+}  // namespace
 
 IniDocument readIni(Files& files, const String& name) {
     std::string content;
@@ -11,24 +35,10 @@ IniDocument readIni(Files& files, const String& name) {
 }
 
 Long editIni(Files& files, const String& name, const std::function<bool(IniDocument&)>& edit) {
-    LockedFile file(files, name);
-    if (file.status() != kSuccess) {
-        IniDocument document = readIni(files, name);
-        edit(document);
-        return 0;
-    }
-    // Two characters of code page 1252 may look like one in UTF-8. Where they would be the first
-    // in a plain file, UTF-8 keeps them what they are.
-    for (const Encoding asciiAs : {Encoding::Ansi, Encoding::Utf8}) {
-        std::string content;
-        if (file.read(content) != kSuccess) return 0;
-        IniDocument document(std::move(content), asciiAs);
-        if (!edit(document)) return 0;
-        if (!document.changed()) return 1;
-        if (document.keepsItsEncoding())
-            return file.replace(std::move(document).content()) == kSuccess ? 1 : 0;
-    }
-    return 0;
+    ErrorCode code = kFileReplaced;
+    for (int tries = 0; code == kFileReplaced && tries < kMostAttempts; ++tries)
+        code = editOnce(files, name, edit);
+    return code == kSuccess ? 1 : 0;
 }
 
 }  // namespace quorkit

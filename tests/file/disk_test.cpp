@@ -127,7 +127,7 @@ TEST_F(Disk, LeavesTheFileWhenContentCannotBeWritten) {
     file.expect(u"SaveByteArrayToFile", {Row({bytes("x"), f}, Error{75})});
     fs::permissions(scratch.path("f"), fs::perms::owner_all);
     Handle lock = Handle::Invalid;
-    ASSERT_EQ(memory.files.LockFileA(u"f", lock, Wait::Forever), kSuccess);
+    ASSERT_EQ(memory.files.LockFileA(u"f", lock, Wait::Patiently), kSuccess);
     Late(u"GQuorFile", memory.ports)
         .expect(u"SaveByteArrayToFile", {Row({bytes("x"), u"f"}, Error{70})});
     memory.files.CloseHandle(lock);

@@ -21,14 +21,38 @@ TEST_P(FilesTest, WritesAndReads) {
     EXPECT_EQ(files.DeleteFileA(name("f")), kFileNotFound);
 }
 
-TEST_P(FilesTest, Replaces) {
+TEST_P(FilesTest, ReplacesAndLeavesNothingForWork) {
+    replace("made", "made");
+    EXPECT_EQ(read("made"), "made");
     write("old", "old");
+    write("work", "left by a process that died");
     replace("old", "new");
     EXPECT_EQ(files.FlushFolderOf(name("old")), kSuccess);
     EXPECT_EQ(read("old"), "new");
-    EXPECT_EQ(read("new"), "(failed)");
-    EXPECT_NE(files.ReplaceFileA(name("old"), name("new")), kSuccess);
-    EXPECT_EQ(read("old"), "new");
+    EXPECT_EQ(read("work"), "(failed)");
+
+    const Handle held = lock("old");
+    ASSERT_EQ(files.CreateReplacement(held, name("work"), opened), kSuccess);
+    EXPECT_EQ(files.WriteFile(opened, "given up"), kSuccess);
+    close(opened);
+    EXPECT_EQ(read("work"), "(failed)");
+    EXPECT_EQ(files.WriteInPlace(held, "a longer text"), kSuccess);
+    EXPECT_EQ(files.WriteInPlace(held, "in place"), kSuccess);
+    EXPECT_EQ(files.CreateReplacement(held, name("no/work"), opened), kPathNotFound);
+    close(held);
+    EXPECT_EQ(read("old"), "in place");
+}
+
+TEST_P(FilesTest, TellsThatSomebodyHasChangedTheFileWithoutItsLock) {
+    for (const bool exists : {false, true}) {
+        const Handle held = lock("f");
+        if (exists) files.DeleteFileA(name("f"));
+        write("f", exists ? "others'" : "x");
+        EXPECT_EQ(replace(held, "lost"), kFileReplaced);
+        EXPECT_NE(files.WriteInPlace(held, "lost"), kSuccess);
+        close(held);
+        EXPECT_EQ(read("f"), exists ? "others'" : "x");
+    }
 }
 
 TEST_P(FilesTest, ReadersAlwaysFindOneWholeState) {
@@ -48,12 +72,11 @@ TEST_P(FilesTest, ReadersAlwaysFindOneWholeState) {
 }
 
 TEST_P(FilesTest, LocksByName) {
-    for (const bool exists : {false, true}) {
-        if (exists) write("f", "x");
-        const Handle held = lock("f");
-        waits([&] { close(lock("f")); }, [&] { close(held); });
-        EXPECT_EQ(read("f"), exists ? "x" : "(failed)");  // a lock leaves no file behind
-    }
+    close(lock("f"));
+    EXPECT_EQ(read("f"), "(failed)");  // a lock makes no file
+    write("f", "x");
+    const Handle held = lock("f");
+    waits([&] { close(lock("f")); }, [&] { close(held); });
 }
 
 TEST_P(FilesTest, RefusesWhatIsNoWritableFile) {

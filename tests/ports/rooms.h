@@ -43,7 +43,7 @@ class RoomTest : public testing::TestWithParam<bool> {
         EXPECT_EQ(files.CreateFileA(name(file), access, handle), kSuccess);
         return handle;
     }
-    Handle lock(const std::string& file, Wait wait = Wait::Forever) {
+    Handle lock(const std::string& file, Wait wait = Wait::Patiently) {
         Handle handle = Handle::Invalid;
         EXPECT_EQ(files.LockFileA(name(file), handle, wait), kSuccess);
         return handle;
@@ -56,9 +56,20 @@ class RoomTest : public testing::TestWithParam<bool> {
         EXPECT_EQ(files.FlushFileBuffers(handle), kSuccess);
         close(handle);
     }
+    /// Puts `bytes` in the place of a locked file.
+    ErrorCode replace(Handle held, const std::string& bytes) {
+        Handle made = Handle::Invalid;
+        EXPECT_EQ(files.CreateReplacement(held, name("work"), made), kSuccess);
+        EXPECT_EQ(files.WriteFile(made, bytes), kSuccess);
+        EXPECT_EQ(files.FlushFileBuffers(made), kSuccess);
+        const ErrorCode code = files.ReplaceFileA(held, made);
+        close(made);
+        return code;
+    }
     void replace(const std::string& file, const std::string& bytes) {
-        write("new", bytes);
-        EXPECT_EQ(files.ReplaceFileA(name(file), name("new")), kSuccess);
+        const Handle held = lock(file);
+        EXPECT_EQ(replace(held, bytes), kSuccess);
+        close(held);
     }
     std::string read(const std::string& file) {
         std::string content;

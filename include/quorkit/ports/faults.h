@@ -10,8 +10,8 @@
 namespace quorkit {
 
 /// Hands every operation on to `inner` except the one that is told to answer with a code. A write
-/// that fails has written half of its bytes, to a file opened for adding none; a close that fails
-/// has closed.
+/// that fails has written half of its bytes, in place too, but to a file opened for adding none; a
+/// close that fails has closed.
 class FaultyFiles final : public Files {
    public:
     explicit FaultyFiles(Files& inner) : inner_(inner) {}
@@ -35,7 +35,9 @@ class FaultyFiles final : public Files {
     ErrorCode CloseHandle(Handle handle) override;
     ErrorCode GetFinalPathNameA(const String& name, String& target) override;
     ErrorCode LockFileA(const String& name, Handle& handle, Wait wait) override;
-    ErrorCode ReplaceFileA(const String& name, const String& replacement, Wait wait) override;
+    ErrorCode CreateReplacement(Handle lock, const String& beside, Handle& file) override;
+    ErrorCode ReplaceFileA(Handle lock, Handle file, Wait wait) override;
+    ErrorCode WriteInPlace(Handle lock, std::string_view content) override;
     ErrorCode FlushFolderOf(const String& name) override;
     ErrorCode DeleteFileA(const String& name) override;
     ErrorCode GetFileAttributesA(const String& name, std::uint32_t& attributes) override;

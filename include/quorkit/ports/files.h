@@ -4,6 +4,7 @@
 
 #include <quorkit/values.h>
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -44,11 +45,15 @@ inline bool isForAdding(FileAccess access) {
     return access == FileAccess::Append || access == FileAccess::AppendYielding;
 }
 
-/// How long to wait for what another process holds.
+/// How long to wait for what another process holds. No wait is for ever: whoever may only read a
+/// file can lock it too, and a holder may be stopped.
 enum class Wait {
-    Forever,
-    Briefly,  ///< a tenth of a second
+    Patiently,  ///< five seconds, for what must not fail because others write too
+    Briefly,    ///< a tenth of a second
 };
+constexpr std::chrono::milliseconds longest(Wait wait) {
+    return std::chrono::milliseconds(wait == Wait::Patiently ? 5000 : 100);
+}
 
 /// Bits of FindData::attributes, by the numbers of Win32.
 enum FileAttribute : std::uint32_t {
@@ -116,24 +121,38 @@ class Files {
     /// literally. The last component need not exist.
     virtual ErrorCode GetFinalPathNameA(const String& name, String& target) = 0;
 
-    /// Waits for the sole right to change the file `name`, among all processes that ask for it
-    /// this way; kLockViolation when the wait was too short. The kernel holds it and takes it back
-    /// when the process dies. The file need not exist; its folder must, and both must allow
-    /// writing, else kAccessDenied. It may stand empty while the lock is held; CloseHandle removes
-    /// it again if it was made by the lock and is still empty.
+    /// Waits for the sole right to change the file `name`, a final name (see GetFinalPathNameA),
+    /// among all processes that ask for it this way. kLockViolation when the wait was too short;
+    /// ports::takeReason then says who is in the way, where the system tells. The kernel holds the
+    /// right and takes it back when the process dies. The file need not exist; its folder must. It
+    /// must allow writing, and if it does not exist its folder, else kAccessDenied.
     ///
     /// Nobody gets the lock while the file is open for FileAccess::Append, and nobody opens it so
-    /// while it is locked; of AppendYielding that is true of each single write.
-    virtual ErrorCode LockFileA(const String& name, Handle& handle, Wait wait = Wait::Forever) = 0;
+    /// while it is locked; of AppendYielding that is true of each single write. Linux cannot lock
+    /// what does not exist: see ReplaceFileA.
+    virtual ErrorCode LockFileA(const String& name, Handle& lock, Wait wait = Wait::Patiently) = 0;
 
-    /// Puts the file `replacement` in the place of the file `name`, in one step: at every moment
-    /// the name leads to the whole old content or the whole new one. Rights and owner of the old
-    /// file are kept; the group counts for the owner where the system forbids giving files away.
-    /// `name` is final (see GetFinalPathNameA) and both stand in one folder. On failure both files
-    /// are as before. `wait` is for programs that have the file open, where that stands in the way;
-    /// Forever is then half a minute.
-    virtual ErrorCode ReplaceFileA(const String& name, const String& replacement,
-                                   Wait wait = Wait::Forever) = 0;
+    /// Makes an empty file, for writing, that is to take the place of the locked one. Until
+    /// ReplaceFileA it has no name where the system can do that, else the name `beside`, final and
+    /// in the same folder. A file that has that name already, such as one that a dead process has
+    /// left, is deleted; where that is not allowed, a number goes behind the name. CloseHandle
+    /// takes a file away again that has not been put in place. kAccessDenied when the folder does
+    /// not allow it.
+    virtual ErrorCode CreateReplacement(Handle lock, const String& beside, Handle& file) = 0;
+    /// Puts `file`, from CreateReplacement, in the place of the locked file, in one step: at every
+    /// moment the name leads to the whole old content or the whole new one. Rights of the old file
+    /// are kept, and owner and group where the system lets this user give files to them; where it
+    /// keeps them from the old group, the group's rights become those of all others. After it
+    /// CloseHandle alone may follow for both handles.
+    ///
+    /// On failure the old file is as before. kAccessDenied when it cannot be replaced, as where
+    /// another file system is mounted on it. kFileReplaced when somebody who did not ask for the
+    /// lock has changed, replaced or made the file since LockFileA: then lock it and begin again.
+    virtual ErrorCode ReplaceFileA(Handle lock, Handle file, Wait wait = Wait::Patiently) = 0;
+    /// Writes `content` over the content of the locked file, which exists, and brings it to the
+    /// disk. Not one step: readers may see a part of either, and a failure may leave that.
+    /// kFileReplaced as above.
+    virtual ErrorCode WriteInPlace(Handle lock, std::string_view content) = 0;
     /// Returns when the folder of `name` has reached the disk.
     virtual ErrorCode FlushFolderOf(const String& name) = 0;
 

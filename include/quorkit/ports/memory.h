@@ -70,7 +70,9 @@ class MemoryFiles final : public Files {
     ErrorCode CloseHandle(Handle handle) override;
     ErrorCode GetFinalPathNameA(const String& name, String& target) override;
     ErrorCode LockFileA(const String& name, Handle& handle, Wait wait) override;
-    ErrorCode ReplaceFileA(const String& name, const String& replacement, Wait wait) override;
+    ErrorCode CreateReplacement(Handle lock, const String& beside, Handle& file) override;
+    ErrorCode ReplaceFileA(Handle lock, Handle file, Wait wait) override;
+    ErrorCode WriteInPlace(Handle lock, std::string_view content) override;
     ErrorCode FlushFolderOf(const String& name) override;
     ErrorCode DeleteFileA(const String& name) override;
     ErrorCode GetFileAttributesA(const String& name, std::uint32_t& attributes) override;
