@@ -2,6 +2,8 @@
 // without a tool dialogs are cancelled and messages go to the standard error stream.
 #include "native/host.h"
 
+#include <quorkit/ports/ports.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -12,7 +14,6 @@
 #include "linux/names.h"
 #include "linux/run_tool.h"
 #include "linux/wait_window.h"
-#include "native/reason.h"
 #include "runtime/code_page.h"
 
 namespace quorkit {
@@ -98,7 +99,8 @@ bool choose(const FileDialog& dialog, Choice choice, String& name) {
     ToolResult result;
     if (hasDisplay()) result = askZenity(dialog, choice);
     if (hasDisplay() && !result.started) result = askKdialog(dialog, choice);
-    if (!result.started) giveReason("a dialog needs a display, and one of zenity and kdialog");
+    if (!result.started)
+        ports::giveReason("a dialog needs a display, and one of zenity and kdialog");
     if (result.output.ends_with('\n')) result.output.pop_back();
     if (result.status != 0 || result.output.empty()) return false;
     name = disk::nameOf(result.output);

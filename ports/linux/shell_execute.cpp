@@ -1,4 +1,5 @@
 // Documents and addresses by way of xdg-open, which hands them to the desktop.
+#include <quorkit/ports/ports.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -9,7 +10,6 @@
 #include "linux/names.h"
 #include "linux/start.h"
 #include "native/processes.h"
-#include "native/reason.h"
 #include "runtime/letter_case.h"
 
 namespace quorkit {
@@ -50,7 +50,7 @@ ErrorCode NativeProcesses::ShellExecuteA(const String& target) {
     using disk::Streams;
     const Streams nothing{Streams::Nothing, Streams::Nothing, Streams::Nothing};
     const ErrorCode code = disk::Start(nothing, disk::Session::Own).runDetached(words);
-    if (code == kFileNotFound) giveReason("the program xdg-open is not there");
+    if (code == kFileNotFound) ports::giveReason("the program xdg-open is not there");
     return code;
 }
 

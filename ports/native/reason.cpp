@@ -1,5 +1,3 @@
-#include "native/reason.h"
-
 #include <quorkit/ports/ports.h>
 
 #include <utility>
@@ -11,7 +9,7 @@ thread_local std::string given;
 
 }  // namespace
 
-void giveReason(std::string reason) {
+void ports::giveReason(std::string reason) {
     given = std::move(reason);
 }
 

@@ -36,10 +36,12 @@ struct Ports {
 namespace ports {
 /// The system this program runs on. The same object for the whole process.
 Ports& native();
-/// Why that system has failed the calling thread since this was last called, such as for want of a
+/// Why the calling thread was refused something since this was last called, such as for want of a
 /// display; "" when there is nothing that a person could mend. Members give their results for
 /// failure all the same.
 std::string takeReason();
+/// Has takeReason tell the calling thread this. For what a person can do something about.
+void giveReason(std::string reason);
 }  // namespace ports
 
 }  // namespace quorkit

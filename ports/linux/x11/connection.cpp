@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <quorkit/ports/ports.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -11,7 +12,6 @@
 #include <utility>
 
 #include "linux/descriptor.h"
-#include "native/reason.h"
 
 namespace quorkit::x11 {
 namespace {
@@ -23,8 +23,8 @@ std::string displayName() {
 
 /// Has a person told why there is no server, and returns nothing.
 std::nullptr_t noServer(const std::string& display) {
-    giveReason("there is no display here: " +
-               (display.empty() ? "DISPLAY is not set" : "nobody answers at " + display));
+    ports::giveReason("there is no display here: " +
+                      (display.empty() ? "DISPLAY is not set" : "nobody answers at " + display));
     return nullptr;
 }
 

@@ -1,5 +1,6 @@
 #include "linux/x11/owner_program.h"
 
+#include <quorkit/ports/ports.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,7 +12,6 @@
 #include "linux/calls.h"
 #include "linux/descriptor.h"
 #include "linux/run_tool.h"
-#include "native/reason.h"
 
 namespace quorkit::x11 {
 namespace {
@@ -66,8 +66,8 @@ bool startOwner(ClipboardFormat format, const std::string& content) {
         disk::runTool({program().string(), std::to_string(static_cast<int>(format))}, file.get());
     const bool owns = result.output == std::string(1, kOwns);
     if (!owns)
-        giveReason(std::string("the program ") + kName +
-                   " is not there, or could not put the content there");
+        ports::giveReason(std::string("the program ") + kName +
+                          " is not there, or could not put the content there");
     return owns;
 }
 
