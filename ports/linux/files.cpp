@@ -24,8 +24,8 @@ std::time_t seconds() {
 /// file open for adding, who might have added something behind it.
 void takeBack(Opened& file, off_t count) {
     struct stat about = {};
-    if (flock(file.descriptor, LOCK_EX | LOCK_NB) == 0 &&
-        fstat(file.descriptor, &about) == 0 && about.st_size == lseek(file.descriptor, 0, SEEK_CUR))
+    if (flock(file.descriptor, LOCK_EX | LOCK_NB) == 0 && fstat(file.descriptor, &about) == 0 &&
+        about.st_size == lseek(file.descriptor, 0, SEEK_CUR))
         static_cast<void>(ftruncate(file.descriptor, about.st_size - count) == 0);
     if (file.access == FileAccess::Append) file.lock(LOCK_SH);
 }

@@ -2,7 +2,8 @@
 //
 // Whoever changes something in a store holds its one lock, so that nothing else changes meanwhile.
 // It lies on the file "@lock", which only its owner can open; the kernel takes it back when its
-// process dies, and nobody waits for it longer than for any other lock. Readers need none: a key comes and goes in one step, under the names
+// process dies, and nobody waits for it longer than for any other lock. Readers need none: a key
+// comes and goes in one step, under the names
 // "@new" and "@old", and so does the content of "@values", which is written as "@values.new" first.
 // What a dying process leaves under those names the next one puts away.
 //

@@ -1,5 +1,6 @@
 #include "linux/lock.h"
 
+#include <quorkit/ports/ports.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,7 +12,6 @@
 #include <thread>
 
 #include "linux/calls.h"
-#include "native/reason.h"
 
 namespace quorkit::disk {
 namespace {
@@ -53,10 +53,10 @@ void sayWhoIsInTheWay(int descriptor) {
     struct stat about = {};
     if (fstat(descriptor, &about) != 0) return;
     std::error_code unknown;
-    const std::string path = std::filesystem::read_symlink(
-        "/proc/self/fd/" + std::to_string(descriptor), unknown);
-    giveReason((unknown ? std::string("the file") : path) + " is locked by " +
-               nameOf(holderOf(about.st_ino)));
+    const std::string path =
+        std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor), unknown);
+    ports::giveReason((unknown ? std::string("the file") : path) + " is locked by " +
+                      nameOf(holderOf(about.st_ino)));
 }
 
 }  // namespace

@@ -11,7 +11,8 @@ namespace quorkit::disk {
 
 ErrorCode Opened::openRegular(int flags) {
     const auto openAt = [&](const std::string& place, int more) {
-        return unlessInterrupted([&] { return open(place.c_str(), flags | kQuietly | more, 0666); });
+        return unlessInterrupted(
+            [&] { return open(place.c_str(), flags | kQuietly | more, 0666); });
     };
     if ((flags & O_ACCMODE) == O_RDONLY) {
         descriptor = openAt(path, 0);

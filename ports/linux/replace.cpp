@@ -130,8 +130,8 @@ ErrorCode NativeFiles::ReplaceFileA(Handle lock, Handle file, Wait) {
     // Whoever may write in the folder could have put another file in its place.
     if (made.forWork && !made.keepsItsName()) return kAccessDenied;
     if (held.descriptor == -1) {
-        const bool done = made.forWork ? moveToFreeName(made.path, held.path)
-                                       : giveName(made, held.path);
+        const bool done =
+            made.forWork ? moveToFreeName(made.path, held.path) : giveName(made, held.path);
         if (!done) return errno == EEXIST ? kFileReplaced : lastErrorAt(held.path);
     } else {
         if (!held.isAsItWas()) return kFileReplaced;
@@ -153,8 +153,8 @@ ErrorCode NativeFiles::WriteInPlace(Handle lock, std::string_view content) {
     const auto size = static_cast<off_t>(content.size());
     ErrorCode code = kSuccess;
     // Room first, so that a full disk leaves the old content. Not every file system can do that.
-    if (size > held.about.st_size && fallocate(held.descriptor, FALLOC_FL_KEEP_SIZE, 0, size) != 0 &&
-        lastError() == kDiskFull) {
+    if (size > held.about.st_size &&
+        fallocate(held.descriptor, FALLOC_FL_KEEP_SIZE, 0, size) != 0 && lastError() == kDiskFull) {
         static_cast<void>(ftruncate(held.descriptor, held.about.st_size) == 0);
         return kDiskFull;
     }

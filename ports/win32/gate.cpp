@@ -1,6 +1,7 @@
 #include "win32/gate.h"
 
-#include "native/reason.h"
+#include <quorkit/ports/ports.h>
+
 #include "runtime/code_page.h"
 #include "win32/calls.h"
 
@@ -45,7 +46,7 @@ ErrorCode Gate::enter(std::chrono::milliseconds most) {
         case WAIT_ABANDONED:
             return kSuccess;
         case WAIT_TIMEOUT:
-            giveReason(runtime::toUtf8(file_) + " is locked by another program");
+            ports::giveReason(runtime::toUtf8(file_) + " is locked by another program");
             return kLockViolation;
         default:
             return lastError();
