@@ -177,7 +177,8 @@ class GQuorFile {
     /// of it; with CSIDL_NONE `sSubFolder` is the path of the folder. %NAME% placeholders in the
     /// folder and in the target are replaced (GQuorStrings.ExpandEnvironmentString). A special
     /// folder that is missing is made, also to remove; the folder in it only to install. The target
-    /// need not exist; it is stored as it is spelled, and of the tooltip 32,767 characters.
+    /// need not exist; it is stored as it is spelled, and of the tooltip 32,767 characters. A
+    /// description with ".." between separators, which would lead out of the folder, is refused.
     ///
     /// True when the shortcut is there afterwards, or gone; never an error. It is put in place in
     /// one step: a failure leaves the old one, and then True, or none.

@@ -62,10 +62,12 @@ ErrorCode pathError() {
     return errno == ENOENT || errno == ELOOP ? kPathNotFound : lastError();
 }
 
-/// Fills `data` from an entry. False when it has vanished.
+/// Fills `data` from an entry. False when it has vanished, or when there is no look at what is to
+/// be told of it.
 bool describe(int folder, const dirent& entry, FindDetail detail, FindData& data) {
     bool link = entry.d_type == DT_LNK;
     data.attributes = entry.d_type == DT_DIR ? kDirectory : 0u;
+    data.lastWrite = 0;
     struct stat about = {};
     if (entry.d_type == DT_UNKNOWN) {
         if (fstatat(folder, entry.d_name, &about, AT_SYMLINK_NOFOLLOW) != 0) return false;
@@ -73,13 +75,17 @@ bool describe(int folder, const dirent& entry, FindDetail detail, FindData& data
     }
     if (detail != FindDetail::Names || entry.d_type == DT_UNKNOWN || link) {
         // A link that leads nowhere is an entry of its own.
-        if (fstatat(folder, entry.d_name, &about, 0) != 0 &&
-            fstatat(folder, entry.d_name, &about, AT_SYMLINK_NOFOLLOW) != 0)
-            return false;
+        if (fstatat(folder, entry.d_name, &about, 0) == 0 ||
+            fstatat(folder, entry.d_name, &about, AT_SYMLINK_NOFOLLOW) == 0) {
+            data.lastWrite = fileTimeOf(about.st_mtim);
+        } else {
+            if (errno != EACCES || detail == FindDetail::Times) return false;
+            // This user may read the folder, but not get at what is in it, nor so write that.
+            about.st_mode = DTTOIF(entry.d_type);
+        }
         data.attributes = detail == FindDetail::Attributes
                               ? attributesOf(folder, entry.d_name, about)
                               : (S_ISDIR(about.st_mode) ? kDirectory : 0u);
-        data.lastWrite = fileTimeOf(about.st_mtim);
     }
     if (link) data.attributes |= kReparsePoint;
     data.name = disk::textOf(entry.d_name);

@@ -1,10 +1,12 @@
 #include "linux/start.h"
 
 #include <fcntl.h>
+#include <sys/auxv.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <string_view>
 #include <vector>
 
 #include "linux/calls.h"
@@ -13,14 +15,6 @@ namespace quorkit::disk {
 namespace {
 
 constexpr const char* kNothing = "/dev/null";
-
-std::vector<char*> lineOf(std::span<const std::string> words) {
-    std::vector<char*> line;
-    line.reserve(words.size() + 1);
-    for (const std::string& word : words) line.push_back(const_cast<char*>(word.c_str()));
-    line.push_back(nullptr);
-    return line;
-}
 
 ErrorCode codeOf(int error) {
     switch (error) {
@@ -54,6 +48,42 @@ class Deaf {
 };
 
 }  // namespace
+
+/// What a program is started with.
+class Start::Line {
+   public:
+    explicit Line(std::span<const std::string> words) {
+        for (const std::string& word : words) words_.push_back(const_cast<char*>(word.c_str()));
+        words_.push_back(nullptr);
+        if (getauxval(AT_SECURE) != 0) useFixedPath();
+    }
+
+    const char* program() const { return program_.empty() ? words_[0] : program_.c_str(); }
+    char* const* words() const { return words_.data(); }
+    char* const* environment() const {
+        return environment_.empty() ? environ : environment_.data();
+    }
+
+   private:
+    void useFixedPath() {
+        constexpr std::string_view path = "PATH=";
+        for (char* const* entry = environ; *entry != nullptr; ++entry)
+            if (!std::string_view(*entry).starts_with(path)) environment_.push_back(*entry);
+        environment_.push_back(path_.data());
+        environment_.push_back(nullptr);
+        const std::string_view name = words_[0];
+        if (name.find('/') != std::string_view::npos) return;
+        for (const char* const folder : {"/usr/local/bin/", "/usr/bin/", "/bin/"}) {
+            program_ = std::string(folder).append(name);
+            if (access(program_.c_str(), X_OK) == 0) return;
+        }
+    }
+
+    std::vector<char*> words_;
+    std::vector<char*> environment_;
+    std::string path_ = "PATH=/usr/local/bin:/usr/bin:/bin";
+    std::string program_;
+};
 
 Start::Start(const Streams& streams, Session session) {
     posix_spawn_file_actions_init(&files_);
@@ -96,10 +126,14 @@ void Start::open(int stream, int flags) {
     note(posix_spawn_file_actions_addopen(&files_, stream, kNothing, flags, 0));
 }
 
+int Start::spawn(const Line& line, pid_t& process) const {
+    return posix_spawnp(&process, line.program(), &files_, &attributes_, line.words(),
+                        line.environment());
+}
+
 ErrorCode Start::run(std::span<const std::string> words, pid_t& process) const {
     if (failure_ != 0) return codeOf(failure_);
-    const std::vector<char*> line = lineOf(words);
-    return codeOf(posix_spawnp(&process, line[0], &files_, &attributes_, line.data(), environ));
+    return codeOf(spawn(Line(words), process));
 }
 
 ErrorCode Start::runDetached(std::span<const std::string> words) const {
@@ -109,7 +143,7 @@ ErrorCode Start::runDetached(std::span<const std::string> words) const {
     if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return lastError();
     const Descriptor answers(ends[0]);
     const Descriptor answer(ends[1]);
-    const std::vector<char*> line = lineOf(words);
+    const Line line(words);
     // Between, there is a process that does nothing but start the program and end. Other threads
     // of this one may hold any lock, so it does nothing else; nor does it run this one's handlers
     // of signals.
@@ -119,8 +153,7 @@ ErrorCode Start::runDetached(std::span<const std::string> words) const {
         between = _Fork();
         if (between == 0) {
             pid_t process = 0;
-            const int error =
-                posix_spawnp(&process, line[0], &files_, &attributes_, line.data(), environ);
+            const int error = spawn(line, process);
             _exit(write(answer.get(), &error, sizeof error) == sizeof error ? 0 : 1);
         }
     }

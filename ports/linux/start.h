@@ -35,13 +35,18 @@ class Start {
     Start& operator=(const Start&) = delete;
 
     /// Starts the program that the first word names, found on PATH when there is no "/" in it; all
-    /// words reach it as they are. kFileNotFound when there is none, kAccessDenied when the file is
-    /// no program.
+    /// words reach it as they are. Where this program has other rights than its caller (setuid),
+    /// PATH is not the caller's but that of the system, for the program that is started too.
+    /// kFileNotFound when there is none, kAccessDenied when the file is no program.
     ErrorCode run(std::span<const std::string> words, pid_t& process) const;
     /// The same for a program that is no child of this one, so that nobody need wait for it.
     ErrorCode runDetached(std::span<const std::string> words) const;
 
    private:
+    class Line;
+
+    /// The error, or 0. For a forked process too.
+    int spawn(const Line& line, pid_t& process) const;
     /// What goes wrong before a program is started: the first error counts.
     void note(int error);
     void open(int stream, int flags);

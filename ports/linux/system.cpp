@@ -157,7 +157,7 @@ bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
 }
 
 bool NativeSystem::GetTempPathA(String& folder) {
-    const char* path = std::getenv("TMPDIR");
+    const char* path = secure_getenv("TMPDIR");
     if (path == nullptr || *path != '/' || !isFolder(path)) path = "/tmp";
     if (!isFolder(path)) return false;
     folder = disk::nameOf(path);

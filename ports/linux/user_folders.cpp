@@ -11,7 +11,8 @@ namespace quorkit::disk {
 namespace {
 
 std::string_view variableOf(const char* name) {
-    const char* value = std::getenv(name);
+    // Not from the caller of a program that has other rights than its caller.
+    const char* value = secure_getenv(name);
     return value == nullptr ? std::string_view() : value;
 }
 

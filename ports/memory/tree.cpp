@@ -9,10 +9,12 @@ namespace quorkit::memory {
 namespace {
 
 constexpr int kMostLinks = 40;
+constexpr std::size_t kLongestName = 32767;
 
 /// `here` is the current folder. As on Windows ".." is settled before anything is looked up.
 ErrorCode pathOf(const String& name, Path here, Path& path) {
-    if (name.empty() || name.find(u'\0') != String::npos) return kInvalidName;
+    if (name.empty() || name.size() > kLongestName || name.find(u'\0') != String::npos)
+        return kInvalidName;
     const NameParts parts = partsOf(name);
     auto component = parts.components.begin();
     switch (parts.start) {

@@ -57,6 +57,10 @@ Boolean GQuorFile::IsDirectoryEmpty(const String& sDir) {
 
 Boolean GQuorFile::mkDirEx(const String& sDir) {
     return onErrorReturn(Boolean(false), [&] {
+        // One that is too long would have more folders around it than memory can hold.
+        std::uint32_t attributes = 0;
+        if (ports_.files.GetFileAttributesA(sDir, attributes) == kInvalidName)
+            return Boolean(false);
         std::vector<String> missing;
         for (String folder = sDir; !PathExists(folder); folder = getParentDirectory(folder)) {
             missing.push_back(folder);

@@ -47,6 +47,7 @@ DateFilter::Moment DateFilter::momentOf(FileTime time) const {
 
 bool DateFilter::takes(FileTime lastWrite) const {
     if (takesAll()) return true;
+    if (lastWrite == 0) return false;
     const Moment moment = momentOf(lastWrite);
     const bool early = upTo_ && moment <= *upTo_;
     const bool late = from_ && moment >= *from_;

@@ -19,6 +19,7 @@ class DateFilter {
     DateFilter(const Variant& upTo, const Variant& from, Ports& ports);
 
     bool takesAll() const { return !upTo_ && !from_; }
+    /// A time that is not known, 0, lies nowhere.
     bool takes(FileTime lastWrite) const;
 
    private:

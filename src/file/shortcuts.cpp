@@ -2,6 +2,9 @@
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/ports/drives.h>
 
+#include <algorithm>
+
+#include "file/name_parts.h"
 #include "file/shell_link.h"
 #include "file/whole_file.h"
 #include "frame/error_patterns.h"
@@ -21,12 +24,19 @@ ShellLink linkTo(const String& target, const String& drive, Ports& ports) {
     return link;
 }
 
+/// Whether a name would lead out of the folder that it is put behind.
+bool leadsOut(const String& name) {
+    const NameParts parts = partsOf(name);
+    return std::ranges::find(parts.components, u"..") != parts.components.end();
+}
+
 }  // namespace
 
 Boolean GQuorFile::MakeShortCut(Boolean bInstall, CSIDLS SpecialFolder, const String& sSubFolder,
                                 const String& sTargetPath, const String& sDescription,
                                 const String& sQuickInfo) {
     return onErrorReturn(Boolean(false), [&] {
+        if (leadsOut(sDescription)) return Boolean(false);
         String folder = sSubFolder;
         if (SpecialFolder != CSIDL_NONE) {
             folder = GetSpecialFolder(SpecialFolder, true, true);

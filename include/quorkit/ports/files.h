@@ -73,7 +73,7 @@ using FileTime = std::uint64_t;
 struct FindData {
     String name;
     std::uint32_t attributes = 0;
-    FileTime lastWrite = 0;
+    FileTime lastWrite = 0;  ///< 0 where it was not asked for or cannot be known
 };
 
 enum class FindDetail {

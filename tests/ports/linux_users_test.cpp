@@ -1,0 +1,332 @@
+// What an ordinary user can do, and what others can do to him. Needs the superuser to set it up.
+#ifdef __linux__
+#include <gmock/gmock.h>
+#include <grp.h>
+#include <quorkit/GQuorFile.h>
+#include <quorkit/GQuorRegistry.h>
+#include <quorkit/QuorInifile.h>
+#include <quorkit/QuorLogFile.h>
+#include <quorkit/errors.h>
+#include <sched.h>
+#include <sys/file.h>
+#include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "linux/names.h"
+#include "support/child.h"
+#include "support/environment.h"
+#include "support/errors.h"
+#include "support/scratch.h"
+#include "support/shell.h"
+
+namespace quorkit::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr uid_t kUser = 65534;
+constexpr uid_t kOther = 65533;
+
+void become(uid_t user) {
+    if (setgroups(0, nullptr) != 0 || setgid(user) != 0 || setuid(user) != 0) _exit(99);
+    prctl(PR_SET_DUMPABLE, 1);  // as a program of that user's is
+}
+
+Long saveAs(const String& name) {
+    if (name.ends_with(u".ini")) {
+        QuorInifile ini;
+        ini.setIniFileName(name);
+        return 1 - ini.WriteKeyValue(u"S", u"k", u"2");
+    }
+    if (name.ends_with(u".log")) return QuorLogFile().limitFileSize(name, Long{100}) ? 0 : 1;
+    return errorOf([&] {
+        const std::string bytes = "saved";
+        GQuorFile().SaveByteArrayToFile(
+            Array<Byte>(std::vector<Byte>(bytes.begin(), bytes.end()), 0), name);
+    });
+}
+
+/// Saves the files as an ordinary user: the first one that fails, by its number and its error.
+int saveAsUser(const std::vector<std::string>& names) {
+    become(kUser);
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (const Long error = saveAs(fs::path(names[i]).u16string()))
+            return static_cast<int>(100 * i + error);
+    return 0;
+}
+const PartName saveAsUserPart("saveAsUser", saveAsUser);
+
+class LinuxUsers : public testing::Test {
+   protected:
+    void SetUp() override {
+        if (geteuid() != 0) GTEST_SKIP() << "only the superuser can set this up";
+        own(".", kUser, kUser, 0755);
+    }
+    void own(const std::string& name, uid_t user, gid_t group, mode_t mode) {
+        EXPECT_EQ(chown(scratch.path(name).c_str(), user, group), 0);
+        EXPECT_EQ(chmod(scratch.path(name).c_str(), mode), 0);
+    }
+    /// One file of each kind, and what it holds when it has been saved.
+    void put(uid_t user, gid_t group, mode_t mode) {
+        scratch.write("a.ini", "[S]\nk=1\n");
+        scratch.write("a.bin", "old");
+        std::string log;
+        for (int i = 0; i < 50; ++i) log += "entry\r\n";
+        scratch.write("a.log", log);
+        for (const char* name : {"a.ini", "a.bin", "a.log"}) own(name, user, group, mode);
+    }
+    int save(const std::vector<std::string>& names) {
+        std::vector<std::string> paths;
+        for (const std::string& name : names) paths.push_back(scratch.path(name).string());
+        return Child("saveAsUser", paths).wait();
+    }
+    int saveAll() { return save({"a.ini", "a.bin", "a.log"}); }
+    struct stat about(const std::string& name) {
+        struct stat result = {};
+        EXPECT_EQ(stat(scratch.path(name).c_str(), &result), 0);
+        return result;
+    }
+    void expectSaved() {
+        EXPECT_EQ(scratch.read("a.ini"), "[S]\nk=2\n");
+        EXPECT_EQ(scratch.read("a.bin"), "saved");
+        EXPECT_LE(scratch.read("a.log").size(), 100u);
+        EXPECT_EQ(scratch.count(), 3u);
+    }
+    Scratch scratch;
+};
+
+TEST_F(LinuxUsers, SaveWhereOwnerOrGroupCannotBeKept) {
+    struct Row {
+        uid_t owner;
+        gid_t group;
+        mode_t mode;
+        mode_t folder;
+        mode_t after;
+    };
+    for (const Row& row : {Row{kUser, 0, 0644, 0755, 0644}, Row{0, 0, 0666, 0777, 0666},
+                           Row{kUser, 0, 0664, 0755, 0644}, Row{kOther, kUser, 0660, 0777, 0660}}) {
+        own(".", 0, 0, 0777);
+        put(row.owner, row.group, row.mode);
+        EXPECT_EQ(saveAll(), 0);
+        expectSaved();
+        for (const char* name : {"a.ini", "a.bin", "a.log"}) {
+            EXPECT_EQ(about(name).st_uid, kUser);
+            EXPECT_EQ(about(name).st_gid, kUser);
+            EXPECT_EQ(about(name).st_mode & 07777, row.after);
+        }
+    }
+}
+
+TEST_F(LinuxUsers, SaveInPlaceWhereTheFolderAllowsNoOther) {
+    for (const mode_t folder : {0755, 01777}) {
+        own(".", 0, 0, folder);
+        put(0, 0, 0666);
+        const ino_t before = about("a.ini").st_ino;
+        EXPECT_EQ(saveAll(), 0);
+        expectSaved();
+        EXPECT_EQ(about("a.ini").st_ino, before);
+        EXPECT_EQ(about("a.bin").st_uid, 0u);
+    }
+    own(".", 0, 0, 0755);
+    EXPECT_EQ(save({"new.ini"}), 1);
+    EXPECT_EQ(save({"new.bin"}), 75);
+}
+
+TEST_F(LinuxUsers, FollowNoLinksOfOthersInAFolderForAll) {
+    own(".", 0, 0, 01777);
+    const auto link = [&](const char* name, uid_t owner) {
+        fs::create_symlink("target" + fs::path(name).extension().string(), scratch.path(name));
+        EXPECT_EQ(lchown(scratch.path(name).c_str(), owner, owner), 0);
+    };
+    link("others.ini", kOther);
+    link("others.bin", kOther);
+    link("own.ini", kUser);
+    link("system.bin", 0);
+    EXPECT_EQ(save({"others.ini"}), 1);
+    EXPECT_EQ(save({"others.bin"}), 75);
+    EXPECT_EQ(scratch.count(), 4u);
+    EXPECT_EQ(save({"own.ini", "system.bin"}), 0);
+    EXPECT_EQ(scratch.read("target.bin"), "saved");
+}
+
+/// Puts a file in the place of another by way of a name that somebody else has taken.
+int replaceBySquatted(const std::vector<std::string>& names) {
+    become(kUser);
+    Files& files = ports::native().files;
+    Handle lock = Handle::Invalid;
+    Handle made = Handle::Invalid;
+    ErrorCode code = files.LockFileA(fs::path(names[0]).u16string(), lock);
+    if (code == kSuccess)
+        code = files.CreateReplacement(lock, fs::path(names[1]).u16string(), made);
+    if (code == kSuccess) code = files.WriteFile(made, "new");
+    if (code == kSuccess) code = files.ReplaceFileA(lock, made);
+    if (code == kSuccess) code = files.CloseHandle(made);
+    return static_cast<int>(code);
+}
+const PartName replaceBySquattedPart("replaceBySquatted", replaceBySquatted);
+
+TEST_F(LinuxUsers, AreNotStoppedByWhoSquatsTheNameForWork) {
+    own(".", 0, 0, 01777);
+    scratch.write("f", "old");
+    scratch.write("work", "other's");
+    own("f", kUser, kUser, 0644);
+    own("work", kOther, kOther, 0600);
+    Child child("replaceBySquatted", {scratch.path("f").string(), scratch.path("work").string()});
+    EXPECT_EQ(child.wait(), 0);
+    EXPECT_EQ(scratch.read("f"), "new");
+    EXPECT_EQ(scratch.read("work"), "other's");
+    EXPECT_EQ(scratch.count(), 2u);
+}
+
+/// Saves a file that another one is mounted on; 77 where nothing can be mounted.
+int saveMountPoint(const std::vector<std::string>& names) {
+    const char* const path = names[0].c_str();
+    if (unshare(CLONE_NEWNS) != 0 ||
+        mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount(path, path, nullptr, MS_BIND, nullptr) != 0)
+        return 77;
+    return static_cast<int>(saveAs(fs::path(path).u16string()));
+}
+const PartName saveMountPointPart("saveMountPoint", saveMountPoint);
+
+TEST_F(LinuxUsers, SaveAFileThatIsAMountPoint) {
+    put(0, 0, 0644);
+    for (const char* name : {"a.ini", "a.bin", "a.log"}) {
+        const int result = Child("saveMountPoint", {scratch.path(name).string()}).wait();
+        if (result == 77) GTEST_SKIP() << "nothing can be mounted here";
+        EXPECT_EQ(result, 0) << name;
+    }
+    expectSaved();
+}
+
+/// Writes values into a store whose file of values has a group that is not the user's; lists a
+/// folder that may not be searched.
+int useStoreAndListing(const std::vector<std::string>& arguments) {
+    become(kUser);
+    const Variable home("XDG_DATA_HOME", arguments[0]);
+    GQuorRegistry registry;
+    if (!registry.Reg_WriteStringValue(u"HKCU\\Software\\K", u"v", u"new")) return 1;
+    const String folder = fs::path(arguments[1]).u16string();
+    const auto found = [&](const char16_t* attributes, const Optional<Variant>& from) {
+        Array<String> names;
+        return GQuorFile().getFilesFromDirectoryEx(folder, names, String(u"*.txt"), false, from, {},
+                                                   String(attributes));
+    };
+    if (found(u"", {}) != 2 || found(u"-H+A+R", {}) != 2 || found(u"+H", {}) != 0) return 2;
+    return found(u"-H", Variant(u"2090-01-01")) == 0 ? 0 : 3;
+}
+const PartName useStorePart("useStoreAndListing", useStoreAndListing);
+
+TEST_F(LinuxUsers, UseStoresOfMixedGroupsAndFoldersThatCannotBeSearched) {
+    const fs::path key = scratch.path("quorkit/registry/software/k");
+    fs::create_directories(key);
+    scratch.write("quorkit/registry/software/k/@values", "[K]\n\"v\"=\"old\"\n");
+    for (const auto& entry : fs::recursive_directory_iterator(scratch.folder()))
+        EXPECT_EQ(chown(entry.path().c_str(), kUser, kUser), 0);
+    own("quorkit/registry/software/k/@values", kUser, 0, 0644);
+    fs::create_directory(scratch.path("list"));
+    for (const char* name : {"list/a.txt", "list/b.txt", "list/c.bin"}) scratch.write(name, "");
+    own("list", 0, 0, 0744);
+    Child child("useStoreAndListing", {scratch.folder().string(), scratch.path("list").string()});
+    EXPECT_EQ(child.wait(), 0);
+    EXPECT_THAT(scratch.read("quorkit/registry/software/k/@values"),
+                testing::HasSubstr("\"v\"=\"new\""));
+}
+
+TEST_F(LinuxUsers, CannotLendAProgramOfOthersTheirToolsAndStores) {
+    own(".", 0, 0, 0755);
+    const std::string program = scratch.path("quorkit").string();
+    fs::copy_file(QUORKIT_CLI, program);
+    own("quorkit", kOther, kOther, 04755);
+    fs::create_directory(scratch.path("mine"));
+    scratch.write("mine/tool", "#!/bin/sh\nexit 3\n");
+    own("mine/tool", kUser, kUser, 0755);
+    own("mine", kUser, kUser, 0777);
+    const auto call = [&](const std::string& rest) {
+        const std::string mine = scratch.path("mine").string();
+        return outputOf("cd " + mine + " && XDG_DATA_HOME=" + mine + " HOME=" + mine + " PATH=" +
+                        mine + ":$PATH setpriv --reuid=65534 --regid=65534 --clear-groups " +
+                        program + " call " + rest);
+    };
+    ASSERT_THAT(call("GQuorStrings.LPad 0 7 3"), testing::HasSubstr("007"));
+    EXPECT_THAT(call("GQuorRegistry.Reg_WriteDWordValue 'HKCU\\Software' v 1"),
+                testing::HasSubstr("False"));
+    EXPECT_FALSE(fs::exists(scratch.path("mine/quorkit")));
+    EXPECT_THAT(call("GQuorProgram.ExecuteAndWaitEx tool '' true 10"),
+                testing::Not(testing::HasSubstr("3\n")));
+    EXPECT_THAT(call("GQuorProgram.ExecuteAndWaitEx 'sh -c \"exit 3\"' '' true 10"),
+                testing::HasSubstr("3"));
+}
+
+// --- Locks that others keep ---
+
+TEST(LinuxLocks, AreWaitedForOnlySoLongAndTheReasonSaysForWhom) {
+    Scratch scratch;
+    scratch.write("a.ini", "[S]\nk=1\n");
+    const int held = open(scratch.path("a.ini").c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+    ports::takeReason();
+    EXPECT_EQ(errorOf([&] {
+                  GQuorFile().SaveByteArrayToFile(Array<Byte>(std::vector<Byte>{1}, 0),
+                                                  scratch.name("a.ini"));
+              }),
+              70);
+    EXPECT_THAT(ports::takeReason(), testing::MatchesRegex(".*a.ini is locked by .+"));
+    EXPECT_EQ(saveAs(scratch.name("a.ini")), 1);
+    EXPECT_THAT(ports::takeReason(), testing::MatchesRegex(".*a.ini is locked by .+"));
+    EXPECT_EQ(scratch.read("a.ini"), "[S]\nk=1\n");
+    close(held);
+}
+
+TEST(LinuxLocks, DoNotStayWithAForkedChild) {
+    Scratch scratch;
+    scratch.write("f", "x");
+    Files& files = ports::native().files;
+    Handle lock = Handle::Invalid;
+    ASSERT_EQ(files.LockFileA(scratch.name("f"), lock), kSuccess);
+    const pid_t child = fork();
+    if (child == 0) {
+        pause();
+        _exit(0);
+    }
+    EXPECT_EQ(files.CloseHandle(lock), kSuccess);
+    EXPECT_EQ(files.LockFileA(scratch.name("f"), lock, Wait::Briefly), kSuccess);
+    EXPECT_EQ(files.CloseHandle(lock), kSuccess);
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+}
+
+TEST(LinuxLocks, AKillWhileAFileIsMadeLeavesNothing) {
+    Scratch scratch;
+    int made = 0;
+    for (int i = 0; i < 60; ++i) {
+        const std::string name = "new" + std::to_string(i) + ".ini";
+        Child writer("saveEndlessly", {scratch.path(name).string()});
+        std::this_thread::sleep_for(std::chrono::microseconds(4000 + 400 * i));
+        writer.kill();
+        writer.wait();
+        if (fs::exists(scratch.path(name))) {
+            EXPECT_NE(scratch.read(name), "");
+            ++made;
+        }
+    }
+    EXPECT_EQ(scratch.count(), static_cast<std::size_t>(made));
+}
+
+/// Makes a file and deletes it again.
+int saveEndlessly(const std::vector<std::string>& arguments) {
+    const String name = fs::path(arguments[0]).u16string();
+    for (;;) {
+        saveAs(name);
+        ports::native().files.DeleteFileA(name);
+    }
+}
+const PartName saveEndlesslyPart("saveEndlessly", saveEndlessly);
+
+}  // namespace
+}  // namespace quorkit::test
+#endif
