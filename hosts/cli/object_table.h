@@ -4,17 +4,34 @@
 #include <quorkit/errors.h>
 #include <quorkit/object.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <unordered_map>
+#include <vector>
 
 namespace quorkit::cli {
 
 /// An object has one number from the first time the client sees it until the client releases it.
+/// At the end of the table all objects that ever were in it let go of what they hold, so that those
+/// in circles go too: without a number no client could reach them any more.
 class ObjectTable {
    public:
+    ObjectTable() = default;
+    ObjectTable(const ObjectTable&) = delete;
+    ObjectTable& operator=(const ObjectTable&) = delete;
+    ~ObjectTable() {
+        for (const auto& one : seen_)
+            if (const ObjectRef object = one.lock()) object->letGo();
+    }
+
     std::int64_t numberOf(const ObjectRef& object) {
         const auto [found, added] = numbers_.try_emplace(object.get(), next_);
-        if (added) objects_.emplace(next_++, object);
+        if (added) {
+            objects_.emplace(next_++, object);
+            note(object);
+        }
         return found->second;
     }
 
@@ -30,9 +47,20 @@ class ObjectTable {
     }
 
    private:
+    /// Those that have gone are taken off whenever the list has doubled.
+    void note(const ObjectRef& object) {
+        if (seen_.size() >= mostSeen_) {
+            std::erase_if(seen_, [](const auto& one) { return one.expired(); });
+            mostSeen_ = std::max(mostSeen_, 2 * seen_.size());
+        }
+        seen_.push_back(object);
+    }
+
     std::unordered_map<std::int64_t, ObjectRef> objects_;
     std::unordered_map<const Object*, std::int64_t> numbers_;
     std::int64_t next_ = 1;
+    std::vector<std::weak_ptr<Object>> seen_;
+    std::size_t mostSeen_ = 64;
 };
 
 }  // namespace quorkit::cli

@@ -9,6 +9,10 @@
 
 namespace quorkit::cli {
 
+void PropertyObject::letGo() {
+    const auto gone = std::exchange(properties_, {});
+}
+
 Long PropertyObject::identifierOf(StringView name) const {
     const auto found = std::ranges::find_if(
         properties_, [&](const Property& one) { return runtime::sameText(one.first, name); });

@@ -19,6 +19,8 @@ class PropertyObject final : public Object {
         : properties_(std::move(properties)) {}
 
     const char* className() const override { return "Object"; }
+    /// Has no properties any more.
+    void letGo() override;
     Long identifierOf(StringView name) const override;
     /// Errors 438, 448 and 450 for what reads or writes no property.
     Variant invoke(Long identifier, CallKind kind, const Arguments& arguments) override;

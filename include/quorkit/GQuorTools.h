@@ -16,22 +16,25 @@ class GQuorTools {
     explicit GQuorTools(Ports& ports = ports::native()) : ports_(ports) {}
 
     /// The position, counted from 1, of the first item of `c` that equals `vElement`: numbers by
-    /// value (a NaN equals all), texts with their letter case; Null equals nothing. -1 when there
-    /// is none, and for Nothing. Error 13, 438 or 91 when it meets what cannot be compared: arrays,
-    /// error values, objects.
+    /// value (a NaN equals all), texts with their letter case, error values by their code; Null
+    /// equals nothing. -1 when there is none, and for Nothing. Error 13, 438 or 91 when it meets
+    /// what cannot be compared: arrays, objects, an error value and another value.
     Long IndexOfElementInCollection(Unchanged<Variant> vElement, Unchanged<CollectionRef> c);
 
     /// Whether `sHex` holds nothing but hexadecimal digits, in any case; so does the empty text.
     Boolean isHex(Unchanged<String> sHex);
 
     /// Whether what is typed into a text box can be used: any object with a property Text. `iKind`
-    /// is what the text must convert to: 0 anything; 1 a whole number of 32 bits; 2 a number; 3 a
-    /// date, read as the user's language has it. So a number has the full stop and may also be
-    /// "&H1F", "1e3" or "(5)", a date may be a time alone, and blanks around either do no harm. The
-    /// text has no more than `iMaxLength` characters (0 and below: any number of them). With
-    /// `bEmptyAllowed` an empty box will do for every kind, otherwise for none. Error 5 for another
-    /// kind, 91 for Nothing, 438 for an object without Text, 94 where that is Null; its own errors
-    /// reach the caller.
+    /// is what the text must be: 0 anything; 1 a whole number of 32 bits; 2 a number; 3 a date.
+    /// Numbers and dates are read as people of the user's language type them. Numbers: 1,5 and
+    /// 1.000,50 in German, French, Italian and Spanish, 1.5 and 1,000.50 in English and others,
+    /// everywhere 1'000.50 and 1 000.50, also "1e3" or "(5)", but no "&H1F". GQuorConvert.myVal
+    /// reads them without regard to the language: a single mark is always its decimal mark. A date
+    /// may be a time alone. Blanks around do no harm, and blanks alone are empty. The text has no
+    /// more than `iMaxLength` characters (0 and below: any number of them). With `bEmptyAllowed` an
+    /// empty box will do for every kind, otherwise for none. Error 5 for another kind, 91 for
+    /// Nothing, 438 for an object without Text, 94 where that is Null; its own errors reach the
+    /// caller.
     Boolean CheckTextBoxValue(const ObjectRef& txtBox, Long iKind,
                               Optional<Long, 0> iMaxLength = {},
                               Optional<Boolean, true> bEmptyAllowed = {});

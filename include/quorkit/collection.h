@@ -19,6 +19,7 @@ class Collection final : public Object {
     };
 
     const char* className() const override { return "Collection"; }
+    void letGo() override;
 
     /// Appends an item; an empty key is no key. Error 457 when the key is present.
     void add(Variant item, String key = {});

@@ -20,6 +20,7 @@ class Dictionary final : public Object {
     };
 
     const char* className() const override { return "Dictionary"; }
+    void letGo() override;
 
     /// Error 457 when the key is present.
     void add(Variant key, Variant item);

@@ -23,9 +23,19 @@ struct Arguments {
 };
 
 /// Any automation object. An object reference without an object is Nothing.
+///
+/// An object lives as long as its last reference. What it holds in Variants goes with it, however
+/// long the chain of objects and arrays: the stack does not grow with it. Objects that hold each
+/// other in a circle, or themselves, keep each other: their memory, and what they have open, is
+/// given back when one of them lets go, otherwise only when the process ends.
 class Object {
    public:
     virtual ~Object() = default;
+
+    /// Lets go of all values that clients gave the object to keep, which opens every circle that
+    /// it is in; for a host whose client is gone. Of the library's objects Collection, Dictionary
+    /// and QuorCollection keep such, and are empty afterwards. Never an error.
+    virtual void letGo() {}
 
     /// The published name of the object's class.
     virtual const char* className() const = 0;

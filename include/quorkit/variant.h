@@ -33,6 +33,11 @@ template <class T, class Value>
 inline constexpr bool isOneOf = false;
 template <class T, class... Types>
 inline constexpr bool isOneOf<T, std::variant<Types...>> = (std::is_same_v<T, Types> || ...);
+
+/// Releases what `value` holds, and what that holds in turn, without recursion however deep it is;
+/// it is Empty afterwards. Up to a depth all has gone when this returns; within a release that is
+/// deeper it goes before the outermost one returns.
+void release(VariantValue& value) noexcept;
 }  // namespace detail
 
 template <class T>
@@ -59,6 +64,14 @@ class Variant : public VariantValue {
     Variant(const std::shared_ptr<T>& object) : Variant(ObjectRef(object)) {}
 
     // NOLINTEND(google-explicit-constructor)
+
+    Variant(const Variant&) = default;
+    Variant(Variant&&) noexcept = default;
+    Variant& operator=(const Variant&) = default;
+    Variant& operator=(Variant&&) noexcept = default;
+    ~Variant() {
+        if (holdsValues()) detail::release(*this);
+    }
 
     /// The value of an optional argument that the caller left out. It is not Empty.
     static Variant missing() { return ErrorValue{0x80020004}; }
@@ -91,6 +104,15 @@ class Variant : public VariantValue {
 
     friend bool operator==(const Variant& a, const Variant& b) {
         return static_cast<const VariantValue&>(a) == static_cast<const VariantValue&>(b);
+    }
+
+   private:
+    /// Whether other values may go with this one.
+    bool holdsValues() const {
+        const auto* object = getIf<ObjectRef>();
+        if (object != nullptr) return object->use_count() == 1;
+        const auto* array = getIf<Array<Variant>>();
+        return array != nullptr && !array->elements().empty();
     }
 };
 

@@ -38,7 +38,8 @@ std::span<const MemberInfo> memberRows<GQuorConvert>() {
                                       "The items of an array, or the values of a key/value table "
                                       "under their keys, as a collection."),
         method<&C::CollectionToArray>(0x6003000A, "CollectionToArray", {"c"},
-                                      "The items of a collection as an array counted from 0."),
+                                      "The items of a collection as an array counted from 0, as a "
+                                      "key/value table when it has keys."),
         method<&C::RGBString_to_RGBColor>(0x6003000B, "RGBString_to_RGBColor", {"sRGB"},
                                           "The number of a colour from R,G,B or #RRGGBB."),
         method<&C::ConvertDezToAny>(0x6003000C, "ConvertDezToAny",

@@ -9,12 +9,12 @@
 namespace quorkit {
 namespace {
 
-constexpr StringView kYes[] = {u"true",    u"yes",       u"on",      u"wahr", u"ja",
-                               u"ein",     u"vrai",      u"oui",     u"vero", u"si",
-                               u"s\u00EC", u"verdadero", u"s\u00ED", u"x"};
+constexpr StringView kYes[] = {u"true",    u"yes", u"on",   u"wahr", u"ja",      u"ein",
+                               u"vrai",    u"oui", u"vero", u"si",   u"s\u00EC", u"verdadero",
+                               u"s\u00ED", u"x",   u"y",    u"j",    u"t",       u"ok"};
 
 bool saysYes(StringView text) {
-    text = runtime::Trim(text);
+    text = runtime::without(runtime::kWhiteSpace, text);
     const auto number = runtime::numberIn(text);
     return number ? *number != 0 : std::ranges::any_of(kYes, [&](StringView word) {
         return runtime::sameText(text, word);

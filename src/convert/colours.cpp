@@ -12,9 +12,9 @@ void require(bool fits) {
     if (!fits) raise(ErrorNumber::InvalidProcedureCall);
 }
 
-bool take(StringView& text, char16_t unit) {
-    if (!text.starts_with(unit)) return false;
-    text.remove_prefix(1);
+bool take(StringView& text, StringView start) {
+    if (!text.starts_with(start)) return false;
+    text.remove_prefix(start.size());
     return true;
 }
 
@@ -30,22 +30,39 @@ Long takePart(StringView& text) {
 
 void skipSeparator(StringView& text) {
     text = runtime::Trim(text);
-    if (take(text, u',') || take(text, u';')) text = runtime::Trim(text);
+    if (take(text, u",") || take(text, u";")) text = runtime::Trim(text);
 }
 
 Long colourOf(Long red, Long green, Long blue) {
     return red + 256 * green + 65536 * blue;
 }
 
-Long fromHexadecimal(StringView digits) {
-    require(digits.size() == 6);
+constexpr StringView kDigits = u"0123456789abcdef";
+constexpr Long kWhite = 0xFFFFFF;
+
+bool consistsOf(StringView digits, StringView text) {
+    return !text.empty() && text.find_first_not_of(digits) == StringView::npos;
+}
+
+/// A number that is a colour as it stands.
+Long takeNumber(StringView text, std::size_t base) {
+    require(consistsOf(kDigits.substr(0, base), text));
     Long value = 0;
-    for (const char16_t unit : digits) {
-        const auto digit = StringView(u"0123456789abcdef").find(unit);
-        require(digit != StringView::npos);
-        value = value * 16 + static_cast<Long>(digit);
+    for (const char16_t unit : text) {
+        value = value * static_cast<Long>(base) + static_cast<Long>(kDigits.find(unit));
+        require(value <= kWhite);
     }
-    return colourOf(value >> 16, value >> 8 & 255, value & 255);
+    return value;
+}
+
+/// Six digits with red in front, or three that stand for two alike each.
+Long fromRedToBlue(StringView digits) {
+    const std::size_t width = digits.size() / 3;
+    require(digits.size() % 3 == 0 && (width == 1 || width == 2));
+    Long parts[3];
+    for (std::size_t i = 0; i < 3; ++i)
+        parts[i] = takeNumber(digits.substr(i * width, width), 16) * (width == 1 ? 17 : 1);
+    return colourOf(parts[0], parts[1], parts[2]);
 }
 
 }  // namespace
@@ -53,12 +70,18 @@ Long fromHexadecimal(StringView digits) {
 Long GQuorConvert::RGBString_to_RGBColor(const String& sRGB) {
     const String lower = runtime::toLower(sRGB);
     StringView text = runtime::Trim(lower);
-    if (take(text, u'#')) return fromHexadecimal(text);
+    if (take(text, u"#") || take(text, u"0x")) return fromRedToBlue(text);
+    if (take(text, u"&h"))
+        return takeNumber(text.substr(0, text.size() - (text.ends_with(u'&') ? 1 : 0)), 16);
+    // People write no number with a zero in front, but dark colours have one.
+    const bool sixDigits = text.size() == 6 && consistsOf(kDigits, text);
+    const bool decimal = consistsOf(kDigits.substr(0, 10), text);
+    if (sixDigits && (!decimal || text.front() == u'0')) return fromRedToBlue(text);
+    if (decimal) return takeNumber(text, 10);
 
-    constexpr StringView function = u"rgb";
-    if (text.starts_with(function)) {
-        text = runtime::Trim(text.substr(function.size()));
-        require(take(text, u'(') && text.ends_with(u')'));
+    if (take(text, u"rgb")) {
+        text = runtime::Trim(text);
+        require(take(text, u"(") && text.ends_with(u')'));
         text.remove_suffix(1);
         text = runtime::Trim(text);
     }

@@ -38,10 +38,22 @@ CollectionRef GQuorConvert::ArrayToCollection(const Variant& vArray) {
 
 Variant GQuorConvert::CollectionToArray(const CollectionRef& c) {
     if (c == nullptr) raise(ErrorNumber::ObjectNotSet);
-    std::vector<Variant> items;
-    items.reserve(static_cast<std::size_t>(c->count()));
-    for (Long position = 1; position <= c->count(); ++position) items.push_back(c->item(position));
-    return Array<Variant>(std::move(items));
+    const Long count = c->count();
+    bool keyed = false;
+    for (Long position = 1; position <= count && !keyed; ++position)
+        keyed = !c->entry(position).key.empty();
+    if (!keyed) {
+        Array<Variant> items(Bounds{0, count});
+        for (Long i = 0; i < count; ++i) items.at(i) = c->item(i + 1);
+        return items;
+    }
+    Array<Variant> table({0, 2}, {0, count});
+    for (Long i = 0; i < count; ++i) {
+        const Collection::Entry& entry = c->entry(i + 1);
+        table.at(0, i) = entry.key;
+        table.at(1, i) = entry.item;
+    }
+    return table;
 }
 
 }  // namespace quorkit

@@ -26,6 +26,13 @@ Long digitValue(char16_t unit, Integer base) {
     return static_cast<Long>(value);
 }
 
+/// The bases in which programs write the bits of a number, and what they put in front.
+struct BitBase {
+    Integer base;
+    StringView prefix;
+};
+constexpr BitBase kBitBases[] = {{16, u"0X"}, {16, u"&H"}, {8, u"&O"}, {2, u"0B"}};
+
 }  // namespace
 
 Long GQuorConvert::HexToDec(const String& HexValue) {
@@ -50,11 +57,20 @@ Long GQuorConvert::ConvertAnyToDez(const String& sValue, Integer iBase) {
     requireBase(iBase);
     StringView digits = runtime::Trim(sValue);
     const bool negative = digits.starts_with(u'-');
-    if (negative || digits.starts_with(u'+')) digits.remove_prefix(1);
+    const bool hasSign = negative || digits.starts_with(u'+');
+    if (hasSign) digits.remove_prefix(1);
+    const String start = runtime::toUpper(digits.substr(0, 2));
+    bool bits = false;
+    for (const BitBase& one : kBitBases) {
+        if (one.base != iBase) continue;
+        bits = !hasSign;
+        if (one.prefix == start) digits.remove_prefix(start.size());
+    }
     if (digits.empty()) raise(ErrorNumber::TypeMismatch);
     std::int64_t value = 0;
     for (const char16_t unit : digits)
         value = std::min(value * iBase + digitValue(unit, iBase), tooLarge);
+    if (bits && value < tooLarge) return static_cast<Long>(static_cast<std::uint32_t>(value));
     return runtime::roundToLong(static_cast<Double>(negative ? -value : value));
 }
 

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <string>
 
+#include "convert/amount.h"
+#include "convert/number_marks.h"
 #include "frame/error_patterns.h"
 #include "runtime/convert.h"
 #include "runtime/number_text.h"
@@ -11,19 +13,6 @@
 
 namespace quorkit {
 namespace {
-
-constexpr StringView kBlanks = u" \u00A0\u2009\u202F";  // no-break, thin, narrow no-break
-constexpr StringView kApostrophes = u"'\u2019";
-constexpr StringView kPoints = u".,";
-constexpr StringView kMinuses = u"-\u2013\u2212";
-
-bool isOneOf(char16_t unit, StringView units) {
-    return units.find(unit) != StringView::npos;
-}
-
-bool isDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
-}
 
 /// Puts the first number of a text, written as people do, into the form that the runtime reads.
 class Reader {
@@ -36,10 +25,11 @@ class Reader {
         if (digit == text_.end()) return {};
         next_ = static_cast<std::size_t>(digit - text_.begin());
         if (startsWithPoint()) --next_;
-        std::string result = isNegative() ? "-" : "";
-        result += mantissa();
-        result += exponent();
-        return result;
+        const StringView front = text_.substr(0, next_);
+        const std::string digits = digitsAndPoints();
+        const std::string power = exponent();
+        const Amount amount = amountBetween(front, text_.substr(next_));
+        return (amount.negative ? "-" : "") + mantissa(digits, amount.commaGroups) + power;
     }
 
    private:
@@ -51,12 +41,7 @@ class Reader {
     bool startsWithPoint() const {
         if (next_ == 0 || !isOneOf(text_[next_ - 1], kPoints)) return false;
         return next_ == 1 || text_[next_ - 2] == u'+' || isOneOf(text_[next_ - 2], kMinuses) ||
-               isOneOf(text_[next_ - 2], kBlanks);
-    }
-
-    bool isNegative() const {
-        const auto before = text_.substr(0, next_).find_last_not_of(kBlanks);
-        return before != StringView::npos && isOneOf(text_[before], kMinuses);
+               isOneOf(text_[next_ - 2], kNumberBlanks);
     }
 
     /// Whether the number goes on behind the next character, which is none of its digits.
@@ -64,39 +49,47 @@ class Reader {
         const char16_t unit = at(next_);
         if (!isDigit(at(next_ + 1))) return false;
         if (isOneOf(unit, kPoints) || isOneOf(unit, kApostrophes)) return true;
-        return isOneOf(unit, kBlanks) && !pointSeen && isDigit(at(next_ + 2)) &&
+        return isOneOf(unit, kNumberBlanks) && !pointSeen && isDigit(at(next_ + 2)) &&
                isDigit(at(next_ + 3)) && !isDigit(at(next_ + 4));
     }
 
-    /// The digits with a full stop as the decimal mark.
-    std::string mantissa() {
-        std::string digitsAndPoints;
-        std::size_t lastPoint = std::string::npos;
-        for (; isDigit(at(next_)) || isMark(lastPoint != std::string::npos); ++next_) {
-            if (isOneOf(text_[next_], kPoints)) lastPoint = digitsAndPoints.size();
-            if (isDigit(text_[next_]) || isOneOf(text_[next_], kPoints))
-                digitsAndPoints += static_cast<char>(text_[next_]);
-        }
-        if (lastPoint == std::string::npos) return digitsAndPoints;
-
-        const bool isDecimal = std::ranges::count(digitsAndPoints, digitsAndPoints[lastPoint]) == 1;
+    std::string digitsAndPoints() {
         std::string result;
-        for (std::size_t i = 0; i < digitsAndPoints.size(); ++i) {
-            if (isDigit(static_cast<char16_t>(digitsAndPoints[i])))
-                result += digitsAndPoints[i];
-            else if (i == lastPoint && isDecimal)
+        bool pointSeen = false;
+        for (; isDigit(at(next_)) || isMark(pointSeen); ++next_) {
+            const bool isPoint = isOneOf(text_[next_], kPoints);
+            pointSeen |= isPoint;
+            if (isPoint || isDigit(text_[next_])) result += static_cast<char>(text_[next_]);
+        }
+        return result;
+    }
+
+    /// The digits with a full stop as the decimal mark.
+    static std::string mantissa(const std::string& marked, bool commaGroups) {
+        const std::size_t last = marked.find_last_of(".,");
+        if (last == std::string::npos) return marked;
+        const bool thousand = commaGroups && marked[last] == ',' && marked.size() - last == 4 &&
+                              last >= 1 && last <= 3 && marked[0] != '0';
+        const bool isDecimal = std::ranges::count(marked, marked[last]) == 1 && !thousand;
+        std::string result;
+        for (std::size_t i = 0; i < marked.size(); ++i) {
+            if (isDigit(static_cast<char16_t>(marked[i])))
+                result += marked[i];
+            else if (i == last && isDecimal)
                 result += '.';
         }
         return result;
     }
 
-    /// "e", a sign and digits, or a part of that, which the runtime ignores.
-    std::string exponent() const {
+    /// "e", a sign and digits; empty and not passed when they are not all there.
+    std::string exponent() {
         if (!isOneOf(at(next_), u"eE")) return {};
         std::size_t end = next_ + 1;
         if (isOneOf(at(end), u"+-")) ++end;
+        if (!isDigit(at(end))) return {};
         while (isDigit(at(end))) ++end;
         const StringView tail = text_.substr(next_, end - next_);
+        next_ = end;
         return std::string(tail.begin(), tail.end());
     }
 
@@ -105,7 +98,7 @@ class Reader {
 };
 
 Double tolerant(StringView text) {
-    // People end round prices with a dash, "5.-"; the runtime would take it for a sign.
+    // People end round prices with a dash, "5.-"; the runtime takes each for a sign.
     const bool dashed = runtime::Trim(text).ends_with(u'-');
     const auto exact = dashed ? std::nullopt : runtime::numberIn(text);
     const Double value = exact ? *exact : runtime::readNumber(Reader(text).number()).value;

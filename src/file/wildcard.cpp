@@ -15,14 +15,22 @@ bool isLetter(char16_t folded, char16_t unit) {
     return folded == unit || folded == runtime::toUpper(unit);
 }
 
+/// As Windows cuts names, before it looks at the pattern: no full stops and blanks at the end. Of
+/// these only a last full stop behind "*" leaves a trace, and not in "*.*.".
+String cut(StringView pattern) {
+    const StringView kept = pattern.substr(0, pattern.find_last_not_of(u". ") + 1);
+    if (kept == u"*.*") return u"*";
+    return String(kept) + (kept.ends_with(u'*') && pattern.ends_with(u'.') ? u"." : u"");
+}
+
 }  // namespace
 
 bool isPattern(StringView text) {
     return text.find_first_of(kWild) != StringView::npos;
 }
 
-Wildcard::Wildcard(StringView pattern) {
-    if (pattern == u"*.*") pattern = u"*";
+Wildcard::Wildcard(StringView asked) {
+    const String pattern = cut(asked);
     std::size_t wild = 0;
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         const bool last = i + 1 == pattern.size();

@@ -13,13 +13,16 @@ namespace quorkit {
 /// - "*" is any run of characters, none included; in front of a full stop one that does not have
 ///   the last full stop of the name; "*.*" is every name;
 /// - "?" is one character that is no full stop, or nothing in front of a full stop and at the end;
-/// - a full stop in front of "*" or "?", and one at the end, may be missing at the end of a name:
-///   "a.*" matches "a", "a.txt." matches "a.txt", "*." matches names without an extension.
-/// A name takes time in proportion to its length, times that of the pattern at worst. Source:
-/// FsRtlIsNameInExpression in the Windows driver documentation.
+/// - a full stop in front of "*" or "?" may be missing at the end of a name: "a.*" matches "a";
+/// - full stops and blanks at the end do not count: "*.txt. " is "*.txt", "a?." is "a?", "*. " is
+///   "*"; but behind "*" a full stop that is the last character means no extension: "*.", "a*..",
+///   "* .".
+/// A name takes time in proportion to its length, times that of the pattern at worst. Sources:
+/// FsRtlIsNameInExpression in the Windows driver documentation, and what FindFirstFile makes of
+/// patterns before it asks that.
 class Wildcard {
    public:
-    explicit Wildcard(StringView pattern);
+    explicit Wildcard(StringView asked);
 
     bool matches(StringView name) const;
 

@@ -18,6 +18,7 @@
 #include <quorkit/dispatch.h>
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 
 #include "frame/member_row.h"
@@ -34,6 +35,10 @@ class Instance final : public CatalogueObject {
     Instance(const ClassInfo& info, Ports& ports, From&& from)
         : CatalogueObject(ports), info_(info), self_(std::forward<From>(from)) {}
     const ClassInfo& info() const override { return info_; }
+    void letGo() override {
+        if constexpr (std::is_same_v<C, QuorCollection>)
+            while (self_.removeByIndex(self_.count())) continue;
+    }
 
    private:
     void* self() override { return &self_; }

@@ -1,10 +1,16 @@
 #include <quorkit/collection.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "runtime/letter_case.h"
 
 namespace quorkit {
+
+void Collection::letGo() {
+    byKey_.clear();
+    const auto gone = std::exchange(entries_, {});
+}
 
 void Collection::add(Variant item, String key) {
     entries_.push_back(std::make_unique<Entry>(Entry{std::move(key), std::move(item)}));

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <utility>
 
 namespace quorkit {
 namespace {
@@ -41,6 +42,11 @@ String textOf(const Variant& key) {
 }
 
 }  // namespace
+
+void Dictionary::letGo() {
+    positions_.clear();
+    const auto gone = std::exchange(entries_, {});
+}
 
 void Dictionary::add(Variant key, Variant item) {
     String text = textOf(key);

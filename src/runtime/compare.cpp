@@ -51,4 +51,9 @@ std::partial_ordering compare(const Variant& a, const Variant& b) {
     return std::partial_ordering::equivalent;
 }
 
+bool equal(const Variant& a, const Variant& b) {
+    if (a.is<ErrorValue>() && b.is<ErrorValue>()) return a == b;
+    return std::is_eq(compare(a, b));
+}
+
 }  // namespace quorkit::runtime

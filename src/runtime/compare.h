@@ -15,4 +15,8 @@ namespace quorkit::runtime {
 /// beside Null.
 std::partial_ordering compare(const Variant& a, const Variant& b);
 
+/// Whether `a` equals `b`: as `compare` has it, but two error values may stand beside each other
+/// and are equal when their codes are.
+bool equal(const Variant& a, const Variant& b);
+
 }  // namespace quorkit::runtime

@@ -5,14 +5,11 @@
 #include <limits>
 #include <string>
 
+#include "runtime/trim.h"
+
 namespace quorkit::runtime {
 namespace {
 
-/// White space of Unicode, which may stand around a number and its sign.
-constexpr StringView kBlanks =
-    u"\t\n\v\f\r "
-    u"\u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A"
-    u"\u2028\u2029\u202F\u205F\u3000";
 constexpr StringView kSigns = u"+-";
 constexpr Double kInfinity = std::numeric_limits<Double>::infinity();
 
@@ -44,12 +41,6 @@ NumberText readRadix(std::string_view text, unsigned bitsPerDigit) {
     return {static_cast<Double>(static_cast<std::int32_t>(bits)), length, bits};
 }
 
-StringView withoutBlanks(StringView text) {
-    const auto first = text.find_first_not_of(kBlanks);
-    if (first == StringView::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 bool isSign(char16_t unit) {
     return kSigns.find(unit) != StringView::npos;
 }
@@ -69,7 +60,7 @@ char16_t takeSign(StringView& text) {
         sign = text.back();
         text.remove_suffix(1);
     }
-    text = withoutBlanks(text);
+    text = without(kWhiteSpace, text);
     return sign;
 }
 
@@ -140,7 +131,7 @@ NumberText readNumber(std::string_view text) {
 }
 
 NumberText readWholeNumber(StringView text) {
-    text = withoutBlanks(text.substr(0, text.find(u'\0')));
+    text = without(kWhiteSpace, text.substr(0, text.find(u'\0')));
     const char16_t sign = takeSign(text);
     // One sign is enough, and bits have none.
     if (text.empty() || isSign(text[0]) || (sign != u'\0' && text[0] == u'&')) return {};

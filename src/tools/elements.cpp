@@ -1,7 +1,5 @@
 #include <quorkit/GQuorTools.h>
 
-#include <compare>
-
 #include "runtime/compare.h"
 
 namespace quorkit {
@@ -11,7 +9,7 @@ Long GQuorTools::IndexOfElementInCollection(Unchanged<Variant> vElement,
     constexpr Long absent = -1;
     if (*c == nullptr) return absent;
     for (Long position = 1; position <= (*c)->count(); ++position)
-        if (std::is_eq(runtime::compare((*c)->item(position), vElement))) return position;
+        if (runtime::equal((*c)->item(position), vElement)) return position;
     return absent;
 }
 

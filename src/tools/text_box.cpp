@@ -2,12 +2,18 @@
 
 #include "frame/error_patterns.h"
 #include "runtime/convert.h"
+#include "runtime/trim.h"
+#include "tools/typed_number.h"
 #include "windows/ui_language.h"
 
 namespace quorkit {
 namespace {
 
 enum Kind { AnyText, WholeNumber, Number, DateText };
+
+bool isLong(Double number) {
+    return onErrorReturn(false, [&] { return runtime::roundToLong(number) == number; });
+}
 
 }  // namespace
 
@@ -16,15 +22,15 @@ Boolean GQuorTools::CheckTextBoxValue(const ObjectRef& txtBox, Long iKind,
                                       Optional<Boolean, true> bEmptyAllowed) {
     if (iKind < AnyText || iKind > DateText) raise(ErrorNumber::InvalidProcedureCall);
     if (txtBox == nullptr) raise(ErrorNumber::ObjectNotSet);
-    const Variant text = runtime::CStr(txtBox->call(u"Text", CallKind::Get));
-    const std::size_t length = text.get<String>().size();
-    if (length == 0) return bEmptyAllowed;
-    if (*iMaxLength > 0 && length > static_cast<std::size_t>(*iMaxLength)) return false;
+    const String text = runtime::CStr(txtBox->call(u"Text", CallKind::Get));
+    if (runtime::without(runtime::kWhiteSpace, text).empty()) return bEmptyAllowed;
+    if (*iMaxLength > 0 && text.size() > static_cast<std::size_t>(*iMaxLength)) return false;
     switch (iKind) {
         case WholeNumber:
-            return onErrorReturn(false, [&] { return runtime::CDbl(text) == runtime::CLng(text); });
-        case Number:
-            return runtime::IsNumeric(text);
+        case Number: {
+            const auto number = typedNumber(text, uiLanguage(ports_));
+            return number && (iKind == Number || isLong(*number));
+        }
         case DateText:
             return resumeNext([&] { runtime::CDate(text, uiLanguage(ports_)); });
         default:

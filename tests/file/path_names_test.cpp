@@ -84,9 +84,9 @@ TEST(PathNames, AreExpandedEnvironmentFirst) {
     file.expect(u"ExpandFileName", {Row({u"%a%\\x[m].log"}, u"1970\\x1.log")});
 }
 
-std::vector<String> words(const String& text) {
+std::vector<String> words(const String& text, const String& delimiter = u" ") {
     Array<String> array;
-    GQuorConvert().StringTokenToStringArray(text, u" ", array);
+    GQuorConvert().StringTokenToStringArray(text, delimiter, array);
     return array.elements();
 }
 
@@ -94,8 +94,10 @@ TEST(Wildcard, MatchesAsWindowsDoes) {
     const String all = u"a ab a.b a.txt A.TXT2 b.tar.gz .x readme a..b \u00C4b.c ";
     using Case = std::pair<String, String>;  // patterns, and the names that each of them matches
     for (const auto& [patterns, matched] :
-         {Case(u"* *.* *.*.* *?", all), Case(u" a\"b", u""), Case(u"*.", u"a ab readme "),
-          Case(u"a*. a? a??", u"a ab "), Case(u"*.txt a.txt a.txt. a.t?t", u"a.txt "),
+         {Case(u"*|*.*|*.*.*|*?|*. |*.. |* . |*.*.|*.*. .|**.", all), Case(u"|a\"b| |...|. .", u""),
+          Case(u"*.|*..|* .|*. .", u"a ab readme "),
+          Case(u"a*.|a?|a??|a?.|a?? .|a*.. .|a*. .", u"a ab "),
+          Case(u"*.txt|*.txt |a.txt|a.txt.|a.txt . |a.t?t..|a.t?t", u"a.txt "),
           Case(u"*.TXT*", u"a.txt A.TXT2 "), Case(u"*.t*", u"a.txt A.TXT2 b.tar.gz "),
           Case(u"*a*.g*", u"b.tar.gz "), Case(u"readme.*", u"readme "), Case(u".*", u".x "),
           Case(u"a.*", u"a a.b a.txt A.TXT2 a..b "), Case(u"a*.*", u"a ab a.b a.txt A.TXT2 a..b "),
@@ -103,7 +105,7 @@ TEST(Wildcard, MatchesAsWindowsDoes) {
           Case(u"??.*", u"a ab a.b a.txt A.TXT2 b.tar.gz .x a..b \u00C4b.c "),
           Case(u"*.?", u"a ab a.b .x readme a..b \u00C4b.c "), Case(u"a.???", u"a a.b a.txt "),
           Case(u"*b", u"ab a.b a..b "), Case(u"*..*", u"a..b "), Case(u"\u00E4?.C", u"\u00C4b.c ")})
-        for (const String& pattern : words(patterns)) {
+        for (const String& pattern : words(patterns, u"|")) {
             const Wildcard wildcard(pattern);
             String found;
             for (const String& name : words(all))

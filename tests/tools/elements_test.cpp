@@ -26,6 +26,11 @@ TEST(Tools, IndexOfElementInCollection) {
         EXPECT_EQ(tools(u"IndexOfElementInCollection", {element, list}), position) << position;
     EXPECT_EQ(tools(u"IndexOfElementInCollection", {u"x", ObjectRef()}), Long{-1});
     EXPECT_EQ(tools.errorOf(u"IndexOfElementInCollection", {Array<Variant>(), list}), 13);
+    const auto errors = std::make_shared<Collection>();
+    for (const std::uint32_t code : {1u, 0x80020004u}) errors->add(ErrorValue{code});
+    tools.expect(u"IndexOfElementInCollection",
+                 {Row({ErrorValue{1}, errors}, Long{1}), Row({ErrorValue{2}, errors}, Long{-1}),
+                  Row({u"x", errors}, Error{13}), Row({ErrorValue{1}, list}, -1)});
 }
 
 TEST(Tools, IsHex) {
@@ -103,23 +108,32 @@ TEST(Tools, CheckTextBoxValue) {
         return std::make_shared<cli::PropertyObject>(
             std::vector<cli::PropertyObject::Property>{{property, text}});
     };
-    const std::tuple<Long, std::vector<Variant>, Boolean> cases[] = {
-        {0, {u"x", u" ", u""}, true},
-        {1, {u"7", u" -2147483648 ", u"1e3", Integer{5}, u""}, true},
-        {1, {u"1.5", u"2147483648", u"x", u" "}, false},
-        {2, {u"-1.5"}, true},
-        {2, {u"1,5", u"1E999", u"1 x"}, false},
-        {3, {u"2024-02-29", u"31.1.2024 ", u"1/31/2024"}, true},
-        {3, {u"2023-02-29", u"45000", u"x"}, false},
+    const LanguageIdentifier english = 1033, german = 2055, french = 4108;
+    const std::tuple<LanguageIdentifier, Long, std::vector<Variant>, Boolean> cases[] = {
+        {english, 0, {u"x", u" ", u""}, true},
+        {english, 1, {u"7", u" -2147483648 ", u"1e3", Integer{5}, u"", u" \t\u00A0"}, true},
+        {english, 1, {u"1,000", u"1.0", u"1'000"}, true},
+        {english, 1, {u"1.5", u"2147483648", u"x", u"&H1F", u"&O7"}, false},
+        {english, 2, {u"-1.5", u"1,234,567.5", u"1'000.50", u"(5)", u"12 000-", u".5e3"}, true},
+        {english, 2, {u"1,5", u"1.000,50", u"1E999", u"1 x", u"1,00", u",5", u"1,000e"}, false},
+        {german, 1, {u"1.000", u"1'000.0", u"-1.234.567,0"}, true},
+        {german, 1, {u"1,5", u"1,000,5", u"1.5"}, false},
+        {german, 2, {u"1,5", u"1.5", u"1.000,50", u"1\u2019000.50", u",5-", u"1,5e3"}, true},
+        {german, 2, {u"1.00,5", u"1000.000,5", u"1'000.000", u"1,5.5", u"1,,5", u"&HF"}, false},
+        {french, 2, {u"1\u202F234,5", u"- 1 234 567"}, true},
+        {english, 3, {u"2024-02-29", u"31.1.2024 ", u"1/31/2024", u"  "}, true},
+        {english, 3, {u"2023-02-29", u"45000", u"x"}, false},
     };
-    for (const auto& [kind, texts, fits] : cases)
-        for (const Variant& text : texts)
+    for (const auto& [language, kind, texts, fits] : cases)
+        for (const Variant& text : texts) {
+            world.system.userLanguage = language;
             EXPECT_EQ(tools(u"CheckTextBoxValue", {box(u"Text", text), kind}), fits)
-                << kind << testing::PrintToString(text);
+                << language << ' ' << kind << testing::PrintToString(text);
+        }
     const Variant digits = box(u"text", u"12345");
     tools.expect(u"CheckTextBoxValue", {{{digits, Long{1}, Long{5}}, true},
                                         {{digits, Long{1}, Long{4}}, false},
-                                        {{box(u"Text", u""), Long{0}, Long{0}, false}, false},
+                                        {{box(u"Text", u" \t"), Long{0}, Long{1}, false}, false},
                                         {{digits, Long{4}}, Error{5}},
                                         {{ObjectRef(), Long{0}}, Error{91}},
                                         {{box(u"Text", Null()), Long{0}}, Error{94}},

@@ -1,0 +1,21 @@
+// The characters with which people write numbers, beside the digits.
+#pragma once
+
+#include <quorkit/values.h>
+
+namespace quorkit {
+
+inline constexpr StringView kNumberBlanks = u" \u00A0\u2009\u202F";  // also the narrow ones
+inline constexpr StringView kApostrophes = u"'\u2019";
+inline constexpr StringView kPoints = u".,";
+inline constexpr StringView kMinuses = u"-\u2013\u2212";
+
+inline bool isOneOf(char16_t unit, StringView units) {
+    return units.find(unit) != StringView::npos;
+}
+
+inline bool isDigit(char16_t unit) {
+    return unit >= u'0' && unit <= u'9';
+}
+
+}  // namespace quorkit

@@ -1,0 +1,50 @@
+#include <quorkit/variant.h>
+
+#include <new>
+#include <vector>
+
+namespace quorkit::detail {
+namespace {
+
+/// The releases under way on a thread: each within the one before.
+struct Releases {
+    int depth = 0;
+    std::vector<VariantValue> waiting;
+};
+
+// It points to the stack of the outermost release, so that it needs no destruction of its own:
+// Variants may outlive all others on their thread.
+thread_local Releases* underWay = nullptr;
+
+void releaseWithin(Releases& releases, VariantValue& value) noexcept {
+    // Objects of a usual depth go at once, so that what their destructors do comes in the order
+    // that their authors expect.
+    constexpr int deepest = 32;
+    if (releases.depth >= deepest) {
+        try {
+            releases.waiting.push_back(std::move(value));
+            return;
+        } catch (const std::bad_alloc&) {  // the stack may have the room that the heap has not
+        }
+    }
+    ++releases.depth;
+    value.emplace<Empty>();
+    --releases.depth;
+}
+
+}  // namespace
+
+void release(VariantValue& value) noexcept {
+    if (underWay != nullptr) return releaseWithin(*underWay, value);
+    Releases outermost;
+    underWay = &outermost;
+    releaseWithin(outermost, value);
+    while (!outermost.waiting.empty()) {
+        VariantValue next = std::move(outermost.waiting.back());
+        outermost.waiting.pop_back();
+        releaseWithin(outermost, next);
+    }
+    underWay = nullptr;
+}
+
+}  // namespace quorkit::detail

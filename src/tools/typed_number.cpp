@@ -1,0 +1,63 @@
+#include "tools/typed_number.h"
+
+#include <cmath>
+
+#include "convert/number_marks.h"
+#include "runtime/convert.h"
+
+namespace quorkit {
+namespace {
+
+bool marksThousands(char16_t unit, char16_t decimal) {
+    return isOneOf(unit, kApostrophes) || isOneOf(unit, kNumberBlanks) ||
+           (isOneOf(unit, kPoints) && unit != decimal);
+}
+
+/// The number without its thousands marks, and with a full stop for the decimal mark. Nothing when
+/// these marks are not where they belong.
+std::optional<String> plain(StringView text, char16_t decimal) {
+    String result;
+    char16_t group = u'\0';
+    std::size_t digits = 0;  // behind the last mark
+    bool whole = true;       // still in front of the decimal mark and the exponent
+    const auto groupIsFull = [&] { return group == u'\0' || digits == 3; };
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t unit = text[i];
+        if (isDigit(unit)) {
+            ++digits;
+            result += unit;
+            continue;
+        }
+        const bool between = whole && digits > 0 && i + 1 < text.size() && isDigit(text[i + 1]);
+        if (between && marksThousands(unit, decimal)) {
+            if (group == u'\0' ? digits > 3 : (digits != 3 || unit != group)) return {};
+            group = unit;
+            digits = 0;
+            continue;
+        }
+        if (whole && digits > 0) {
+            if (!groupIsFull()) return {};
+            whole = false;
+        }
+        if (isOneOf(unit, kPoints) && unit != decimal) return {};
+        result += unit == decimal ? u'.' : unit;
+    }
+    if (whole && !groupIsFull()) return {};
+    return result;
+}
+
+}  // namespace
+
+std::optional<Double> typedNumber(StringView text, eLanguage language) {
+    if (text.find(u'&') != StringView::npos) return {};
+    const bool comma = language == eLanguage_German || language == eLanguage_French ||
+                       language == eLanguage_Italian || language == eLanguage_Spanish;
+    for (const char16_t decimal : comma ? StringView(u",.") : StringView(u".")) {
+        const auto digits = plain(text, decimal);
+        const auto number = digits ? runtime::numberIn(*digits) : std::nullopt;
+        if (number && std::isfinite(*number)) return number;
+    }
+    return {};
+}
+
+}  // namespace quorkit

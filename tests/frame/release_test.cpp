@@ -1,0 +1,84 @@
+// How objects that hold others are released.
+#include <gtest/gtest.h>
+#include <quorkit/collection.h>
+#include <quorkit/dictionary.h>
+
+#include "cli/object_table.h"
+#include "cli/property_object.h"
+#include "support/late.h"
+
+namespace quorkit::test {
+namespace {
+
+struct Witness final : Object {
+    explicit Witness(bool& released) : gone(released) {}
+    ~Witness() override { gone = true; }
+    const char* className() const override { return "Witness"; }
+    bool& gone;
+};
+
+template <class T, class Keep>
+Variant holder(Keep keep) {
+    const auto object = std::make_shared<T>();
+    keep(*object);
+    return object;
+}
+
+/// Everything that keeps a value for a client, as one link of a chain.
+const std::vector<Variant (*)(Variant)> kLinks = {
+    [](Variant held) { return holder<Collection>([&](auto& c) { c.add(std::move(held)); }); },
+    [](Variant held) { return holder<Dictionary>([&](auto& d) { d.set(u"k", std::move(held)); }); },
+    [](Variant held) { return holder<Dictionary>([&](auto& d) { d.set(std::move(held), 1); }); },
+    [](Variant held) -> Variant {
+        std::vector<Variant> arguments(2, u"key");
+        arguments[0] = std::move(held);
+        const ObjectRef object = Library().create(u"QuorCollection");
+        object->call(u"setValueByKey", CallKind::Call, {arguments});
+        return object;
+    },
+    [](Variant held) -> Variant {
+        const auto object = std::make_shared<cli::PropertyObject>(
+            std::vector<cli::PropertyObject::Property>{{u"p", Variant()}});
+        object->call(u"p", CallKind::Let, {{&held, 1}});
+        return object;
+    },
+};
+
+TEST(Release, TakesNoStackForEachLinkOfAChain) {
+    auto links = kLinks;
+    links.push_back([](Variant held) -> Variant {
+        std::vector<Variant> elements(1);
+        elements[0] = std::move(held);
+        return Array<Variant>(std::move(elements));
+    });
+    for (std::size_t first = 0; first < links.size(); ++first) {
+        bool gone = false;
+        Variant chain = std::make_shared<Witness>(gone);
+        for (std::size_t i = 0; i < 100'000; ++i)
+            chain = links[(first + i % 3 / 2) % links.size()](std::move(chain));
+        EXPECT_FALSE(gone);
+        chain = Empty{};
+        EXPECT_TRUE(gone) << first;
+    }
+}
+
+// A client that loses a circle has no way to it, so the end of its session opens it.
+TEST(Release, OpensCirclesAtTheEndOfASession) {
+    for (const auto link : kLinks) {
+        bool gone = false;
+        {
+            cli::ObjectTable objects;
+            std::vector<Variant> ring = {Variant(std::make_shared<Collection>())};
+            const auto collection = std::static_pointer_cast<Collection>(ring[0].get<ObjectRef>());
+            collection->add(std::make_shared<Witness>(gone));
+            collection->add(link(collection));
+            objects.release(objects.numberOf(collection->item(2).get<ObjectRef>()));
+            for (int i = 0; i < 200; ++i)  // others come and go
+                objects.release(objects.numberOf(std::make_shared<Collection>()));
+        }
+        EXPECT_TRUE(gone);
+    }
+}
+
+}  // namespace
+}  // namespace quorkit::test
