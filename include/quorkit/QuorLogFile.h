@@ -7,7 +7,10 @@
 //
 // An object that keeps the file open without a size limit of its own keeps others from shortening
 // it; with a limit it goes on in the file that another program has put in its place. A file that is
-// moved or deleted is made anew, on Linux within a second.
+// deleted or replaced is made anew by the next entry, and one that is moved.
+//
+// A process that is killed leaves at most the entry under way torn; the next one of any process
+// begins a line of its own. Why something could not be written tells ports::takeReason.
 //
 // All this is true of the processes of one machine; on a network file system it is as good as the
 // locks and appends of that.
@@ -20,6 +23,8 @@
 #include <quorkit/ports/system.h>
 #include <quorkit/values.h>
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -34,9 +39,11 @@ class QuorLogFile {
 
     // --- Settings ---
     //
-    // Read at each entry. A file that is open stays the same when LogFileName changes.
+    // Read at each entry. A file that is open stays the same when LogFileName changes, until the
+    // size is looked at next: then the file of that name is the open one.
 
-    /// The file to write; "" at first, then nothing is written. On assignment placeholders are
+    /// The file to write, with its folder: "app.log" alone writes nothing, "./app.log" does. "" at
+    /// first, then nothing is written. On assignment placeholders are
     /// replaced as by GQuorStrings.ExpandEnvironmentString; error 28 as there.
     const String& LogFileName() const { return name_; }
     void setLogFileName(const String& name);
@@ -75,7 +82,8 @@ class QuorLogFile {
 
     /// Writes one entry. `s` gets the prefixes in front and so becomes the line as written, without
     /// its end; not for levels -1 and -2, whose entries have no prefixes. Always True, also when
-    /// the entry was dropped or could not be written.
+    /// the entry was dropped or could not be written. On a full disk a file with a limit is
+    /// shortened at once.
     Variant writeLogfileEntry(String& s, Unchanged<eLogEntryType> level);
 
     /// The level as a text of 9 characters (eLogEntryType_TestDump: 10); "" for a number that is no
@@ -84,9 +92,10 @@ class QuorLogFile {
 
     /// Cuts off the older part of a file that is larger than `MaxFileSize` bytes: about the newest
     /// 80 % of the limit stay, from the start of a line on, without the last two bytes, the end of
-    /// the last line, so that the next entry continues that line. Of a UTF-16 file with byte-order
-    /// mark the older half stays instead, without the mark. The rest is written to a file with
-    /// ".xxx" behind its name, which then takes the place of the old one in one step.
+    /// the last line, so that the next entry of this object continues that line. Of a UTF-16 file
+    /// with byte-order mark the older half stays instead, without the mark. What stays is written
+    /// to another file, which then takes the place of the old one in one step; in place when the
+    /// disk has no room for it.
     ///
     /// True when it is no larger, or has been shortened. False when it cannot be, when no line
     /// begins in the part that would stay, or when an object without a limit keeps it open, this
@@ -96,14 +105,15 @@ class QuorLogFile {
    private:
     enum class Opening { AsSet, Continue };
     bool open(Opening opening);
-    ErrorCode openFile(const String& name, bool empty);
+    ErrorCode openFile(bool empty);
     void reopen();
     void close();
     std::string_view readMark();
     void keepWithinLimit();
     void addPrefixes(String& s, eLogEntryType level);
     const String& now();
-    void write(const String& line);
+    bool continuesLine();
+    ErrorCode write(const String& line);
 
     Ports& ports_;
     String name_;
@@ -117,6 +127,9 @@ class QuorLogFile {
     Handle file_ = Handle::Invalid;
     String openName_;        ///< its name, also when LogFileName has changed
     std::string_view mark_;  ///< its byte-order mark
+    /// At this size of the file the next entry continues the last line, which this object has left
+    /// without its end by shortening the file; or there is only a mark.
+    std::optional<std::uint64_t> unfinishedAt_;
     bool keptOpen_ = false;  ///< from OpenLogfile to CloseLogfile, with AutoOpenClose False
     bool firstOpening_ = true;
     Long entries_ = 0;  ///< counted for the limit

@@ -32,8 +32,9 @@ ErrorCode FaultyFiles::ReadFile(Handle handle, char* buffer, std::size_t capacit
                                 std::size_t& count) {
     return due("ReadFile") ? code_ : inner_.ReadFile(handle, buffer, capacity, count);
 }
-ErrorCode FaultyFiles::WriteFile(Handle handle, std::string_view bytes) {
-    if (!due("WriteFile")) return inner_.WriteFile(handle, bytes);
+ErrorCode FaultyFiles::WriteFile(Handle handle, std::string_view bytes,
+                                 std::string_view lineBreak) {
+    if (!due("WriteFile")) return inner_.WriteFile(handle, bytes, lineBreak);
     if (code_ != kSuccess && !adding_.contains(handle))
         inner_.WriteFile(handle, bytes.substr(0, bytes.size() / 2));
     return code_;

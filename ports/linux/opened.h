@@ -5,7 +5,7 @@
 #include <quorkit/ports/files.h>
 #include <sys/stat.h>
 
-#include <ctime>
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -13,15 +13,27 @@
 
 namespace quorkit::disk {
 
+/// What is known of a file for adding from one write to the next.
+struct Adding {
+    unsigned generation = 0;     ///< of the process that opened it
+    bool safe = false;           ///< whether a lock keeps others from replacing it
+    std::uint32_t links = 0;     ///< how many names it had when its own was looked at,
+    std::int64_t lastLook = 0;   ///< and when that was
+    off_t end = -1;              ///< where the last line ends if nobody else has added anything
+    off_t size = 0;              ///< of the last line
+    std::string beginning = {};  ///< of the last line
+    std::string feed = {};       ///< what ends a line
+};
+
 /// An open file, or the lock on one that is there or not. Its end unlocks and closes it.
 struct Opened {
     int descriptor = -1;
     FileAccess access = FileAccess::Read;
     std::string path;
-    struct stat about = {};    ///< as it was when it was opened; of a lock, when it was locked
-    std::time_t lastLook = 0;  ///< when its name was looked at, see keepsItsName
-    bool locked = false;       ///< whether `lock` has been called
-    bool forWork = false;      ///< of a replacement: whether it stands at `path`
+    struct stat about = {};  ///< as it was when it was opened; of a lock, when it was locked
+    bool locked = false;     ///< whether `lock` has been called
+    bool forWork = false;    ///< of a replacement: whether it stands at `path`
+    Adding adding;
 
     Opened() = default;
     ~Opened() { close(); }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "lines/torn_line.h"
 #include "memory/state.h"
 
 namespace quorkit {
@@ -38,8 +39,8 @@ ErrorCode MemoryFiles::CreateFileA(const String& name, FileAccess access, Handle
     std::unique_lock guard(state_->mutex);
     Place place;
     ErrorCode code = state_->findFile(name, place);
-    while (code == kSuccess && access == FileAccess::Append && state_->locked.contains(place.key)) {
-        state_->released.wait(guard);
+    if (code == kSuccess && access == FileAccess::Append) {
+        state_->waitToAdd(guard, memory::Key(place.key));
         code = state_->findFile(name, place);  // much may have happened meanwhile
     }
     if (code != kSuccess) return code;
@@ -92,20 +93,33 @@ ErrorCode MemoryFiles::ReadFile(Handle handle, char* buffer, std::size_t capacit
     return kSuccess;
 }
 
+void MemoryFiles::State::waitToAdd(std::unique_lock<std::mutex>& guard, const memory::Key& key) {
+    using namespace std::chrono_literals;
+    const auto most = givenUp.contains(key) ? 0ms : longest(Wait::Patiently);
+    if (released.wait_for(guard, most, [&] { return !locked.contains(key); }))
+        givenUp.erase(key);
+    else
+        givenUp.insert(key);
+}
+
 ErrorCode MemoryFiles::State::mayChange(std::unique_lock<std::mutex>& guard, const Opened& file) {
     if (file.access == FileAccess::Read) return kAccessDenied;
     if (!forAdding(file.access)) return kSuccess;
-    if (file.access == FileAccess::AppendYielding)
-        released.wait(guard, [&] { return !locked.contains(file.key); });
+    if (file.access == FileAccess::AppendYielding) waitToAdd(guard, file.key);
     const Entry* now = tree.at(file.key);
     return now != nullptr && now->item == file.item ? kSuccess : kFileReplaced;
 }
 
-ErrorCode MemoryFiles::WriteFile(Handle handle, std::string_view bytes) {
+ErrorCode MemoryFiles::WriteFile(Handle handle, std::string_view bytes,
+                                 std::string_view lineBreak) {
     std::unique_lock guard(state_->mutex);
     const State::Opened* file = state_->find(handle);
     if (file == nullptr) return kInvalidHandle;
     if (const ErrorCode code = state_->mayChange(guard, *file)) return code;
+    const std::string& content = file->item->content;
+    std::string begun;
+    if (!lineBreak.empty() && !lines::endAt(content.size(), content, lines::feedOf(lineBreak)))
+        bytes = begun = lines::parting(content.size(), lineBreak).append(bytes);
     const bool fits = bytes.size() <= state_->freeSpace;
     if (!fits) bytes = bytes.substr(0, forAdding(file->access) ? 0 : state_->freeSpace);
     file->item->content.append(bytes);

@@ -41,6 +41,7 @@ struct MemoryFiles::State {
     std::map<std::intptr_t, Search> searches;
     std::set<memory::Key> locked;
     std::multiset<memory::Key> adding;  ///< files that are open for FileAccess::Append
+    std::set<memory::Key> givenUp;      ///< files whose lock was waited for in vain, to add to them
     std::intptr_t nextHandle = 1;
     std::size_t freeSpace = static_cast<std::size_t>(-1);
 
@@ -53,6 +54,8 @@ struct MemoryFiles::State {
     Handle handOut(Opened file);
     /// Follows links to where a file stands or could stand; kAccessDenied for a folder.
     ErrorCode findFile(const String& name, memory::Place& place);
+    /// Waits for a lock that keeps a file from being added to, see LockFileA.
+    void waitToAdd(std::unique_lock<std::mutex>& guard, const memory::Key& key);
     /// Whether a handle may write now. Waits for a lock that keeps it from adding.
     ErrorCode mayChange(std::unique_lock<std::mutex>& guard, const Opened& file);
     /// Finds what a test sets up, and throws when it is not there.

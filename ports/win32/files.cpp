@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "lines/given_up.h"
+#include "lines/torn_line.h"
 #include "win32/calls.h"
 #include "win32/names.h"
 #include "win32/opened.h"
@@ -55,11 +57,24 @@ std::uint64_t numberOf(HANDLE file) {
     return (std::uint64_t{about.nFileIndexHigh} << 32) | about.nFileIndexLow;
 }
 
+/// Enters the gate of a file for adding. Whoever stands in it for ever stops no log: once the wait
+/// was in vain, this process adds from outside, and tries each time.
+ErrorCode enterToAdd(const Opened& file, bool& inside) {
+    static lines::GivenUp<String> givenUp;
+    const auto most = longest(Wait::Patiently);
+    const ErrorCode code =
+        file.gate->enter(givenUp.contains(file.name) ? std::chrono::milliseconds(0) : most);
+    inside = code == kSuccess;
+    givenUp.set(file.name, code == kLockViolation);
+    return code == kLockViolation ? kSuccess : code;
+}
+
 ErrorCode openToAdd(const String& name, Opened& made) {
     made.name = finalName(name);
     made.gate = std::make_unique<Gate>(made.name);
     ErrorCode code = made.gate->status();
-    if (code == kSuccess) code = made.gate->enter();
+    bool inside = false;
+    if (code == kSuccess) code = enterToAdd(made, inside);
     if (code != kSuccess) return code;
     code = mayBeWritten(made.name);
     if (code == kSuccess && made.access == FileAccess::Append) code = made.gate->mark();
@@ -69,7 +84,7 @@ ErrorCode openToAdd(const String& name, Opened& made) {
         ::CloseHandle(made.file);
         made.file = nullptr;
     }
-    made.gate->leave();
+    if (inside) made.gate->leave();
     return code;
 }
 
@@ -86,14 +101,17 @@ ErrorCode with(const Opened& opened, Use use) {
     return code;
 }
 
-/// Runs `change` on a file for adding while nobody else changes it.
+/// Runs `change` on a file for adding, and tells it whether nobody else changes the file meanwhile.
 template <class Change>
-ErrorCode inTheGate(const Opened& opened, Change change) {
-    if (const ErrorCode code = opened.gate->enter()) return code;
+ErrorCode whileNamed(const Opened& opened, Change change) {
+    bool inside = false;
+    if (const ErrorCode code = enterToAdd(opened, inside)) return code;
     const ErrorCode code = with(opened, [&](HANDLE file) {
-        return numberOf(file) == opened.number ? change(file) : kFileReplaced;
+        const auto leadsHere = [&] { return numberOf(file) == opened.number; };
+        const ErrorCode changed = leadsHere() ? change(file, inside) : kFileReplaced;
+        return changed != kSuccess || inside || leadsHere() ? changed : kFileReplaced;
     });
-    opened.gate->leave();
+    if (inside) opened.gate->leave();
     return code;
 }
 
@@ -104,14 +122,40 @@ ErrorCode sizeOf(HANDLE file, std::uint64_t& size) {
     return kSuccess;
 }
 
-/// Adds `bytes` in one piece, or takes back what a full disk has taken of them.
-ErrorCode add(HANDLE file, std::string_view bytes) {
+ErrorCode readAt(HANDLE file, std::uint64_t position, char* buffer, std::size_t capacity,
+                 std::size_t& count) {
+    DWORD got = 0;
+    OVERLAPPED place = {};
+    place.Offset = static_cast<DWORD>(position);
+    place.OffsetHigh = static_cast<DWORD>(position >> 32);
+    const auto wanted = static_cast<DWORD>(std::min<std::size_t>(capacity, 1u << 30));
+    if (!::ReadFile(file, buffer, wanted, &got, &place) && ::GetLastError() != ERROR_HANDLE_EOF)
+        return lastError();
+    count = got;
+    return kSuccess;
+}
+
+/// Whether a file ends in a line without an end, as far as it can be read.
+bool isTorn(HANDLE file, std::uint64_t size, std::string_view feed) {
+    char end[2] = {};
+    const std::size_t wanted = std::min<std::size_t>(feed.size(), size);
+    std::size_t count = 0;
+    return readAt(file, size - wanted, end, wanted, count) == kSuccess && count == wanted &&
+           !lines::endAt(size, {end, wanted}, feed);
+}
+
+/// Adds `bytes` in one piece, or takes back what a full disk has taken of them, if nobody else can
+/// have added something behind it.
+ErrorCode add(HANDLE file, std::string_view bytes, std::string_view lineBreak, bool alone) {
     std::uint64_t size = 0;
     if (const ErrorCode code = sizeOf(file, size)) return code;
+    std::string begun;
+    if (!lineBreak.empty() && isTorn(file, size, lines::feedOf(lineBreak)))
+        bytes = begun = lines::parting(size, lineBreak).append(bytes);
     OVERLAPPED end = {};
     end.Offset = end.OffsetHigh = 0xFFFFFFFF;
     const ErrorCode code = writeAll(file, bytes, &end);
-    if (code != kSuccess) cutAt(file, size);
+    if (code != kSuccess && alone) cutAt(file, size);
     return code;
 }
 
@@ -145,29 +189,24 @@ ErrorCode NativeFiles::ReadFile(Handle handle, char* buffer, std::size_t capacit
                                 std::size_t& count) {
     std::uint64_t& position = opened(handle).position;
     return with(opened(handle), [&](HANDLE file) {
-        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(capacity, 1u << 30));
-        DWORD got = 0;
-        OVERLAPPED place = {};
-        place.Offset = static_cast<DWORD>(position);
-        place.OffsetHigh = static_cast<DWORD>(position >> 32);
-        if (!::ReadFile(file, buffer, wanted, &got, &place) && ::GetLastError() != ERROR_HANDLE_EOF)
-            return lastError();
-        count = got;
-        position += got;
-        return kSuccess;
+        const ErrorCode code = readAt(file, position, buffer, capacity, count);
+        if (code == kSuccess) position += count;
+        return code;
     });
 }
 
-ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes) {
+ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes,
+                                 std::string_view lineBreak) {
     const Opened& file = opened(handle);
     if (!isForAdding(file.access)) return writeAll(file.file, bytes, nullptr);
-    return inTheGate(file, [&](HANDLE changed) { return add(changed, bytes); });
+    return whileNamed(
+        file, [&](HANDLE changed, bool alone) { return add(changed, bytes, lineBreak, alone); });
 }
 
 ErrorCode NativeFiles::SetEndOfFile(Handle handle) {
     const Opened& file = opened(handle);
     if (!isForAdding(file.access)) return kAccessDenied;
-    return inTheGate(file, [](HANDLE changed) { return cutAt(changed, 0); });
+    return whileNamed(file, [](HANDLE changed, bool) { return cutAt(changed, 0); });
 }
 
 ErrorCode NativeFiles::FlushFileBuffers(Handle handle) {

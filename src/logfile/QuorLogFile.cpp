@@ -4,6 +4,7 @@
 
 #include "frame/error_patterns.h"
 #include "logfile/log_text.h"
+#include "logfile/reason.h"
 
 namespace quorkit {
 namespace {
@@ -29,34 +30,38 @@ void QuorLogFile::setAutoOpenClose(Boolean autoOpenClose) {
 }
 
 Boolean QuorLogFile::OpenLogfile() {
+    if (!isFileOpen()) openName_ = name_;
     const bool opened = onErrorReturn(false, [&] { return open(Opening::AsSet); });
     keptOpen_ = isFileOpen() && !autoOpenClose_;
     return opened;
 }
 
 bool QuorLogFile::open(Opening opening) {
-    const String name = opening == Opening::AsSet ? name_ : openName_;
-    if (name.empty() || isFileOpen()) return true;
+    if (openName_.empty() || isFileOpen()) return true;
     GQuorFile names(ports_);
-    const String folder = names.ExtractPath(name);
-    if (folder.size() < 2) return false;  // no folder for PathExists, and none that can be made
-
+    const String folder = names.ExtractPath(openName_);
+    if (folder.size() < 2) {  // none for PathExists, and none that can be made
+        sayThatFolderIsMissing(openName_);
+        return false;
+    }
     const bool empty = opening == Opening::AsSet && !append_ && (!autoOpenClose_ || firstOpening_);
-    ErrorCode code = openFile(name, empty);
-    if (code == kPathNotFound && names.mkDirEx(folder)) code = openFile(name, empty);
+    ErrorCode code = openFile(empty);
+    if (code == kPathNotFound && names.mkDirEx(folder)) code = openFile(empty);
     for (int tries = 0; code == kFileReplaced && tries < kMostTries; ++tries)
-        code = openFile(name, empty);
-    if (code != kSuccess) return false;
-    openName_ = name;
+        code = openFile(empty);
+    if (code != kSuccess) {
+        sayWhyNot(openName_, code);
+        return false;
+    }
     mark_ = empty ? std::string_view() : readMark();
     firstOpening_ = false;
     return true;
 }
 
-ErrorCode QuorLogFile::openFile(const String& name, bool empty) {
+ErrorCode QuorLogFile::openFile(bool empty) {
     const FileAccess access =
         maxFileSize_ > 0 && !autoOpenClose_ ? FileAccess::AppendYielding : FileAccess::Append;
-    if (const ErrorCode code = ports_.files.CreateFileA(name, access, file_)) return code;
+    if (const ErrorCode code = ports_.files.CreateFileA(openName_, access, file_)) return code;
     const ErrorCode code = empty ? ports_.files.SetEndOfFile(file_) : kSuccess;
     if (code != kSuccess) close();
     return code;
@@ -68,7 +73,9 @@ std::string_view QuorLogFile::readMark() {
     for (std::size_t got = 1; got != 0 && length < sizeof start; length += got)
         if (ports_.files.ReadFile(file_, start + length, sizeof start - length, got) != kSuccess)
             return {};  // it may be written, not read
-    return markOf({start, length});
+    const std::string_view mark = markOf({start, length});
+    if (!mark.empty() && length == mark.size()) unfinishedAt_ = length;  // there is no line yet
+    return mark;
 }
 
 void QuorLogFile::CloseLogfile() {
@@ -89,7 +96,13 @@ Variant QuorLogFile::writeLogfileEntry(String& s, Unchanged<eLogEntryType> level
     if (!isFileOpen() && keptOpen_) reopen();
     if (!isFileOpen()) return true;
     if (type != eLogEntryType_HeaderFooter && type != eLogEntryType_BlankLine) addPrefixes(s, type);
-    write(s);
+    ErrorCode code = write(s);
+    if (code == kDiskFull && maxFileSize_ > 0) {  // shortening makes room
+        entries_ = 0;
+        keepWithinLimit();
+        code = write(s);
+    }
+    if (code != kSuccess && isFileOpen()) sayWhyNot(openName_, code);
     if (autoOpenClose_) CloseLogfile();
     return true;
 }
@@ -103,22 +116,36 @@ void QuorLogFile::keepWithinLimit() {
     const bool wasOpen = isFileOpen();
     close();
     limitFileSize(name_, maxFileSize_);
-    if (wasOpen) reopen();
+    if (wasOpen) {
+        openName_ = name_;
+        reopen();
+    }
     entries_ = 1;
 }
 
-/// Goes on in the file that was open. When that fails, the next entry tries again.
+/// Goes on in the file without emptying it. When that fails, the next entry tries again.
 void QuorLogFile::reopen() {
     resumeNext([&] { open(Opening::Continue); });
 }
 
-void QuorLogFile::write(const String& line) {
+bool QuorLogFile::continuesLine() {
+    std::uint64_t size = 0;
+    return unfinishedAt_ && ports_.files.GetFileSizeEx(file_, size) == kSuccess &&
+           size == *unfinishedAt_;
+}
+
+ErrorCode QuorLogFile::write(const String& line) {
+    ErrorCode code = kFileReplaced;
     for (int tries = 0; tries < kMostTries && isFileOpen(); ++tries) {
         encodeLine(line, mark_, line_);
-        if (ports_.files.WriteFile(file_, line_) != kFileReplaced) return;
+        const auto lineBreak = continuesLine() ? std::string_view() : lineBreakOf(mark_);
+        code = ports_.files.WriteFile(file_, line_, lineBreak);
+        if (code != kFileReplaced) break;
         close();
         reopen();
     }
+    if (code == kSuccess) unfinishedAt_.reset();
+    return code;
 }
 
 }  // namespace quorkit

@@ -13,8 +13,10 @@ std::span<const MemberInfo> memberRows<QuorLogFile>() {
     using C = QuorLogFile;
     static constexpr MemberInfo rows[] = {
         propertyGet<&C::LogFileName>(0x68030000, "LogFileName", "The file to write."),
-        propertyLet<&C::setLogFileName>(0x68030000, "LogFileName",
-                                        "Names the file to write; %NAME% is replaced."),
+        propertyLet<&C::setLogFileName>(
+            0x68030000, "LogFileName",
+            "Names the file to write; %NAME% is replaced. A bare name, with "
+            "no folder in front, writes nothing."),
         propertyGet<&C::Append>(0x68030001, "Append",
                                 "Whether what is in the file stays when it is opened first."),
         propertyLet<&C::setAppend>(0x68030001, "Append",
@@ -36,11 +38,15 @@ std::span<const MemberInfo> memberRows<QuorLogFile>() {
         propertyLet<&C::setLogFieldSeparator>(0x68030006, "LogFieldSeparator",
                                               "Sets what stands behind each prefix."),
         method<&C::isFileOpen>(0x60030000, "isFileOpen", "Whether the file is open."),
-        method<&C::OpenLogfile>(0x60030001, "OpenLogfile",
-                                "Opens the file; makes it and its folder as needed."),
+        method<&C::OpenLogfile>(
+            0x60030001, "OpenLogfile",
+            "Opens the file; makes it and its folder as needed. False for a bare "
+            "name."),
         method<&C::CloseLogfile>(0x60030002, "CloseLogfile", "Closes the file."),
-        method<&C::writeLogfileEntry>(0x60030003, "writeLogfileEntry", {"s", "level"},
-                                      "Writes one entry; the text becomes the whole line."),
+        method<&C::writeLogfileEntry>(
+            0x60030003, "writeLogfileEntry", {"s", "level"},
+            "Writes one entry; the text becomes the whole line. Always True, also when "
+            "nothing is written."),
         method<&C::levelNrToLevelText>(0x60030004, "levelNrToLevelText", {"level"},
                                        "The text of a level, such as \"Warning  \"."),
         method<&C::limitFileSize>(0x60030005, "limitFileSize", {"sFileName", "MaxFileSize"},

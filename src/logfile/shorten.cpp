@@ -3,6 +3,7 @@
 #include <cmath>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "file/open_file.h"
 #include "file/whole_file.h"
@@ -20,9 +21,15 @@ std::optional<std::uint64_t> sizeOf(Files& files, const String& name) {
     return file.status() == kSuccess ? std::optional(size) : std::nullopt;
 }
 
-/// What stays of a plain file of `size` bytes.
-std::optional<std::string> newerPart(Files& files, const String& name, std::uint64_t size,
-                                     Long limit) {
+/// What stays of a file.
+struct Kept {
+    std::string bytes;
+    bool lineGoesOn;  ///< the end of its last line was left out
+};
+
+/// Of a plain file of `size` bytes.
+std::optional<Kept> newerPart(Files& files, const String& name, std::uint64_t size, Long limit,
+                              std::string_view mark) {
     constexpr double keptShare = 0.8;
     constexpr std::size_t lastLineEnd = 2;
     const double skipped = std::nearbyint(static_cast<double>(size) - keptShare * limit);
@@ -34,18 +41,19 @@ std::optional<std::string> newerPart(Files& files, const String& name, std::uint
     const std::size_t lineEnd = kept.find('\n');
     if (lineEnd == std::string::npos || kept.size() < lineEnd + 1 + lastLineEnd)
         return std::nullopt;
+    const bool whole = kept.ends_with('\n');
     kept.resize(kept.size() - lastLineEnd);
-    kept.erase(0, lineEnd + 1);
-    return kept;
+    kept.replace(0, lineEnd + 1, mark);
+    return Kept{std::move(kept), whole};
 }
 
-/// What stays of a UTF-16 file.
-std::optional<std::string> olderHalf(Files& files, const String& name, std::uint64_t size) {
+/// Of a UTF-16 file.
+std::optional<Kept> olderHalf(Files& files, const String& name, std::uint64_t size) {
     std::string kept;
     const auto half = static_cast<std::size_t>(std::nearbyint(static_cast<double>(size) / 2 - 1));
     if (readPart(files, name, runtime::kUtf16Mark.size(), half, kept) != kSuccess)
         return std::nullopt;
-    return kept;
+    return Kept{std::move(kept), true};
 }
 
 }  // namespace
@@ -65,10 +73,17 @@ Boolean QuorLogFile::limitFileSize(Unchanged<String> sFileName, Unchanged<Long> 
         if (!size || withinLimit(*size)) return size.has_value();  // another was quicker
         std::string start;
         if (readPart(ports_.files, name, 0, kLongestMark, start) != kSuccess) return false;
-        const auto kept = markOf(start) == runtime::kUtf16Mark
+        const std::string_view mark = markOf(start);
+        const auto kept = mark == runtime::kUtf16Mark
                               ? olderHalf(ports_.files, name, *size)
-                              : newerPart(ports_.files, name, *size, MaxFileSize);
-        return kept && file.replaceBy(name + u".xxx", *kept) == kSuccess;
+                              : newerPart(ports_.files, name, *size, MaxFileSize, mark);
+        if (!kept) return false;
+        ErrorCode code = file.replaceBy(name + u".xxx", kept->bytes);
+        if (code == kDiskFull) code = file.overwrite(kept->bytes);  // that needs no room
+        if (code != kSuccess) return false;
+        unfinishedAt_.reset();
+        if (kept->lineGoesOn) unfinishedAt_ = kept->bytes.size();
+        return true;
     });
 }
 

@@ -120,6 +120,7 @@ TEST_F(LogFile, EmptiesTheFileAsSet) {
 }
 
 TEST_F(LogFile, NamesThatCannotBeOpened) {
+    ports::takeReason();
     std::filesystem::create_directory(scratch.path("folder"));
     scratch.write("file", "");
     for (const String& name : {String(u"bare.log"), scratch.name("folder"),
@@ -127,6 +128,9 @@ TEST_F(LogFile, NamesThatCannotBeOpened) {
         log.let(u"LogFileName", name);
         EXPECT_EQ(log(u"OpenLogfile"), Variant(false));
         EXPECT_EQ(log(u"writeLogfileEntry", {u"m", 1}), Variant(true));
+        const std::string reason = ports::takeReason();
+        EXPECT_EQ(reason.starts_with("the log file "), true) << reason;
+        EXPECT_EQ(reason.ends_with("the current one"), name == u"bare.log") << reason;
     }
     log.let(u"LogFileName", u"");
     EXPECT_EQ(log(u"OpenLogfile"), Variant(true));
@@ -158,6 +162,7 @@ TEST_F(LogFile, ShortensFromTheStartOfALine) {
         return text.substr(0, text.size() - end);
     };
     const std::string marked = "\xFF\xFE" + std::string(1000, 'x');
+    const std::string utf8 = "\xEF\xBB\xBF";
     struct Case {
         std::string before;
         Long limit;
@@ -173,6 +178,7 @@ TEST_F(LogFile, ShortensFromTheStartOfALine) {
         {lines('a', 'o'), 100, false, lines('a', 'o')},  // nor in the last one
         {lines('a', 'o'), -1, false, lines('a', 'o')},
         {std::string(500, 'x'), 400, false, std::string(500, 'x')},
+        {utf8 + lines('a', 'o'), 1000, true, utf8 + without(lines('i', 'o'), 2)},
         {marked, 100, true, std::string(500, 'x')},
         {marked + "x", 100, true, std::string(500, 'x')},  // 500.5 to even
         {marked + "xxx", 100, true, std::string(502, 'x')},
@@ -205,6 +211,39 @@ TEST_F(LogFile, LooksAtTheSizeEveryFiftyEntries) {
         EXPECT_EQ(sizes[100], 390u + 8u);  // 39 lines stay, the last without its end
         EXPECT_EQ(sizes[102], 390u + 8u + 20u);
     }
+}
+
+TEST_F(LogFile, OnlyWhoShortensGoesOnInTheLastLine) {
+    const std::string whole = "11111111\r\n22222222\r\n33333333\r\n44444444\r\n";
+    struct Case {
+        std::string before;
+        bool byAnother;
+        std::string after;
+    };
+    const Case cases[] = {{whole, false, "44444444new\r\n"},
+                          {whole, true, "44444444\r\nnew\r\n"},
+                          {whole + "torn", false, "44444444\r\nto\r\nnew\r\n"},
+                          {"torn", false, "torn\r\nnew\r\n"}};
+    log.let(u"Append", true);
+    for (const auto& [before, byAnother, after] : cases) {
+        Late another(u"QuorLogFile", ports);
+        scratch.write("a.log", before);
+        (byAnother ? another : log)(u"limitFileSize", {scratch.name("a.log"), 23});
+        write(u"new");
+        EXPECT_EQ(content(), after);
+    }
+}
+
+TEST_F(LogFile, TheCheckTurnsToTheFileThatIsNamed) {
+    log.let(u"AutoOpenClose", false);
+    log.let(u"MaxFileSize", Long{1000});
+    log(u"OpenLogfile");
+    for (int i = 0; i < 51; ++i) {
+        write(u"m");
+        log.let(u"LogFileName", scratch.name("b.log"));
+    }
+    EXPECT_EQ(content().size(), 50u * 3);
+    EXPECT_EQ(scratch.read("b.log"), "m\r\n");
 }
 
 }  // namespace

@@ -69,6 +69,61 @@ TEST_P(AddingTest, KeepsPiecesWhole) {
     EXPECT_EQ(pieces, 3 * kPieces);
 }
 
+TEST_P(AddingTest, BeginsALineBehindATornOne) {
+    using namespace std::string_literals;
+    const std::string wide = "\r\0\n\0"s;
+    struct Case {
+        std::string before;
+        std::string lineBreak;
+        std::string between;
+    };
+    const Case cases[] = {{"", "\r\n", ""},
+                          {"a\r\n", "\r\n", ""},
+                          {"a\n", "\r\n", ""},
+                          {"a", "\r\n", "\r\n"},
+                          {"a\r", "\r\n", "\r\n"},
+                          {"a", "", ""},
+                          {"", wide, ""},
+                          {"a\0"s + wide, wide, ""},
+                          {"a\0"s, wide, wide},
+                          {"a\0\n"s, wide, "\0"s + wide},
+                          {"\n", wide, "\0"s + wide}};
+    for (const auto& [before, lineBreak, between] : cases) {
+        write("f", before);
+        const Handle first = open("f", FileAccess::Append);
+        const Handle second = open("f", FileAccess::AppendYielding);
+        const std::string line = "xy" + lineBreak;
+        for (const Handle handle : {first, second, second, first})
+            EXPECT_EQ(files.WriteFile(handle, line, lineBreak), kSuccess);
+        EXPECT_EQ(read("f"), before + between + line + line + line + line);
+        close(first);
+        close(second);
+        EXPECT_EQ(files.DeleteFileA(name("f")), kSuccess);
+    }
+}
+
+TEST_P(AddingTest, WaitsOnceForALockThatIsNeverGivenBack) {
+    write("f", "");
+    const Handle held = lock("f");
+    const auto add = [&](FileAccess access) {
+        const auto start = std::chrono::steady_clock::now();
+        std::thread([&] {
+            opened = open("f", access);
+            EXPECT_EQ(files.WriteFile(opened, "x"), kSuccess);
+        }).join();
+        return std::chrono::steady_clock::now() - start;
+    };
+    EXPECT_GE(add(FileAccess::AppendYielding), std::chrono::milliseconds(4900));
+    close(opened);
+    EXPECT_LT(add(FileAccess::Append), std::chrono::seconds(2));
+    close(held);
+    EXPECT_EQ(files.WriteFile(opened, "x"), kSuccess);
+    Handle other = Handle::Invalid;
+    EXPECT_EQ(files.LockFileA(name("f"), other, Wait::Briefly), kLockViolation);
+    EXPECT_EQ(read("f"), "xxx");
+    close(opened);
+}
+
 TEST_P(AddingTest, KeepsTheLockFromOthers) {
     const Handle first = open("f", FileAccess::Append);
     const auto start = std::chrono::steady_clock::now();
@@ -105,6 +160,10 @@ TEST_P(AddingTest, WaitsForTheLockAndTellsThatTheFileIsReplaced) {
     }
     close(opened);
     EXPECT_EQ(read("f"), "other");
+    opened = open("f", FileAccess::Append);  // also under its lock
+    EXPECT_EQ(files.DeleteFileA(name("f")), kSuccess);
+    EXPECT_EQ(files.WriteFile(opened, "lost"), kFileReplaced);
+    close(opened);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rooms, AddingTest, testing::Bool(), nameOfRoom);

@@ -29,7 +29,8 @@ class FaultyFiles final : public Files {
     ErrorCode SetFilePointerEx(Handle handle, std::uint64_t position) override;
     ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
                        std::size_t& count) override;
-    ErrorCode WriteFile(Handle handle, std::string_view bytes) override;
+    ErrorCode WriteFile(Handle handle, std::string_view bytes,
+                        std::string_view lineBreak = {}) override;
     ErrorCode SetEndOfFile(Handle handle) override;
     ErrorCode FlushFileBuffers(Handle handle) override;
     ErrorCode CloseHandle(Handle handle) override;

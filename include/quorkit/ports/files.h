@@ -102,12 +102,20 @@ class Files {
     /// opened for adding may be readable or not; one made by CreateNew is not.
     virtual ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
                                std::size_t& count) = 0;
-    /// Writes all of `bytes` behind the last write; a failure may leave a part written. To a file
-    /// opened for adding they go behind whatever any process has written, in one piece, or not at
-    /// all: only a full disk may keep a part while others have the file open for adding.
-    /// kFileReplaced when the name no longer leads to this file, then nothing is written; of a file
-    /// opened with Append, Linux looks at the name once a second.
-    virtual ErrorCode WriteFile(Handle handle, std::string_view bytes) = 0;
+    /// Writes all of `bytes` behind the last write; a failure may leave a part written.
+    ///
+    /// To a file opened for adding they go behind whatever any process has written, in one piece
+    /// or not at all: only a full disk may keep a part while others have the file open for adding,
+    /// and only the death of the process one that is not whole. With `lineBreak`, two characters of
+    /// one or two bytes each, they are a line that ends in it, and begin a line: when the file ends
+    /// in one without its end, such as the process that died has left, `lineBreak` goes in front.
+    ///
+    /// kFileReplaced when the name no longer leads to this file: nothing has been written to the
+    /// one that it leads to. Linux notices at once when the file is deleted or replaced, and within
+    /// a hundredth of a second when it, or a folder around it, is moved. Also for a file that a
+    /// forked child has from its parent.
+    virtual ErrorCode WriteFile(Handle handle, std::string_view bytes,
+                                std::string_view lineBreak = {}) = 0;
     /// Empties a file that is opened for adding; kFileReplaced as above.
     virtual ErrorCode SetEndOfFile(Handle handle) = 0;
     /// Returns when what was written has reached the disk.
@@ -128,8 +136,9 @@ class Files {
     /// must allow writing, and if it does not exist its folder, else kAccessDenied.
     ///
     /// Nobody gets the lock while the file is open for FileAccess::Append, and nobody opens it so
-    /// while it is locked; of AppendYielding that is true of each single write. Linux cannot lock
-    /// what does not exist: see ReplaceFileA.
+    /// while it is locked; of AppendYielding that is true of each single write. But who adds waits
+    /// Patiently, and when that was in vain no more until the lock can be had again: then he adds
+    /// without it. Linux cannot lock what does not exist: see ReplaceFileA.
     virtual ErrorCode LockFileA(const String& name, Handle& lock, Wait wait = Wait::Patiently) = 0;
 
     /// Makes an empty file, for writing, that is to take the place of the locked one. Until

@@ -1,0 +1,36 @@
+// Who adds to a file waits for its lock once; see Files::LockFileA.
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <mutex>
+#include <set>
+
+namespace quorkit::lines {
+
+/// The files whose lock this process has waited for in vain and not had since. For all threads.
+template <class File>
+class GivenUp {
+   public:
+    bool contains(const File& file) {
+        if (count_ == 0) return false;
+        const std::lock_guard guard(mutex_);
+        return files_.contains(file);
+    }
+    void set(const File& file, bool givenUp) {
+        if (!givenUp && count_ == 0) return;
+        const std::lock_guard guard(mutex_);
+        if (givenUp)
+            files_.insert(file);
+        else
+            files_.erase(file);
+        count_ = files_.size();
+    }
+
+   private:
+    std::mutex mutex_;
+    std::set<File> files_;
+    std::atomic<std::size_t> count_ = 0;  ///< of them, without the mutex
+};
+
+}  // namespace quorkit::lines
