@@ -40,11 +40,14 @@ void add(QuorLogFile& log, char letter, std::size_t length, int count = 1) {
     }
 }
 
-/// Writes entries until it is killed.
+/// Writes entries until it is killed, and makes a file when it has begun.
 int writeOn(const std::vector<std::string>& arguments) {
     QuorLogFile log;
     prepare(log, arguments[0], arguments[2] == "kept");
-    for (;;) add(log, arguments[1][0], std::stoul(arguments[3]));
+    for (bool begun = false;; begun = true) {
+        add(log, arguments[1][0], std::stoul(arguments[3]));
+        if (!begun) std::ofstream(arguments[4]).put('x');
+    }
 }
 const PartName writeOnPart("writeOn", writeOn);
 
@@ -84,9 +87,11 @@ TEST(LinuxLog, ATornLineIsNotContinued) {
                 for (; !done; ++written) add(log, 's', 77);
             });
             for (int i = 0; i < kills; ++i) {
+                const auto begun = scratch.path("begun" + std::to_string(i));
                 Child victim("writeOn", {file.string(), "v", i % 2 == 0 ? "kept" : "opened",
-                                         std::to_string(length)});
-                std::this_thread::sleep_for(std::chrono::microseconds(8000 + random() % 20000));
+                                         std::to_string(length), begun.string()});
+                while (!std::filesystem::exists(begun)) std::this_thread::yield();
+                std::this_thread::sleep_for(std::chrono::microseconds(random() % 5000));
                 victim.kill();
                 victim.wait();
             }
@@ -157,6 +162,7 @@ TEST(LinuxLog, AFullDiskCostsOnlyWhatDoesNotFit) {
             prepare(log, scratch.path("a.log"), keptOpen, 50 * 1024);
             for (int i = 0; i < 1000; ++i) {
                 add(log, static_cast<char>('a' + i % 26), length);
+                if (i % 20 != 0) continue;
                 const std::string content = scratch.read("a.log");
                 const String last = entryOf(static_cast<char>('a' + i % 26), length);
                 ASSERT_TRUE(content.ends_with(std::string(last.begin(), last.end()) + "\r\n")) << i;
