@@ -27,9 +27,9 @@ class GQuorClipboard {
 
     /// Puts the picture in a file on the clipboard, or empties it when that cannot be done.
     void LoadPictureToClipboard(const String& sFileName);
-    /// Writes the picture on the clipboard to a file as it is, whatever the extension says. A file
-    /// of that name is deleted first, and so is lost when it then cannot be written. Nothing
-    /// happens when there is no picture.
+    /// Writes the picture on the clipboard to a file as it is, whatever the extension says, in
+    /// place of its old content in one step: a failure leaves that. A file that may not be written
+    /// is deleted first, where its folder allows that. Nothing happens when there is no picture.
     void SavePictureFromClipboard(const String& sFileName);
     /// The picture on the clipboard; Nothing when there is none.
     PictureRef GetPictureFromClipboard();

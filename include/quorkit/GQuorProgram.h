@@ -25,13 +25,14 @@ class GQuorProgram {
     /// nothing happens; never an error.
     void ExecuteAndWait(const String& cmdline);
 
-    /// Runs a program, waits for it and gives its exit code; -1 when it cannot be started, and
-    /// -9999 when it has run for more than `iTimeOut` seconds, looked at every 100 ms. It has then
-    /// been ended, and so has everything that it has started, on Linux unless that has left for a
-    /// session of its own; 0 and below let it run for ever. `WindowTitle` is that of the console
-    /// window, where it gets a new one. With `bAllowEvents` the program around the library handles
-    /// its events every 100 ms, so that what these run may call the library again; an error of
-    /// theirs reaches the caller, and the program runs on.
+    /// Runs a program, waits for it and gives its exit code; -1 when it cannot be started or waited
+    /// for, and -9999 when it has run for more than `iTimeOut` seconds, looked at every 100 ms. It
+    /// has then been ended, and so has everything that it has started, on Linux unless that has
+    /// left for a session of its own; one that this user may not end runs on. 0 and below let it
+    /// run for ever. `WindowTitle` is that of the console window, where it gets a new one. With
+    /// `bAllowEvents` the program around the library handles its events every 100 ms, so that what
+    /// these run may call the library again; an error of theirs reaches the caller, and the program
+    /// runs on.
     ///
     /// On Linux a program that a signal ended has the exit code 128 + its number; one with a
     /// time-out has no terminal to read from, and Ctrl-C at this program's does not reach it. The

@@ -1,5 +1,4 @@
 #include <quorkit/GQuorClipboard.h>
-#include <quorkit/GQuorFile.h>
 #include <quorkit/ports/clipboard.h>
 
 #include <utility>
@@ -37,8 +36,8 @@ bool put(Clipboard& clipboard, const PictureRef& picture) {
                picture->file());
 }
 
-void save(Files& files, const Picture& picture, const String& name) {
-    require(writeWholeFile(files, name, picture.file(), Wait::Briefly));
+ErrorCode save(Files& files, const Picture& picture, const String& name) {
+    return writeWholeFile(files, name, picture.file(), Wait::Briefly);
 }
 
 }  // namespace
@@ -51,10 +50,12 @@ void GQuorClipboard::LoadPictureToClipboard(const String& sFileName) {
 void GQuorClipboard::SavePictureFromClipboard(const String& sFileName) {
     const PictureRef picture = GetPictureFromClipboard();
     if (picture == nullptr) return;
+    Files& files = ports_.files;
     resumeNext([&] {
-        if (GQuorFile(ports_).FileExists(sFileName)) ports_.files.DeleteFileA(sFileName);
+        if (save(files, *picture, sFileName) != kAccessDenied) return;
+        // It may be replaced where its folder allows that.
+        if (files.DeleteFileA(sFileName) == kSuccess) save(files, *picture, sFileName);
     });
-    resumeNext([&] { save(ports_.files, *picture, sFileName); });
 }
 
 PictureRef GQuorClipboard::GetPictureFromClipboard() {

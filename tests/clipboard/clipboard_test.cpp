@@ -26,8 +26,7 @@ class ClipboardTest : public testing::TestWithParam<const char*> {
     std::optional<XServer> server;
     MemoryPorts world;
     Clipboard& port = native ? ports::native().clipboard : world.clipboard;
-    Ports all{world.files,     world.drives,  world.registry, world.system, world.host,
-              world.processes, world.desktop, world.keyboard, port};
+    Ports all = world.ports.with(port);
     Late clipboard{u"GQuorClipboard", all};
 
     void SetUp() override {

@@ -145,8 +145,7 @@ TEST(Languages, TheSystemsOwnIsALanguageNumber) {
         }
     } system;
     MemoryPorts world;
-    Ports ports{world.files,     world.drives,  world.registry, system,         world.host,
-                world.processes, world.desktop, world.keyboard, world.clipboard};
+    Ports ports = world.ports.with(system);
     Late convert(u"GQuorConvert", ports);
     const LanguageIdentifier cases[][3] = {{1031, 1036, 1}, {0, 1036, 2},      {0, 0, 0},
                                            {3082, 1031, 0}, {0xFFFF, 1031, 0}, {13, 1040, 3}};

@@ -132,20 +132,6 @@ TEST_F(Disk, LeavesTheFileWhenContentCannotBeWritten) {
         .expect(u"SaveByteArrayToFile", {Row({bytes("x"), u"f"}, Error{70})});
     memory.files.CloseHandle(lock);
     EXPECT_EQ(scratch.read("f"), "old");
-
-    std::size_t operations = 1;
-    for (std::size_t failing = 1; failing <= operations; ++failing) {
-        scratch.write("f", "old");
-        files.answer(failing, kDiskFull);
-        const Long error = file.errorOf(u"SaveByteArrayToFile", {bytes("new"), f});
-        EXPECT_TRUE(error == 0 || error == 61) << failing;
-        EXPECT_EQ(scratch.read("f"), error == 0 ? "new" : "old") << failing;
-        files.answer(kNever, kSuccess);
-        file(u"SaveByteArrayToFile", {bytes("new"), f});  // what was left is not in the way
-        operations = files.calls();
-        EXPECT_EQ(scratch.read("f"), "new") << failing;
-        EXPECT_EQ(scratch.count(), 1u) << failing;
-    }
 }
 
 TEST_F(Disk, HasTemporaryFiles) {

@@ -61,8 +61,7 @@ struct ManyConnections : Drives {
 TEST(Drives, AreAskedForOnceAndNotWithoutEnd) {
     MemoryPorts world;
     ManyConnections drives;
-    Ports ports{world.files,     drives,        world.registry, world.system,   world.host,
-                world.processes, world.desktop, world.keyboard, world.clipboard};
+    Ports ports = world.ports.with(drives);
     Late file(u"GQuorFile", ports);
     file.expect(u"UNCToLetter", {Row({u"\\\\srv\\z"}, u"Z:")});
     EXPECT_EQ(drives.asked, 1);

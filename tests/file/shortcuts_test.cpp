@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <quorkit/enumerations.h>
-#include <quorkit/ports/faults.h>
 #include <quorkit/ports/memory.h>
 
 #include <cstdlib>
@@ -21,12 +20,9 @@ class Shortcuts : public testing::Test {
         world.system.environment = {{u"windir", u"C:\\Windows"}, {u"loop", u"%loop%"}};
         world.files.put(u"C:\\f", "");
     }
-    std::string content(const String& name) { return world.files.content(name).value_or(""); }
 
     MemoryPorts world;
-    FaultyFiles files{world.files};
-    Ports ports = world.ports.with(files);
-    Late file{u"GQuorFile", ports};
+    Late file{u"GQuorFile", world};
 };
 
 TEST_F(Shortcuts, AreMadeInSpecialFoldersAndRemoved) {
@@ -57,29 +53,6 @@ TEST_F(Shortcuts, AreMadeInSpecialFoldersAndRemoved) {
     file.expect(u"IsDirectoryEmpty", {Row({u"C:\\Desk\\Tools"}, true)});
 }
 
-TEST_F(Shortcuts, SurviveEveryFailingOperation) {
-    bool made = false;
-    const auto make = [&](const String& target,
-                          std::size_t failing = static_cast<std::size_t>(-1)) {
-        files.answer(failing, kDiskFull);
-        made = file(u"MakeShortCut", {!target.empty(), kDesktop, u"", target, u"x", u""}) ==
-               Variant(true);
-        return content(u"C:\\Desk\\x.lnk");
-    };
-    const std::string after = make(u"C:\\new");
-    const std::size_t operations = files.calls();
-    for (std::size_t failing = 1; failing <= operations; ++failing)
-        for (const char16_t* old : {u"C:\\old", u""}) {
-            make(u"");
-            EXPECT_EQ(file(u"IsDirectoryEmpty", {u"C:\\Desk"}), Variant(true)) << failing;
-            const std::string before = make(old);
-            EXPECT_EQ(before.empty(), *old == 0);
-            const std::string found = make(u"C:\\new", failing);
-            EXPECT_TRUE(found == after || found == before) << failing;
-            EXPECT_LE(made, !found.empty()) << failing;
-        }
-}
-
 #ifndef _WIN32
 TEST_F(Shortcuts, AreReadByAnotherReader) {
     const std::string notepad = "C:\\Windows\\notepad.exe";
@@ -102,7 +75,7 @@ TEST_F(Shortcuts, AreReadByAnotherReader) {
     const std::string command = "LC_ALL=C.UTF-8 lnkinfo " + link + " >" + link + ".txt";
     for (const auto& [target, tip, lines] : cases) {
         file.call(u"MakeShortCut", {true, kDesktop, u"", target, u"s", tip});
-        scratch.write("s.lnk", content(u"C:\\Desk\\s.lnk"));
+        scratch.write("s.lnk", world.files.content(u"C:\\Desk\\s.lnk").value());
         EXPECT_EQ(std::system(command.c_str()), 0);  // Debian's reader
         std::string told = scratch.read("s.lnk.txt");
         std::erase(told, '\t');

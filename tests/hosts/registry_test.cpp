@@ -58,8 +58,7 @@ TEST(RegistryCommand, ChecksTheStore) {
     MemoryHive hive;
     Damaged registry(hive, hive);
     MemoryPorts memory;
-    Ports ports{memory.files,     memory.drives,  registry,        memory.system,   memory.host,
-                memory.processes, memory.desktop, memory.keyboard, memory.clipboard};
+    Ports ports = memory.ports.with(registry);
     const CommandOutcome outcome = command(u"registry check", {}, ports);
     EXPECT_EQ(outcome.output, "\u00C4:3: not a value\nb: not a key\n");
     EXPECT_EQ(outcome.errors, "quorkit: the registry is damaged\n");

@@ -1,4 +1,4 @@
-// Nothing is lost: not to failing operations, not to other writers, not to a kill.
+// Nothing is lost: not to other writers, not to a kill.
 #include <gtest/gtest.h>
 #include <quorkit/QuorInifile.h>
 #include <quorkit/ports/faults.h>
@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <functional>
 #include <random>
 #include <thread>
 
@@ -15,48 +14,6 @@
 
 namespace quorkit::test {
 namespace {
-
-TEST(IniReliability, EveryFailingOperationLeavesOldOrNewContent) {
-    Array<String> entry({0, 2}, {0, 1});
-    entry.elements() = {u"c", u"3"};
-    const std::function<void(QuorInifile&)> writes[] = {
-        [](QuorInifile& ini) { ini.WriteKeyValue(u"S", u"a", u"2"); },
-        [](QuorInifile& ini) { ini.DeleteKey(String(u"S"), String(u"a")); },
-        [](QuorInifile& ini) { ini.DeleteKeys(String(u"S"), Array<String>({u"a"})); },
-        [&](QuorInifile& ini) { ini.WriteSectionContent(u"S", Variant(entry)); },
-        [](QuorInifile& ini) { ini.WriteMultiLineValue(u"S", u"a", u"x\r\ny"); },
-    };
-    const std::string before = "[S]\na=1\nb=2\n[T]\nt=1\n";
-    for (const auto& write : writes) {
-        Scratch scratch;
-        FaultyFiles files(ports::native().files);
-        Ports ports = ports::native().with(files);
-        QuorInifile ini(ports);
-        ini.setIniFileName(scratch.name("s.ini"));
-
-        scratch.write("s.ini", before);
-        write(ini);
-        const std::string after = scratch.read("s.ini");
-        ASSERT_NE(after, before);
-        const std::size_t operations = files.calls();
-
-        for (std::size_t failing = 1; failing <= operations; ++failing) {
-            scratch.write("s.ini", before);
-            files.answer(failing, kDiskFull);
-            write(ini);
-            const bool written = ini.lastResult() != 0;
-            EXPECT_EQ(scratch.read("s.ini"), written ? after : before) << failing;
-            files.answer(static_cast<std::size_t>(-1), kSuccess);
-            write(ini);  // whatever was left behind is not in the way
-            EXPECT_EQ(scratch.read("s.ini"), after) << failing;
-            EXPECT_EQ(scratch.count(), 1u) << failing;
-        }
-        scratch.write("s.ini", before);
-        files.answer(1, kDiskFull, "Flush");  // comes before the new content takes the place
-        write(ini);
-        EXPECT_EQ(scratch.read("s.ini"), before);
-    }
-}
 
 int writeKeys(const std::vector<std::string>& arguments) {
     FaultyFiles files(ports::native().files);

@@ -3,6 +3,8 @@
 #include <quorkit/ports/faults.h>
 #include <quorkit/ports/memory.h>
 
+#include <tuple>
+
 namespace quorkit::test {
 namespace {
 
@@ -37,6 +39,32 @@ TEST(FaultyFiles, FailAsTheRealOnesMay) {
     EXPECT_EQ(memory.WriteFile(log, "123456"), kDiskFull);
     EXPECT_EQ(memory.WriteFile(log, "12345"), kSuccess);
     EXPECT_EQ(memory.content(u"log"), "old 12345");
+}
+
+TEST(FaultyPorts, FailByOneOrderForAll) {
+    MemoryPorts world;
+    world.desktop.windows = {{{1, u"One", true}, u"Class"}};
+    FaultyPorts faulty(world);
+    Ports& ports = faulty;
+    Handle handle = Handle::Invalid;
+    String text = u"kept";
+    const auto results = [&](ErrorCode code) {
+        faulty.answer(0, code);
+        return std::tuple(ports.drives.GetDriveTypeA(u"C:"), ports.system.GetTempPathA(text),
+                          ports.processes.CreateProcessA(u"none", {}, {}, handle),
+                          ports.processes.WaitForSingleObject(handle),
+                          ports.desktop.EnumWindows().size(), ports.clipboard.EmptyClipboard());
+    };
+    using Waited = Processes::Waited;
+    EXPECT_EQ(results(kDiskFull), std::tuple(0, false, kDiskFull, Waited::Failed, 0u, false));
+    EXPECT_EQ(results(kSuccess), std::tuple(0, true, kSuccess, Waited::Ended, 0u, true));
+    EXPECT_EQ(text, u"kept");
+    faulty.answer(2, kAccessDenied, "Get");
+    EXPECT_EQ(ports.drives.GetDriveTypeA(u"C:"), 3);
+    EXPECT_TRUE(ports.clipboard.EmptyClipboard());
+    EXPECT_FALSE(ports.system.GetTempPathA(text));
+    EXPECT_TRUE(ports.system.GetTempPathA(text));
+    EXPECT_EQ(faulty.calls(), 3u);
 }
 
 }  // namespace

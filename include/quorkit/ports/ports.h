@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <type_traits>
 
 namespace quorkit {
 
@@ -16,6 +17,10 @@ class Processes;
 class Registry;
 class System;
 
+/// A port of one of these kinds.
+template <class Port, class... Kinds>
+concept PortOf = (std::is_convertible_v<Port&, Kinds&> || ...);
+
 struct Ports {
     Files& files;
     Drives& drives;
@@ -27,9 +32,18 @@ struct Ports {
     Keyboard& keyboard;
     Clipboard& clipboard;
 
-    /// This world with other files.
-    Ports with(Files& others) const {
-        return {others, drives, registry, system, host, processes, desktop, keyboard, clipboard};
+    /// This world with `port` in the place of its own port of that kind.
+    template <
+        PortOf<Files, Drives, Registry, System, Host, Processes, Desktop, Keyboard, Clipboard> Port>
+    Ports with(Port& port) const {
+        const auto other = [&]<class Kind>(Kind& own) -> Kind& {
+            if constexpr (std::is_convertible_v<Port&, Kind&>)
+                return port;
+            else
+                return own;
+        };
+        return {other(files),     other(drives),  other(registry), other(system),   other(host),
+                other(processes), other(desktop), other(keyboard), other(clipboard)};
     }
 };
 
