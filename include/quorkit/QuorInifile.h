@@ -7,6 +7,12 @@
 //
 // No member raises an error for a missing file, section or key: reads give the default, "" or an
 // empty list, writes give 0.
+//
+// Names are the same when they are equal in small letters; blanks around them do not count. What
+// the layout or the encoding of the file cannot carry is refused, never bent. A file of more than
+// 256 MB, in UTF-32, or in UTF-16 without a byte-order mark, is refused whole: reads find nothing,
+// ReadSectionContent and ReadMultiLineSection give -1, isIniFileMultiLineFieldSave False, writes 0,
+// DeleteKeys and DeleteMultiLineKeys -1. ports::takeReason says what was refused.
 #pragma once
 
 #include <quorkit/array.h>
@@ -31,8 +37,7 @@ class QuorInifile {
                         const String& vsDefaultValue);
 
     /// Sets a key and makes file, section and key as needed. An empty value stays an empty value.
-    /// 1, or 0 when it could not be written: then nothing has changed. A name or value that the
-    /// layout cannot carry is refused with 0.
+    /// 1, or 0 when it could not be written: then nothing has changed.
     Long WriteKeyValue(const String& sSection, const String& sKeyName, const String& sValue);
 
     /// The names of a section's keys as a String array counted from 0, one empty element when
@@ -45,14 +50,15 @@ class QuorInifile {
     Long DeleteSection(const String& sSection);
     /// Removes a key's line. 1, or 0 when it is not there or cannot be written.
     Long DeleteKey(Unchanged<String> sSection, Unchanged<String> sKeyName);
-    /// Makes an empty section. A section that exists is emptied: only its header line stays.
+    /// Makes an empty section. A section that exists is emptied: only its header line stays. 1, or
+    /// 0 when it could not be written.
     Long AddSection(Unchanged<String> sSection);
 
-    /// Removes several keys by writing the section anew, at the end of the file, with its lines
-    /// without "=" turned into "=". The number of keys removed (0 rewrites the section all the
-    /// same, unless it or the list is empty); -2 when the section holds a key twice, then nothing
-    /// is written; -1 when reading or writing failed. `lSectionSizeInByte`: see
-    /// ReadSectionContent.
+    /// Removes several keys by writing the section anew, at the end of the file. Its lines without
+    /// "=" become "=", and as many of the last entries are lost. The number of keys removed (0
+    /// rewrites the section all the same, unless it or the list is empty); -2 when the section
+    /// holds a key twice, then nothing is written; -1 when reading or writing failed. The whole
+    /// section is taken, whatever `lSectionSizeInByte` says; one that is no Long gives -1.
     Long DeleteKeys(Unchanged<String> sSection, Unchanged<Array<String>> sKeyNames,
                     const Optional<Variant>& lSectionSizeInByte = {});
 
@@ -67,20 +73,20 @@ class QuorInifile {
                                const Optional<Variant>& lSectionSizeInByte = {});
 
     /// Merges a key/value table (any lower bounds) into a section: present keys get the new value
-    /// in place, new ones follow at the end. The number of entries written, 0 when there was
-    /// nothing to write, -1 when the section could not be read. Entries that the layout cannot
-    /// carry are left out and not counted; an unreadable table or a section name that cannot be
-    /// carried gives 0. Lines without "=" become "=", and
-    /// as many of the last entries are lost; so are lines past the size that is read. Whether the
-    /// write itself succeeded shows only in `lastResult`.
+    /// in place, new ones follow at the end. The number of entries written. Entries that layout or
+    /// encoding cannot carry are left out and not counted. 0 when nothing is left to write, for an
+    /// unreadable table and a section name that cannot be carried: then the file is not touched.
+    /// Lines without "=" become "=", and as many of the last entries are lost. Whether the write
+    /// itself succeeded shows only in `lastResult`. The whole section is taken, whatever
+    /// `lOldSectionSizeInByte` says; one that is no Long gives -1, and nothing is written.
     Long WriteSectionContent(const String& sSection, const Variant& sKeyArray,
                              const Optional<Variant>& lOldSectionSizeInByte = {});
 
     // --- Values of several lines ---
 
-    /// Stores a value, in several lines of the file when it holds "\r\n". 1, or 0 when the key is
-    /// refused because it is empty, ends in a digit or cannot be carried by the layout. Whether
-    /// the write itself succeeded shows only in `lastResult`.
+    /// Stores a value, in several lines of the file when it holds "\r\n". 1, or 0 when it is
+    /// refused because the key is empty or ends in a digit, or it cannot be carried. Whether the
+    /// write itself succeeded shows only in `lastResult`.
     Long WriteMultiLineValue(const String& sSection, const String& sKey, const String& sValue);
 
     /// A value with its lines joined by "\r\n". An empty section or key name gives "", not the
@@ -89,10 +95,12 @@ class QuorInifile {
     String ReadMultiLineValue(const String& sSection, const String& sKeyName,
                               const Optional<Variant>& vsDefaultValue = {});
 
-    /// Stores a key/value table in front of the section's other lines. Returns the number of
-    /// entries accepted: keys that are empty, end in a digit or cannot be carried are left out.
-    /// Never raises: an argument that does not convert gives 0, and nothing is written. With
-    /// `vbSupportOldMultiLineFields` True six old key names always take the form of several lines.
+    /// Stores a key/value table in front of the section's other lines, after DeleteMultiLineKeys of
+    /// its keys. Returns the number of entries accepted: those that cannot be carried, and keys
+    /// that are empty or end in a digit, are left out. Never raises: an argument that does not
+    /// convert gives 0. With 0 the file is not touched. With `vbSupportOldMultiLineFields` True six
+    /// old key names always take the form of several lines. `lOldSectionSizeInByte` must be a Long,
+    /// and nothing else.
     Long WriteMultiLineSection(const String& sSection, const Variant& sKeyValueArray,
                                const Optional<Variant>& lOldSectionSizeInByte = {},
                                const Optional<Variant>& vbSupportOldMultiLineFields = {});
@@ -104,7 +112,7 @@ class QuorInifile {
                                  const Optional<Variant>& lSectionSizeInByte = {});
 
     /// Like DeleteKeys, but each key goes with its numbered lines; counts the main keys only. A key
-    /// whose own name ends in digits cannot be deleted this way.
+    /// whose own name ends in digits cannot be deleted this way. DeleteMultiLineKey: for one key.
     Long DeleteMultiLineKeys(const String& sSection, Unchanged<Array<String>> sKeyNames,
                              const Optional<Variant>& lSectionSizeInByte = {});
     Long DeleteMultiLineKey(const String& sSection, const String& sKeyName);

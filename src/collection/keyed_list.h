@@ -20,7 +20,7 @@ class KeyedList {
         Variant value;
         std::int64_t stamp = 0;
     };
-    using Elements = std::unordered_map<String, Content, runtime::TextHash, runtime::TextEqual>;
+    using Elements = std::unordered_map<String, Content, runtime::KeyHash, runtime::KeyEqual>;
     /// A key with its content; stays where it is until it is removed.
     using Element = Elements::value_type;
 

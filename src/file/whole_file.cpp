@@ -20,10 +20,28 @@ String besideOf(const String& name) {
     return result;
 }
 
+/// Reads on, to the end or `most` bytes. `rest` is how much is to be expected: a hint. One byte
+/// more shows the end, and a file that grows is read on.
+void readOn(OpenFile& file, std::uint64_t rest, std::size_t most, std::string& content) {
+    std::size_t used = 0;
+    content.clear();
+    for (std::size_t got = 1; got != 0 && used < most; used += got) {
+        if (used == content.size())
+            content.resize(
+                std::min(most, used == 0 ? static_cast<std::size_t>(rest) + 1 : used * 2));
+        got = file.read(content.data() + used, content.size() - used);
+    }
+    content.resize(used);
+}
+
 }  // namespace
 
-ErrorCode readWholeFile(Files& files, const String& name, std::string& content) {
-    return readPart(files, name, 0, std::string::npos, content);
+ErrorCode readWholeFile(Files& files, const String& name, std::string& content, std::size_t most) {
+    OpenFile file(files, name);
+    const std::uint64_t size = file.size();
+    if (size <= most) readOn(file, size, most == std::string::npos ? most : most + 1, content);
+    if (file.status() != kSuccess) return file.status();
+    return size > most || content.size() > most ? kFileTooLarge : kSuccess;
 }
 
 ErrorCode readPart(Files& files, const String& name, std::uint64_t start, std::size_t most,
@@ -31,16 +49,7 @@ ErrorCode readPart(Files& files, const String& name, std::uint64_t start, std::s
     OpenFile file(files, name);
     const std::uint64_t size = file.size();
     if (start != 0) file.seek(start);
-    // The size is a hint: one byte more shows the end, and a file that grows is read on.
-    const std::uint64_t rest = size > start ? size - start + 1 : 1;
-    std::size_t used = 0;
-    content.clear();
-    for (std::size_t got = 1; got != 0 && used < most; used += got) {
-        if (used == content.size())
-            content.resize(std::min(most, used == 0 ? static_cast<std::size_t>(rest) : used * 2));
-        got = file.read(content.data() + used, content.size() - used);
-    }
-    content.resize(used);
+    readOn(file, size > start ? size - start : 0, most, content);
     return file.status();
 }
 
@@ -53,8 +62,8 @@ LockedFile::~LockedFile() {
     if (status_ == kSuccess) files_.CloseHandle(lock_);
 }
 
-ErrorCode LockedFile::read(std::string& content) {
-    const ErrorCode code = readWholeFile(files_, name_, content);
+ErrorCode LockedFile::read(std::string& content, std::size_t most) {
+    const ErrorCode code = readWholeFile(files_, name_, content, most);
     if (code != kFileNotFound) return code;
     content.clear();
     return kSuccess;

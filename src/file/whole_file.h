@@ -3,14 +3,17 @@
 
 #include <quorkit/ports/files.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace quorkit {
 
-/// Reads a whole file. On failure `content` is unspecified.
-ErrorCode readWholeFile(Files& files, const String& name, std::string& content);
+/// Reads a whole file; kFileTooLarge, without reading it, for one of more than `most` bytes. On
+/// failure `content` is unspecified.
+ErrorCode readWholeFile(Files& files, const String& name, std::string& content,
+                        std::size_t most = std::string::npos);
 /// Reads at most `most` bytes of a file from `start` on.
 ErrorCode readPart(Files& files, const String& name, std::uint64_t start, std::size_t most,
                    std::string& content);
@@ -31,8 +34,8 @@ class LockedFile {
     /// The name behind all links.
     const String& name() const { return name_; }
 
-    /// The content as it is now; a file that does not exist yet is empty.
-    ErrorCode read(std::string& content);
+    /// The content as it is now; a file that does not exist yet is empty. See readWholeFile.
+    ErrorCode read(std::string& content, std::size_t most = std::string::npos);
 
     /// Puts new content in place, and may be called once. Mostly in one step: writes it beside the
     /// file, brings it to the disk and swaps. Where the folder or the system does not let this user

@@ -2,8 +2,6 @@
 #include <quorkit/QuorInifile.h>
 
 #include <algorithm>
-#include <deque>
-#include <optional>
 #include <unordered_map>
 
 #include "frame/error_patterns.h"
@@ -36,19 +34,18 @@ class Merge {
         }
     }
 
-    /// Sets the value of the key that is stored as `name`, or appends `key`.
-    void set(String name, StringView key, StringView value) {
-        const auto found = first_.find(name);
-        if (found != first_.end() && found->second != kNone) {
-            slots_[found->second].value = value;
-            return;
-        }
+    /// The entry of a key; null when there is none.
+    IniEntry* find(StringView key) {
+        const auto found = first_.find(trimBlanks(key));
+        return found == first_.end() || found->second == kNone ? nullptr : &slots_[found->second];
+    }
+    /// Appends the entry of a key that is not there.
+    void append(const IniEntry& entry) {
         if (end_ < searched_) {
             forget(end_);
-            names_.push_back(std::move(name));
-            first_[names_.back()] = end_;
+            first_[trimBlanks(entry.name)] = end_;
         }
-        slots_[end_++] = {key, value};
+        slots_[end_++] = entry;
     }
 
     std::span<const IniEntry> entries() const { return std::span(slots_).first(end_); }
@@ -64,10 +61,9 @@ class Merge {
     }
 
     std::vector<IniEntry> slots_;
-    std::deque<String> names_;  // of the appended keys
     std::size_t end_;
     std::size_t searched_ = 0;
-    std::unordered_map<StringView, std::size_t, runtime::TextHash, runtime::TextEqual> first_;
+    std::unordered_map<StringView, std::size_t, runtime::KeyHash, runtime::KeyEqual> first_;
     std::vector<std::size_t> next_;  // slot -> the next one of the same key
 };
 
@@ -89,26 +85,28 @@ Long QuorInifile::WriteSectionContent(const String& sSection, const Variant& sKe
     lLastResult = 0;
     const KeyValueTable input(sKeyArray);
     if (input.count() < 1 || !isSectionName(sSection)) return 0;
-    Long size = 0;
-    if (!resumeNext([&] { size = bufferSize(*lOldSectionSizeInByte); })) return -1;
+    if (!resumeNext([&] { bufferSize(*lOldSectionSizeInByte); })) return -1;
 
     Long written = 0;
     lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
         written = 0;
-        const SectionContent content = readContent(document, sSection, size);
-        std::vector<IniEntry> entries;
-        std::optional<Merge> merge;
-        if (content.count > 0) merge.emplace(content, input.count());
+        if (!document.canHoldSection(sSection)) return false;
+        const SectionContent content = wholeContent(document, sSection);
+        const bool merges = content.count > 0;
+        Merge merge(content, input.count());
         for (Long i = 0; i < input.count(); ++i) {
-            const String& key = input.key(i);
-            if (!isEntry(key, input.value(i))) continue;
-            ++written;
-            if (merge)
-                merge->set(document.asStored(key), key, input.value(i));
+            const IniEntry entry{input.key(i), input.value(i)};
+            if (!isEntry(entry.name, entry.value) || !document.canHold(entry.value)) continue;
+            IniEntry* const present = merges ? merge.find(entry.name) : nullptr;
+            if (present != nullptr)
+                present->value = entry.value;
+            else if (document.canHold(entry.name))
+                merge.append(entry);
             else
-                entries.push_back({key, input.value(i)});
+                continue;
+            ++written;
         }
-        return document.setEntries(sSection, merge ? merge->entries() : entries);
+        return written > 0 && document.setEntries(sSection, merge.entries());
     });
     return written;
 }

@@ -1,8 +1,11 @@
 #include "inifile/deletion.h"
 
+#include <unordered_set>
+
 #include "frame/error_patterns.h"
 #include "inifile/ini_file.h"
 #include "inifile/profile.h"
+#include "runtime/letter_case.h"
 
 namespace quorkit {
 
@@ -15,18 +18,16 @@ StringView RemoveTrailingDigits(StringView key) {
     return key;
 }
 
-Deletion::Deletion(StringView section, const Array<String>& names, const Variant& size,
-                   BaseOfKey base)
-    : section_(section), names_(names), size_(size), base_(base) {}
+Deletion::Deletion(StringView section, const Array<String>& names, BaseOfKey base)
+    : section_(section), names_(names), base_(base) {}
 
 Deletion::Done Deletion::run(IniDocument& document) const {
-    if (names_.dimensions() != 1 || names_.elements().empty()) return {};
-    std::unordered_set<String, runtime::TextHash, runtime::TextEqual> names;
-    for (const String& name : names_.elements()) names.insert(document.asStored(name));
-    SectionContent content;
-    if (!resumeNext([&] { content = readContent(document, section_, bufferSize(size_)); }))
-        return {kFailed, false};
-    std::unordered_set<StringView, runtime::TextHash, runtime::TextEqual> keys;
+    if (isEmpty()) return {};
+    using Keys = std::unordered_set<StringView, runtime::KeyHash, runtime::KeyEqual>;
+    Keys names;
+    for (const String& name : names_.elements()) names.insert(trimBlanks(name));
+    const SectionContent content = wholeContent(document, section_);
+    Keys keys;
     std::vector<IniEntry> kept;
     Long removed = 0;
     for (Long i = 0; i < content.count; ++i) {
@@ -44,8 +45,12 @@ Deletion::Done Deletion::run(IniDocument& document) const {
     return {removed, true};
 }
 
-Long deleteFromFile(Files& files, const String& name, const Deletion& deletion, Long& lastResult) {
-    Deletion::Done done;
+Long deleteFromFile(Files& files, const String& name, const Deletion& deletion, const Variant& size,
+                    Long& lastResult) {
+    lastResult = 0;
+    if (deletion.isEmpty()) return 0;
+    if (!resumeNext([&] { bufferSize(size); })) return Deletion::kFailed;
+    Deletion::Done done{Deletion::kFailed, false};
     lastResult = editIni(files, name, [&](IniDocument& document) {
         done = deletion.run(document);
         return done.rewritten;

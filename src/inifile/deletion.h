@@ -5,10 +5,7 @@
 #include <quorkit/ports/files.h>
 #include <quorkit/variant.h>
 
-#include <unordered_set>
-
 #include "inifile/document.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 
@@ -22,10 +19,12 @@ StringView RemoveTrailingDigits(StringView key);
 /// One order to delete keys.
 class Deletion {
    public:
-    /// `size` is the caller's size of the section, or missing. Keys go whose base is among `names`,
-    /// without regard to case; those that are their own base are counted. `names` without exactly
-    /// one dimension is empty. The arguments must outlive the order.
-    Deletion(StringView section, const Array<String>& names, const Variant& size, BaseOfKey base);
+    /// Keys go whose base is among `names`; those that are their own base are counted. `names`
+    /// without exactly one dimension is empty. The arguments must outlive the order.
+    Deletion(StringView section, const Array<String>& names, BaseOfKey base);
+
+    /// Whether there is nothing to delete.
+    bool isEmpty() const { return names_.dimensions() != 1 || names_.elements().empty(); }
 
     enum Outcome : Long { kTwice = -2, kFailed = -1 };  // else the number of keys removed
 
@@ -34,16 +33,18 @@ class Deletion {
         Long result = 0;
         bool rewritten = false;
     };
+    /// Takes the whole section, however large it is.
     Done run(IniDocument& document) const;
 
    private:
     StringView section_;
     const Array<String>& names_;
-    const Variant& size_;
     BaseOfKey base_;
 };
 
-/// Runs the order on a file. `lastResult` is the outcome of the write, 0 when there was none.
-Long deleteFromFile(Files& files, const String& name, const Deletion& deletion, Long& lastResult);
+/// Runs the order on a file. `size` is what the caller gave as the size of the section: kFailed
+/// when it is no Long. `lastResult` is the outcome of the write, 0 when there was none.
+Long deleteFromFile(Files& files, const String& name, const Deletion& deletion, const Variant& size,
+                    Long& lastResult);
 
 }  // namespace quorkit

@@ -1,5 +1,7 @@
 #include "inifile/document.h"
 
+#include <quorkit/ports/ports.h>
+
 #include <algorithm>
 #include <cstring>
 
@@ -14,18 +16,24 @@ char lowerAscii(char byte) {
 
 }  // namespace
 
-IniDocument::IniDocument(std::string content, Encoding asciiAs)
-    : marked_(takeMarkOff(std::move(content))), asciiAs_(asciiAs) {
-    if (marked_.marked) encoding_ = marked_.encoding;
-}
-
 Encoding IniDocument::encoding() const {
-    if (!encoding_) encoding_ = isAscii(marked_.text) ? asciiAs_ : encodingOf(marked_.text);
+    if (!encoding_) encoding_ = encodingOf(file_);
     return *encoding_;
 }
 
-bool IniDocument::keepsItsEncoding() const {
-    return marked_.marked || isAscii(marked_.text) || encodingOf(marked_.text) == encoding();
+std::optional<std::string> IniDocument::content() && {
+    const Encoding asFound = encoding();
+    return putTogether(std::move(file_), asFound);
+}
+
+std::optional<std::string> IniDocument::encoded(StringView text) const {
+    std::optional<std::string> bytes = encode(text, encoding());
+    if (!bytes) ports::giveReason("the encoding of the INI file lacks a character of the text");
+    return bytes;
+}
+
+bool IniDocument::canHoldSection(StringView name) const {
+    return isSectionName(name) && (findSection(name) || canHold(trimBlanks(name)));
 }
 
 String IniDocument::decoded(std::size_t begin, std::size_t end) const {
@@ -74,18 +82,8 @@ String IniDocument::entryOf(const Line& line) const {
 
 // --- Finding ---
 
-String IniDocument::asStored(StringView name) const {
-    const StringView trimmed = trimBlanks(name);
-    if (isAscii(trimmed)) return String(trimmed);
-    return decode(encode(trimmed, encoding()), encoding());
-}
-
-IniDocument::Wanted IniDocument::wanted(StringView name) const {
-    Wanted result{String(name), {}};
-    if (!isAscii(name)) result.folded = decode(encode(name, encoding()), encoding());
-    result.folded = runtime::toLower(result.folded);
-    if (isAscii(result.folded)) result.ascii = encode(result.folded, Encoding::Ansi);
-    return result;
+IniDocument::Wanted::Wanted(StringView name) : lower(runtime::toLower(trimBlanks(name))) {
+    if (isAscii(lower)) ascii.emplace(lower.begin(), lower.end());
 }
 
 bool IniDocument::isNamed(const Line& line, const Wanted& name) const {
@@ -93,17 +91,17 @@ bool IniDocument::isNamed(const Line& line, const Wanted& name) const {
     if (isAscii(bytes))
         return name.ascii && bytes.size() == name.ascii->size() &&
                std::ranges::equal(bytes, *name.ascii, {}, lowerAscii);
-    return runtime::toLower(nameOf(line)) == name.folded;
+    return runtime::toLower(nameOf(line)) == name.lower;
 }
 
 std::optional<Line> IniDocument::nextHeader(std::size_t from) const {
-    const char* const text = marked_.text.data();
-    const std::size_t size = marked_.text.size();
+    const char* const text = file_.text.data();
+    const std::size_t size = file_.text.size();
     while (from < size) {
         std::size_t first = from;
         while (first < size && (text[first] == ' ' || text[first] == '\t')) ++first;
         if (first < size && text[first] == '[') {
-            const Line line = lineAt(marked_.text, from);
+            const Line line = lineAt(file_.text, from);
             if (line.kind == LineKind::Section) return line;
         }
         const void* end = first < size ? std::memchr(text + first, '\n', size - first) : nullptr;
@@ -114,16 +112,16 @@ std::optional<Line> IniDocument::nextHeader(std::size_t from) const {
 }
 
 std::optional<Line> IniDocument::findSection(StringView name) const {
-    if (name.empty()) return std::nullopt;
-    const Wanted section = wanted(name);
-    if (index_) return findInIndex(section.folded);
+    if (trimBlanks(name).empty()) return std::nullopt;
+    const Wanted section(name);
+    if (index_) return findInIndex(section.lower);
     auto header = nextHeader(0);
     while (header && !isNamed(*header, section)) header = nextHeader(header->next);
     return header;
 }
 
 std::optional<Line> IniDocument::findKey(const Line& header, StringView key) const {
-    const Wanted name = wanted(trimBlanks(key));
+    const Wanted name(key);
     std::optional<Line> found;
     forEachLine(header, [&](const Line& line) {
         if (line.kind == LineKind::Key && isNamed(line, name)) found = line;
@@ -134,7 +132,7 @@ std::optional<Line> IniDocument::findKey(const Line& header, StringView key) con
 
 std::size_t IniDocument::endOfSection(const Line& header) const {
     const auto next = nextHeader(header.next);
-    return next ? next->begin : marked_.text.size();
+    return next ? next->begin : file_.text.size();
 }
 
 /// The last line of a section that is of none of the given kinds, its header if need be.
@@ -147,14 +145,14 @@ Line IniDocument::lastLineBut(const Line& header, std::initializer_list<LineKind
     return last;
 }
 
-std::optional<Line> IniDocument::findInIndex(const String& folded) const {
-    auto found = index_->headers.find(folded);
+std::optional<Line> IniDocument::findInIndex(const String& lower) const {
+    auto found = index_->headers.find(lower);
     while (found == index_->headers.end()) {
         const auto header = nextHeader(index_->end);
         if (!header) return std::nullopt;
         index_->end = header->next;
         const auto added = index_->headers.try_emplace(runtime::toLower(nameOf(*header)), *header);
-        if (added.second && added.first->first == folded) found = added.first;
+        if (added.second && added.first->first == lower) found = added.first;
     }
     return found->second;
 }

@@ -2,151 +2,64 @@
 #include <algorithm>
 
 #include "inifile/document.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
-namespace {
 
-/// The part of a line that is its key when it is a key line, and of any other line what would be.
-struct Place {
-    std::size_t begin;
-    std::size_t end;
-};
-Place keyPlace(std::string_view text, const Line& line) {
-    if (line.kind == LineKind::Key) return {line.nameBegin, line.nameEnd};
-    const std::string_view whole = text.substr(line.begin, line.end - line.begin);
-    return {line.begin, line.begin + std::min(whole.find('='), whole.size())};
+/// The text put behind what is there; false when the encoding cannot hold it.
+bool IniDocument::addEncoded(std::string& bytes, StringView text) const {
+    const std::size_t size = bytes.size();
+    bytes.resize(size + text.size());
+    char16_t all = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bytes[size + i] = static_cast<char>(text[i]);
+        all |= text[i];
+    }
+    if (all < 0x80) return true;
+    bytes.resize(size);
+    const std::optional<std::string> added = encoded(text);
+    if (added) bytes += *added;
+    return added.has_value();
 }
-
-}  // namespace
-
-IniEntry IniEntry::of(StringView line) {
-    const auto equals = line.find(u'=');
-    if (equals == StringView::npos) return {line, {}, false};
-    return {line.substr(0, equals), line.substr(equals + 1)};
-}
-
-/// The lines of a section while it is written anew. They are taken in order: once one is passed,
-/// it and those before it are not found any more.
-class IniDocument::OldLines {
-   public:
-    OldLines(const IniDocument& document, const Line& header) : document_(document) {
-        document.forEachLine(header, [&](const Line& line) {
-            lines_.push_back(line);
-            return true;
-        });
-    }
-
-    std::size_t size() const { return lines_.size(); }
-    const Line& line(std::size_t place) const { return lines_[place]; }
-
-    /// The first line not yet passed that has the key; size() when there is none.
-    std::size_t find(StringView key) {
-        std::size_t next = passed_;
-        while (next < size() && lines_[next].kind == LineKind::Blank) ++next;
-        if (next == size() || document_.holdsKey(lines_[next], key)) return next;
-        if (!index_) makeIndex(next);
-        const auto found = index_->find(key);
-        if (found == index_->end()) return size();
-        auto& [places, passed] = found->second;
-        while (passed < places.size() && places[passed] < passed_) ++passed;
-        return passed == places.size() ? size() : places[passed];
-    }
-
-    /// Passes the line at `place`; the lines that were passed over on the way to it.
-    std::span<const Line> passTo(std::size_t place) {
-        const std::size_t from = passed_;
-        passed_ = std::min(place + 1, size());
-        return std::span(lines_).subspan(from, place - from);
-    }
-
-   private:
-    /// Where the lines of one key stand, and how many of those places are passed.
-    struct Places {
-        std::vector<std::size_t> places;
-        std::size_t passed = 0;
-    };
-
-    void makeIndex(std::size_t from) {
-        index_.emplace();
-        for (std::size_t i = from; i < size(); ++i) {
-            if (lines_[i].kind == LineKind::Blank) continue;
-            const Place key = keyPlace(document_.marked_.text, lines_[i]);
-            const String name = document_.decoded(key.begin, key.end);
-            (*index_)[String(trimBlanks(name))].places.push_back(i);
-        }
-    }
-
-    const IniDocument& document_;
-    std::vector<Line> lines_;
-    std::size_t passed_ = 0;
-    /// Made when the order of the entries first differs.
-    std::optional<std::unordered_map<String, Places, runtime::TextHash, runtime::TextEqual>> index_;
-};
 
 void IniDocument::replace(std::size_t begin, std::size_t end, std::string_view by) {
     if (part(begin, end) == by) return;
     encoding();  // as the file was found
-    marked_.text.replace(begin, end - begin, by);
+    file_.text.replace(begin, end - begin, by);
     index_.reset();
     changed_ = true;
-}
-
-bool IniDocument::holds(std::size_t begin, std::size_t end, StringView text) const {
-    const std::string_view bytes = part(begin, end);
-    if (!isAscii(bytes)) return decoded(begin, end) == text;
-    return std::ranges::equal(bytes, text, {}, [](char byte) { return char16_t(byte); });
-}
-
-bool IniDocument::holdsKey(const Line& line, StringView key) const {
-    const Place own = keyPlace(marked_.text, line);
-    const std::string_view bytes = part(own.begin, own.end);
-    if (!isAscii(bytes) || line.kind != LineKind::Key)
-        return runtime::sameText(trimBlanks(decoded(own.begin, own.end)), key);
-    return std::ranges::equal(bytes, key, [](char byte, char16_t unit) {
-        return runtime::toLower(char16_t(byte)) == runtime::toLower(unit);
-    });
-}
-
-bool IniDocument::isEntry(const Line& line, const IniEntry& entry) const {
-    if (line.kind != LineKind::Key)
-        return decoded(line.begin, line.end) ==
-               (entry.key ? String(entry.name) + u'=' + String(entry.value) : entry.name);
-    if (!entry.key || !holds(line.nameBegin, line.nameEnd, entry.name)) return false;
-    return isReadPlainly(part(line.valueBegin, line.valueEnd))
-               ? holds(line.valueBegin, line.valueEnd, entry.value)
-               : valueOf(line) == entry.value;
 }
 
 /// The line end to write behind `line`: its own, or where it has none the first of the file.
 std::string IniDocument::lineEndAt(const Line& line) const {
     if (line.ended()) return std::string(part(line.end, line.next));
-    const Line first = marked_.text.empty() ? Line() : lineAt(marked_.text, 0);
+    const Line first = file_.text.empty() ? Line() : lineAt(file_.text, 0);
     return first.ended() ? std::string(part(first.end, first.next)) : "\r\n";
 }
 
 /// A key line with another value: everything else in it stays, the quotes of the value included.
-void IniDocument::addRewritten(std::string& text, const Line& line, StringView value) const {
+/// False when the encoding cannot hold it.
+bool IniDocument::addRewritten(std::string& text, const Line& line, StringView value) const {
     text += part(line.begin, line.valueBegin);
     const bool quoted = !isReadPlainly(part(line.valueBegin, line.valueEnd));
-    if (!quoted && isWrittenPlainly(value))
-        addEncoded(text, value, encoding());
-    else
-        addEncoded(text, writtenForm(value, quoteOf(decoded(line.valueBegin, line.valueEnd))),
-                   encoding());
+    const bool held =
+        !quoted && isWrittenPlainly(value)
+            ? addEncoded(text, value)
+            : addEncoded(text,
+                         writtenForm(value, quoteOf(decoded(line.valueBegin, line.valueEnd))));
     text += part(line.valueEnd, line.end);
+    return held;
 }
 
-/// The line of an entry. False when it would be more than a line, or a line of another kind.
+/// The line of an entry. False when the encoding cannot hold it, or it would be more than a line or
+/// a line of another kind.
 bool IniDocument::addWritten(std::string& text, const IniEntry& entry) const {
     const std::size_t begin = text.size();
-    const bool key = entry.key && !trimBlanks(entry.name).starts_with(u';');
-    addEncoded(text, entry.name, encoding());
-    if (entry.key) text += '=';
-    if (!key || isWrittenPlainly(entry.value))
-        addEncoded(text, entry.value, encoding());
-    else
-        addEncoded(text, writtenForm(entry.value), encoding());
+    const bool key = !trimBlanks(entry.name).starts_with(u';');
+    if (!addEncoded(text, entry.name)) return false;
+    text += '=';
+    const bool plainly = !key || isWrittenPlainly(entry.value);
+    if (!(plainly ? addEncoded(text, entry.value) : addEncoded(text, writtenForm(entry.value))))
+        return false;
 
     const auto line = std::string_view(text).substr(begin);
     if (line.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) return false;
@@ -162,7 +75,7 @@ bool IniDocument::setValue(StringView section, StringView key, StringView value)
     std::string text;
     if (const auto line = findKey(*header, key)) {
         if (valueOf(*line) == value) return true;
-        addRewritten(text, *line, value);
+        if (!addRewritten(text, *line, value)) return false;
         replace(line->begin, line->end, text);
         return true;
     }
@@ -193,89 +106,54 @@ void IniDocument::moveSectionToEnd(StringView section) {
     const auto header = findSection(section);
     if (!header) return;
     const std::size_t end = endOfSection(*header);
-    const Wanted name = wanted(section);
+    const Wanted name(section);
     for (auto other = nextHeader(end); other; other = nextHeader(other->next))
         if (isNamed(*other, name)) return;
-    if (end == marked_.text.size()) return;
+    if (end == file_.text.size()) return;
 
     const std::string lines(part(header->begin, lastLineBut(*header, {LineKind::Blank}).next));
     replace(header->begin, end, "");
     append(lines);
 }
 
-bool IniDocument::setEntries(StringView section, std::span<const IniEntry> lines) {
+bool IniDocument::putInFront(StringView section, std::span<const IniEntry> lines) {
     if (!isSectionName(section)) return false;
     const auto header = findSection(section);
     if (!header) return appendSection(section, lines);
-    std::string merged;
-    if (!addMerged(merged, *header, lines)) return false;
-    if (!header->ended() && !merged.empty()) merged.insert(0, lineEndAt(*header));
-    replace(header->next, endOfSection(*header), merged);
+    const std::string lineEnd = lineEndAt(*header);
+    std::string text;
+    if (!addLines(text, lines, lineEnd)) return false;
+    if (!header->ended() && !text.empty()) {
+        text.insert(0, lineEnd);
+        text.resize(text.size() - lineEnd.size());
+    }
+    replace(header->next, header->next, text);
     return true;
 }
 
-/// The lines of a section with the given entries. An entry takes over the line that stood for it,
-/// unless that line stands before one that is already taken.
-bool IniDocument::addMerged(std::string& text, const Line& header,
-                            std::span<const IniEntry> lines) const {
-    OldLines old(*this, header);
-    text.reserve(old.size() * 16 + lines.size() * 32);
-    const std::string lineEnd = lineEndAt(header);
-    std::size_t content = 0;  // the size of the text without its last line end
-    const auto addEnd = [&](std::string_view end) {
-        content = text.size();
-        text += end;
-    };
-    const auto end = [&](const Line& line) {
-        addEnd(line.ended() ? part(line.end, line.next) : std::string_view(lineEnd));
-    };
-    const auto addBlanks = [&](std::span<const Line> passed) {
-        for (const Line& line : passed) {
-            if (line.kind != LineKind::Blank) continue;
-            text += part(line.begin, line.end);
-            end(line);
-        }
-    };
-    for (const IniEntry& entry : lines) {
-        const std::size_t place = old.find(trimBlanks(entry.name));
-        if (place == old.size()) {
-            if (!addWritten(text, entry)) return false;
-            addEnd(lineEnd);
-            continue;
-        }
-        addBlanks(old.passTo(place));
-        const Line& line = old.line(place);
-        const bool sameKey = line.kind == LineKind::Key && entry.key &&
-                             holds(line.nameBegin, line.nameEnd, entry.name);
-        if (isEntry(line, entry))
-            text += part(line.begin, line.end);
-        else if (sameKey)
-            addRewritten(text, line, entry.value);
-        else if (!addWritten(text, entry))
-            return false;
-        end(line);
-    }
-    addBlanks(old.passTo(old.size()));
-    const bool endsFile = old.size() == 0 ? !header.ended() : !old.line(old.size() - 1).ended();
-    if (endsFile) text.resize(content);
-    return true;
+bool IniDocument::addLines(std::string& text, std::span<const IniEntry> lines,
+                           std::string_view lineEnd) const {
+    return std::ranges::all_of(lines, [&](const IniEntry& entry) {
+        const bool added = addWritten(text, entry);
+        text += lineEnd;
+        return added;
+    });
 }
 
 bool IniDocument::appendSection(StringView name, std::span<const IniEntry> lines) {
-    const Line first = marked_.text.empty() ? Line() : lineAt(marked_.text, 0);
+    const Line first = file_.text.empty() ? Line() : lineAt(file_.text, 0);
     const std::string lineEnd = lineEndAt(first);
-    std::string section = "[" + encode(name, encoding()) + "]" + lineEnd;
-    for (const IniEntry& entry : lines) {
-        if (!addWritten(section, entry)) return false;
-        section += lineEnd;
-    }
+    std::string section = "[";
+    if (!addEncoded(section, trimBlanks(name))) return false;
+    section += "]" + lineEnd;
+    if (!addLines(section, lines, lineEnd)) return false;
     append(section);
     return true;
 }
 
 /// Puts whole lines at the end. A file without a final line end goes on without one.
 void IniDocument::append(std::string_view lines) {
-    const std::string& text = marked_.text;
+    const std::string& text = file_.text;
     if (text.empty() || text.ends_with('\n')) return replace(text.size(), text.size(), lines);
     const std::string_view lineEnd = lines.ends_with("\r\n") ? "\r\n" : "\n";
     lines.remove_suffix(lineEnd.size());

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "runtime/code_page.h"
 
@@ -10,27 +11,73 @@ namespace quorkit {
 using runtime::kUtf16Mark;
 using runtime::kUtf8Mark;
 
-MarkedText takeMarkOff(std::string content) {
+namespace {
+
+constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
+constexpr std::string_view kUtf32Marks[] = {{"\xFF\xFE\0\0", 4}, {"\0\0\xFE\xFF", 4}};
+
+/// UTF-16 in the order that its mark tells as little-endian, or back.
+std::string inOrder(std::string_view mark, std::string_view bytes) {
+    std::string result(bytes);
+    if (mark == kUtf16BigMark)
+        for (std::size_t i = 0; i + 1 < result.size(); i += 2) std::swap(result[i], result[i + 1]);
+    return result;
+}
+
+/// Whether text without a mark is UTF-16: of the characters that INI files are made of, more stand
+/// beside a NUL than not, all at the same place of their pairs of bytes. In 8-bit text with a NUL
+/// here and there few do.
+bool isBareUtf16(std::string_view text) {
+    const std::string_view start = text.substr(0, 4096);
+    if (start.find('\0') == std::string_view::npos) return false;
+    int besideNul[] = {0, 0};
+    for (std::size_t i = 0; i + 1 < start.size(); i += 2)
+        for (const std::size_t place : {0, 1})
+            if (std::string_view("[]=\r\n").find(start[i + place]) != std::string_view::npos)
+                besideNul[place] += start[i + 1 - place] == '\0' ? 1 : -1;
+    return std::ranges::max(besideNul) > 0;
+}
+
+}  // namespace
+
+FileText takeApart(std::string content) {
     const std::string_view view = content;
-    if (view.starts_with(kUtf8Mark))
-        return {true, Encoding::Utf8, content.substr(kUtf8Mark.size())};
-    if (view.starts_with(kUtf16Mark))
-        return {true, Encoding::Utf16,
-                runtime::toUtf8(runtime::fromUtf16(view.substr(kUtf16Mark.size())),
-                                runtime::LoneSurrogate::Keep),
-                std::string(view.substr(view.size() - view.size() % 2))};
-    return {false, Encoding::Ansi, std::move(content)};
+    const auto begins = [&](std::string_view mark) { return view.starts_with(mark); };
+    if (std::ranges::any_of(kUtf32Marks, begins)) return {.refused = true};
+    if (begins(kUtf8Mark)) return {.mark = kUtf8Mark, .text = content.substr(kUtf8Mark.size())};
+    for (const std::string_view mark : {kUtf16Mark, kUtf16BigMark})
+        if (begins(mark))
+            return {
+                .mark = mark,
+                .text = runtime::toUtf8(runtime::fromUtf16(inOrder(mark, view.substr(mark.size()))),
+                                        runtime::LoneSurrogate::Keep),
+                .tail = std::string(view.substr(view.size() - view.size() % 2))};
+    if (isBareUtf16(view)) return {.refused = true};
+    return {.text = std::move(content)};
 }
 
-std::string putMarkOn(MarkedText marked) {
-    if (!marked.marked) return std::move(marked.text);
-    if (marked.encoding == Encoding::Utf8) return std::string(kUtf8Mark) + marked.text;
-    return std::string(kUtf16Mark) + runtime::toUtf16(runtime::fromUtf8(marked.text)) + marked.tail;
+Encoding encodingOf(const FileText& file) {
+    if (!file.mark.empty()) return file.mark == kUtf8Mark ? Encoding::Utf8 : Encoding::Utf16;
+    if (isAscii(file.text)) return Encoding::Plain;
+    return runtime::isUtf8(file.text) ? Encoding::Utf8 : Encoding::Ansi;
 }
 
-Encoding encodingOf(std::string_view unmarkedText) {
-    return runtime::isUtf8(unmarkedText) && !isAscii(unmarkedText) ? Encoding::Utf8
-                                                                   : Encoding::Ansi;
+std::optional<std::string> putTogether(FileText file, Encoding encoding) {
+    std::string& text = file.text;
+    if (file.mark == kUtf8Mark) return text.insert(0, kUtf8Mark);
+    if (!file.mark.empty())
+        return std::string(file.mark) +
+               inOrder(file.mark, runtime::toUtf16(runtime::fromUtf8(text))) + file.tail;
+    if (isBareUtf16(text)) return std::nullopt;
+    if (isAscii(text)) return std::move(text);
+    if (encoding == Encoding::Plain) {
+        // Two characters of code page 1252 may look like one in UTF-8.
+        std::optional<std::string> ansi = encode(runtime::fromUtf8(text), Encoding::Ansi);
+        if (ansi && !runtime::isUtf8(*ansi)) text = std::move(*ansi);
+    } else if (encoding == Encoding::Ansi && runtime::isUtf8(text)) {
+        return std::nullopt;
+    }
+    return std::move(text);
 }
 
 bool isAscii(std::string_view bytes) {
@@ -52,34 +99,15 @@ String decode(std::string_view bytes, Encoding encoding) {
     return encoding == Encoding::Ansi ? runtime::fromAnsi(bytes) : runtime::fromUtf8(bytes);
 }
 
-std::string encode(StringView text, Encoding encoding) {
-    if (encoding == Encoding::Ansi) return runtime::toAnsi(text);
+std::optional<std::string> encode(StringView text, Encoding encoding) {
+    if (encoding == Encoding::Ansi) {
+        std::string bytes = runtime::toAnsi(text);
+        if (runtime::fromAnsi(bytes) != text) return std::nullopt;
+        return bytes;
+    }
     std::string bytes = runtime::toUtf8(text, runtime::LoneSurrogate::Keep);
-    if (encoding == Encoding::Utf16 || runtime::isUtf8(bytes)) return bytes;
-    String replaced(text);
-    for (std::size_t i = 0; i < replaced.size(); ++i) {
-        const bool high = replaced[i] >= 0xD800 && replaced[i] < 0xDC00;
-        const bool paired = high && i + 1 < replaced.size() && replaced[i + 1] >= 0xDC00 &&
-                            replaced[i + 1] < 0xE000;
-        if (paired)
-            ++i;
-        else if (replaced[i] >= 0xD800 && replaced[i] < 0xE000)
-            replaced[i] = u'?';
-    }
-    return runtime::toUtf8(replaced);
-}
-
-void addEncoded(std::string& bytes, StringView text, Encoding encoding) {
-    const std::size_t size = bytes.size();
-    bytes.resize(size + text.size());
-    char16_t all = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        bytes[size + i] = static_cast<char>(text[i]);
-        all |= text[i];
-    }
-    if (all < 0x80) return;
-    bytes.resize(size);
-    bytes += encode(text, encoding);
+    if (encoding != Encoding::Utf16 && !runtime::isUtf8(bytes)) return std::nullopt;
+    return bytes;
 }
 
 }  // namespace quorkit

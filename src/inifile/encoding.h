@@ -3,38 +3,39 @@
 
 #include <quorkit/values.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace quorkit {
 
 enum class Encoding {
-    Ansi,   ///< code page 1252: no byte-order mark, and not Utf8
-    Utf8,   ///< with the byte-order mark, or valid with at least one multi-byte character
-    Utf16,  ///< little-endian, with the byte-order mark
+    Plain,  ///< nothing but ASCII yet; what is added to it is handled as UTF-8
+    Ansi,   ///< code page 1252
+    Utf8,
+    Utf16,
 };
 
-/// What a byte-order mark says: the encoding, and the text without it as it is handled.
-struct MarkedText {
-    bool marked = false;
-    Encoding encoding = Encoding::Ansi;
-    std::string text;
-    std::string tail = {};  ///< half a character at the end of a damaged UTF-16 file
+/// The content of a file, taken apart.
+struct FileText {
+    std::string_view mark = {};  ///< the byte-order mark it begins with
+    std::string text = {};       ///< the rest as it is handled
+    std::string tail = {};       ///< half a character at the end of a damaged UTF-16 file
+    bool refused = false;        ///< in an encoding that is not read: nothing of it is here
 };
-MarkedText takeMarkOff(std::string content);
-/// The bytes of the file again.
-std::string putMarkOn(MarkedText marked);
-
-/// The encoding of text without a byte-order mark.
-Encoding encodingOf(std::string_view unmarkedText);
+FileText takeApart(std::string content);
+/// The encoding that the mark tells, or else the text.
+Encoding encodingOf(const FileText& file);
+/// The content of the file again, which had this encoding when it was taken apart. What is no
+/// longer plain becomes code page 1252 where that can hold it, else UTF-8. Nothing when it would be
+/// taken for another encoding.
+std::optional<std::string> putTogether(FileText file, Encoding encoding);
 
 bool isAscii(std::string_view bytes);
 bool isAscii(StringView text);
 
-/// One piece of handled text as text and back. A character that the encoding lacks becomes "?".
+/// One piece of handled text as text and back; nothing when the encoding lacks a character.
 String decode(std::string_view bytes, Encoding encoding);
-std::string encode(StringView text, Encoding encoding);
-/// The same, put behind what is there.
-void addEncoded(std::string& bytes, StringView text, Encoding encoding);
+std::optional<std::string> encode(StringView text, Encoding encoding);
 
 }  // namespace quorkit

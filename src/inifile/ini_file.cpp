@@ -1,28 +1,49 @@
 #include "inifile/ini_file.h"
 
+#include <quorkit/ports/ports.h>
+
 #include "file/whole_file.h"
+#include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
+
+const std::string kTooLarge = "larger than " + std::to_string(kLargestIniFile >> 20) + " MB";
+
+void giveReason(const String& file, const std::string& reason) {
+    ports::giveReason("the INI file " + runtime::toUtf8(file) + ' ' + reason);
+}
+
+/// What reading a file gave, as a document.
+IniDocument documentOf(const String& name, ErrorCode code, std::string content) {
+    if (code == kFileTooLarge) {
+        giveReason(name, "is " + kTooLarge);
+        return IniDocument::refused();
+    }
+    IniDocument document(code == kSuccess ? std::move(content) : std::string());
+    if (document.isRefused())
+        giveReason(name, "is in UTF-32, or in UTF-16 without a byte-order mark");
+    return document;
+}
 
 ErrorCode editOnce(Files& files, const String& name,
                    const std::function<bool(IniDocument&)>& edit) {
     LockedFile file(files, name);
     if (file.status() != kSuccess) {
         IniDocument document = readIni(files, name);
-        edit(document);
+        if (!document.isRefused()) edit(document);
         return file.status();
     }
-    // Two characters of code page 1252 may look like one in UTF-8. Where they would be the first
-    // in a plain file, UTF-8 keeps them what they are.
-    for (const Encoding asciiAs : {Encoding::Ansi, Encoding::Utf8}) {
-        std::string content;
-        if (const ErrorCode code = file.read(content)) return code;
-        IniDocument document(std::move(content), asciiAs);
-        if (!edit(document)) return kInvalidParameter;
-        if (!document.changed()) return kSuccess;
-        if (document.keepsItsEncoding()) return file.replace(std::move(document).content());
-    }
+    std::string content;
+    const ErrorCode code = file.read(content, kLargestIniFile);
+    if (code != kSuccess && code != kFileTooLarge) return code;
+    IniDocument document = documentOf(name, code, std::move(content));
+    if (document.isRefused() || !edit(document)) return kInvalidParameter;
+    if (!document.changed()) return kSuccess;
+
+    const std::optional<std::string> changed = std::move(document).content();
+    if (changed && changed->size() <= kLargestIniFile) return file.replace(*changed);
+    giveReason(name, "would be " + (changed ? kTooLarge : "taken for one in another encoding"));
     return kInvalidParameter;
 }
 
@@ -30,8 +51,8 @@ ErrorCode editOnce(Files& files, const String& name,
 
 IniDocument readIni(Files& files, const String& name) {
     std::string content;
-    if (readWholeFile(files, name, content) != kSuccess) content.clear();
-    return IniDocument(std::move(content));
+    const ErrorCode code = readWholeFile(files, name, content, kLargestIniFile);
+    return documentOf(name, code, std::move(content));
 }
 
 Long editIni(Files& files, const String& name, const std::function<bool(IniDocument&)>& edit) {

@@ -64,9 +64,8 @@ Long QuorInifile::AddSection(Unchanged<String> sSection) {
 
 Long QuorInifile::DeleteKeys(Unchanged<String> sSection, Unchanged<Array<String>> sKeyNames,
                              const Optional<Variant>& lSectionSizeInByte) {
-    return deleteFromFile(ports_.files, sIniFileName,
-                          Deletion(*sSection, *sKeyNames, *lSectionSizeInByte, wholeKey),
-                          lLastResult);
+    return deleteFromFile(ports_.files, sIniFileName, Deletion(*sSection, *sKeyNames, wholeKey),
+                          *lSectionSizeInByte, lLastResult);
 }
 
 }  // namespace quorkit

@@ -89,8 +89,8 @@ Line lineAt(std::string_view text, std::size_t begin) {
         const std::size_t close = find(text, ']', first, line.end);
         if (close != line.end) {
             line.kind = LineKind::Section;
-            line.nameBegin = first + 1;
-            line.nameEnd = close;
+            line.nameBegin = skipBlanks(text, first + 1, close);
+            line.nameEnd = skipBlanksBack(text, close, line.nameBegin);
             return line;
         }
     }
@@ -114,7 +114,7 @@ StringView trimBlanks(StringView text) {
 }
 
 bool isSectionName(StringView name) {
-    return !name.empty() && !holds(name, StringView(u"]\r\n\0", 4));
+    return !trimBlanks(name).empty() && !holds(name, StringView(u"]\r\n\0", 4));
 }
 
 bool isKeyName(StringView name) {

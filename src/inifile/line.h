@@ -23,7 +23,7 @@ struct Line {
     std::size_t end = 0;   ///< where its line end, "\n" or "\r\n", begins
     std::size_t next = 0;  ///< where the next line begins
     LineKind kind = LineKind::Blank;
-    std::size_t nameBegin = 0;  ///< of a section or key, without blanks around a key
+    std::size_t nameBegin = 0;  ///< of a section or key, without blanks around it
     std::size_t nameEnd = 0;
     std::size_t valueBegin = 0;  ///< of a key, without blanks around it
     std::size_t valueEnd = 0;

@@ -18,12 +18,12 @@
 namespace quorkit {
 namespace {
 
-using runtime::TextEqual;
-using runtime::TextHash;
+using runtime::KeyEqual;
+using runtime::KeyHash;
 
 constexpr StringView kMarker = u"$!MULTILINEFIELD@#";
 constexpr StringView kBreak = u"\r\n";
-constexpr Long kCheckedSectionSize = 100000;
+constexpr std::size_t kCheckedSectionSize = 100000;
 
 /// Keys that are stored in several lines whatever their value, when the caller asks for it.
 constexpr std::array<StringView, 6> kOldFields = {
@@ -59,12 +59,12 @@ String joinLines(StringView key, Find find) {
 
 /// A section's table with the values of several lines joined; count -2 for a key that is there
 /// twice.
-SectionContent joinedContent(const IniDocument& document, StringView section, Long size) {
+SectionContent joinedContent(const IniDocument& document, StringView section, std::size_t size) {
     SectionContent read = readContent(document, section, size);
     SectionContent joined;
     if (read.count < 1) return joined;
 
-    std::unordered_map<StringView, const String*, TextHash, TextEqual> values;
+    std::unordered_map<StringView, const String*, KeyHash, KeyEqual> values;
     for (Long i = 0; i < read.count; ++i) {
         const String& key = read.table.at(0, i);
         const bool isNew = values.emplace(key, &read.table.at(1, i)).second;
@@ -102,28 +102,41 @@ bool isOldField(StringView key) {
 }
 
 /// The lines that store a table.
-struct MultiLineEntries {
-    GQuorConvert convert;
-    std::vector<String> keys = {};  ///< those accepted
-    std::vector<String> lines = {};
+class MultiLineEntries {
+   public:
+    MultiLineEntries(Ports& ports, const IniDocument& document, bool oldFields)
+        : convert_(ports), document_(document), oldFields_(oldFields) {}
 
-    void add(StringView key, const String& value, bool oldFields) {
+    void add(const String& key, const String& value) {
         const StringView name = trimBlanks(key);
         if (endsInDigit(name) || !isEntry(key, value)) return;
-        keys.emplace_back(key);
-        if (value.find(kBreak) == String::npos && !(oldFields && isOldField(name))) {
-            addLine(key, value);
+        if (!document_.canHold(key) || !document_.canHold(value)) return;
+        keys_.push_back(key);
+        if (value.find(kBreak) == String::npos && !(oldFields_ && isOldField(name))) {
+            lines_.emplace_back(key, value);
             return;
         }
         Array<String> pieces;
-        const Long count = convert.StringTokenToStringArray(value, String(kBreak), pieces);
-        addLine(key, kMarker);
-        for (Long i = 0; i < count; ++i) addLine(numbered(name, i + 1), pieces.at(i));
+        const Long count = convert_.StringTokenToStringArray(value, String(kBreak), pieces);
+        lines_.emplace_back(key, kMarker);
+        for (Long i = 0; i < count; ++i) lines_.emplace_back(numbered(name, i + 1), pieces.at(i));
     }
 
-    void addLine(StringView key, StringView value) {
-        lines.push_back(String(key).append(u"=").append(value));
+    /// The keys that were accepted.
+    const std::vector<String>& keys() const { return keys_; }
+    std::vector<IniEntry> entries() const {
+        std::vector<IniEntry> all;
+        all.reserve(lines_.size());
+        for (const auto& [key, value] : lines_) all.push_back({key, value});
+        return all;
     }
+
+   private:
+    GQuorConvert convert_;
+    const IniDocument& document_;
+    bool oldFields_;
+    std::vector<String> keys_;
+    std::vector<std::pair<String, String>> lines_;
 };
 
 }  // namespace
@@ -141,30 +154,23 @@ Long QuorInifile::WriteMultiLineSection(const String& sSection, const Variant& s
                                         const Optional<Variant>& vbSupportOldMultiLineFields) {
     lLastResult = 0;
     return onErrorReturn(Long{0}, [&] {
-        const Long size = bufferSize(*lOldSectionSizeInByte);
+        bufferSize(*lOldSectionSizeInByte);
         const bool oldFields = !vbSupportOldMultiLineFields->isMissing() &&
                                runtime::CBool(*vbSupportOldMultiLineFields);
-        MultiLineEntries entries{GQuorConvert(ports_)};
         const KeyValueTable input(sKeyValueArray);
-        for (Long i = 0; i < input.count(); ++i)
-            entries.add(input.key(i), input.value(i), oldFields);
-        if (entries.keys.empty() || !isSectionName(sSection)) return Long{0};
-
-        const Array<String> keys(entries.keys);
-        const Deletion deletion(sSection, keys, *lOldSectionSizeInByte, RemoveTrailingDigits);
+        if (input.count() < 1) return Long{0};
+        Long accepted = 0;
         lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
-            deletion.run(document);
-            std::vector<IniEntry> all;
-            all.reserve(entries.lines.size());
-            for (const String& line : entries.lines) all.push_back(IniEntry::of(line));
-            const SectionLines rest = sectionLines(document, sSection, size);
-            if (rest.size > 2) {
-                for (const String& line : rest.whole) all.push_back(IniEntry::of(line));
-                if (!rest.cut.empty()) all.push_back(IniEntry::of(rest.cut));
-            }
-            return document.setEntries(sSection, all);
+            accepted = 0;
+            if (!document.canHoldSection(sSection)) return false;
+            MultiLineEntries entries(ports_, document, oldFields);
+            for (Long i = 0; i < input.count(); ++i) entries.add(input.key(i), input.value(i));
+            accepted = static_cast<Long>(entries.keys().size());
+            if (accepted == 0) return false;
+            Deletion(sSection, Array<String>(entries.keys()), RemoveTrailingDigits).run(document);
+            return document.putInFront(sSection, entries.entries());
         });
-        return static_cast<Long>(entries.keys.size());
+        return accepted;
     });
 }
 
@@ -180,17 +186,17 @@ String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKe
     String value = cutValue(document.value(sSection, sKeyName).value_or(byDefault));
     if (!isMarker(value)) return value;
 
-    const String prefix = document.asStored(sKeyName);
+    const String prefix(trimBlanks(sKeyName));
     std::vector<String> names;
-    std::unordered_map<String, String, TextHash, TextEqual> lines;
+    std::unordered_map<String, String, KeyHash, KeyEqual> lines;
     document.forEachKey(sSection, [&](String name, const auto& valueOfKey) {
         const StringView start = StringView(name).substr(0, prefix.size());
-        if (runtime::sameText(start, prefix) && !lines.contains(name))
+        if (runtime::sameKey(start, prefix) && !lines.contains(name))
             lines.emplace(name, cutValue(valueOfKey()));
         names.push_back(std::move(name));
     });
     names = fittingNames(std::move(names));
-    const std::unordered_set<StringView, TextHash, TextEqual> known(names.begin(), names.end());
+    const std::unordered_set<StringView, KeyHash, KeyEqual> known(names.begin(), names.end());
     const String text = joinLines(prefix, [&](const String& name) -> const String* {
         return known.contains(name) ? &lines.find(name)->second : nullptr;
     });
@@ -211,7 +217,7 @@ Variant QuorInifile::ReadMultiLineSection(const String& sSection, Long& countKey
 Long QuorInifile::DeleteMultiLineKeys(const String& sSection, Unchanged<Array<String>> sKeyNames,
                                       const Optional<Variant>& lSectionSizeInByte) {
     return deleteFromFile(ports_.files, sIniFileName,
-                          Deletion(sSection, *sKeyNames, *lSectionSizeInByte, RemoveTrailingDigits),
+                          Deletion(sSection, *sKeyNames, RemoveTrailingDigits), *lSectionSizeInByte,
                           lLastResult);
 }
 
@@ -221,8 +227,9 @@ Long QuorInifile::DeleteMultiLineKey(const String& sSection, const String& sKeyN
 
 Boolean QuorInifile::isIniFileMultiLineFieldSave() {
     IniDocument document = readIni(ports_.files, sIniFileName);
+    if (document.isRefused()) return false;
     document.indexSections();
-    std::unordered_set<String, TextHash, TextEqual> checked;
+    std::unordered_set<String, KeyHash, KeyEqual> checked;
     return std::ranges::all_of(
         fittingNames(document.sectionNames(kListBuffer)), [&](const String& section) {
             return !checked.insert(section).second ||

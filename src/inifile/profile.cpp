@@ -1,14 +1,41 @@
 #include "inifile/profile.h"
 
+#include <quorkit/errors.h>
+
 #include <algorithm>
+#include <limits>
 
 #include "frame/error_patterns.h"
 #include "runtime/convert.h"
 
 namespace quorkit {
+namespace {
 
-Long bufferSize(const Variant& given) {
-    return given.isMissing() ? kListBuffer : std::max(kListBuffer, runtime::CLng(given));
+/// The lines of a section without the last ones that do not fit, and the characters in all, those
+/// of a line that is cut included.
+struct SectionLines {
+    std::vector<String> lines;
+    std::size_t size = 0;
+};
+
+SectionLines sectionLines(const IniDocument& document, StringView section, std::size_t buffer) {
+    SectionLines read{document.entries(section, buffer)};
+    for (const String& line : read.lines) read.size += line.size() + 1;
+    if (read.size <= buffer - 1) return read;
+
+    read.size = buffer - 2;
+    std::size_t left = read.size;
+    std::size_t fitting = 0;
+    while (read.lines[fitting].size() + 1 <= left) left -= read.lines[fitting++].size() + 1;
+    read.lines.resize(fitting);
+    return read;
+}
+
+}  // namespace
+
+std::size_t bufferSize(const Variant& given) {
+    const Long size = given.isMissing() ? kListBuffer : std::max(kListBuffer, runtime::CLng(given));
+    return static_cast<std::size_t>(size);
 }
 
 String cutValue(String value) {
@@ -29,34 +56,20 @@ std::vector<String> fittingNames(std::vector<String> names) {
     return names;
 }
 
-SectionLines sectionLines(const IniDocument& document, StringView section, Long size) {
-    const auto buffer = static_cast<std::size_t>(size);
-    SectionLines lines{document.entries(section, buffer), {}, 0};
-    for (const String& line : lines.whole) lines.size += line.size() + 1;
-    if (lines.size <= buffer - 1) return lines;
-
-    lines.size = buffer - 2;
-    std::size_t left = lines.size;
-    std::size_t fitting = 0;
-    while (lines.whole[fitting].size() + 1 <= left) left -= lines.whole[fitting++].size() + 1;
-    lines.cut = lines.whole[fitting].substr(0, left);
-    lines.whole.resize(fitting);
-    return lines;
-}
-
 Array<String> nameArray(std::vector<String> names) {
     if (names.empty()) names.emplace_back();
     return Array<String>(std::move(names));
 }
 
-SectionContent readContent(const IniDocument& document, StringView section, Long size) {
+SectionContent readContent(const IniDocument& document, StringView section, std::size_t size) {
+    if (document.isRefused()) raise(ErrorNumber::DeviceError);
     SectionContent content;
-    SectionLines lines = sectionLines(document, section, size);
-    if (lines.size <= 2 || lines.whole.empty()) return content;
+    auto [lines, read] = sectionLines(document, section, size);
+    if (read <= 2 || lines.empty()) return content;
 
-    content.table = Array<String>({0, 2}, {0, static_cast<Long>(lines.whole.size())});
+    content.table = Array<String>({0, 2}, {0, static_cast<Long>(lines.size())});
     auto slot = content.table.elements().begin();
-    for (String& line : lines.whole) {
+    for (String& line : lines) {
         const auto equals = line.find(u'=');
         if (equals != String::npos) {
             slot[0].assign(line, 0, equals);
@@ -66,6 +79,10 @@ SectionContent readContent(const IniDocument& document, StringView section, Long
         slot += 2;
     }
     return content;
+}
+
+SectionContent wholeContent(const IniDocument& document, StringView section) {
+    return readContent(document, section, std::numeric_limits<std::size_t>::max());
 }
 
 KeyValueTable::KeyValueTable(const Variant& value) {

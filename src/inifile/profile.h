@@ -3,6 +3,7 @@
 
 #include <quorkit/variant.h>
 
+#include <cstddef>
 #include <vector>
 
 #include "inifile/document.h"
@@ -14,7 +15,7 @@ constexpr Long kListBuffer = 32767;
 
 /// The given size when it is larger than the usual buffer of 32767 characters, else that one; for
 /// a missing size too. Error 13 or 6 when the size is no Long.
-Long bufferSize(const Variant& given);
+std::size_t bufferSize(const Variant& given);
 
 /// A value as far as it fits into a buffer with its terminating U+0000.
 String cutValue(String value);
@@ -22,15 +23,6 @@ String cutValue(String value);
 /// The names that fit: when all of them, each with a U+0000, and one more U+0000 exceed the
 /// buffer, those that do are dropped.
 std::vector<String> fittingNames(std::vector<String> names);
-
-/// The lines of a section, each with a U+0000, as far as they fit into a buffer of `size`
-/// characters with one more U+0000.
-struct SectionLines {
-    std::vector<String> whole;
-    String cut;            ///< what fits of the line that does not, without its U+0000
-    std::size_t size = 0;  ///< characters in all
-};
-SectionLines sectionLines(const IniDocument& document, StringView section, Long size);
 
 /// The names as an array counted from 0, one empty element when there are none.
 Array<String> nameArray(std::vector<String> names);
@@ -43,7 +35,11 @@ struct SectionContent {
     /// What stands for a section whose reading failed.
     static SectionContent unreadable() { return {Array<String>({0, 2}, {0, 1}), -1}; }
 };
-SectionContent readContent(const IniDocument& document, StringView section, Long size);
+/// As far as its lines, each with a U+0000, fit into a buffer of `size` characters with one more
+/// U+0000. An error when the file is refused.
+SectionContent readContent(const IniDocument& document, StringView section, std::size_t size);
+/// All of it, for those who write it anew: what they do not see would be lost.
+SectionContent wholeContent(const IniDocument& document, StringView section);
 
 /// A table handed in by a caller: two dimensions with any bounds, the first with two elements or
 /// more, of texts or of Variants that have a text. Any other value is a table without entries.

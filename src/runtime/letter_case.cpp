@@ -29,6 +29,19 @@ String mapped(StringView text, char16_t (&map)(char16_t)) {
     return result;
 }
 
+template <char16_t map(char16_t)>
+bool same(StringView a, StringView b) {
+    return std::ranges::equal(a, b,
+                              [](char16_t x, char16_t y) { return x == y || map(x) == map(y); });
+}
+
+template <char16_t map(char16_t)>
+std::size_t hashOf(StringView text) {
+    std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
+    for (const char16_t unit : text) hash = (hash ^ map(unit)) * 1099511628211u;
+    return static_cast<std::size_t>(hash);
+}
+
 }  // namespace
 
 char16_t toLower(char16_t unit) {
@@ -59,14 +72,19 @@ String folded(StringView text) {
 }
 
 bool sameText(StringView a, StringView b) {
-    return std::ranges::equal(
-        a, b, [](char16_t x, char16_t y) { return x == y || folded(x) == folded(y); });
+    return same<folded>(a, b);
+}
+
+bool sameKey(StringView a, StringView b) {
+    return same<toLower>(a, b);
 }
 
 std::size_t TextHash::operator()(StringView text) const {
-    std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
-    for (const char16_t unit : text) hash = (hash ^ folded(unit)) * 1099511628211u;
-    return static_cast<std::size_t>(hash);
+    return hashOf<folded>(text);
+}
+
+std::size_t KeyHash::operator()(StringView key) const {
+    return hashOf<toLower>(key);
 }
 
 }  // namespace quorkit::runtime

@@ -21,8 +21,10 @@ String folded(StringView text);
 
 /// `a` and `b` are the same text but for letter case.
 bool sameText(StringView a, StringView b);
+/// `a` and `b` are the same key of a collection or name in an INI file: equal in small letters.
+bool sameKey(StringView a, StringView b);
 
-/// For hash tables whose keys match without regard to letter case.
+/// For hash tables whose keys match without regard to letter case, as texts or as keys.
 struct TextHash {
     using is_transparent = void;
     std::size_t operator()(StringView text) const;
@@ -30,6 +32,14 @@ struct TextHash {
 struct TextEqual {
     using is_transparent = void;
     bool operator()(StringView a, StringView b) const { return sameText(a, b); }
+};
+struct KeyHash {
+    using is_transparent = void;
+    std::size_t operator()(StringView key) const;
+};
+struct KeyEqual {
+    using is_transparent = void;
+    bool operator()(StringView a, StringView b) const { return sameKey(a, b); }
 };
 
 }  // namespace quorkit::runtime

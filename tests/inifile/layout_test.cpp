@@ -23,19 +23,10 @@ TEST_F(IniTest, ChangesOnlyItsLine) {
           Edit("[A]\na=1", {u"B", u"b", u"2"}, 1, "[A]\na=1\n[B]\nb=2"),
           Edit("", {u"B", u"b", u"2"}, 1, "[B]\r\nb=2\r\n"),
           Edit("[A]\n;k=1\n", {u"A", u"k", u"2"}, 1, "[A]\nk=2\n;k=1\n"),
-          Edit("[A]\na=1\n[a]\nb=1\n", {u"A", u"b", u"2"}, 1, "[A]\na=1\nb=2\n[a]\nb=1\n")});
-    // The bytes of the last one would be read back as UTF-8, so they are written in it.
-    edit(u"WriteKeyValue",
-         {Edit("\xEF\xBB\xBF[A]\nk=\xC3\xA4\n", {u"A", u"k", u"\u03A9"}, 1,
-               "\xEF\xBB\xBF[A]\nk=\xCE\xA9\n"),
-          Edit("[A]\nx=\xC3\xA4\nk=1\n", {u"A", u"k", u"\u03A9"}, 1,
-               "[A]\nx=\xC3\xA4\nk=\xCE\xA9\n"),
-          Edit("[A]\nx=\xE4\nk=1\n", {u"A", u"k", u"\u20AC\u03A9"}, 1, "[A]\nx=\xE4\nk=\x80?\n"),
-          Edit(std::string("\xFF\xFE[\0A\0]\0\r\0\n\0k\0=\0\x31\0\x00\xD8", 20),
-               {u"A", u"k", u"\u03A9"}, 1,
-               std::string("\xFF\xFE[\0A\0]\0\r\0\n\0k\0=\0\xA9\x03", 18)),
-          Edit("[\xC4]\n\xD6=1\n", {u"\u00E4", u"\u00F6", u"2"}, 1, "[\xC4]\n\xD6=2\n"),
-          Edit("[A]\n", {u"A", u"k", u"\u00C3\u00A4"}, 1, "[A]\nk=\xC3\x83\xC2\xA4\n")});
+          Edit("[A]\na=1\n[a]\nb=1\n", {u"A", u"b", u"2"}, 1, "[A]\na=1\nb=2\n[a]\nb=1\n"),
+          Edit("[ A\t] x\n", {u"a", u"k", u"1"}, 1, "[ A\t] x\nk=1\n"),
+          Edit("[A]\n", {u" a\t", u"k", u"1"}, 1, "[A]\nk=1\n"),
+          Edit("[A]\n", {u" B\t", u"k", u"1"}, 1, "[A]\n[B]\nk=1\n")});
     edit(u"DeleteKey",
          {Edit("[A]\n;x\na=1\nA=2\n", {u"A", u"A"}, 1, "[A]\n;x\nA=2\n"),
           Edit("[A]\na=1\nb=2", {u"A", u"b"}, 1, "[A]\na=1\n"),
@@ -57,6 +48,86 @@ TEST_F(IniTest, ReadsWhatRealFilesHold) {
                                  Row({u"a", u"z", u"?"}, u"?"), Row({u"a", u"", u"?"}, u"?")});
     ini.expect(u"ReadSectionKeys", {Row({u"A", 0}, {names({u"k", u"q", u"s", u"e"}), 4})});
     ini.expect(u"ReadSectionNames", {Row({0}, {names({u"A", u"A"}), 2})});
+}
+
+TEST_F(IniTest, KeepsTheEncoding) {
+    const String omega = u"\u03A9";
+    const std::string little("\xFF\xFE[\0A\0]\0\r\0\n\0k\0=\0\x31\0\x00\xD8", 20);
+    const std::string edited("\xFF\xFE[\0A\0]\0\r\0\n\0k\0=\0\xA9\x03", 18);
+    const auto swapped = [](std::string bytes) {
+        for (std::size_t i = 0; i < bytes.size(); i += 2) std::swap(bytes[i], bytes[i + 1]);
+        return bytes;
+    };
+    const std::string ansi = "[A]\nx=\xE4\nk=1\n";
+    const std::string utf8 = "[A]\nx=\xC3\xA4\nk=1\n";
+    const std::string plain = "[A]\nk=1\n";
+    const String half(1, u'\xD800');
+    const auto with = [](String key, String value) {
+        return std::vector<Variant>{u"A", std::move(key), std::move(value)};
+    };
+    edit(u"WriteKeyValue",
+         {Edit("\xEF\xBB\xBF" + plain, with(u"k", omega), 1, "\xEF\xBB\xBF[A]\nk=\xCE\xA9\n"),
+          Edit(little, with(u"k", omega), 1, edited),
+          Edit(swapped(little) + 'x', with(u"k", omega), 1, swapped(edited) + 'x'),
+          Edit(utf8, with(u"k", omega), 1, "[A]\nx=\xC3\xA4\nk=\xCE\xA9\n"),
+          Edit(ansi, with(u"k", u"\u20AC"), 1, "[A]\nx=\xE4\nk=\x80\n"),
+          Edit("[\xC4]\n\xD6=1\n", {u"\u00E4", u"\u00F6", u"2"}, 1, "[\xC4]\n\xD6=2\n"),
+          // A file that is plain takes the code page, unless that lacks a letter or what is written
+          // would be read back as UTF-8.
+          Edit(plain, with(u"k", u"\u00E4"), 1, "[A]\nk=\xE4\n"),
+          Edit(plain, with(u"k", u"\u00E4\u03A9"), 1, "[A]\nk=\xC3\xA4\xCE\xA9\n"),
+          Edit(plain, with(u"k", u"\u00C3\u00A4"), 1, "[A]\nk=\xC3\x83\xC2\xA4\n"),
+          Edit("", {omega, u"k", u""}, 1, "[\xCE\xA9]\r\nk=\r\n"),
+          // What it lacks is refused; another spelling of a key that is there needs no letters.
+          Edit(ansi, with(u"k", omega), 0, ansi), Edit(ansi, with(omega, u"1"), 0, ansi),
+          Edit(ansi, {omega, u"k", u"1"}, 0, ansi), Edit(utf8, with(u"k", half), 0, utf8),
+          Edit(plain, with(half, u"1"), 0, plain),
+          Edit("[\xDF]\nk=\xE4\n", {u"\u1E9E", u"\u212A", u"1"}, 1, "[\xDF]\nk=1\n")});
+    const Variant entries = table({{omega, u"1"}, {u"k", omega}, {u"k", u"2"}});
+    edit(u"WriteSectionContent", {Edit(ansi, {u"A", entries}, 1, "[A]\nx=\xE4\nk=2\n"),
+                                  Edit(ansi, {omega, entries}, 0, ansi),
+                                  Edit(plain, {u"A", entries}, 3, "[A]\nk=2\n\xCE\xA9=1\n")});
+    edit(u"WriteMultiLineSection", {Edit(ansi, {u"A", entries}, 1, "[A]\nk=2\nx=\xE4\n"),
+                                    Edit(ansi, {omega, entries}, 0, ansi)});
+    // The last one holds a NUL here and there and is 8-bit all the same.
+    const std::string bare = little.substr(2);
+    const std::string little32("\xFF\xFE\0\0[\0\0\0", 8);
+    const std::string big32("\0\0\xFE\xFF\0\0\0[", 8);
+    const std::string nul(1, '\0');
+    for (const std::string& file : {bare, swapped(bare), little32, big32, big32.substr(4)})
+        for (const char16_t* member :
+             {u"WriteKeyValue", u"WriteMultiLineValue", u"DeleteSection", u"AddSection"})
+            edit(member,
+                 {Edit(file, member[0] == u'W' ? with(u"k", u"2") : std::vector<Variant>{u"A"}, 0,
+                       file)});
+    EXPECT_NE(ports::takeReason().find("UTF-16"), std::string::npos);
+    EXPECT_EQ(ini.call(u"ReadSectionContent", {u"A", 0}).arguments[1], Variant(-1));
+    ini.expect(u"isIniFileMultiLineFieldSave", {Row({}, false)});
+    edit(u"WriteKeyValue", {Edit(plain + "=" + nul + nul + "\n", with(u"k", u"2"), 1,
+                                 "[A]\nk=2\n=" + nul + nul + "\n")});
+}
+
+TEST_F(IniTest, HasOneRuleOfLetterCase) {
+    // Small letters decide: these capitals are no capitals of them.
+    const std::pair<String, String> spellings[] = {{u"stra\u00DFe", u"STRA\u1E9EE"},
+                                                   {u"x\u00E5", u"X\u212B"},
+                                                   {u"i", u"\u0130"},
+                                                   {u"k", u"\u212A"}};
+    for (const auto& [small, other] : spellings) {
+        content("; \xCE\xA9\n");
+        write(small, small, u"1");
+        const std::string before = content();
+        EXPECT_EQ(read(other, other), u"1");
+        const Variant entry = table({{other, u"2"}});
+        ini.expect({u"WriteSectionContent", u"WriteMultiLineSection"}, {Row({other, entry}, 1)});
+        ini.expect(u"ReadSectionKeys", {Row({small, 0}, {names({other}), 1})});
+        ini.expect(u"ReadMultiLineValue", {Row({small, small}, u"2")});
+        ini.expect(u"DeleteMultiLineKey", {Row({other, small}, 1)});
+        content(before);
+        ini.expect(u"DeleteKeys", {Row({other, names({other})}, 1)});
+    }
+    content("[S]\ni=1\n\xC4\xB0=2\n");
+    ini.expect(u"DeleteKeys", {Row({u"S", names({u"i"})}, -2)});
 }
 
 TEST_F(IniTest, AnswersForWhatIsMissing) {
@@ -108,7 +179,7 @@ TEST_F(IniTest, GivesBackWhatWasWritten) {
 }
 
 TEST_F(IniTest, RefusesWhatTheLayoutCannotCarry) {
-    const std::string before = "[A]\nk=1\n";
+    const std::string before = "[A]\nk=1\n; c\nl=2\n";
     content(before);
     const String nul(1, u'\0');
     const struct {
@@ -125,6 +196,11 @@ TEST_F(IniTest, RefusesWhatTheLayoutCannotCarry) {
         ini.expect({u"WriteSectionContent", u"WriteMultiLineSection"},
                    {Row({one.section, entry}, 0)});
         EXPECT_EQ(content(), before);
+        ini.let(u"IniFileName", u"new.ini");
+        ini.expect({u"WriteSectionContent", u"WriteMultiLineSection"},
+                   {Row({one.section, entry}, 0)});
+        EXPECT_EQ(world.files.content(u"new.ini"), std::nullopt);
+        ini.let(u"IniFileName", kFile);
     }
     ini.let(u"IniFileName", String(u"a") + nul);
     EXPECT_EQ(write(u"A", u"k", u"1"), 0);

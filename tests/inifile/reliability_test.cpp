@@ -26,25 +26,31 @@ int writeKeys(const std::vector<std::string>& arguments) {
     for (int i = 0; i < count; ++i) {
         const std::string number = std::to_string(i);
         const String key = prefix + String(number.begin(), number.end());
-        if (ini.WriteKeyValue(u"S", key, key) == 0) return 1;
+        if (prefix.ends_with(u"lines "))
+            ini.WriteMultiLineValue(u"S", key + u'.', key + u"\r\n" + key);
+        else
+            ini.WriteKeyValue(u"S", key, key);
+        if (ini.lastResult() == 0) return 1;
     }
     return 0;
 }
 const PartName writeKeysPart("writeKeys", writeKeys);
 
-TEST(IniReliability, TwoWritersLoseNothing) {
+TEST(IniReliability, SeveralWritersLoseNothing) {
     Scratch scratch;  // the file does not exist yet: its creation is a race too
     const std::string file = scratch.path("s.ini").string();
     Child a("writeKeys", {file, "a", "1000"});
     Child b("writeKeys", {file, "b", "1000"});
+    Child lines("writeKeys", {file, "a value of several lines ", "200"});
     EXPECT_EQ(a.wait(), 0);
     EXPECT_EQ(b.wait(), 0);
+    EXPECT_EQ(lines.wait(), 0);
 
     QuorInifile ini;
     ini.setIniFileName(scratch.name("s.ini"));
     Long count = 0;
     ini.ReadSectionContent(u"S", count, Long{1000000});
-    EXPECT_EQ(count, 2000);
+    EXPECT_EQ(count, 2600);  // in 50 KB
     EXPECT_EQ(ini.ReadKeyValue(u"S", u"a999", u""), u"a999");
     EXPECT_EQ(ini.ReadKeyValue(u"S", u"b0", u""), u"b0");
     EXPECT_EQ(scratch.count(), 1u);
@@ -163,6 +169,23 @@ TEST(IniReliability, OneChangeOneLine) {
     }
     EXPECT_GT(written, 5000);
     EXPECT_GT(unchanged, 500);
+}
+
+TEST(IniReliability, RefusesWhatIsTooLarge) {
+    Scratch scratch;
+    const std::uintmax_t size = (256u << 20) + 1;
+    scratch.write("s.ini", "[S]\nk=1\n");
+    std::filesystem::resize_file(scratch.path("s.ini"), size);
+    QuorInifile ini;
+    ini.setIniFileName(scratch.name("s.ini"));
+    Long count = 0;
+    EXPECT_EQ(ini.ReadKeyValue(u"S", u"k", u"?"), u"?");
+    EXPECT_NE(ports::takeReason().find("larger than 256 MB"), std::string::npos);
+    ini.ReadSectionContent(u"S", count);
+    EXPECT_EQ(count, -1);
+    EXPECT_EQ(ini.WriteKeyValue(u"S", u"k", u"2"), 0);
+    EXPECT_EQ(ini.DeleteKeys(String(u"S"), Array<String>({u"k"})), -1);
+    EXPECT_EQ(std::filesystem::file_size(scratch.path("s.ini")), size);
 }
 
 TEST(IniReliability, AHundredMegabytes) {

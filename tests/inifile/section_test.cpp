@@ -27,6 +27,31 @@ TEST_F(IniTest, ReadsAsMuchOfASectionAsItsBufferTakes) {
         EXPECT_EQ(ini.call(u"ReadSectionContent", {u"S", 0, size}).arguments[1], Variant(count));
 }
 
+// Whatever size is passed or not: what is rewritten is not what is handed to callers.
+TEST_F(IniTest, RewritesTheWholeOfALargeSection) {
+    const Long keys = 3000;
+    std::string before = "[S]\n";
+    for (int i = 0; i < keys; ++i) before += "some key a" + std::to_string(i) + "a=some value\n";
+    const Variant entry = table({{u"some key a2999a", u"new"}});
+    const Variant list = names({u"some key a2999a"});
+    const struct {
+        const char16_t* member;
+        std::vector<Variant> arguments;
+        Long left;
+    } calls[] = {{u"WriteMultiLineValue", {u"S", u"some key a2999a", u"x\r\ny"}, keys + 2},
+                 {u"WriteMultiLineSection", {u"S", entry}, keys},
+                 {u"WriteSectionContent", {u"S", entry}, keys},
+                 {u"WriteSectionContent", {u"S", entry, 40000}, keys},
+                 {u"DeleteMultiLineKey", {u"S", u"some key a2999a"}, keys - 1},
+                 {u"DeleteKeys", {u"S", list, 40000}, keys - 1}};
+    for (const auto& one : calls) {
+        content(before);
+        ini.expect(one.member, {Row(one.arguments, 1)});
+        EXPECT_EQ(ini.call(u"ReadSectionContent", {u"S", 0, 1000000}).arguments[1],
+                  Variant(one.left));
+    }
+}
+
 TEST_F(IniTest, MergesATable) {
     // A line without "=" becomes "=" and costs the last entry.
     for (const Long lower : {0, 1}) {
@@ -47,7 +72,9 @@ TEST_F(IniTest, MergesATable) {
               Edit("[S]\nx=1", with({{u"y", u"2"}}), 1, "[S]\nx=1\ny=2"),
               Edit("[S]\ny=1\nx=1\r", with({{u"y", u"2"}}), 1, "[S]\ny=2\nx=1\r"),
               Edit("[S]\na = 1\n", with({{u" a ", u"9"}, {u"a=b", u"8"}, {u"c", u"7"}}), 2,
-                   "[S]\na = 9\nc=7\n")});
+                   "[S]\na = 9\nc=7\n"),
+              Edit("[S]\na=1\n; c\nb=2\n", with({{u"x=y", u"9"}, {u"", u"8"}}), 0,
+                   "[S]\na=1\n; c\nb=2\n")});
     }
     ini.expect(u"WriteSectionContent",
                {Row({u"S", u"no table"}, 0), Row({u"S", table({{u"a", u"1"}}), u"many"}, -1)});

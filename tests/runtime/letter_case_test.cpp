@@ -27,6 +27,10 @@ TEST(LetterCase, SameText) {
     EXPECT_TRUE(sameText(u"", u""));
     EXPECT_FALSE(sameText(u"ab", u"abc"));
     EXPECT_FALSE(sameText(u"a", u"\u00E4"));
+    // Letters that are no capitals of their small ones.
+    EXPECT_FALSE(sameText(u"\u0130\u1E9E", u"i\u00DF"));
+    EXPECT_TRUE(sameKey(u"\u0130\u1E9EA", u"i\u00DFa"));
+    EXPECT_EQ(KeyHash()(u"\u0130\u1E9EA"), KeyHash()(u"i\u00DFa"));
 }
 
 }  // namespace

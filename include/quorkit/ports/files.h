@@ -28,6 +28,7 @@ enum ErrorCode : std::uint32_t {
     kDiskFull = 112,
     kInvalidName = 123,
     kBadPathName = 161,
+    kFileTooLarge = 223,
     kFileReplaced = 1006,
 };
 
