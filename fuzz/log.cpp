@@ -1,0 +1,189 @@
+// A log file as it came, written and shortened by two objects in turn. Fields: the content; then
+// for each step a letter and a number in one, "E5", and a text: see `step`. Finds: entries that are
+// lost, cut or torn into others, shortening that takes newer lines and leaves older ones, files
+// that are not as they were when it fails.
+#include <quorkit/QuorLogFile.h>
+#include <quorkit/ports/memory.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+#include "runtime/code_page.h"
+#include "support/target.h"
+
+namespace quorkit::fuzz {
+namespace {
+
+constexpr const char16_t* kFile = u"C:\\log\\a.log";
+
+std::string_view markOf(std::string_view content) {
+    for (const auto mark : {runtime::kUtf8Mark, runtime::kUtf16Mark})
+        if (content.starts_with(mark)) return mark;
+    return {};
+}
+
+std::string lineIn(const std::string& content, const String& text) {
+    const auto mark = markOf(content);
+    if (mark == runtime::kUtf16Mark) return runtime::toUtf16(text + u"\r\n");
+    return mark.empty() ? runtime::toAnsi(text + u"\r\n") : runtime::toUtf8(text + u"\r\n");
+}
+
+bool isUnfinished(const std::string& content) {
+    const auto mark = markOf(content);
+    const auto text = std::string_view(content).substr(mark.size());
+    const std::string_view end = mark == runtime::kUtf16Mark ? std::string_view("\n\0", 2) : "\n";
+    return !text.empty() && !text.ends_with(end);
+}
+
+/// Whether `kept` is what shortening may leave of `old`: the newest lines, from the start of a line
+/// on, without the last two bytes; all that fit, unless the disk is full.
+bool isShortened(const std::string& kept, const std::string& old, Long limit, bool fullDisk) {
+    const auto mark = markOf(old);
+    if (mark == runtime::kUtf16Mark)
+        return std::string_view(old).substr(2).starts_with(kept) &&
+               std::abs(static_cast<double>(kept.size()) - static_cast<double>(old.size()) / 2) <=
+                   2;
+    if (!kept.starts_with(mark)) return false;
+    const std::size_t size = kept.size() - mark.size() + 2;
+    if (size > old.size()) return false;
+    const std::size_t begin = old.size() - size;
+    if (begin == 0 || old[begin - 1] != '\n' ||
+        old.compare(begin, size - 2, kept, mark.size(), std::string::npos) != 0)
+        return false;
+    const double share = 0.8 * limit;
+    // A mark may count or not.
+    return static_cast<double>(size) <= share + 3 &&
+           (fullDisk || old.find('\n', old.size() - static_cast<std::size_t>(std::max(0.0, share)) +
+                                           4) >= begin - 1);
+}
+
+class Session {
+   public:
+    explicit Session(std::string content) {
+        ports_.files.addFolder(u"C:\\log");
+        if (!content.empty()) ports_.files.put(kFile, std::move(content));
+        for (QuorLogFile* log : {&logs_[0], &logs_[1]}) {
+            log->setLogFileName(kFile);
+            log->setAppend(true);
+            log->setLogLevel(eLogEntryType_TestDump);
+        }
+        now_ = content_();
+    }
+
+    void step(const std::string& order, const String& text);
+
+   private:
+    std::string content_() const { return ports_.files.content(kFile).value_or(""); }
+
+    void write(std::size_t which, const String& text) {
+        String entry = text;
+        QuorLogFile& log = logs_[which];
+        log.writeLogfileEntry(entry, eLogEntryType_HeaderFooter);
+        const std::string old = std::exchange(now_, content_());
+        if (fullDisk_ && now_ == old) return;
+        const Long limit = log.MaxFileSize();
+        // What is shortened just before the entry cannot be seen: it is what the entry stands
+        // behind.
+        if (isAdded(old, text, shortener_ == which)) return shortenedBy(kNobody);
+        for (const bool marked : {true, false}) {
+            if (limit <= 0 || old.size() <= static_cast<std::size_t>(limit)) break;
+            const std::string line = lineIn(marked ? now_ : "", text);
+            if (!now_.ends_with(line)) continue;
+            std::string kept = now_.substr(0, now_.size() - line.size());
+            if (isShortened(kept, old, limit, fullDisk_)) return shortenedBy(kNobody);
+        }
+        breakPromise("an entry comes behind the others, which stay or are the newest", shown(now_),
+                     shown(old) + " and " + shown(text));
+    }
+
+    /// Whether the file is the old one and then the entry.
+    bool isAdded(const std::string& old, const String& text, bool mayContinue) const {
+        const std::string line = lineIn(old, text);
+        const bool unfinished = isUnfinished(old);
+        const std::string lineEnd = lineIn(old, u"");
+        return (now_ == old + line && (!unfinished || mayContinue)) ||
+               (unfinished && now_ == old + lineEnd + line);
+    }
+
+    void limit(std::size_t which, Long size) {
+        const bool within = static_cast<double>(now_.size()) <= size;
+        const bool done = logs_[which].limitFileSize(String(kFile), size);
+        const std::string old = std::exchange(now_, content_());
+        if (!done || within) {
+            promiseEqual(now_, old, "a file that is not shortened stays");
+            promise(done || !within || old.empty(), "a file within its limit is no failure");
+        } else {
+            promise(!logs_[0].isFileOpen() || logs_[0].MaxFileSize() > 0,
+                    "a file that is kept open without a limit is not shortened");
+            if (!isShortened(now_, old, size, fullDisk_))
+                breakPromise("the newest lines that fit stay", shown(now_), shown(old));
+            shortenedBy(which);
+        }
+    }
+
+    static constexpr std::size_t kNobody = 2;
+    void shortenedBy(std::size_t which) { shortener_ = which; }
+
+    MemoryPorts ports_;
+    QuorLogFile logs_[2] = {QuorLogFile(ports_), QuorLogFile(ports_)};
+    std::string now_;
+    std::size_t shortener_ = kNobody;  ///< who may go on in the last line
+    bool fullDisk_ = false;
+};
+
+void Session::step(const std::string& order, const String& text) {
+    Long number = 0;
+    if (order.size() > 1) std::from_chars(order.data() + 1, order.data() + order.size(), number);
+    const char letter = order.empty() ? 'E' : order[0];
+    switch (letter) {
+        case 'e':  // entries of the other object
+        case 'E':
+            for (Long i = 0; i < 1 + std::abs(number % 120); ++i)
+                write(letter == 'E' ? 0 : 1, text);
+            break;
+        case 'l':
+        case 'L':
+            limit(letter == 'L' ? 0 : 1, number);
+            break;
+        case 'S':  // the size at which the first one shortens by itself
+            logs_[0].setMaxFileSize(number);
+            break;
+        case 'O':
+            logs_[0].setAutoOpenClose(false);
+            logs_[0].OpenLogfile();
+            now_ = content_();
+            break;
+        case 'C':
+            logs_[0].CloseLogfile();
+            logs_[0].setAutoOpenClose(true);
+            break;
+        case 'F':
+            ports_.files.setFreeSpace(static_cast<std::size_t>(std::abs(number % 10'000)));
+            fullDisk_ = true;
+            break;
+        case 'T':  // another program, or what is left of one that was ended: half a line
+            if (logs_[0].isFileOpen()) break;
+            ports_.files.put(kFile, now_ + runtime::toUtf8(text));
+            now_ = content_();
+            shortener_ = kNobody;
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace
+
+void run(std::string_view input) {
+    constexpr int mostSteps = 16;
+    Fields fields(input);
+    Session session(fields.bytes());
+    for (int i = 0; i < mostSteps && !fields.done(); ++i) {
+        const std::string order = fields.bytes();
+        session.step(order, fields.text());
+    }
+}
+
+}  // namespace quorkit::fuzz

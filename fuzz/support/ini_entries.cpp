@@ -1,0 +1,85 @@
+#include "support/ini_entries.h"
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+#include "support/target.h"
+
+namespace quorkit::fuzz {
+
+std::optional<Entries> keysOf(const IniText& ini, std::size_t header) {
+    Entries keys;
+    if (header == IniText::kNone) return keys;
+    for (std::size_t i = header + 1; i < ini.endOfSection(header); ++i) {
+        const IniLine& line = ini.lines[i];
+        if (line.kind == IniLine::Blank) continue;
+        if (line.kind != IniLine::Key || line.name.empty()) return {};
+        keys.push_back({line.name, line.value});
+    }
+    return keys;
+}
+
+bool hasTwice(const Entries& keys) {
+    std::set<String> seen;
+    return !std::ranges::all_of(
+        keys, [&](const Entry& one) { return seen.insert(comparable(one.key)).second; });
+}
+
+bool isEntry(const Entry& one) {
+    const String key = trimBlanks(one.key);
+    if (!key.starts_with(u';')) return isKeyName(one.key) && isValue(one.value);
+    return one.key.find_first_of(StringView(u"=\r\n\0", 4)) == String::npos && isValue(one.value) &&
+           one.value.find_first_of(u"\r\n") == String::npos;
+}
+
+Variant tableOf(const Entries& entries) {
+    Array<String> table({0, 2}, {0, static_cast<Long>(entries.size())});
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        table.elements()[2 * i] = entries[i].key;
+        table.elements()[2 * i + 1] = entries[i].value;
+    }
+    return table;
+}
+
+Entries linesOf(const Entry& entry) {
+    const String key = trimBlanks(entry.key);
+    if (entry.value.find(u"\r\n") == String::npos) return {{key, entry.value}};
+    Entries lines = {{key, String(kMarker)}};
+    for (std::size_t at = 0, end = 0; end != String::npos; at = end + 2) {
+        end = entry.value.find(u"\r\n", at);
+        const std::string number = std::to_string(lines.size());
+        lines.push_back({key + String(number.begin(), number.end()),
+                         entry.value.substr(at, end == String::npos ? end : end - at)});
+    }
+    return lines;
+}
+
+String withoutDigits(String key) {
+    while (!key.empty() && key.back() >= u'0' && key.back() <= u'9') key.pop_back();
+    return key;
+}
+
+IniLines withoutBlanks(IniLines lines) {
+    std::erase_if(lines, [](const IniLine& line) { return line.kind == IniLine::Blank; });
+    return lines;
+}
+
+void promiseSameLines(const IniLines& got, const IniLines& wanted) {
+    promiseEqual(got.size(), wanted.size(), "no line is lost or added");
+    for (std::size_t i = 0; i < got.size(); ++i) {
+        promiseEqual(got[i].text, wanted[i].text, "a line that nothing was asked for stays");
+        if (!got[i].end.empty() && !wanted[i].end.empty())
+            promiseEqual(got[i].end, wanted[i].end, "a line keeps its end");
+    }
+}
+
+void promiseKeys(const std::optional<Entries>& got, const Entries& wanted) {
+    promise(got && got->size() == wanted.size(), "a section has as many keys as it should");
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        promiseEqual((*got)[i].key, wanted[i].key, "the keys of a section");
+        promiseEqual((*got)[i].value, wanted[i].value, "the values of a section");
+    }
+}
+
+}  // namespace quorkit::fuzz

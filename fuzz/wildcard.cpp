@@ -1,0 +1,63 @@
+// A pattern against names. Finds: answers that differ from those of the plain definition, which
+// tries every way through the pattern.
+#include "file/wildcard.h"
+
+#include <algorithm>
+
+#include "runtime/letter_case.h"
+#include "support/target.h"
+
+namespace quorkit::fuzz {
+namespace {
+
+struct Name {
+    StringView text;
+    std::size_t lastStop;
+};
+
+bool matches(StringView pattern, const Name& name, std::size_t at) {
+    const bool end = at == name.text.size();
+    if (pattern.empty()) return end;
+    const char16_t unit = end ? u'\0' : name.text[at];
+    const StringView rest = pattern.substr(1);
+    const bool wildFollows = rest.empty() || rest[0] == u'*' || rest[0] == u'?';
+    switch (pattern[0]) {
+        case u'*':
+            if (matches(rest, name, at)) return true;
+            if (end || (rest.starts_with(u'.') && at == name.lastStop)) return false;
+            return matches(pattern, name, at + 1);
+        case u'?':
+            if ((end || unit == u'.') && matches(rest, name, at)) return true;
+            return !end && unit != u'.' && matches(rest, name, at + 1);
+        case u'.':
+            if (wildFollows && end) return matches(rest, name, at);
+            break;
+        default:
+            break;
+    }
+    return !end && runtime::toUpper(pattern[0]) == runtime::toUpper(unit) &&
+           matches(rest, name, at + 1);
+}
+
+}  // namespace
+
+void run(std::string_view input) {
+    // What is tried grows with the length to the power of the stars.
+    constexpr std::size_t longest = 24;
+    constexpr std::ptrdiff_t mostStars = 5;
+    Fields fields(input);
+    const String pattern = fields.text().substr(0, longest);
+    // Windows cuts these off before anything is matched; "*." is told from "*" even so.
+    if (pattern.ends_with(u' ') || (pattern.ends_with(u'.') && pattern != u"*.")) return;
+    if (std::ranges::count(pattern, u'*') > mostStars) return;
+    const Wildcard wildcard(pattern);
+    do {
+        const String name = fields.text().substr(0, longest);
+        const bool wanted = pattern == u"*.*" || matches(pattern, {name, name.rfind(u'.')}, 0);
+        if (wildcard.matches(name) != wanted)
+            breakPromise(wanted ? "the name matches" : "the name does not match", shown(name),
+                         shown(pattern));
+    } while (!fields.done());
+}
+
+}  // namespace quorkit::fuzz
