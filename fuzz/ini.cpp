@@ -29,7 +29,7 @@ class Session {
     }
 
     void step(Fields& fields);
-    void checkReading();
+    void checkReading() { promiseReading(ini_, now_); }
 
    private:
     void take() {
@@ -229,7 +229,7 @@ void Session::deleteKeys(const String& section, const std::vector<String>& names
     const Long result =
         withLines ? ini_.DeleteMultiLineKeys(section, list) : ini_.DeleteKeys(section, list);
     const bool nothing = old && (old->empty() || names.empty() || hasTwice(*old));
-    if (old && !old->empty() && !names.empty())
+    if (old && !old->empty() && !names.empty() && !now_.looksForeign())
         promise((result == -2) == hasTwice(*old), "a key that is there twice is told");
     if (!changed(ini_.lastResult() != 0,
                  nothing || !old || now_.encoding == IniText::Ansi || result == -2))
@@ -249,31 +249,6 @@ void Session::deleteKeys(const String& section, const std::vector<String>& names
     }
     promiseEqual(result, removed, "as many keys are removed");
     promiseKeys(keysOf(now_, now_.findSection(section)), wanted);
-}
-
-void Session::checkReading() {
-    std::vector<String> sections;
-    std::size_t size = 0;
-    for (const IniLine& line : now_.lines)
-        if (line.kind == IniLine::Header && !line.name.empty()) sections.push_back(line.name);
-    for (const String& name : sections) size += name.size() + 1;
-    if (size > 32'000 || sections.empty()) return;
-    Long count = 0;
-    promise(ini_.ReadSectionNames(count) == Variant(Array<String>(std::vector(sections))),
-            "all sections are listed");
-    const std::size_t header = now_.findSection(sections[0]);
-    std::vector<String> keys;
-    size = 0;
-    for (std::size_t i = header + 1; i < now_.endOfSection(header); ++i)
-        if (now_.lines[i].kind == IniLine::Key && !now_.lines[i].name.empty())
-            keys.push_back(now_.lines[i].name);
-    for (const String& key : keys) size += key.size() + 1;
-    if (size > 32'000 || keys.empty()) return;
-    promise(ini_.ReadSectionKeys(sections[0], count) == Variant(Array<String>(std::vector(keys))),
-            "all keys are listed");
-    promiseEqual(ini_.ReadKeyValue(sections[0], keys[0], u""),
-                 now_.lines[now_.findKey(header, keys[0])].value.substr(0, 4095),
-                 "a value is read as it stands");
 }
 
 void Session::step(Fields& fields) {

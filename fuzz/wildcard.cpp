@@ -39,6 +39,13 @@ bool matches(StringView pattern, const Name& name, std::size_t at) {
            matches(rest, name, at + 1);
 }
 
+/// As Windows cuts a pattern before anything is matched. Only "*." is told from "*" even so.
+String cut(const String& asked) {
+    const String kept = asked.substr(0, asked.find_last_not_of(u". ") + 1);
+    if (kept == u"*.*") return u"*";
+    return kept.ends_with(u'*') && asked.ends_with(u'.') ? kept + u'.' : kept;
+}
+
 }  // namespace
 
 void run(std::string_view input) {
@@ -46,17 +53,16 @@ void run(std::string_view input) {
     constexpr std::size_t longest = 24;
     constexpr std::ptrdiff_t mostStars = 5;
     Fields fields(input);
-    const String pattern = fields.text().substr(0, longest);
-    // Windows cuts these off before anything is matched; "*." is told from "*" even so.
-    if (pattern.ends_with(u' ') || (pattern.ends_with(u'.') && pattern != u"*.")) return;
-    if (std::ranges::count(pattern, u'*') > mostStars) return;
-    const Wildcard wildcard(pattern);
+    const String asked = fields.text().substr(0, longest);
+    if (std::ranges::count(asked, u'*') > mostStars) return;
+    const Wildcard wildcard(asked);
+    const String pattern = cut(asked);
     do {
         const String name = fields.text().substr(0, longest);
-        const bool wanted = pattern == u"*.*" || matches(pattern, {name, name.rfind(u'.')}, 0);
+        const bool wanted = matches(pattern, {name, name.rfind(u'.')}, 0);
         if (wildcard.matches(name) != wanted)
             breakPromise(wanted ? "the name matches" : "the name does not match", shown(name),
-                         shown(pattern));
+                         shown(asked));
     } while (!fields.done());
 }
 

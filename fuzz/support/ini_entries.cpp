@@ -82,4 +82,29 @@ void promiseKeys(const std::optional<Entries>& got, const Entries& wanted) {
     }
 }
 
+void promiseReading(QuorInifile& file, const IniText& ini) {
+    std::vector<String> sections;
+    std::size_t size = 0;
+    for (const IniLine& line : ini.lines)
+        if (line.kind == IniLine::Header && !line.name.empty()) sections.push_back(line.name);
+    for (const String& name : sections) size += name.size() + 1;
+    if (size > 32'000 || sections.empty() || ini.looksForeign()) return;
+    Long count = 0;
+    promise(file.ReadSectionNames(count) == Variant(Array<String>(std::vector(sections))),
+            "all sections are listed");
+    const std::size_t header = ini.findSection(sections[0]);
+    std::vector<String> keys;
+    size = 0;
+    for (std::size_t i = header + 1; i < ini.endOfSection(header); ++i)
+        if (ini.lines[i].kind == IniLine::Key && !ini.lines[i].name.empty())
+            keys.push_back(ini.lines[i].name);
+    for (const String& key : keys) size += key.size() + 1;
+    if (size > 32'000 || keys.empty()) return;
+    promise(file.ReadSectionKeys(sections[0], count) == Variant(Array<String>(std::vector(keys))),
+            "all keys are listed");
+    promiseEqual(file.ReadKeyValue(sections[0], keys[0], u""),
+                 ini.lines[ini.findKey(header, keys[0])].value.substr(0, 4095),
+                 "a value is read as it stands");
+}
+
 }  // namespace quorkit::fuzz

@@ -1,6 +1,7 @@
 // Keys and values of a section as a model has them, and what is promised of lines and keys.
 #pragma once
 
+#include <quorkit/QuorInifile.h>
 #include <quorkit/variant.h>
 
 #include <optional>
@@ -35,6 +36,8 @@ String withoutDigits(String key);
 IniLines withoutBlanks(IniLines lines);
 /// The same lines; only the last one of a file may have lost or got a line end.
 void promiseSameLines(const IniLines& got, const IniLines& wanted);
+/// Sections, keys and values are read as they stand; lists that are cut are left out.
+void promiseReading(QuorInifile& file, const IniText& ini);
 void promiseKeys(const std::optional<Entries>& got, const Entries& wanted);
 
 }  // namespace quorkit::fuzz
