@@ -69,9 +69,10 @@ void run(std::string_view input) {
             const NamedValue set[] = {{key, {}}, {key, value}};
             file.set(set);
             values[wanted] = value;
-            const std::string once = file.text();
+            const auto lines = std::ranges::count(file.text(), '\n');
             file.set(std::span(set).last(1));
-            promiseEqual(file.text(), once, "setting a value twice changes nothing more");
+            promiseEqual(std::ranges::count(file.text(), '\n'), lines,
+                         "a value that is set again stays one line");
         }
         promise(valuesOf(file) == values, "the values are those that were set, and the others");
         promise(file.name() == name, "the name of the key stays");
