@@ -29,7 +29,7 @@ std::map<String, RegistryValue> valuesOf(const KeyFile& file) {
     return values;
 }
 
-/// The lines that surely say nothing, with what is around them on the line.
+/// The lines that surely say nothing, without blanks at the end.
 std::vector<std::string> commentsOf(std::string_view text) {
     std::vector<std::string> comments;
     for (std::size_t at = 0; at < text.size();) {
@@ -37,7 +37,7 @@ std::vector<std::string> commentsOf(std::string_view text) {
         const std::string_view line = text.substr(at, end - at);
         const std::size_t first = line.find_first_not_of(" \t\r");
         const bool comment = first != line.npos && (line[first] == ';' || line[first] == '#');
-        if (comment) comments.emplace_back(line);
+        if (comment) comments.emplace_back(line.substr(0, line.find_last_not_of(" \t\r") + 1));
         at = end + 1;
     }
     return comments;
