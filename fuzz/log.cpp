@@ -9,6 +9,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 #include "runtime/code_page.h"
 #include "support/target.h"
@@ -61,75 +63,74 @@ bool isShortened(const std::string& kept, const std::string& old, Long limit, bo
 
 class Session {
    public:
-    explicit Session(std::string content) {
+    explicit Session(std::string bytes) {
         ports_.files.addFolder(u"C:\\log");
-        if (!content.empty()) ports_.files.put(kFile, std::move(content));
+        if (!bytes.empty()) ports_.files.put(kFile, std::move(bytes));
         for (QuorLogFile* log : {&logs_[0], &logs_[1]}) {
             log->setLogFileName(kFile);
             log->setAppend(true);
             log->setLogLevel(eLogEntryType_TestDump);
         }
-        now_ = content_();
+        now_ = content();
     }
 
     void step(const std::string& order, const String& text);
 
    private:
-    std::string content_() const { return ports_.files.content(kFile).value_or(""); }
+    std::string content() const { return ports_.files.content(kFile).value_or(""); }
+
+    /// Whether the file can have become this by one entry: the old lines, or the newest of them,
+    /// and the entry behind them. A line that somebody left unfinished is not continued.
+    bool isAdded(const std::string& old, const String& text, Long limit, bool continues) const {
+        const std::string line = lineIn(old, text);
+        const std::string lineEnd = lineIn(old, u"");
+        const bool unfinished = isUnfinished(old);
+        if (now_ == old + (unfinished && !continues ? lineEnd : "") + line) return true;
+        if (limit <= 0 || old.size() <= static_cast<std::size_t>(limit)) return false;
+        // What stays of UTF-16 has no mark.
+        for (const std::string& one : {line, runtime::toAnsi(text + u"\r\n")})
+            for (const std::string& added : {one, lineEnd + one})
+                if (now_.ends_with(added) &&
+                    isShortened(now_.substr(0, now_.size() - added.size()), old, limit, fullDisk_))
+                    return true;
+        return false;
+    }
 
     void write(std::size_t which, const String& text) {
         String entry = text;
         QuorLogFile& log = logs_[which];
+        const bool continues = unfinishedAt_[which] == now_.size();
         log.writeLogfileEntry(entry, eLogEntryType_HeaderFooter);
-        const std::string old = std::exchange(now_, content_());
-        if (fullDisk_ && now_ == old) return;
+        const std::string old = std::exchange(now_, content());
         const Long limit = log.MaxFileSize();
-        // What is shortened just before the entry cannot be seen: it is what the entry stands
-        // behind.
-        if (isAdded(old, text, shortener_ == which)) return shortenedBy(kNobody);
-        for (const bool marked : {true, false}) {
-            if (limit <= 0 || old.size() <= static_cast<std::size_t>(limit)) break;
-            const std::string line = lineIn(marked ? now_ : "", text);
-            if (!now_.ends_with(line)) continue;
-            std::string kept = now_.substr(0, now_.size() - line.size());
-            if (isShortened(kept, old, limit, fullDisk_)) return shortenedBy(kNobody);
+        if (fullDisk_ && (now_ == old || isShortened(now_, old, limit, fullDisk_))) {
+            if (now_ != old) unfinishedAt_[which] = now_.size();
+            return;
         }
-        breakPromise("an entry comes behind the others, which stay or are the newest", shown(now_),
-                     shown(old) + " and " + shown(text));
-    }
-
-    /// Whether the file is the old one and then the entry.
-    bool isAdded(const std::string& old, const String& text, bool mayContinue) const {
-        const std::string line = lineIn(old, text);
-        const bool unfinished = isUnfinished(old);
-        const std::string lineEnd = lineIn(old, u"");
-        return (now_ == old + line && (!unfinished || mayContinue)) ||
-               (unfinished && now_ == old + lineEnd + line);
+        unfinishedAt_[which].reset();
+        if (!isAdded(old, text, limit, continues))
+            breakPromise("an entry stands behind the others, or the newest of them", shown(now_),
+                         shown(old) + " and " + shown(text));
     }
 
     void limit(std::size_t which, Long size) {
         const bool within = static_cast<double>(now_.size()) <= size;
         const bool done = logs_[which].limitFileSize(String(kFile), size);
-        const std::string old = std::exchange(now_, content_());
+        const std::string old = std::exchange(now_, content());
         if (!done || within) {
             promiseEqual(now_, old, "a file that is not shortened stays");
             promise(done || !within || old.empty(), "a file within its limit is no failure");
-        } else {
-            promise(!logs_[0].isFileOpen() || logs_[0].MaxFileSize() > 0,
-                    "a file that is kept open without a limit is not shortened");
-            if (!isShortened(now_, old, size, fullDisk_))
-                breakPromise("the newest lines that fit stay", shown(now_), shown(old));
-            shortenedBy(which);
+            return;
         }
+        if (!isShortened(now_, old, size, fullDisk_))
+            breakPromise("the newest lines that fit stay", shown(now_), shown(old));
+        unfinishedAt_[which] = now_.size();
     }
-
-    static constexpr std::size_t kNobody = 2;
-    void shortenedBy(std::size_t which) { shortener_ = which; }
 
     MemoryPorts ports_;
     QuorLogFile logs_[2] = {QuorLogFile(ports_), QuorLogFile(ports_)};
     std::string now_;
-    std::size_t shortener_ = kNobody;  ///< who may go on in the last line
+    std::optional<std::size_t> unfinishedAt_[2];  ///< where one may go on in the last line
     bool fullDisk_ = false;
 };
 
@@ -153,7 +154,7 @@ void Session::step(const std::string& order, const String& text) {
         case 'O':
             logs_[0].setAutoOpenClose(false);
             logs_[0].OpenLogfile();
-            now_ = content_();
+            now_ = content();
             break;
         case 'C':
             logs_[0].CloseLogfile();
@@ -166,8 +167,7 @@ void Session::step(const std::string& order, const String& text) {
         case 'T':  // another program, or what is left of one that was ended: half a line
             if (logs_[0].isFileOpen()) break;
             ports_.files.put(kFile, now_ + runtime::toUtf8(text));
-            now_ = content_();
-            shortener_ = kNobody;
+            now_ = content();
             break;
         default:
             break;
