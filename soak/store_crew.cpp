@@ -1,0 +1,125 @@
+#include "store_crew.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+#include "limits.h"
+
+namespace quorkit::soak {
+
+StoreCrew::StoreCrew(Round& round, Job job, Trouble trouble, std::uint32_t workers)
+    : round_(round), trouble_(trouble), store_(storeOf(job.role, job.file)), members_(workers) {
+    for (Member& member : members_) {
+        member.job = job;
+        member.job.worker = job.worker++;
+        member.job.forks = trouble == Trouble::Forks && member.job.worker == 0;
+        if (trouble == Trouble::Users && member.job.worker % 2 == 0) member.job.user = kOrdinaryUser;
+        start(member);
+    }
+}
+
+void StoreCrew::start(Member& member) {
+    member.process = std::make_unique<Process>(member.job);
+    ++member.job.incarnation;
+}
+
+void StoreCrew::killAndCheck(std::uint32_t worker) {
+    Member& member = members_[worker];
+    member.process->awaitStart();
+    round_.sleep(10'000);
+    if (member.process->kill()) ++round_.tally().kills;
+    check(member);
+    start(member);
+}
+
+void StoreCrew::settle(const Process* stopped) {
+    for (Member& member : members_) {
+        if (member.process.get() == stopped) continue;
+        std::uint64_t busy = 0;
+        while ((busy = member.process->busy()) > kNoticeable) {
+            if (busy > kLongestWait) {
+                round_.fault("worker " + std::to_string(member.job.worker) +
+                             " waits without end, at: " +
+                             describe(changeOf(member.process->job(),
+                                               member.process->board().reached() - 1)));
+                break;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+}
+
+void StoreCrew::end() {
+    settle();
+    for (Member& member : members_) {
+        if (!member.process->end() && !round_.faulty()) round_.fault("a worker does not end");
+        if (member.process->kill()) ++round_.tally().kills;
+    }
+    for (Member& member : members_) check(member);
+}
+
+void StoreCrew::check(Member& member) {
+    if (member.process->failed())
+        round_.fault("worker " + std::to_string(member.job.worker) + " has crashed");
+    compare(member, replay(member));
+}
+
+bool StoreCrew::expected(Outcome outcome) const {
+    switch (trouble_) {
+        case Trouble::FullDisk:
+            return true;
+        case Trouble::Stops:
+            return outcome != Outcome::RefusedSilently;
+        default:
+            return outcome == Outcome::Done;
+    }
+}
+
+std::optional<Change> StoreCrew::replay(Member& member) {
+    const Job& job = member.process->job();
+    const Board& board = member.process->board();
+    for (std::uint32_t number = job.first; number < board.reached(); ++number) {
+        const Outcome outcome = board.step(number).outcome;
+        Change change = changeOf(job, number);
+        if (outcome == Outcome::NotBegun) break;
+        if (outcome == Outcome::UnderWay) return change;
+        ++round_.tally().calls;
+        if (outcome == Outcome::Done) {
+            apply(change, member.state);
+            continue;
+        }
+        ++refused_;
+        ++round_.tally().refused;
+        if (!inOneStep(job.role, change)) loosen(change, member.state);
+        if (!expected(outcome))
+            round_.fault("worker " + std::to_string(job.worker) + " was refused, " +
+                         (outcome == Outcome::RefusedSilently ? "no reason given"
+                                                              : "reason: " + board.reason()) +
+                         ", at: " + describe(change));
+    }
+    return std::nullopt;
+}
+
+void StoreCrew::compare(Member& member, const std::optional<Change>& underWay) {
+    const Job& job = member.process->job();
+    std::map<Name, String> actual;
+    for (const Name& name : namesOf(job.role, job.worker))
+        if (auto value = store_->read(name)) actual.emplace(name, std::move(*value));
+    if (underWay && !inOneStep(job.role, *underWay)) loosen(*underWay, member.state);
+    std::string wrong = difference(member.state, actual);
+    if (!wrong.empty() && underWay && inOneStep(job.role, *underWay)) {
+        State after = member.state;
+        apply(*underWay, after);
+        if (difference(after, actual).empty()) wrong.clear();
+    }
+    if (!wrong.empty())
+        round_.fault("worker " + std::to_string(job.worker) + " finds after " +
+                     std::to_string(member.process->board().reached()) + " steps (" +
+                     (underWay ? "killed at: " + describe(*underWay) : std::string("ended")) +
+                     ")\n" + wrong);
+    member.state.values = std::move(actual);
+    member.state.loose.clear();
+}
+
+}  // namespace quorkit::soak
