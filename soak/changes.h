@@ -49,7 +49,11 @@ void loosen(const Change& change, State& state);
 std::string difference(const State& expected, const std::map<Name, String>& actual);
 std::string describe(const Change& change);
 
-enum class Answer { Yes, No, Unsaid };
+enum class Answer {
+    Yes,
+    No,
+    Unsaid,  ///< as a log entry, whose result is True whatever happens
+};
 
 /// Where the changes go.
 class Store {

@@ -44,7 +44,7 @@ std::set<std::string> linesOf(const std::string& file) {
 }
 
 /// What stands in the file of keys at first: lines that every peer can read.
-constexpr std::array kComments = {"; a comment by hand", "# another one"};
+constexpr std::array kComments = {"# a comment by hand", "# another one"};
 constexpr std::uint32_t kForeignKeys = 200;
 
 void makeKeyFile(const std::string& file) {
@@ -81,7 +81,8 @@ class KeyRound {
     Keys run(std::uint32_t kills) {
         for (; keys_.kills < kills && !finished(); ++keys_.kills) {
             const auto writers = startAll();
-            round_.sleep(role_ == Role::Configparser ? 120'000 : 40'000);
+            for (const auto& writer : writers) writer->awaitStart();
+            round_.sleep(20'000);
             for (const auto& writer : writers) writer->kill();
             note(writers);
             keys_.broken += foreignKeysIn(linesOf(file())) != kForeignKeys ? 1 : 0;
@@ -140,7 +141,8 @@ LogFindings runLog(Round& round, Job job, std::uint32_t kills) {
     };
     for (std::uint32_t killed = 0; killed < kills; ++killed) {
         startAll();
-        round.sleep(25'000);
+        all.back()->awaitStart();
+        round.sleep(20'000);
         for (const auto& one : all) one->kill();
     }
     if (kills == 0) startAll();

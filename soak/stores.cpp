@@ -2,6 +2,8 @@
 #include <quorkit/GQuorRegistry.h>
 #include <quorkit/QuorInifile.h>
 
+#include <algorithm>
+
 #include "changes.h"
 #include "runtime/code_page.h"
 
@@ -109,18 +111,21 @@ class RegistryStore final : public Store {
             case Kind::PutNumber:
                 return answerOf(registry_.Reg_WriteDWordValue(change.place, entries[0].first,
                                                               entries[0].second));
+            // These do not say whether they have succeeded, but anybody can look.
             case Kind::PutMany: {
                 const auto values = std::make_shared<Dictionary>();
                 for (const auto& [key, value] : entries) values->set(key, value);
                 registry_.Reg_WriteKeyValuesEx(change.place, values);
-                return Answer::Unsaid;
+                return answerOf(std::ranges::all_of(entries, [&](const auto& one) {
+                    return read({change.place, one.first}) == one.second;
+                }));
             }
             case Kind::Remove:
                 registry_.Reg_DeleteKey(change.place, entries[0].first);
-                return Answer::Unsaid;
+                return answerOf(!read({change.place, entries[0].first}));
             case Kind::RemovePlace:
                 registry_.Reg_DeletePath(change.place);
-                return Answer::Unsaid;
+                return answerOf(!hasKey(change.place));
             default:
                 return Answer::No;
         }
@@ -132,6 +137,13 @@ class RegistryStore final : public Store {
     }
 
    private:
+    bool hasKey(const String& path) {
+        const std::size_t end = path.rfind(u'\\');
+        Array<String> names;
+        return registry_.Reg_EnumSubPaths(path.substr(0, end), names) > 0 &&
+               std::ranges::find(names.elements(), path.substr(end + 1)) != names.elements().end();
+    }
+
     GQuorRegistry registry_;
 };
 
