@@ -34,8 +34,7 @@ void Board::closeDescriptor() {
 }
 
 void Board::map(int descriptor) {
-    void* memory =
-        mmap(nullptr, sizeof(Page), PROT_READ | PROT_WRITE, MAP_SHARED, descriptor, 0);
+    void* memory = mmap(nullptr, sizeof(Page), PROT_READ | PROT_WRITE, MAP_SHARED, descriptor, 0);
     if (memory == MAP_FAILED)
         throw std::system_error(errno, std::generic_category(), "memory to share");
     page_ = static_cast<Page*>(memory);

@@ -16,7 +16,7 @@ enum class Role : std::uint32_t {
     Registry,
     NewFiles,  ///< a new INI file with every step
     Log,
-    IniKeys,   ///< new keys of one INI file, what the peers are asked for
+    IniKeys,  ///< new keys of one INI file, what the peers are asked for
     GKeyFile,
     Configparser,
     Spdlog,
@@ -30,9 +30,9 @@ struct Job {
     std::uint32_t first = 0;        ///< its first step
     std::uint32_t steps = 0;        ///< the one behind its last
     std::uint64_t seed = 0;
-    uid_t user = 0;                 ///< whom it runs as; 0 for no change
-    bool forks = false;             ///< whether it makes children that sleep while it writes
-    bool autoOpenClose = true;      // of a log, as the members of the class
+    uid_t user = 0;             ///< whom it runs as; 0 for no change
+    bool forks = false;         ///< whether it makes children that sleep while it writes
+    bool autoOpenClose = true;  // of a log, as the members of the class
     bool append = true;
     bool marked = false;    ///< whether the log has the byte-order mark of UTF-8
     bool prefixes = false;  ///< whether entries bear date, time and level

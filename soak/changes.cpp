@@ -66,7 +66,7 @@ String linesOf(const Job& job, std::uint32_t step, Random& random) {
 
 Kind kindOf(Role role, std::size_t place, Random& random) {
     constexpr Kind onlyOne[] = {Kind::Put, Kind::Put, Kind::Put, Kind::Put, Kind::Remove};
-    constexpr Kind many[] = {Kind::Put,        Kind::PutMany,    Kind::PutMany,    Kind::PutLines,
+    constexpr Kind many[] = {Kind::Put,        Kind::PutMany,     Kind::PutMany, Kind::PutLines,
                              Kind::RemoveMany, Kind::RemoveLines, Kind::Remove};
     constexpr Kind own[] = {Kind::Put, Kind::Put, Kind::Put, Kind::Remove, Kind::RemovePlace};
     constexpr Kind keys[] = {Kind::Put,    Kind::Put,     Kind::PutNumber,
@@ -107,11 +107,11 @@ Change changeOf(const Job& job, std::uint32_t step) {
     change.kind = kindOf(job.role, place, random);
     change.place = places[place];
     const bool several = change.kind == Kind::PutMany || change.kind == Kind::RemoveMany;
+    const bool ofLines = change.kind == Kind::PutLines || change.kind == Kind::RemoveLines;
     std::set<String> keys;
-    for (std::uint32_t left = several ? 2 + random.below(5) : 1; left > 0; --left)
-        keys.insert(change.kind == Kind::PutLines || change.kind == Kind::RemoveLines
-                        ? linesKeyOf(job.worker, random.below(2))
-                        : keyOf(job.worker, random.below(kKeys)));
+    for (std::uint32_t left = several ? 2 + random.below(5) : 1 + ofLines; left > 0; --left)
+        keys.insert(ofLines ? linesKeyOf(job.worker, random.below(2))
+                            : keyOf(job.worker, random.below(kKeys)));
     if (change.kind == Kind::RemovePlace) keys.clear();
     for (const String& key : keys) {
         String value;
@@ -129,7 +129,8 @@ Change changeOf(const Job& job, std::uint32_t step) {
 std::vector<Name> namesOf(Role role, std::uint32_t worker) {
     std::vector<Name> names;
     for (const String& place : placesOf(role, worker)) {
-        for (std::uint32_t key = 0; key < kKeys; ++key) names.push_back({place, keyOf(worker, key)});
+        for (std::uint32_t key = 0; key < kKeys; ++key)
+            names.push_back({place, keyOf(worker, key)});
         for (std::uint32_t key = 0; role == Role::Ini && key < 2; ++key)
             names.push_back({place, linesKeyOf(worker, key)});
     }
@@ -159,8 +160,12 @@ void loosen(const Change& change, State& state) {
 }
 
 std::string difference(const State& expected, const std::map<Name, String>& actual) {
+    constexpr int most = 4;
     std::string text;
+    int told = 0;
     const auto tell = [&](const Name& name, const std::string& what) {
+        if (++told == most + 1) text += "    and more\n";
+        if (told > most) return;
         text += "    [" + runtime::toUtf8(name.place) + "] " + runtime::toUtf8(name.key) + ": " +
                 what + "\n";
     };
@@ -178,8 +183,8 @@ std::string difference(const State& expected, const std::map<Name, String>& actu
 }
 
 std::string describe(const Change& change) {
-    constexpr const char* names[] = {"put",      "put number",  "put many",     "put lines",
-                                     "remove",   "remove many", "remove lines", "remove place"};
+    constexpr const char* names[] = {"put",    "put number",  "put many",     "put lines",
+                                     "remove", "remove many", "remove lines", "remove place"};
     std::string text = names[static_cast<int>(change.kind)];
     text += " in [" + runtime::toUtf8(change.place) + "]:";
     for (const auto& [key, value] : change.entries)

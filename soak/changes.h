@@ -24,7 +24,16 @@ struct Name {
 };
 
 struct Change {
-    enum class Kind { Put, PutNumber, PutMany, PutLines, Remove, RemoveMany, RemoveLines, RemovePlace };
+    enum class Kind {
+        Put,
+        PutNumber,
+        PutMany,
+        PutLines,
+        Remove,
+        RemoveMany,
+        RemoveLines,
+        RemovePlace
+    };
     Kind kind = Kind::Put;
     String place;
     std::vector<std::pair<String, String>> entries;  ///< keys and values

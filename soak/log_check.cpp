@@ -72,9 +72,7 @@ class Check {
         constexpr std::size_t most = 5;
         if (findings_.told.size() < most) findings_.told.push_back(what);
     }
-    bool excused(const Step& step) const {
-        return step.begun < rules_.cleared;
-    }
+    bool excused(const Step& step) const { return step.begun < rules_.cleared; }
 
     const LogRules& rules_;
     std::map<std::pair<std::uint32_t, std::uint32_t>, Writer> writers_;
@@ -112,7 +110,8 @@ std::size_t Check::readEntry(std::string_view rest) {
     const std::size_t header = readId(rest, id);
     const auto found = writers_.find({id.worker, id.incarnation});
     if (header == 0 || found == writers_.end() || id.step >= found->second.found.size())
-        return torn(rest, std::min(rest.find_first_of("\r\n<", 1), rest.size()), nullptr, "an entry");
+        return torn(rest, std::min(rest.find_first_of("\r\n<", 1), rest.size()), nullptr,
+                    "an entry");
     Writer& writer = found->second;
     const std::string who = "entry " + std::string(rest.substr(1, header - 2));
     const std::string expected = entryBytesOf(writer.board->job(), id.step);
@@ -145,7 +144,10 @@ std::size_t Check::torn(std::string_view rest, std::size_t length, const Step* s
     if (!behind.empty() || (end < rest.size() && rest[end] == '<'))
         tell(findings_.continued,
              "the part of " + who + " is followed in its line by '" +
-                 std::string(rest.substr(length, std::min<std::size_t>(60, rest.find_first_of("\r\n", length) - length))) + "'");
+                 std::string(rest.substr(
+                     length,
+                     std::min<std::size_t>(60, rest.find_first_of("\r\n", length) - length))) +
+                 "'");
     return end;
 }
 
@@ -161,17 +163,16 @@ LogFindings Check::result() {
             if (writer.found[number] || excused(step)) continue;
             // What is cut off is older than what stays.
             if (rules_.limited && step.begun < oldestStaying_) continue;
-            if (rules_.mayDrop && outcome != Outcome::Done) {
+            if (step.begun < rules_.calm && outcome != Outcome::Done) {
                 ++findings_.dropped;
                 continue;
             }
-            tell(findings_.lost, "lost: entry " + std::to_string(name.first) + "." +
-                                     std::to_string(name.second) + "." + std::to_string(number) +
-                                     " of " + std::to_string(entryOf(job, number).size()) +
-                                     " characters" +
-                                     (outcome == Outcome::Done
-                                          ? std::string()
-                                          : "; reason given: " + writer.board->reason()));
+            tell(findings_.lost,
+                 "lost: entry " + std::to_string(name.first) + "." + std::to_string(name.second) +
+                     "." + std::to_string(number) + " of " +
+                     std::to_string(entryOf(job, number).size()) + " characters" +
+                     (outcome == Outcome::Done ? std::string()
+                                               : "; reason given: " + writer.board->reason()));
         }
     }
     return std::move(findings_);
@@ -179,8 +180,8 @@ LogFindings Check::result() {
 
 }  // namespace
 
-LogFindings checkLog(const std::vector<std::string>& files, const std::vector<const Board*>& writers,
-                     const LogRules& rules) {
+LogFindings checkLog(const std::vector<std::string>& files,
+                     const std::vector<const Board*>& writers, const LogRules& rules) {
     Check check(writers, rules);
     for (const std::string& file : files) check.read(file);
     return check.result();

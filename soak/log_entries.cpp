@@ -16,7 +16,8 @@ String entryOf(const Job& job, std::uint32_t step) {
     // A generator for each letter of long entries would be what takes the time.
     const std::uint32_t shift = random.below(26);
     for (std::uint32_t i = 0; i < length; ++i)
-        text += i % 61 == 60 ? u'\u00E9' : static_cast<char16_t>(u'a' + (i * 7 + i / 26 + shift) % 26);
+        text +=
+            i % 61 == 60 ? u'\u00E9' : static_cast<char16_t>(u'a' + (i * 7 + i / 26 + shift) % 26);
     return text + u'>';
 }
 

@@ -35,7 +35,11 @@ std::string contentOf(const std::string& file) {
 class LogCrew {
    public:
     LogCrew(Round& round, Trouble trouble)
-        : round_(round), trouble_(trouble), marked_(mayBeMarked() && round.random().oneIn(2)) {
+        : round_(round),
+          trouble_(trouble),
+          limited_(trouble == Trouble::Limits || trouble == Trouble::SmallDisk ||
+                   (trouble == Trouble::Stops && round.random().oneIn(2))),
+          marked_(mayBeMarked() && round.random().oneIn(2)) {
         std::ofstream out(file(), std::ios::binary);
         if (marked_) out << runtime::kUtf8Mark;
     }
@@ -48,10 +52,9 @@ class LogCrew {
     void finish();
 
    private:
-    bool limited() const { return trouble_ == Trouble::Limits || trouble_ == Trouble::SmallDisk; }
     /// Who empties the file takes its mark off, which the others need not notice.
     bool mayBeMarked() const {
-        return trouble_ == Trouble::None || trouble_ == Trouble::Kills || limited();
+        return trouble_ == Trouble::None || trouble_ == Trouble::Kills || limited_;
     }
     std::uint32_t size() const { return static_cast<std::uint32_t>(workers_.size()); }
     std::string file() const { return round_.file("soak.log"); }
@@ -68,11 +71,12 @@ class LogCrew {
 
     Round& round_;
     Trouble trouble_;
+    bool limited_;
     bool marked_;
-    std::vector<Process*> workers_;                ///< the present ones
-    std::vector<std::unique_ptr<Process>> all_;    ///< and the past ones
+    std::vector<Process*> workers_;              ///< the present ones
+    std::vector<std::unique_ptr<Process>> all_;  ///< and the past ones
     std::vector<std::string> rotated_;
-    std::uint64_t cleared_ = 0;
+    LogRules rules_;
 };
 
 Process& LogCrew::start(std::uint32_t worker, bool append) {
@@ -86,9 +90,9 @@ Process& LogCrew::start(std::uint32_t worker, bool append) {
     job.autoOpenClose = random.oneIn(2);
     job.marked = marked_;
     job.prefixes = random.oneIn(3);
-    if (limited() ? trouble_ == Trouble::SmallDisk || !random.oneIn(4) : random.oneIn(3))
-        job.limit = limited() ? kLimit : INT32_MAX;
-    if (!limited() && trouble_ != Trouble::FullDisk) job.longOneIn = random.oneIn(2) ? 10 : 300;
+    if (limited_ ? trouble_ == Trouble::SmallDisk || !random.oneIn(4) : random.oneIn(3))
+        job.limit = limited_ ? kLimit : INT32_MAX;
+    if (!limited_ && trouble_ != Trouble::FullDisk) job.longOneIn = random.oneIn(2) ? 10 : 300;
     job.forks = trouble_ == Trouble::Forks && worker == 0;
     if (trouble_ == Trouble::Users && worker % 2 == 0) job.user = kOrdinaryUser;
     all_.push_back(std::make_unique<Process>(job));
@@ -139,7 +143,7 @@ void LogCrew::replace() {
     const std::string beside = round_.file("beside");
     std::ofstream(beside, std::ios::binary).close();
     fs::rename(beside, file());
-    cleared_ = now();
+    rules_.cleared = now();
 }
 
 void LogCrew::rotate() {
@@ -157,7 +161,7 @@ void LogCrew::empty() {
     const Step& first = process.board().step(0);
     while (first.ended == 0 && process.runs())
         std::this_thread::sleep_for(std::chrono::microseconds(100));
-    cleared_ = first.ended != 0 ? first.ended.load() : now();
+    rules_.cleared = first.ended != 0 ? first.ended.load() : now();
 }
 
 void LogCrew::run() {
@@ -194,12 +198,18 @@ void LogCrew::run() {
         }
         restartEnded();
     }
+    // From now on there is room, and nobody stands in the way.
+    if (trouble_ == Trouble::FullDisk || trouble_ == Trouble::Stops) rules_.calm = now();
+    if (trouble_ == Trouble::SmallDisk) rules_.calm = UINT64_MAX;
+    round_.sleep(50'000);
 }
 
 void LogCrew::finish() {
     settle();
     for (Process* process : workers_) {
-        if (!process->end() && !round_.faulty()) round_.fault("a worker does not end");
+        if (!process->end() && !round_.faulty())
+            round_.fault("worker " + std::to_string(process->job().worker) +
+                         " waits without end to write an entry");
         if (process->kill()) ++round_.tally().kills;
     }
     std::vector<const Board*> boards;
@@ -207,17 +217,13 @@ void LogCrew::finish() {
         if (process->failed()) round_.fault("a worker has crashed");
         boards.push_back(&process->board());
     }
-    LogRules rules;
-    rules.limited = limited();
-    rules.mayDrop = trouble_ == Trouble::FullDisk || trouble_ == Trouble::SmallDisk ||
-                    trouble_ == Trouble::Stops;
-    rules.cleared = cleared_;
+    rules_.limited = limited_;
     std::vector<std::string> files;
     for (const std::string& name : rotated_) files.push_back(contentOf(name));
     files.push_back(contentOf(file()));
     if (marked_ && !files.back().starts_with(runtime::kUtf8Mark))
         round_.fault("the byte-order mark is gone");
-    const LogFindings findings = checkLog(files, boards, rules);
+    const LogFindings findings = checkLog(files, boards, rules_);
     round_.tally().calls += findings.acknowledged;
     round_.tally().refused += findings.dropped;
     round_.tally().torn += findings.torn;

@@ -20,7 +20,8 @@ using namespace quorkit::soak;
 constexpr const char* kUsage =
     "quorkit_soak [MINUTES] [--seed NUMBER] [--only WORD]\n"
     "  MINUTES  how long; 2 unless given, every kind of round is tried once at least\n"
-    "  --seed   that of a round that failed; what is random is chosen as it was, but for the times\n"
+    "  --seed   that of a round that failed; what is random is chosen as it was, but for the "
+    "times\n"
     "           at which the system lets processes run\n"
     "  --only   the rounds with this word in their names; \"peers\" for these alone\n";
 
@@ -102,8 +103,8 @@ int soak(const Options& options) {
     std::vector<const Kind*> kinds;
     for (const Kind& kind : kKinds)
         if (std::strstr(kind.what, options.only.c_str()) != nullptr) kinds.push_back(&kind);
-    for (std::size_t number = 0;
-         !kinds.empty() && (number < kinds.size() || now() < end); ++number) {
+    for (std::size_t number = 0; !kinds.empty() && (number < kinds.size() || now() < end);
+         ++number) {
         const Kind& kind = *kinds[number % kinds.size()];
         // A round tells its seed when it fails, and has the same one again when that is given.
         const std::uint64_t seed = options.seedGiven ? options.seed : random.next() >> 32;
@@ -120,7 +121,8 @@ int soak(const Options& options) {
 
 int main(int count, char** arguments) try {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    if (count == 3 && std::strcmp(arguments[1], "--worker") == 0) return work(std::atoi(arguments[2]));
+    if (count == 3 && std::strcmp(arguments[1], "--worker") == 0)
+        return work(std::atoi(arguments[2]));
     Options options;
     if (!readOptions(count, arguments, options)) {
         std::fputs(kUsage, stderr);

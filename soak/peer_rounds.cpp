@@ -101,9 +101,7 @@ class KeyRound {
 
    private:
     std::string file() const { return round_.file("keys.ini"); }
-    bool finished() const {
-        return *std::min_element(next_.begin(), next_.end()) == kKeys;
-    }
+    bool finished() const { return *std::min_element(next_.begin(), next_.end()) == kKeys; }
 
     std::vector<std::unique_ptr<Process>> startAll() {
         std::vector<std::unique_ptr<Process>> writers;
@@ -164,8 +162,9 @@ void runPeers(Report& report, std::uint64_t seed) {
         bool flag;
     };
     report.addPeers("Four processes add " + numberOf(kKeys) + " keys each to one file of " +
-                        numberOf(kForeignKeys) + " keys and two comments; then all are killed at once " +
-                        numberOf(kKills) + " times.",
+                        numberOf(kForeignKeys) +
+                        " keys and two comments; then all are killed at once " + numberOf(kKills) +
+                        " times.",
                     {"Writer", "Keys written", "Lost", "Comments", "Written, with kills", "Lost",
                      "File broken", "Files left"});
     for (const Peer& peer : {Peer{"quorkit, `WriteKeyValue`", Role::IniKeys, false},
@@ -182,8 +181,8 @@ void runPeers(Report& report, std::uint64_t seed) {
                         numberOf(killed.filesLeft)});
     }
     report.addPeers("Four processes write " + numberOf(kEntries) +
-                        " entries each to one log; then all are killed at once " + numberOf(kKills) +
-                        " times.",
+                        " entries each to one log; then all are killed at once " +
+                        numberOf(kKills) + " times.",
                     {"Writer", "Entries written", "Lost", "Broken or in another's line",
                      "Written, with kills", "Lost", "Broken or in another's line"});
     for (const Peer& peer : {Peer{"quorkit, opened for each entry", Role::Log, true},

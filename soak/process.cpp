@@ -31,9 +31,9 @@ bool become(uid_t user) {
     fcntl(board, F_SETFD, 0);
     const std::string number = std::to_string(board);
     if (job.role == Role::Configparser)
-        execlp("python3", "python3", QUORKIT_SOAK_SOURCES "/configparser_worker.py",
-               number.c_str(), job.file, std::to_string(job.worker).c_str(),
-               std::to_string(job.first).c_str(), std::to_string(job.steps).c_str(), nullptr);
+        execlp("python3", "python3", QUORKIT_SOAK_SOURCES "/configparser_worker.py", number.c_str(),
+               job.file, std::to_string(job.worker).c_str(), std::to_string(job.first).c_str(),
+               std::to_string(job.steps).c_str(), nullptr);
     else
         execl("/proc/self/exe", "quorkit_soak", "--worker", number.c_str(), nullptr);
     _exit(127);

@@ -21,11 +21,12 @@ void printRow(const Row& row) {
 
 void printHead(const Row& head) {
     printRow(head);
-    std::puts(("|" + [&] {
-                  std::string rule;
-                  for (std::size_t i = 0; i < head.size(); ++i) rule += "---|";
-                  return rule;
-              }())
+    std::puts(("|" +
+               [&] {
+                   std::string rule;
+                   for (std::size_t i = 0; i < head.size(); ++i) rule += "---|";
+                   return rule;
+               }())
                   .c_str());
 }
 

@@ -27,7 +27,9 @@ class Report {
    public:
     /// The tally of the rounds named `what`.
     Tally& of(const std::string& what);
-    void addPeers(const std::string& title, Row head) { tables_.push_back({title, std::move(head), {}}); }
+    void addPeers(const std::string& title, Row head) {
+        tables_.push_back({title, std::move(head), {}});
+    }
     void addPeer(Row row) { tables_.back().rows.push_back(std::move(row)); }
 
     bool foundFaults() const;

@@ -18,11 +18,11 @@ enum class Trouble {
     FullDisk,  ///< the disk is full now and then
     Users,     ///< some writers are no superuser, and kills
     // Of logs alone:
-    Limits,    ///< kills, and writers that shorten
-    SmallDisk, ///< the disk has hardly more room than the limit
-    Emptying,  ///< a writer that empties the file
-    Replacing, ///< another program puts an empty file in its place
-    Rotating,  ///< another program moves the file away
+    Limits,     ///< kills, and writers that shorten
+    SmallDisk,  ///< the disk has hardly more room than the limit
+    Emptying,   ///< a writer that empties the file
+    Replacing,  ///< another program puts an empty file in its place
+    Rotating,   ///< another program moves the file away
 };
 
 /// Whom the writers are that are no superuser: "nobody".

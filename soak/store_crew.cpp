@@ -14,7 +14,8 @@ StoreCrew::StoreCrew(Round& round, Job job, Trouble trouble, std::uint32_t worke
         member.job = job;
         member.job.worker = job.worker++;
         member.job.forks = trouble == Trouble::Forks && member.job.worker == 0;
-        if (trouble == Trouble::Users && member.job.worker % 2 == 0) member.job.user = kOrdinaryUser;
+        if (trouble == Trouble::Users && member.job.worker % 2 == 0)
+            member.job.user = kOrdinaryUser;
         start(member);
     }
 }
@@ -39,8 +40,7 @@ void StoreCrew::settle(const Process* stopped) {
         std::uint64_t busy = 0;
         while ((busy = member.process->busy()) > kNoticeable) {
             if (busy > kLongestWait) {
-                round_.fault("worker " + std::to_string(member.job.worker) +
-                             " waits without end, at: " +
+                round_.fault(nameOf(*member.process) + " waits without end, at: " +
                              describe(changeOf(member.process->job(),
                                                member.process->board().reached() - 1)));
                 break;
@@ -53,27 +53,26 @@ void StoreCrew::settle(const Process* stopped) {
 void StoreCrew::end() {
     settle();
     for (Member& member : members_) {
-        if (!member.process->end() && !round_.faulty()) round_.fault("a worker does not end");
+        if (!member.process->end() && !round_.faulty())
+            round_.fault(nameOf(*member.process) + " waits without end");
         if (member.process->kill()) ++round_.tally().kills;
     }
     for (Member& member : members_) check(member);
 }
 
 void StoreCrew::check(Member& member) {
-    if (member.process->failed())
-        round_.fault("worker " + std::to_string(member.job.worker) + " has crashed");
+    if (member.process->failed()) round_.fault(nameOf(*member.process) + " has crashed");
     compare(member, replay(member));
 }
 
-bool StoreCrew::expected(Outcome outcome) const {
-    switch (trouble_) {
-        case Trouble::FullDisk:
-            return true;
-        case Trouble::Stops:
-            return outcome != Outcome::RefusedSilently;
-        default:
-            return outcome == Outcome::Done;
-    }
+bool StoreCrew::expected(const Step& refused) const {
+    if (refused.begun >= calm_) return false;
+    return trouble_ == Trouble::FullDisk ||
+           (trouble_ == Trouble::Stops && refused.outcome == Outcome::Refused);
+}
+
+std::string StoreCrew::nameOf(const Process& process) const {
+    return "worker " + std::to_string(process.job().worker);
 }
 
 std::optional<Change> StoreCrew::replay(Member& member) {
@@ -89,11 +88,10 @@ std::optional<Change> StoreCrew::replay(Member& member) {
             apply(change, member.state);
             continue;
         }
-        ++refused_;
         ++round_.tally().refused;
         if (!inOneStep(job.role, change)) loosen(change, member.state);
-        if (!expected(outcome))
-            round_.fault("worker " + std::to_string(job.worker) + " was refused, " +
+        if (!expected(board.step(number)))
+            round_.fault(nameOf(*member.process) + " was refused, " +
                          (outcome == Outcome::RefusedSilently ? "no reason given"
                                                               : "reason: " + board.reason()) +
                          ", at: " + describe(change));
@@ -114,7 +112,7 @@ void StoreCrew::compare(Member& member, const std::optional<Change>& underWay) {
         if (difference(after, actual).empty()) wrong.clear();
     }
     if (!wrong.empty())
-        round_.fault("worker " + std::to_string(job.worker) + " finds after " +
+        round_.fault(nameOf(*member.process) + " finds after " +
                      std::to_string(member.process->board().reached()) + " steps (" +
                      (underWay ? "killed at: " + describe(*underWay) : std::string("ended")) +
                      ")\n" + wrong);

@@ -162,6 +162,8 @@ void runStoreRound(Round& round, Role role, Trouble trouble) {
         const std::uint32_t spared = trouble == Trouble::Forks ? 1 : 0;
         crew.killAndCheck(spared + round.random().below(crew.size() - spared));
     }
+    crew.calmDown();
+    round.sleep(50'000);
     crew.end();
     surroundings->check();
 }

@@ -32,23 +32,27 @@ class IniStore final : public Store {
         const auto& entries = change.entries;
         switch (change.kind) {
             case Kind::Put:
-                return answerOf(
-                    ini_.WriteKeyValue(place, entries[0].first, entries[0].second) != 0);
+                return answerOf(ini_.WriteKeyValue(place, entries[0].first, entries[0].second) !=
+                                0);
             case Kind::PutMany:
                 return answerOf(ini_.WriteSectionContent(place, table(entries)) ==
                                     static_cast<Long>(entries.size()) &&
                                 ini_.lastResult() != 0);
             case Kind::PutLines:
-                return answerOf(
-                    ini_.WriteMultiLineValue(place, entries[0].first, entries[0].second) != 0 &&
-                    ini_.lastResult() != 0);
+                return answerOf((entries.size() > 1
+                                     ? ini_.WriteMultiLineSection(place, table(entries))
+                                     : ini_.WriteMultiLineValue(place, entries[0].first,
+                                                                entries[0].second)) != 0 &&
+                                ini_.lastResult() != 0);
             case Kind::Remove:
                 return answerOf(removed(ini_.DeleteKey(place, entries[0].first), change));
             case Kind::RemoveMany:
                 return answerOf(removed(ini_.DeleteKeys(place, keys(entries)), change));
             case Kind::RemoveLines:
-                return answerOf(
-                    removed(ini_.DeleteMultiLineKey(place, entries[0].first), change));
+                return answerOf(removed(entries.size() > 1
+                                            ? ini_.DeleteMultiLineKeys(place, keys(entries))
+                                            : ini_.DeleteMultiLineKey(place, entries[0].first),
+                                        change));
             case Kind::RemovePlace:
                 return answerOf(ini_.DeleteSection(place) != 0 || !hasSection(place));
             case Kind::PutNumber:
@@ -60,8 +64,7 @@ class IniStore final : public Store {
     std::optional<String> read(const Name& name) override {
         if (name.key.find(u".lines-") == String::npos)
             return unlessNone(ini_.ReadKeyValue(name.place, name.key, String(kNone)));
-        return unlessNone(
-            ini_.ReadMultiLineValue(name.place, name.key, Variant(String(kNone))));
+        return unlessNone(ini_.ReadMultiLineValue(name.place, name.key, Variant(String(kNone))));
     }
 
    private:
@@ -132,8 +135,7 @@ class RegistryStore final : public Store {
     }
 
     std::optional<String> read(const Name& name) override {
-        return unlessNone(
-            registry_.Reg_ReadStringValue(name.place, name.key, String(kNone)));
+        return unlessNone(registry_.Reg_ReadStringValue(name.place, name.key, String(kNone)));
     }
 
    private:
