@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <tuple>
+#include <utility>
 
 #include "runtime/trim.h"
 
@@ -29,6 +30,12 @@ StringView levelText(eLogEntryType level) {
     }
 }
 
+/// Trimmed when the separator is a single character.
+StringView levelText(eLogEntryType level, StringView separator) {
+    const StringView text = levelText(level);
+    return separator.size() == 1 ? runtime::Trim(text) : text;
+}
+
 bool sameSecond(const SystemTime& a, const SystemTime& b) {
     return std::tie(a.second, a.minute, a.hour, a.day, a.month, a.year) ==
            std::tie(b.second, b.minute, b.hour, b.day, b.month, b.year);
@@ -43,8 +50,7 @@ void putDigits(String& text, std::size_t position, std::size_t places, int numbe
 }  // namespace
 
 String QuorLogFile::levelNrToLevelText(Unchanged<eLogEntryType> level) {
-    const StringView text = levelText(level);
-    return String(separator_.size() == 1 ? runtime::Trim(text) : text);
+    return String(levelText(level, separator_));
 }
 
 const String& QuorLogFile::now() {
@@ -63,9 +69,11 @@ const String& QuorLogFile::now() {
 }
 
 void QuorLogFile::addPrefixes(String& s, eLogEntryType level) {
-    String prefixes;
+    constexpr std::size_t usualPrefixes = 64;
+    String line;
+    line.reserve(usualPrefixes + s.size());
     const auto add = [&](eLogFormat prefix, const auto& text) {
-        if ((logFormat_ & prefix) != 0) prefixes.append(text()).append(separator_);
+        if ((logFormat_ & prefix) != 0) line.append(text()).append(separator_);
     };
     const auto variable = [&](const String& name) {
         String value;
@@ -75,8 +83,8 @@ void QuorLogFile::addPrefixes(String& s, eLogEntryType level) {
     add(eLogFormat_DateTime, [&]() -> const String& { return now(); });
     add(eLogFormat_UserName, [&] { return variable(u"Username"); });
     add(eLogFormat_MachineName, [&] { return variable(u"ComputerName"); });
-    add(eLogFormat_MsgLevel, [&] { return levelNrToLevelText(level); });
-    s.insert(0, prefixes);
+    add(eLogFormat_MsgLevel, [&] { return levelText(level, separator_); });
+    s = std::move(line.append(s));
 }
 
 }  // namespace quorkit
