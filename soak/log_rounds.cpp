@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -25,11 +24,6 @@ constexpr std::int32_t kLimit = 50'000;
 constexpr std::uint32_t kSmallDisk = 65'536;
 constexpr std::uint32_t kDisk = 1 << 20;
 constexpr std::uintmax_t kMostWritten = 64 << 20;  // in a round
-
-std::string contentOf(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 /// The writers of a log, of whom the past ones count too.
 class LogCrew {
@@ -116,15 +110,9 @@ void LogCrew::restartEnded() {
 
 void LogCrew::settle(const Process* stopped) {
     for (Process* process : workers_) {
-        if (process == stopped) continue;
-        while (process->busy() > kNoticeable) {
-            if (process->busy() > kLongestWait) {
-                round_.fault("worker " + std::to_string(process->job().worker) +
-                             " waits without end to write an entry");
-                break;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
+        if (process != stopped && !process->moves())
+            round_.fault("worker " + std::to_string(process->job().worker) +
+                         " waits without end to write an entry");
     }
 }
 
@@ -159,7 +147,8 @@ void LogCrew::empty() {
     if (workers_[worker]->kill()) ++round_.tally().kills;
     Process& process = start(worker, false);
     const Step& first = process.board().step(0);
-    while (first.ended == 0 && process.runs())
+    process.awaitStart();
+    while (first.ended == 0 && process.runs() && process.moves())
         std::this_thread::sleep_for(std::chrono::microseconds(100));
     rules_.cleared = first.ended != 0 ? first.ended.load() : now();
 }

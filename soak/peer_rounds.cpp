@@ -4,7 +4,6 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <set>
 #include <vector>
@@ -24,11 +23,6 @@ constexpr std::uint32_t kWriters = 4;
 constexpr std::uint32_t kKeys = 100;
 constexpr std::uint32_t kEntries = 5000;
 constexpr std::uint32_t kKills = 40;
-
-std::string contentOf(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 std::set<std::string> linesOf(const std::string& file) {
     std::set<std::string> lines;

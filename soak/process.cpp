@@ -100,6 +100,14 @@ std::uint64_t Process::busy() {
     return step.outcome == Outcome::UnderWay && time > begun ? time - begun : 0;
 }
 
+bool Process::moves() {
+    for (std::uint64_t time = 0; (time = busy()) > kNoticeable;) {
+        if (time > kLongestWait) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
+}
+
 bool Process::end(Steps steps) {
     if (steps == kThisOne) board_->haveEnd();
     const std::uint64_t patience = now() + (steps == kThisOne ? 1 : 10) * kLongestWait;

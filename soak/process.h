@@ -31,14 +31,16 @@ class Process {
     bool runs();
     /// Whether it has ended otherwise than by what was asked of it.
     bool failed() const { return failed_; }
-    /// For how many nanoseconds it has been at the same step; 0 for one that has ended.
-    std::uint64_t busy();
+    /// Returns when it is not waiting for anybody; false when it would wait without end.
+    bool moves();
     enum Steps { kThisOne, kAll };
     /// Waits until it has taken this step or all its steps; false when it would not end.
     bool end(Steps steps = kThisOne);
 
    private:
     void reap(bool wait);
+    /// For how many nanoseconds it has been at the same step; 0 for one that has ended.
+    std::uint64_t busy();
 
     std::unique_ptr<Board> board_;
     pid_t process_ = -1;

@@ -10,6 +10,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <system_error>
 #include <thread>
@@ -102,6 +104,11 @@ void Round::fault(const std::string& what) {
     if (faults_ == mostTold + 1) std::puts("  and more");
     std::fflush(stdout);
     ++tally_.faults;
+}
+
+std::string contentOf(const std::string& file) {
+    std::ifstream in(file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 }  // namespace quorkit::soak

@@ -53,4 +53,7 @@ class Round {
     int faults_ = 0;
 };
 
+/// All bytes of a file; none when it is not there.
+std::string contentOf(const std::string& file);
+
 }  // namespace quorkit::soak

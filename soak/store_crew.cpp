@@ -1,11 +1,6 @@
 #include "store_crew.h"
 
 #include <algorithm>
-#include <chrono>
-#include <thread>
-
-#include "limits.h"
-
 namespace quorkit::soak {
 
 StoreCrew::StoreCrew(Round& round, Job job, Trouble trouble, std::uint32_t workers)
@@ -36,17 +31,10 @@ void StoreCrew::killAndCheck(std::uint32_t worker) {
 
 void StoreCrew::settle(const Process* stopped) {
     for (Member& member : members_) {
-        if (member.process.get() == stopped) continue;
-        std::uint64_t busy = 0;
-        while ((busy = member.process->busy()) > kNoticeable) {
-            if (busy > kLongestWait) {
-                round_.fault(nameOf(*member.process) + " waits without end, at: " +
-                             describe(changeOf(member.process->job(),
-                                               member.process->board().reached() - 1)));
-                break;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
+        Process& process = *member.process;
+        if (&process == stopped || process.moves()) continue;
+        round_.fault(nameOf(process) + " waits without end, at: " +
+                     describe(changeOf(process.job(), process.board().reached() - 1)));
     }
 }
 

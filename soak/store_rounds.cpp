@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <thread>
 
 #include "foreign.h"
@@ -24,11 +23,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uint32_t kDiskSize = 1 << 20;
-
-std::string contentOf(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 /// What stands in the store before anybody writes, and what must be left of it.
 class Surroundings {
