@@ -1,8 +1,6 @@
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -22,8 +20,10 @@ namespace fs = std::filesystem;
 
 constexpr std::int32_t kLimit = 50'000;
 constexpr std::uint32_t kSmallDisk = 65'536;
-constexpr std::uint32_t kDisk = 1 << 20;
-constexpr std::uintmax_t kMostWritten = 64 << 20;  // in a round
+constexpr std::uint32_t kDisk = 8 << 20;
+/// In a round; much less than a disk on which there shall be room again.
+constexpr std::uintmax_t kMostWritten = 64 << 20;
+constexpr std::uintmax_t kMostWrittenToDisk = 2 << 20;
 
 /// The writers of a log, of whom the past ones count too.
 class LogCrew {
@@ -162,8 +162,9 @@ void LogCrew::run() {
         round_.sleep(100'000);
         return;
     }
+    const auto most = trouble_ == Trouble::FullDisk ? kMostWrittenToDisk : kMostWritten;
     std::error_code error;
-    while (!round_.over() && !round_.faulty() && fs::file_size(file(), error) + 1 < kMostWritten) {
+    while (!round_.over() && !round_.faulty() && fs::file_size(file(), error) + 1 < most) {
         round_.sleep(20'000);
         switch (trouble_) {
             case Trouble::Kills:

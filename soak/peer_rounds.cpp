@@ -8,7 +8,6 @@
 #include <set>
 #include <vector>
 
-#include "foreign.h"
 #include "log_check.h"
 #include "process.h"
 #include "rounds.h"

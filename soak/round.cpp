@@ -80,7 +80,7 @@ void Round::fillDisk(bool full) {
         return;
     }
     const int descriptor = open(ballast.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
-    const std::vector<char> page(1024, 'x');
+    const std::vector<char> page(65536, 'x');
     while (write(descriptor, page.data(), page.size()) > 0) {
     }
     close(descriptor);

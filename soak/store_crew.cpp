@@ -1,6 +1,5 @@
 #include "store_crew.h"
 
-#include <algorithm>
 namespace quorkit::soak {
 
 StoreCrew::StoreCrew(Round& round, Job job, Trouble trouble, std::uint32_t workers)
