@@ -31,6 +31,8 @@ bool isEntry(const Entry& one);
 Variant tableOf(const Entries& entries);
 /// The lines that an entry becomes whose value may have several.
 Entries linesOf(const Entry& entry);
+/// A value of several lines as it is read: the members lose a line break at its end.
+String withoutLastBreak(const String& value);
 String withoutDigits(String key);
 
 IniLines withoutBlanks(IniLines lines);

@@ -130,7 +130,8 @@ std::size_t IniText::endOfSection(std::size_t header) const {
 std::size_t IniText::findKey(std::size_t header, StringView name) const {
     const String wanted = comparable(name);
     if (wanted.empty()) return kNone;
-    for (std::size_t i = header + 1; i < endOfSection(header); ++i)
+    const std::size_t end = endOfSection(header);
+    for (std::size_t i = header + 1; i < end; ++i)
         if (lines[i].kind == IniLine::Key && comparable(lines[i].name) == wanted) return i;
     return kNone;
 }
