@@ -14,18 +14,8 @@
 namespace quorkit::cli {
 
 /// An object has one number from the first time the client sees it until the client releases it.
-/// At the end of the table all objects that ever were in it let go of what they hold, so that those
-/// in circles go too: without a number no client could reach them any more.
 class ObjectTable {
    public:
-    ObjectTable() = default;
-    ObjectTable(const ObjectTable&) = delete;
-    ObjectTable& operator=(const ObjectTable&) = delete;
-    ~ObjectTable() {
-        for (const auto& one : seen_)
-            if (const ObjectRef object = one.lock()) object->letGo();
-    }
-
     std::int64_t numberOf(const ObjectRef& object) {
         const auto [found, added] = numbers_.try_emplace(object.get(), next_);
         if (added) {
@@ -44,6 +34,13 @@ class ObjectTable {
     void release(std::int64_t number) {
         numbers_.erase(at(number).get());
         objects_.erase(number);
+    }
+
+    /// Has all objects that ever had a number let go of what they hold, so that those in circles go
+    /// too. For the end of a client: nobody can reach them any more.
+    void letGoOfAll() {
+        for (const auto& one : seen_)
+            if (const ObjectRef object = one.lock()) object->letGo();
     }
 
    private:

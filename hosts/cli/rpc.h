@@ -19,6 +19,9 @@ namespace quorkit::cli {
 class RpcSession {
    public:
     explicit RpcSession(Ports& ports) : library_(ports) {}
+    ~RpcSession() { objects_.letGoOfAll(); }
+    RpcSession(const RpcSession&) = delete;
+    RpcSession& operator=(const RpcSession&) = delete;
 
     /// The answer to a message or batch; nothing when it asks for none. Never fails: what is wrong
     /// with the message, or went wrong in a member, is in the answer.

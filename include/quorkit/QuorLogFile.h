@@ -108,7 +108,7 @@ class QuorLogFile {
     ErrorCode openFile(bool empty);
     void reopen();
     void close();
-    std::string_view readMark();
+    ErrorCode readMark();
     void keepWithinLimit();
     void addPrefixes(String& s, eLogEntryType level);
     const String& now();

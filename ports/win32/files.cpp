@@ -191,7 +191,8 @@ ErrorCode NativeFiles::ReadFile(Handle handle, char* buffer, std::size_t capacit
     return with(opened(handle), [&](HANDLE file) {
         const ErrorCode code = readAt(file, position, buffer, capacity, count);
         if (code == kSuccess) position += count;
-        return code;
+        const bool notForReading = code == kAccessDenied && isForAdding(opened(handle).access);
+        return notForReading ? kInvalidHandle : code;
     });
 }
 

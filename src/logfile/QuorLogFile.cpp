@@ -53,7 +53,6 @@ bool QuorLogFile::open(Opening opening) {
         sayWhyNot(openName_, code);
         return false;
     }
-    mark_ = empty ? std::string_view() : readMark();
     firstOpening_ = false;
     return true;
 }
@@ -62,20 +61,24 @@ ErrorCode QuorLogFile::openFile(bool empty) {
     const FileAccess access =
         maxFileSize_ > 0 && !autoOpenClose_ ? FileAccess::AppendYielding : FileAccess::Append;
     if (const ErrorCode code = ports_.files.CreateFileA(openName_, access, file_)) return code;
-    const ErrorCode code = empty ? ports_.files.SetEndOfFile(file_) : kSuccess;
+    mark_ = {};
+    const ErrorCode code = empty ? ports_.files.SetEndOfFile(file_) : readMark();
     if (code != kSuccess) close();
     return code;
 }
 
-std::string_view QuorLogFile::readMark() {
+ErrorCode QuorLogFile::readMark() {
     char start[kLongestMark];
     std::size_t length = 0;
-    for (std::size_t got = 1; got != 0 && length < sizeof start; length += got)
-        if (ports_.files.ReadFile(file_, start + length, sizeof start - length, got) != kSuccess)
-            return {};  // it may be written, not read
-    const std::string_view mark = markOf({start, length});
-    if (!mark.empty() && length == mark.size()) unfinishedAt_ = length;  // there is no line yet
-    return mark;
+    for (std::size_t got = 1; got != 0 && length < sizeof start; length += got) {
+        const ErrorCode code =
+            ports_.files.ReadFile(file_, start + length, sizeof start - length, got);
+        if (code == kInvalidHandle) return kSuccess;  // it may be written, not read
+        if (code != kSuccess) return code;
+    }
+    mark_ = markOf({start, length});
+    if (!mark_.empty() && length == mark_.size()) unfinishedAt_ = length;  // there is no line yet
+    return kSuccess;
 }
 
 void QuorLogFile::CloseLogfile() {

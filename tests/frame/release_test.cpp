@@ -75,6 +75,7 @@ TEST(Release, OpensCirclesAtTheEndOfASession) {
             objects.release(objects.numberOf(collection->item(2).get<ObjectRef>()));
             for (int i = 0; i < 200; ++i)  // others come and go
                 objects.release(objects.numberOf(std::make_shared<Collection>()));
+            objects.letGoOfAll();
         }
         EXPECT_TRUE(gone);
     }

@@ -27,6 +27,9 @@ struct World : MemoryPorts {
     World() {
         files.put(u"C:\\s.ini", "[S]\na=1\nb=2\nm=$!MULTILINEFIELD@#\nm1=x\nm2=y\n[T]\nt=1\n");
         files.put(u"C:\\a.log", "first\r\nsecond\r\nthird\r\nfourth\r\n");
+        files.put(u"C:\\u.log", std::string("\xFF\xFE"
+                                            "a\0\r\0\n\0",
+                                            8));
         files.put(u"C:\\f", "old");
         files.put(u"C:\\Desk\\old.lnk", "old");
         files.put(u"C:\\p.gif", samples()[3].file);
@@ -197,10 +200,9 @@ TEST(FailingCalls, LeaveTheOldOrTheNew) {
         {Tells, {no}, u"QuorInifile", u"DeleteSection", {u"S"}, ini},
         {Tells, {no}, u"QuorInifile", u"DeleteKey", {u"S", u"b"}, ini},
         {Tells, {no}, u"QuorInifile", u"AddSection", {u"S"}, ini},
-        // What follows gives 0 too, where the file cannot be read under its lock.
-        {Tells, {gone, no}, u"QuorInifile", u"DeleteKeys", {u"S", keys}, ini},
-        {Tells, {gone, no}, u"QuorInifile", u"DeleteMultiLineKeys", {u"S", keys}, ini},
-        {Tells, {gone, no}, u"QuorInifile", u"DeleteMultiLineKey", {u"S", u"m"}, ini},
+        {Tells, {gone}, u"QuorInifile", u"DeleteKeys", {u"S", keys}, ini},
+        {Tells, {gone}, u"QuorInifile", u"DeleteMultiLineKeys", {u"S", keys}, ini},
+        {Tells, {gone}, u"QuorInifile", u"DeleteMultiLineKey", {u"S", u"m"}, ini},
         {Whole, {gone, no}, u"QuorInifile", u"WriteSectionContent", {u"S", table}, ini},
         {Whole, {no}, u"QuorInifile", u"WriteMultiLineSection", {u"S", table}, ini},
         {Whole, {no}, u"QuorInifile", u"WriteMultiLineValue", {u"S", u"m", u"1\r\n2\r\n3"}, ini},
@@ -209,7 +211,7 @@ TEST(FailingCalls, LeaveTheOldOrTheNew) {
         {Tells, {false}, u"QuorLogFile", u"OpenLogfile", {}, log(u"C:\\a.log", false, false)},
         {Steps | Tells, {false}, u"QuorLogFile", u"OpenLogfile", {}, log(u"C:\\x\\a", true, true)},
         {Whole, {}, u"QuorLogFile", u"writeLogfileEntry", entry, log(u"C:\\a.log", true, true)},
-        // Not yet into a file with a mark: when that cannot be read, the line has another encoding.
+        {Whole, {}, u"QuorLogFile", u"writeLogfileEntry", entry, log(u"C:\\u.log", true, true)},
         {Steps, {}, u"QuorLogFile", u"writeLogfileEntry", entry, log(u"C:\\a.log", false, true)},
         {Steps, {}, u"QuorLogFile", u"writeLogfileEntry", entry, log(u"C:\\x\\a", true, true)},
 

@@ -11,6 +11,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <thread>
 
 #include "support/child.h"
 #include "support/scratch.h"
@@ -110,8 +111,9 @@ TEST(LinuxLog, FollowsItsNameNotItsLinksAndIsNotInherited) {
     fs::create_hard_link(scratch.path("a.log"), scratch.path("twin"));
     EXPECT_TRUE(QuorLogFile().limitFileSize(scratch.name("a.log"), Long{30}));
     write(u"new");
-    EXPECT_EQ(scratch.read("a.log"), "12345678\r\n12345678new\r\n");
+    EXPECT_EQ(scratch.read("a.log"), "12345678\r\n12345678\r\nnew\r\n");
     fs::rename(scratch.path("a.log"), scratch.path("a.log.1"));
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // see Files::WriteFile
     log.setLogFileName(u"/nowhere/else.log");  // the one that is open stays
     write(u"newer");
     EXPECT_EQ(scratch.read("a.log"), "newer\r\n");

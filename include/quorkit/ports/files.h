@@ -100,7 +100,8 @@ class Files {
     /// The next read begins `position` bytes behind the start of the file.
     virtual ErrorCode SetFilePointerEx(Handle handle, std::uint64_t position) = 0;
     /// Reads up to `capacity` bytes from where the last read ended; `count` 0 is the end. A file
-    /// opened for adding may be readable or not; one made by CreateNew is not.
+    /// opened for adding that may not be read gives kInvalidHandle; one made by CreateNew is not
+    /// for reading.
     virtual ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
                                std::size_t& count) = 0;
     /// Writes all of `bytes` behind the last write; a failure may leave a part written.
