@@ -159,20 +159,21 @@ void Session::merge(const String& section, const Entries& table) {
     const auto old = keysOf(now_, header);
     String all = section;
     Entries accepted;
-    bool comments = false;
+    bool odd = false;
     for (const Entry& one : table) {
         all += one.key + one.value;
-        comments = comments || trimBlanks(one.key).starts_with(u';');
+        odd = odd || isOdd(one);
         if (isEntry(one)) accepted.push_back(one);
     }
+    const bool forbidden = encodingForbids(all);
     const Long written = ini_.WriteSectionContent(section, tableOf(table));
     const bool carried = isSectionName(section) && !accepted.empty();
-    const bool mayFail = encodingForbids(all) || now_.encoding == IniText::Ansi || !carried;
+    const bool mayFail = forbidden || now_.encoding == IniText::Ansi || !carried;
     if (!changed(written > 0 && ini_.lastResult() != 0, mayFail)) return;
     checkOutside(section);
-    if (encodingForbids(all)) return;
+    if (forbidden || odd) return;
     promiseEqual(written, static_cast<Long>(accepted.size()), "entries that a line carries");
-    if (!old || comments || hasTwice(accepted)) return;
+    if (!old || hasTwice(accepted)) return;
 
     Entries wanted = *old;
     for (const Entry& one : accepted) {
@@ -193,24 +194,25 @@ void Session::writeLines(const String& section, const Entries& table) {
     Entries wanted;
     std::set<String> keys;
     Long accepted = 0;
-    bool comments = false;
+    bool odd = false;
     for (const Entry& one : table) {
         all += one.key + one.value;
         const String key = trimBlanks(one.key);
-        comments = comments || key.starts_with(u';');
+        odd = odd || isOdd(one);
         if (!isEntry(one) || withoutDigits(key) != key) continue;
         ++accepted;
         keys.insert(comparable(key));
         for (Entry& line : linesOf(one)) wanted.push_back(std::move(line));
     }
+    const bool forbidden = encodingForbids(all);
     const Long written = ini_.WriteMultiLineSection(section, tableOf(table));
     const bool carried = isSectionName(section) && accepted != 0;
-    promise(carried || written == 0, "what a line cannot carry is refused");
+    promise(carried || odd || written == 0, "what a line cannot carry is refused");
     if (!changed(written > 0 && ini_.lastResult() != 0,
-                 encodingForbids(all) || now_.encoding == IniText::Ansi || !carried))
+                 forbidden || now_.encoding == IniText::Ansi || !carried))
         return;
     checkOutside(section);
-    if (encodingForbids(all) || comments) return;
+    if (forbidden || odd) return;
     promiseEqual(written, accepted, "entries that a line carries");
     if (!old || hasTwice(wanted)) return;
     const bool twice = hasTwice(*old);  // then nothing is taken away
@@ -219,7 +221,7 @@ void Session::writeLines(const String& section, const Entries& table) {
     promiseKeys(keysOf(now_, now_.findSection(section)), wanted);
     if (twice || bytes_->size() > 30'000) return;
     for (const Entry& one : table)
-        if (keys.contains(comparable(one.key)) && one.value.size() < 4095 &&
+        if (isEntry(one) && keys.contains(comparable(one.key)) && one.value.size() < 4095 &&
             comparable(one.value) != comparable(kMarker))
             promiseEqual(ini_.ReadMultiLineValue(section, one.key), withoutLastBreak(one.value),
                          "a value of several lines is read as it was written");

@@ -86,6 +86,8 @@ class Session {
         const std::string lineEnd = lineIn(old, u"");
         const bool unfinished = isUnfinished(old);
         if (now_ == old + (unfinished && !continues ? lineEnd : "") + line) return true;
+        // Half a character of UTF-16 is made a whole one, so that the others are read.
+        if (old.size() % 2 != 0 && now_ == old + '\0' + lineEnd + line) return true;
         if (limit <= 0 || old.size() <= static_cast<std::size_t>(limit)) return false;
         // What stays of UTF-16 has no mark.
         for (const std::string& one : {line, runtime::toAnsi(text + u"\r\n")})

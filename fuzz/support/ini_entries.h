@@ -28,6 +28,8 @@ bool hasTwice(const Entries& keys);
 
 /// Whether it may stand in a table: what a line can carry, and comments.
 bool isEntry(const Entry& one);
+/// Whether it is a comment or begins as a header does: a table may bring it, though no single key.
+bool isOdd(const Entry& one);
 Variant tableOf(const Entries& entries);
 /// The lines that an entry becomes whose value may have several.
 Entries linesOf(const Entry& entry);
