@@ -68,7 +68,7 @@ ErrorCode QuorLogFile::openFile(bool empty) {
 }
 
 ErrorCode QuorLogFile::readMark() {
-    char start[kLongestMark];
+    char start[kLongestMark + 1];  // one more tells whether there is anything behind a mark
     std::size_t length = 0;
     for (std::size_t got = 1; got != 0 && length < sizeof start; length += got) {
         const ErrorCode code =

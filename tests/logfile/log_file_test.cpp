@@ -183,11 +183,15 @@ TEST_F(LogFile, ShortensFromTheStartOfALine) {
         {marked + "x", 100, true, std::string(500, 'x')},  // 500.5 to even
         {marked + "xxx", 100, true, std::string(502, 'x')},
     };
+    log.let(u"Append", true);
     for (const auto& [before, limit, result, after] : cases) {
         scratch.write("a.log", before);
         EXPECT_EQ(log(u"limitFileSize", {scratch.name("a.log"), limit}), Variant(result)) << limit;
         EXPECT_EQ(content(), after) << limit;
         EXPECT_EQ(scratch.count(), 1u);
+        if (after == before) continue;
+        write(u"z");  // goes on in the line whose end was left out
+        EXPECT_EQ(content(), after + "z\r\n") << limit;
     }
     EXPECT_EQ(log(u"limitFileSize", {scratch.name("missing.log"), 1}), Variant(false));
     EXPECT_EQ(scratch.count(), 1u);
