@@ -50,8 +50,8 @@ class QuorInifile {
     Long DeleteSection(const String& sSection);
     /// Removes a key's line. 1, or 0 when it is not there or cannot be written.
     Long DeleteKey(Unchanged<String> sSection, Unchanged<String> sKeyName);
-    /// Makes an empty section. A section that exists is emptied: only its header line stays. 1, or
-    /// 0 when it could not be written.
+    /// Makes an empty section. A section that exists is emptied: only its header line stays, and
+    /// blank lines. 1, or 0 when it could not be written.
     Long AddSection(Unchanged<String> sSection);
 
     /// Removes several keys by writing the section anew, at the end of the file. Its lines without
@@ -84,9 +84,9 @@ class QuorInifile {
 
     // --- Values of several lines ---
 
-    /// Stores a value, in several lines of the file when it holds "\r\n". 1, or 0 when it is
-    /// refused because the key is empty or ends in a digit, or it cannot be carried. Whether the
-    /// write itself succeeded shows only in `lastResult`.
+    /// Stores a value, in several lines of the file when it holds "\r\n"; of those at its very end
+    /// one is lost. 1, or 0 when it is refused because the key is empty or ends in a digit, or it
+    /// cannot be carried. Whether the write itself succeeded shows only in `lastResult`.
     Long WriteMultiLineValue(const String& sSection, const String& sKey, const String& sValue);
 
     /// A value with its lines joined by "\r\n". An empty section or key name gives "", not the
