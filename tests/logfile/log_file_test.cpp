@@ -195,6 +195,17 @@ TEST_F(LogFile, ShortensFromTheStartOfALine) {
     }
     EXPECT_EQ(log(u"limitFileSize", {scratch.name("missing.log"), 1}), Variant(false));
     EXPECT_EQ(scratch.count(), 1u);
+
+    Late keeper(u"QuorLogFile", ports);  // whose file nobody else shortens
+    keeper.let(u"LogFileName", scratch.name("a.log"));
+    keeper.let(u"AutoOpenClose", false);
+    keeper(u"OpenLogfile");
+    keeper(u"writeLogfileEntry", {String(98, u'x'), 1});
+    keeper(u"writeLogfileEntry", {String(98, u'y'), 1});
+    EXPECT_EQ(log(u"limitFileSize", {scratch.name("a.log"), 150}), Variant(false));
+    keeper(u"CloseLogfile");
+    EXPECT_EQ(log(u"limitFileSize", {scratch.name("a.log"), 150}), Variant(true));
+    EXPECT_EQ(content(), std::string(98, 'y'));
 }
 
 TEST_F(LogFile, LooksAtTheSizeEveryFiftyEntries) {

@@ -6,13 +6,11 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <thread>
 
 #include "linux/folder_hive.h"
 #include "linux/folder_names.h"
 #include "runtime/code_page.h"
-#include "support/child.h"
 #include "support/scratch.h"
 
 namespace quorkit::test {
@@ -259,42 +257,26 @@ TEST_F(LinuxRegistry, RefusedDeletionsCostNothing) {
     EXPECT_EQ(damage(), std::vector<std::string>());
 }
 
-/// Makes, fills and deletes keys in the store of the first argument until it is killed.
-int churn(const std::vector<std::string>& arguments) {
-    FolderHive hive([&] { return arguments[0]; }, disk::kForUser);
-    for (;;)
-        for (char i = 0; i < 100; ++i) {
-            const std::vector<NamedValue> pair = {{u"a", dword(i)}, {u"b", dword(i)}};
-            if (hive.setValues({u"Kept"}, pair) != kSuccess) return 1;
-            if (hive.create({u"Kept", u"Coming"}) != kSuccess) return 1;
-            if (hive.setValues({u"Kept", u"Coming"}, pair) != kSuccess) return 1;
-            if (hive.deleteKey({u"Kept", u"Coming"}) != kSuccess) return 1;
+TEST_F(LinuxRegistry, PutsAwayWhatDyingProcessesLeave) {
+    for (const char* left : {"store/acme/tool", "store/acme", "store"}) {
+        for (const char* folder : {"/@new", "/@old"}) {
+            fs::create_directory(scratch.path(left + std::string(folder)));
+            scratch.write(left + std::string(folder) + "/@values", "[Half");
         }
-}
-const PartName kChurn("churn registry", churn);
-
-TEST_F(LinuxRegistry, SurvivesDeathAtAnyPoint) {
-    ASSERT_EQ(hive.create({u"Kept"}), kSuccess);
-    const std::vector<NamedValue> first = {{u"a", dword(0)}, {u"b", dword(0)}};
-    ASSERT_EQ(hive.setValues({u"Kept"}, first), kSuccess);
-    for (int round = 0; round < 40; ++round) {
-        Child child("churn registry", {scratch.path("store").string()});
-        std::this_thread::sleep_for(std::chrono::microseconds(8000 + 700 * round));
-        child.kill();
-        ASSERT_EQ(child.wait(), -1);
-        std::vector<NamedValue> all;
-        ASSERT_EQ(hive.values({u"Kept"}, all), kSuccess);
-        ASSERT_EQ(all.size(), 2u);
-        EXPECT_EQ(all[0].value, all[1].value);
-        std::vector<String> keys;
-        ASSERT_EQ(hive.subKeys({u"Kept"}, keys), kSuccess);
-        if (keys.empty()) continue;
-        EXPECT_EQ(keys, std::vector<String>{u"Coming"});
-        EXPECT_EQ(hive.deleteKey({u"Kept", u"Coming"}), kSuccess);
+        scratch.write(left + std::string("/@values.new"), "[Half");
     }
-    // What is left for work does not keep a key from being deleted.
-    EXPECT_EQ(hive.deleteKey({u"Kept"}), kSuccess);
     EXPECT_EQ(damage(), std::vector<std::string>());
+    std::vector<String> names;
+    EXPECT_EQ(hive.subKeys({u"Acme"}, names), kSuccess);
+    EXPECT_EQ(names, std::vector<String>{u"Tool"});
+    EXPECT_EQ(set(u"Left", dword(1)), kSuccess);
+    EXPECT_FALSE(fs::exists(scratch.path("store/acme/tool/@values.new")));
+    EXPECT_EQ(hive.create({u"Acme", u"Other"}), kSuccess);
+    EXPECT_FALSE(fs::exists(scratch.path("store/acme/@new")));
+    EXPECT_EQ(hive.deleteKey(tool), kSuccess);
+    EXPECT_EQ(hive.deleteKey({u"Acme", u"Other"}), kSuccess);
+    EXPECT_EQ(hive.deleteKey({u"Acme"}), kSuccess);
+    EXPECT_FALSE(fs::exists(scratch.path("store/acme")));
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <grp.h>
 #include <quorkit/GQuorFile.h>
-#include <quorkit/GQuorRegistry.h>
 #include <quorkit/QuorInifile.h>
 #include <quorkit/QuorLogFile.h>
 #include <quorkit/errors.h>
@@ -18,7 +17,6 @@
 
 #include "linux/names.h"
 #include "support/child.h"
-#include "support/environment.h"
 #include "support/errors.h"
 #include "support/scratch.h"
 #include "support/shell.h"
@@ -99,37 +97,29 @@ class LinuxUsers : public testing::Test {
     Scratch scratch;
 };
 
-TEST_F(LinuxUsers, SaveWhereOwnerOrGroupCannotBeKept) {
+TEST_F(LinuxUsers, SaveWithTheRightsThatCanBeKept) {
     struct Row {
         uid_t owner;
         gid_t group;
         mode_t mode;
-        mode_t folder;
+        mode_t folder;  ///< which is the superuser's
         mode_t after;
     };
-    for (const Row& row : {Row{kUser, 0, 0644, 0755, 0644}, Row{0, 0, 0666, 0777, 0666},
-                           Row{kUser, 0, 0664, 0755, 0644}, Row{kOther, kUser, 0660, 0777, 0660}}) {
-        own(".", 0, 0, 0777);
+    constexpr mode_t inPlace = 0;  // where the folder allows nothing else
+    for (const Row& row : {Row{kUser, 0, 0644, 0777, 0644}, Row{0, 0, 0666, 0777, 0666},
+                           Row{kUser, 0, 0664, 0777, 0644}, Row{kOther, kUser, 0660, 0777, 0660},
+                           Row{0, 0, 0666, 0755, inPlace}, Row{0, 0, 0666, 01777, inPlace}}) {
+        own(".", 0, 0, row.folder);
         put(row.owner, row.group, row.mode);
-        EXPECT_EQ(saveAll(), 0);
-        expectSaved();
-        for (const char* name : {"a.ini", "a.bin", "a.log"}) {
-            EXPECT_EQ(about(name).st_uid, kUser);
-            EXPECT_EQ(about(name).st_gid, kUser);
-            EXPECT_EQ(about(name).st_mode & 07777, row.after);
-        }
-    }
-}
-
-TEST_F(LinuxUsers, SaveInPlaceWhereTheFolderAllowsNoOther) {
-    for (const mode_t folder : {0755, 01777}) {
-        own(".", 0, 0, folder);
-        put(0, 0, 0666);
         const ino_t before = about("a.ini").st_ino;
         EXPECT_EQ(saveAll(), 0);
         expectSaved();
-        EXPECT_EQ(about("a.ini").st_ino, before);
-        EXPECT_EQ(about("a.bin").st_uid, 0u);
+        EXPECT_EQ(about("a.ini").st_ino == before, row.after == inPlace);
+        for (const char* name : {"a.ini", "a.bin", "a.log"}) {
+            EXPECT_EQ(about(name).st_uid, row.after == inPlace ? row.owner : kUser);
+            EXPECT_EQ(about(name).st_gid, row.after == inPlace ? row.group : kUser);
+            EXPECT_EQ(about(name).st_mode & 07777, row.after == inPlace ? row.mode : row.after);
+        }
     }
     own(".", 0, 0, 0755);
     EXPECT_EQ(save({"new.ini"}), 1);
@@ -203,14 +193,10 @@ TEST_F(LinuxUsers, SaveAFileThatIsAMountPoint) {
     expectSaved();
 }
 
-/// Writes values into a store whose file of values has a group that is not the user's; lists a
-/// folder that may not be searched.
-int useStoreAndListing(const std::vector<std::string>& arguments) {
+/// Lists a folder that may not be searched.
+int listUnsearchable(const std::vector<std::string>& arguments) {
     become(kUser);
-    const Variable home("XDG_DATA_HOME", arguments[0]);
-    GQuorRegistry registry;
-    if (!registry.Reg_WriteStringValue(u"HKCU\\Software\\K", u"v", u"new")) return 1;
-    const String folder = fs::path(arguments[1]).u16string();
+    const String folder = fs::path(arguments[0]).u16string();
     const auto found = [&](const char16_t* attributes, const Optional<Variant>& from) {
         Array<String> names;
         return GQuorFile().getFilesFromDirectoryEx(folder, names, String(u"*.txt"), false, from, {},
@@ -219,22 +205,12 @@ int useStoreAndListing(const std::vector<std::string>& arguments) {
     if (found(u"", {}) != 2 || found(u"-H+A+R", {}) != 2 || found(u"+H", {}) != 0) return 2;
     return found(u"-H", Variant(u"2090-01-01")) == 0 ? 0 : 3;
 }
-const PartName useStorePart("useStoreAndListing", useStoreAndListing);
+const PartName listUnsearchablePart("listUnsearchable", listUnsearchable);
 
-TEST_F(LinuxUsers, UseStoresOfMixedGroupsAndFoldersThatCannotBeSearched) {
-    const fs::path key = scratch.path("quorkit/registry/software/k");
-    fs::create_directories(key);
-    scratch.write("quorkit/registry/software/k/@values", "[K]\n\"v\"=\"old\"\n");
-    for (const auto& entry : fs::recursive_directory_iterator(scratch.folder()))
-        EXPECT_EQ(chown(entry.path().c_str(), kUser, kUser), 0);
-    own("quorkit/registry/software/k/@values", kUser, 0, 0644);
-    fs::create_directory(scratch.path("list"));
-    for (const char* name : {"list/a.txt", "list/b.txt", "list/c.bin"}) scratch.write(name, "");
-    own("list", 0, 0, 0744);
-    Child child("useStoreAndListing", {scratch.folder().string(), scratch.path("list").string()});
-    EXPECT_EQ(child.wait(), 0);
-    EXPECT_THAT(scratch.read("quorkit/registry/software/k/@values"),
-                testing::HasSubstr("\"v\"=\"new\""));
+TEST_F(LinuxUsers, ListFoldersThatCannotBeSearched) {
+    for (const char* name : {"a.txt", "b.txt", "c.bin"}) scratch.write(name, "");
+    own(".", 0, 0, 0744);
+    EXPECT_EQ(Child("listUnsearchable", {scratch.folder().string()}).wait(), 0);
 }
 
 TEST_F(LinuxUsers, CannotLendAProgramOfOthersTheirToolsAndStores) {
@@ -264,68 +240,30 @@ TEST_F(LinuxUsers, CannotLendAProgramOfOthersTheirToolsAndStores) {
 
 // --- Locks that others keep ---
 
-TEST(LinuxLocks, AreWaitedForOnlySoLongAndTheReasonSaysForWhom) {
+TEST(LinuxLocks, StopASaveAfterAWhileAndNoLog) {
     Scratch scratch;
     scratch.write("a.ini", "[S]\nk=1\n");
+    for (const char* name : {"a.bin", "a.log"})
+        fs::create_hard_link(scratch.path("a.ini"), scratch.path(name));
     const int held = open(scratch.path("a.ini").c_str(), O_RDONLY | O_CLOEXEC);
     ASSERT_EQ(flock(held, LOCK_EX), 0);
     ports::takeReason();
-    EXPECT_EQ(errorOf([&] {
-                  GQuorFile().SaveByteArrayToFile(Array<Byte>(std::vector<Byte>{1}, 0),
-                                                  scratch.name("a.ini"));
-              }),
-              70);
-    EXPECT_THAT(ports::takeReason(), testing::MatchesRegex(".*a.ini is locked by .+"));
-    EXPECT_EQ(saveAs(scratch.name("a.ini")), 1);
-    EXPECT_THAT(ports::takeReason(), testing::MatchesRegex(".*a.ini is locked by .+"));
-    EXPECT_EQ(scratch.read("a.ini"), "[S]\nk=1\n");
+    for (const auto& [name, error] : {std::pair{"a.ini", 1}, {"a.bin", 70}}) {
+        EXPECT_EQ(saveAs(scratch.name(name)), error);
+        EXPECT_THAT(ports::takeReason(),
+                    testing::MatchesRegex(".*" + std::string(name) + " is locked by .+"));
+    }
+    QuorLogFile log;
+    log.setLogFileName(scratch.name("a.log"));
+    log.setAppend(true);
+    const auto start = std::chrono::steady_clock::now();
+    String entry = u"x";
+    for (int i = 0; i < 100; ++i) log.writeLogfileEntry(entry, eLogEntryType_Error);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(8));
+    EXPECT_THAT(ports::takeReason(), testing::HasSubstr("locked by this program"));
+    EXPECT_EQ(scratch.read("a.ini").size(), 8u + 100 * 3);
     close(held);
 }
-
-TEST(LinuxLocks, DoNotStayWithAForkedChild) {
-    Scratch scratch;
-    scratch.write("f", "x");
-    Files& files = ports::native().files;
-    Handle lock = Handle::Invalid;
-    ASSERT_EQ(files.LockFileA(scratch.name("f"), lock), kSuccess);
-    const pid_t child = fork();
-    if (child == 0) {
-        pause();
-        _exit(0);
-    }
-    EXPECT_EQ(files.CloseHandle(lock), kSuccess);
-    EXPECT_EQ(files.LockFileA(scratch.name("f"), lock, Wait::Briefly), kSuccess);
-    EXPECT_EQ(files.CloseHandle(lock), kSuccess);
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-}
-
-TEST(LinuxLocks, AKillWhileAFileIsMadeLeavesNothing) {
-    Scratch scratch;
-    int made = 0;
-    for (int i = 0; i < 60; ++i) {
-        const std::string name = "new" + std::to_string(i) + ".ini";
-        Child writer("saveEndlessly", {scratch.path(name).string()});
-        std::this_thread::sleep_for(std::chrono::microseconds(4000 + 400 * i));
-        writer.kill();
-        writer.wait();
-        if (fs::exists(scratch.path(name))) {
-            EXPECT_NE(scratch.read(name), "");
-            ++made;
-        }
-    }
-    EXPECT_EQ(scratch.count(), static_cast<std::size_t>(made));
-}
-
-/// Makes a file and deletes it again.
-int saveEndlessly(const std::vector<std::string>& arguments) {
-    const String name = fs::path(arguments[0]).u16string();
-    for (;;) {
-        saveAs(name);
-        ports::native().files.DeleteFileA(name);
-    }
-}
-const PartName saveEndlesslyPart("saveEndlessly", saveEndlessly);
 
 }  // namespace
 }  // namespace quorkit::test

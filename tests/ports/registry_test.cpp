@@ -2,7 +2,6 @@
 #include <thread>
 
 #include "runtime/code_page.h"
-#include "support/child.h"
 #include "support/registry_room.h"
 
 namespace quorkit::test {
@@ -155,33 +154,19 @@ TEST_P(RegistryTest, AnOpenKeyAllowsWhatItWasOpenedFor) {
         EXPECT_EQ(code, kAccessDenied);
 }
 
-/// Writes values of its own, and deletes every other one again.
-int writeMany(Registry& registry, const RegPath& place, char who, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) {
-        const OpenKey key(registry, place, RegistryAccess::Write, Unopened::IsMade);
-        const String name(i + 1, static_cast<char16_t>(who));
-        if (key.setValues(Values{{name, {}}}) != kSuccess) return 1;
-        if (i % 2 == 1 && key.deleteValue(name) != kSuccess) return 1;
-    }
-    return 0;
-}
-const PartName kWriteValues("writeValues", [](const std::vector<std::string>& arguments) {
-    const String path(arguments[0].begin(), arguments[0].end());
-    return writeMany(ports::native().registry, {RegistryRoot::CurrentUser, path}, arguments[1][0],
-                     200);
-});
-
 TEST_P(RegistryTest, TwoWritersLoseNothing) {
-    std::thread a([&] { EXPECT_EQ(writeMany(registry, at(u"\\K"), 'a', 50), 0); });
-    EXPECT_EQ(writeMany(registry, at(u"\\K"), 'b', 50), 0);
-    a.join();
+    const auto write = [&](char16_t who) {
+        for (std::size_t i = 0; i < 50; ++i) {
+            const String name(i + 1, who);
+            EXPECT_EQ(make(u"\\K").setValues(Values{{name, {}}}), kSuccess);
+            if (i % 2 == 0) continue;
+            EXPECT_EQ(make(u"\\K").deleteValue(name), kSuccess);
+        }
+    };
+    std::thread other(write, u'a');
+    write(u'b');
+    other.join();
     EXPECT_EQ(valuesOf(read(u"\\K")).size(), 50u);
-    if (!GetParam()) return;  // a memory belongs to one process
-    const std::string path(base.begin(), base.end());
-    Child one("writeValues", {path, "a"});
-    Child two("writeValues", {path, "b"});
-    EXPECT_EQ(one.wait() + two.wait(), 0);
-    EXPECT_EQ(valuesOf(read()).size(), 200u);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rooms, RegistryTest, testing::Bool(), nameOfRegistry);
