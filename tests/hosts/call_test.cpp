@@ -66,10 +66,6 @@ TEST(Call, TellsErrors) {
         {u"QuorInifile.IniFileName --set LPad=1",
          "438: Object doesn't support this property or method"},
         {u"GQuorStrings.LPad 0 7 x", "13: Type mismatch"},
-        {u"GQuorStrings.LPad 0 7", "449: Argument not optional"},
-        {u"GQuorStrings.LPad 0 7 3 4",
-         "450: Wrong number of arguments or invalid property assignment"},
-        {u"GQuorStrings.LPad --arg t=1", "448: Named argument not found"},
         {u"GQuorConvert.CollectionToArray {\"object\":1}", "424: Object required"},
         {u"GQuorClipboard.SetPictureToClipboard {\"picture\":\"AAAA\"}", "481: Invalid picture"},
     };

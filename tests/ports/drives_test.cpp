@@ -43,6 +43,14 @@ TEST(NativeDrives, HoldTheSystem) {
         EXPECT_EQ(drives.GetDriveTypeA(root.substr(0, 2)), type);
     }
     EXPECT_EQ(drives.GetDriveTypeA(u"?:"), 1);
+#ifdef __linux__
+    for (const char16_t* none : {u"usr", u"/no/such", u"", u"\\\\nowhere\\x"})
+        EXPECT_EQ(drives.GetDriveTypeA(none), 1);
+    for (const char16_t* within : {u"c:\\", u"/", u"/usr", u"C:\\usr"})
+        EXPECT_EQ(drives.GetDriveTypeA(within), drives.GetDriveTypeA(u"C:"));
+    std::vector<NetworkConnection> connections;
+    EXPECT_EQ(drives.WNetEnumResourceA(connections), kSuccess);
+#endif
     std::uint32_t serial = 0;
     EXPECT_EQ(drives.GetVolumeInformationA(u"C:\\", serial), kSuccess);
     EXPECT_NE(drives.GetVolumeInformationA(u"?:\\", serial), kSuccess);

@@ -1,8 +1,7 @@
-// Drives of made-up mount tables, and those of this system.
+// Drives of made-up mount tables.
 #ifdef __linux__
 #include <gtest/gtest.h>
 #include <quorkit/ports/drives.h>
-#include <quorkit/ports/ports.h>
 
 #include "cli/utf8.h"
 #include "file/name_parts.h"
@@ -119,18 +118,6 @@ TEST(LinuxDrives, HaveTheSerialNumberOfWindows) {
         EXPECT_EQ(disk::serialFromIdentifier(identifier, serial), expected != 1);
         EXPECT_EQ(serial, expected);
     }
-}
-
-TEST(LinuxDrives, OfThisSystem) {
-    Drives& drives = ports::native().drives;
-    const int root = drives.GetDriveTypeA(u"C:");
-    EXPECT_GE(root, 2);
-    for (const char16_t* name : {u"c:\\", u"/", u"/usr", u"C:\\usr"})
-        EXPECT_EQ(drives.GetDriveTypeA(name), root);
-    for (const char16_t* name : {u"usr", u"/no/such", u"", u"\\\\nowhere\\x"})
-        EXPECT_EQ(drives.GetDriveTypeA(name), 1);
-    std::vector<NetworkConnection> connections;
-    EXPECT_EQ(drives.WNetEnumResourceA(connections), kSuccess);
 }
 
 }  // namespace
