@@ -71,6 +71,7 @@ TEST_F(LinuxRegistry, KeepsWhatPeopleWrite) {
         values,
         "# by hand\r\n[Tool]\r\n\r\n \"left\" = dword:1 ; a comment\r\n\"Left\"=dword:2\r\n"
         "half a line\r\n\"Hex\"=hex:01,\\\r\n  02\r\n\"Broken\"=dword:xyz\r\n\"Last\"=\"x\"");
+    fs::permissions(scratch.path(values), fs::perms{0646});
     RegistryValue value;
     EXPECT_EQ(hive.value(tool, u"LEFT", value), kSuccess);
     EXPECT_EQ(value, dword(2));
@@ -88,6 +89,7 @@ TEST_F(LinuxRegistry, KeepsWhatPeopleWrite) {
     EXPECT_EQ(scratch.read(values),
               "# by hand\r\n[Tool]\r\n\r\nhalf a line\r\n\"Hex\"=dword:00000003\r\n"
               "\"Broken\"=dword:xyz\r\n\"Last\"=\"x\"\r\n\"New\"=dword:00000004\r\n");
+    EXPECT_EQ(fs::status(scratch.path(values)).permissions(), fs::perms{0646});
     std::vector<String> names;
     EXPECT_EQ(hive.subKeys({u"ACME"}, names), kSuccess);
     EXPECT_EQ(names, std::vector<String>{u"Tool"});
