@@ -155,6 +155,7 @@ int replaceBySquatted(const std::vector<std::string>& names) {
     if (code == kSuccess) code = files.WriteFile(made, "new");
     if (code == kSuccess) code = files.ReplaceFileA(lock, made);
     if (code == kSuccess) code = files.CloseHandle(made);
+    if (code == kSuccess) code = files.CloseHandle(lock);
     return static_cast<int>(code);
 }
 const PartName replaceBySquattedPart("replaceBySquatted", replaceBySquatted);
