@@ -22,6 +22,13 @@
 namespace quorkit::test {
 namespace {
 
+void addWindow(MemoryDesktop& desktop, WindowHandle handle) {
+    auto& window = desktop.windows.emplace_back();
+    window.info.handle = handle;
+    window.info.visible = true;
+    window.className = u"Class";
+}
+
 /// Something of everything.
 struct World : MemoryPorts {
     World() {
@@ -41,7 +48,7 @@ struct World : MemoryPorts {
         command(u"registry import -", keys, *this);
         system.specialFolders = {{CSIDL_DESKTOP, u"C:\\Desk"}, {CSIDL_APPDATA, u"C:\\Data"}};
         processes.programs = {{u"quick", {7, {}}}, {u"slow", {0, std::chrono::hours(1)}}};
-        desktop.windows = {{{1, u"One", true}, u"Class"}, {{2, u"Two", true}, u"Class"}};
+        for (const WindowHandle handle : {1, 2}) addWindow(desktop, handle);
         clipboard.content = {ClipboardFormat::Bitmap, samples()[0].file};
         keyboard.states[20] = kKeyOn;
     }

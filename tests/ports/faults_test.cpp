@@ -43,7 +43,7 @@ TEST(FaultyFiles, FailAsTheRealOnesMay) {
 
 TEST(FaultyPorts, FailByOneOrderForAll) {
     MemoryPorts world;
-    world.desktop.windows = {{{1, u"One", true}, u"Class"}};
+    world.desktop.windows.resize(1);
     FaultyPorts faulty(world);
     Ports& ports = faulty;
     Handle handle = Handle::Invalid;
