@@ -137,10 +137,12 @@ TEST_P(AddingTest, WaitsForTheLockAndTellsThatTheFileIsReplaced) {
     }
     close(opened);
     EXPECT_EQ(read("f"), "other");
+#ifndef _WIN32  // Wine does not tell that a file will be deleted when it is closed
     opened = open("f", FileAccess::Append);  // also under its lock
     EXPECT_EQ(files.DeleteFileA(name("f")), kSuccess);
     EXPECT_EQ(files.WriteFile(opened, "lost"), kFileReplaced);
     close(opened);
+#endif
 }
 
 INSTANTIATE_TEST_SUITE_P(Rooms, AddingTest, testing::Bool(), nameOfRoom);
