@@ -106,7 +106,7 @@ class Session {
         const std::string old = std::exchange(now_, content());
         const Long limit = log.MaxFileSize();
         if (fullDisk_ && (now_ == old || isShortened(now_, old, limit, fullDisk_))) {
-            if (now_ != old) unfinishedAt_[which] = now_.size();
+            if (now_ != old) noteShortened(which, old);
             return;
         }
         unfinishedAt_[which].reset();
@@ -126,7 +126,14 @@ class Session {
         }
         if (!isShortened(now_, old, size, fullDisk_))
             breakPromise("the newest lines that fit stay", shown(now_), shown(old));
-        unfinishedAt_[which] = now_.size();
+        noteShortened(which, old);
+    }
+
+    /// A line that had no end before is somebody's torn one, in which nobody goes on.
+    void noteShortened(std::size_t which, const std::string& old) {
+        unfinishedAt_[which].reset();
+        if (old.ends_with('\n') || markOf(old) == runtime::kUtf16Mark)
+            unfinishedAt_[which] = now_.size();
     }
 
     MemoryPorts ports_;
