@@ -32,7 +32,7 @@ Assignment assignment(const String& text) {
 }
 
 /// Options may stand anywhere, until "--". A text like -5 is no option.
-CallLine parse(std::span<const String> arguments) {
+CallLine parseCall(std::span<const String> arguments) {
     CallLine line;
     std::vector<String> texts;
     bool escapes = false;
@@ -165,7 +165,7 @@ void print(std::ostream& out, const Outcome& outcome, const MemberInfo& member,
 }  // namespace
 
 void call(std::span<const String> arguments, std::ostream& out, Ports& ports) {
-    const CallLine line = parse(arguments);
+    const CallLine line = parseCall(arguments);
     Library library(ports);
     const Target target = objectOf(library, line.className);
     for (const Assignment& property : line.properties) setProperty(*target, property);

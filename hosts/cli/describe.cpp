@@ -18,7 +18,7 @@ struct DescribeLine {
     std::optional<String> name;
 };
 
-DescribeLine parse(std::span<const String> arguments) {
+DescribeLine parseDescribe(std::span<const String> arguments) {
     DescribeLine line;
     for (const String& word : arguments) {
         if (word == u"--json")
@@ -75,7 +75,7 @@ const ClassInfo& classNamed(StringView name) {
 }
 
 void describe(std::span<const String> arguments, std::ostream& out) {
-    const DescribeLine line = parse(arguments);
+    const DescribeLine line = parseDescribe(arguments);
     if (!line.name) return write(out, line.form);
     const std::size_t dot = line.name->find(u'.');
     const ClassInfo& info = classNamed(StringView(*line.name).substr(0, dot));

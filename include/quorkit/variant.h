@@ -34,9 +34,9 @@ inline constexpr bool isOneOf = false;
 template <class T, class... Types>
 inline constexpr bool isOneOf<T, std::variant<Types...>> = (std::is_same_v<T, Types> || ...);
 
-/// Releases what `value` holds, and what that holds in turn, without recursion however deep it is;
-/// it is Empty afterwards. Up to a depth all has gone when this returns; within a release that is
-/// deeper it goes before the outermost one returns.
+/// Releases what `value` holds, and what that holds in turn, without recursion however deep it is.
+/// Up to a depth all has gone when this returns, and `value` is Empty if it held other values;
+/// within a release that is deeper it goes before the outermost one returns.
 void release(VariantValue& value) noexcept;
 }  // namespace detail
 
@@ -70,7 +70,7 @@ class Variant : public VariantValue {
     Variant& operator=(const Variant&) = default;
     Variant& operator=(Variant&&) noexcept = default;
     ~Variant() {
-        if (holdsValues()) detail::release(*this);
+        if (mayHoldValues()) detail::release(*this);
     }
 
     /// The value of an optional argument that the caller left out. It is not Empty.
@@ -107,13 +107,7 @@ class Variant : public VariantValue {
     }
 
    private:
-    /// Whether other values may go with this one.
-    bool holdsValues() const {
-        const auto* object = getIf<ObjectRef>();
-        if (object != nullptr) return object->use_count() == 1;
-        const auto* array = getIf<Array<Variant>>();
-        return array != nullptr && !array->elements().empty();
-    }
+    bool mayHoldValues() const { return is<ObjectRef>() || is<Array<Variant>>(); }
 };
 
 struct NamedArgument {

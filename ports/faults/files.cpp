@@ -50,7 +50,8 @@ ErrorCode FaultyFiles::ReplaceFileA(Handle lock, Handle file, Wait wait) {
 }
 ErrorCode FaultyFiles::WriteInPlace(Handle lock, std::string_view content) {
     if (!due("WriteInPlace")) return inner_.WriteInPlace(lock, content);
-    if (!done()) inner_.WriteInPlace(lock, content.substr(0, content.size() / 2));
+    if (!done() && code() != kFileReplaced)
+        inner_.WriteInPlace(lock, content.substr(0, content.size() / 2));
     return code();
 }
 ErrorCode FaultyFiles::FlushFolderOf(const String& name) {

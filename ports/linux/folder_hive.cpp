@@ -9,7 +9,7 @@ namespace quorkit::disk {
 namespace {
 
 /// In bytes; names of files and of folders for work come behind it.
-constexpr std::size_t kLongestFolder = 4000;
+constexpr std::size_t kLongestPath = 4000;
 
 /// The root is there also when nobody has needed its folder yet.
 ErrorCode orRoot(ErrorCode code, const Hive::Path& path) {
@@ -25,7 +25,7 @@ std::string FolderHive::folderOf(const Path& path, std::size_t depth) const {
     if (!folder.starts_with('/')) return nowhere;
     for (const String& name : std::span(path).first(std::min(depth, path.size())))
         folder.append("/").append(folderNameOf(name));
-    return folder.size() > kLongestFolder ? nowhere : folder;
+    return folder.size() > kLongestPath ? nowhere : folder;
 }
 
 ErrorCode FolderHive::open(const Path& path, RegistryAccess access) {

@@ -72,7 +72,6 @@ ErrorCode MemoryFiles::CreateReplacement(Handle lock, const String& beside, Hand
     if (const ErrorCode code = state_->findFile(beside, place)) return code;
     if (place.around->readOnly()) return kAccessDenied;
     State::Opened made{std::make_shared<memory::Item>(), FileAccess::CreateNew, place.key};
-    made.name = place.name;
     file = state_->handOut(std::move(made));
     return kSuccess;
 }

@@ -26,7 +26,7 @@ struct MemoryFiles::State {
         memory::Key key;
         std::uint64_t position = 0;
         bool lock = false;
-        String name = {};  ///< of a lock; of a replacement the one for work
+        String name = {};  ///< of a lock
         std::size_t size = 0;
     };
     struct Search {

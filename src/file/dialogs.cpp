@@ -66,7 +66,7 @@ String GQuorFile::ShowSaveDialog(const Optional<String>& sTitle, const Optional<
                                  const Optional<String>& sFileName,
                                  const Optional<String>& sDefaultExt) {
     String extension = sDefaultExt;
-    if (!extension.empty() && !extension.starts_with(u'.')) extension.insert(0, u".");
+    if (!extension.empty() && !extension.starts_with(u'.')) extension = u"." + extension;
     FileDialog dialog = dialogOf(sTitle, sFilter, sStartFolder, sFileName);
     for (int shown = 0; shown < 2; ++shown) {
         String name;

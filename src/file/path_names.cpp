@@ -81,7 +81,7 @@ String GQuorFile::ExtractUNCServerAndShareName(const String& sFileName) {
 String GQuorFile::GetFileNameForLanguage(const String& sFileName, const String& sLanguageLetter,
                                          const Optional<String>& sFileExtension) {
     String extension = sFileExtension->empty() ? ExtractFileExt(sFileName) : *sFileExtension;
-    if (!extension.starts_with(u'.')) extension.insert(0, u".");
+    if (!extension.starts_with(u'.')) extension = u"." + extension;
     extension = runtime::toLower(extension);
 
     String name = sFileName;

@@ -103,13 +103,10 @@ ErrorCode LockedFile::overwrite(std::string_view content) {
 }
 
 ErrorCode writeWholeFile(Files& files, const String& name, std::string_view content, Wait wait) {
-    ErrorCode code = kFileReplaced;
-    for (int tries = 0; code == kFileReplaced && tries < kMostAttempts; ++tries) {
+    return untilNotReplaced([&] {
         LockedFile file(files, name, wait);
-        code = file.status();
-        if (code == kSuccess) code = file.replace(content);
-    }
-    return code;
+        return file.status() == kSuccess ? file.replace(content) : file.status();
+    });
 }
 
 }  // namespace quorkit

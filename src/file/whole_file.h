@@ -63,8 +63,14 @@ class LockedFile {
 ErrorCode writeWholeFile(Files& files, const String& name, std::string_view content,
                          Wait wait = Wait::Patiently);
 
-/// How often a change is begun anew when others get in between. They do not ask for the lock, so
-/// that there could be no end.
-inline constexpr int kMostAttempts = 100;
+/// Makes an attempt at a change, and another while it gives kFileReplaced. Those who get in between
+/// do not ask for the lock, so that there could be no end: after a hundred it gives up. Returns the
+/// last result.
+template <class Attempt>
+ErrorCode untilNotReplaced(Attempt attempt) {
+    ErrorCode code = kFileReplaced;
+    for (int left = 100; code == kFileReplaced && left > 0; --left) code = attempt();
+    return code;
+}
 
 }  // namespace quorkit

@@ -16,6 +16,13 @@ struct Releases {
 // Variants may outlive all others on their thread.
 thread_local Releases* underWay = nullptr;
 
+/// Whether other values go with this one.
+bool holdsValues(const VariantValue& value) {
+    if (const auto* object = std::get_if<ObjectRef>(&value)) return object->use_count() == 1;
+    const auto* array = std::get_if<Array<Variant>>(&value);
+    return array != nullptr && !array->elements().empty();
+}
+
 void releaseWithin(Releases& releases, VariantValue& value) noexcept {
     // Objects of a usual depth go at once, so that what their destructors do comes in the order
     // that their authors expect.
@@ -35,6 +42,7 @@ void releaseWithin(Releases& releases, VariantValue& value) noexcept {
 }  // namespace
 
 void release(VariantValue& value) noexcept {
+    if (!holdsValues(value)) return;
     if (underWay != nullptr) return releaseWithin(*underWay, value);
     Releases outermost;
     underWay = &outermost;

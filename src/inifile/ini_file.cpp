@@ -8,7 +8,9 @@
 namespace quorkit {
 namespace {
 
-const std::string kTooLarge = "larger than " + std::to_string(kLargestIniFile >> 20) + " MB";
+std::string tooLarge() {
+    return "larger than " + std::to_string(kLargestIniFile >> 20) + " MB";
+}
 
 void giveReason(const String& file, const std::string& reason) {
     ports::giveReason("the INI file " + runtime::toUtf8(file) + ' ' + reason);
@@ -17,7 +19,7 @@ void giveReason(const String& file, const std::string& reason) {
 /// What reading a file gave, as a document.
 IniDocument documentOf(const String& name, ErrorCode code, std::string content) {
     if (code == kFileTooLarge) {
-        giveReason(name, "is " + kTooLarge);
+        giveReason(name, "is " + tooLarge());
         return IniDocument::refused();
     }
     IniDocument document(code == kSuccess ? std::move(content) : std::string());
@@ -43,7 +45,7 @@ ErrorCode editOnce(Files& files, const String& name,
 
     const std::optional<std::string> changed = std::move(document).content();
     if (changed && changed->size() <= kLargestIniFile) return file.replace(*changed);
-    giveReason(name, "would be " + (changed ? kTooLarge : "taken for one in another encoding"));
+    giveReason(name, "would be " + (changed ? tooLarge() : "taken for one in another encoding"));
     return kInvalidParameter;
 }
 
@@ -56,9 +58,7 @@ IniDocument readIni(Files& files, const String& name) {
 }
 
 Long editIni(Files& files, const String& name, const std::function<bool(IniDocument&)>& edit) {
-    ErrorCode code = kFileReplaced;
-    for (int tries = 0; code == kFileReplaced && tries < kMostAttempts; ++tries)
-        code = editOnce(files, name, edit);
+    const ErrorCode code = untilNotReplaced([&] { return editOnce(files, name, edit); });
     return code == kSuccess ? 1 : 0;
 }
 

@@ -2,18 +2,12 @@
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/QuorLogFile.h>
 
+#include "file/whole_file.h"
 #include "frame/error_patterns.h"
 #include "logfile/log_text.h"
 #include "logfile/reason.h"
 
 namespace quorkit {
-namespace {
-
-/// Another program may put a shortened file in the place of this one, even several times. The file
-/// may also be gone, and is then made again.
-constexpr int kMostTries = 100;
-
-}  // namespace
 
 void QuorLogFile::setLogFileName(const String& name) {
     name_ = GQuorStrings(ports_).ExpandEnvironmentString(name);
@@ -45,10 +39,9 @@ bool QuorLogFile::open(Opening opening) {
         return false;
     }
     const bool empty = opening == Opening::AsSet && !append_ && (!autoOpenClose_ || firstOpening_);
-    ErrorCode code = openFile(empty);
-    if (code == kPathNotFound && names.mkDirEx(folder)) code = openFile(empty);
-    for (int tries = 0; code == kFileReplaced && tries < kMostTries; ++tries)
-        code = openFile(empty);
+    const auto attempt = [&] { return openFile(empty); };
+    ErrorCode code = untilNotReplaced(attempt);
+    if (code == kPathNotFound && names.mkDirEx(folder)) code = untilNotReplaced(attempt);
     if (code != kSuccess) {
         sayWhyNot(openName_, code);
         return false;
@@ -138,15 +131,17 @@ bool QuorLogFile::continuesLine() {
 }
 
 ErrorCode QuorLogFile::write(const String& line) {
-    ErrorCode code = kFileReplaced;
-    for (int tries = 0; tries < kMostTries && isFileOpen(); ++tries) {
+    const ErrorCode code = untilNotReplaced([&] {
+        if (!isFileOpen()) return kInvalidHandle;
         encodeLine(line, mark_, line_);
         const auto lineBreak = continuesLine() ? std::string_view() : lineBreakOf(mark_);
-        code = ports_.files.WriteFile(file_, line_, lineBreak);
-        if (code != kFileReplaced) break;
-        close();
-        reopen();
-    }
+        const ErrorCode written = ports_.files.WriteFile(file_, line_, lineBreak);
+        if (written == kFileReplaced) {  // by a shortened one, or it is gone and made again
+            close();
+            reopen();
+        }
+        return written;
+    });
     if (code == kSuccess) unfinishedAt_.reset();
     return code;
 }

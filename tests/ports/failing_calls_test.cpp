@@ -33,6 +33,8 @@ void addWindow(MemoryDesktop& desktop, WindowHandle handle) {
 struct World : MemoryPorts {
     World() {
         files.put(u"C:\\s.ini", "[S]\na=1\nb=2\nm=$!MULTILINEFIELD@#\nm1=x\nm2=y\n[T]\nt=1\n");
+        files.put(u"C:\\ReadOnly\\s.ini", "[S]\na=1\n[T]\n");  // can only be written in place
+        files.setReadOnly(u"C:\\ReadOnly");
         files.put(u"C:\\a.log", "first\r\nsecond\r\nthird\r\nfourth\r\n");
         files.put(u"C:\\u.log", std::string("\xFF\xFE"
                                             "a\0\r\0\n\0",
@@ -188,6 +190,7 @@ TEST(FailingCalls, LeaveTheOldOrTheNew) {
         return std::vector<Variant>{install, folder, u"", u"target", name, u"Tip"};
     };
     const std::vector<std::pair<const char16_t*, Variant>> ini = {{u"IniFileName", u"C:\\s.ini"}};
+    const decltype(ini) inPlace = {{u"IniFileName", u"C:\\ReadOnly\\s.ini"}};
     const std::vector<Variant> entry = {u"entry", eLogEntryType_Error};
     const Variant bytes = Array<Byte>({1, 2, 3});
     const Variant picture = std::make_shared<Picture>(samples()[3].file);
@@ -204,7 +207,9 @@ TEST(FailingCalls, LeaveTheOldOrTheNew) {
     const Writer writers[] = {
         {Tells, {no}, u"QuorInifile", u"WriteKeyValue", {u"S", u"a", u"2"}, ini},
         {Tells, {no}, u"QuorInifile", u"WriteKeyValue", {u"New", u"a", u"2"}, ini},
+        {Tells, {no}, u"QuorInifile", u"WriteKeyValue", {u"S", u"a", u"longer"}, inPlace},
         {Tells, {no}, u"QuorInifile", u"DeleteSection", {u"S"}, ini},
+        {Tells, {no}, u"QuorInifile", u"DeleteSection", {u"S"}, inPlace},
         {Tells, {no}, u"QuorInifile", u"DeleteKey", {u"S", u"b"}, ini},
         {Tells, {no}, u"QuorInifile", u"AddSection", {u"S"}, ini},
         {Tells, {gone}, u"QuorInifile", u"DeleteKeys", {u"S", keys}, ini},

@@ -61,9 +61,9 @@ TEST(NativeSystem, ReadsTheLanguageFromTheLocale) {
 #endif
 
 /// The time so many seconds after the start of 1970.
-constexpr FileTime fileTime(std::int64_t seconds, int milliseconds = 0) {
+constexpr FileTime fileTime(std::int64_t seconds, int thousandths = 0) {
     return static_cast<FileTime>((seconds + 11'644'473'600) * 10'000'000) +
-           static_cast<FileTime>(milliseconds) * 10'000;
+           static_cast<FileTime>(thousandths) * 10'000;
 }
 
 using Shown = std::array<int, 7>;

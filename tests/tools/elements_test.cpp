@@ -23,8 +23,8 @@ TEST(Tools, IndexOfElementInCollection) {
         Long position;
     } cases[] = {{u"abc", 2}, {u"ABC", -1}, {Date{5}, 3}, {u"5", -1}, {u"", 5}, {Null{}, -1}};
     for (const auto& [element, position] : cases)
-        EXPECT_EQ(tools(u"IndexOfElementInCollection", {element, list}).get<Long>(), position);
-    EXPECT_EQ(tools(u"IndexOfElementInCollection", {u"x", ObjectRef()}).get<Long>(), -1);
+        EXPECT_EQ(tools(u"IndexOfElementInCollection", {element, list}), position);
+    EXPECT_EQ(tools(u"IndexOfElementInCollection", {u"x", ObjectRef()}), -1);
     EXPECT_EQ(tools.errorOf(u"IndexOfElementInCollection", {Array<Variant>(), list}), 13);
     struct Stranger final : Object {  // an object may call itself anything
         const char* className() const override { return "Collection"; }

@@ -59,7 +59,7 @@ class Faults {
 };
 
 /// A write that fails has written half of its bytes, in place too, but to a file opened for adding
-/// none; a close that fails has closed.
+/// none, and none in place with kFileReplaced; a close that fails has closed.
 class FaultyFiles : public Files, public Faults {
    public:
     explicit FaultyFiles(Files& inner, const Faults& faults = {}) : Faults(faults), inner_(inner) {}
