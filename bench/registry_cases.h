@@ -47,7 +47,7 @@ class RegistryCases {
 
    private:
     static DictionaryRef values(Long count, Long first = 0) {
-        auto all = std::make_shared<Dictionary>();
+        auto all = Dictionary::make();
         for (Long i = 0; i < count; ++i) all->add(u"Value number " + number(i), first + i);
         return all;
     }

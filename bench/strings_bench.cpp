@@ -188,7 +188,7 @@ BENCHMARK(Fields1MB);
 void Fields1MB_loop(benchmark::State& state) {
     const String text = wide(repeated("Dear @#FirstName#@, "));
     for (auto _ : state) {
-        auto names = std::make_shared<Collection>();
+        auto names = Collection::make();
         for (std::size_t at = 0; (at = text.find(u"@#", at)) != String::npos;) {
             const std::size_t end = text.find(u"#@", at + 2);
             if (end == String::npos) break;

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "cli/iso_date.h"
+#include "json/iso_date.h"
 #include "runtime/calendar.h"
 #include "runtime/date_format.h"
 #include "runtime/date_language.h"
@@ -37,8 +37,8 @@ void checkDate(Date date) {
         promiseRead(Format(date, u"Long Date", one.language) + u", " + time, one.language, date);
         promiseRead(Format(date, u"ddd d-mmm-yyyy", one.language), one.language, day);
     }
-    const auto iso = cli::toIsoDate(date);
-    promise(iso && cli::fromIsoDate(*iso) == std::optional(date), "a date comes back from JSON");
+    const auto iso = json::toIsoDate(date);
+    promise(iso && json::fromIsoDate(*iso) == std::optional(date), "a date comes back from JSON");
 }
 
 /// What a format puts out when nothing in it stands for anything.

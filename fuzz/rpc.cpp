@@ -3,7 +3,7 @@
 // So every member is called with whatever values. Finds: answers that are no answers or not one
 // line, members that fail otherwise than with an error of the runtime, values that do not come back
 // from their notation.
-#include "cli/rpc.h"
+#include "rpc/rpc.h"
 
 #include <quorkit/catalogue.h>
 #include <quorkit/ports/memory.h>
@@ -17,7 +17,7 @@
 namespace quorkit::fuzz {
 namespace {
 
-using cli::Json;
+using json::Json;
 
 /// Members that take as long, or as much memory, as they are asked to.
 constexpr std::string_view kUnbounded[] = {"lpad", "rpad", "delay", "quicksortvariantarray"};
@@ -69,15 +69,15 @@ std::string message(std::string_view line) {
 
 /// A value in an answer is read as what it was.
 void checkValue(const Json& value) {
-    cli::ObjectTable objects;
+    json::ObjectTable objects;
     Variant read;
     try {
-        read = cli::fromJson(value, objects);
+        read = json::fromJson(value, objects);
     } catch (const AutomationError& error) {
         promise(error.number() == 424, "an answer's values can be read");
         return;  // an object of the session
     }
-    promiseEqual(cli::toJson(read, objects).dump(), value.dump(), "a value comes back from JSON");
+    promiseEqual(json::toJson(read, objects).dump(), value.dump(), "a value comes back from JSON");
 }
 
 void checkAnswer(const Json& answer) {
@@ -99,21 +99,21 @@ void checkAnswer(const Json& answer) {
 void run(std::string_view input) {
     MemoryPorts ports;
     ports.system.localTime = {2024, 2, 29, 13, 5, 59, 0};
-    cli::RpcSession session(ports);
+    rpc::Session session(ports);
     while (!input.empty()) {
         const std::size_t end = std::min(input.find('\n'), input.size());
         const std::string line = message(input.substr(0, end));
         input.remove_prefix(std::min(end + 1, input.size()));
         Json request;
         try {
-            request = cli::readJson(line);
-        } catch (const cli::JsonError&) {
+            request = json::readJson(line);
+        } catch (const json::JsonError&) {
         }
         if (!isBounded(request)) continue;
         const auto text = session.answer(line);
         if (!text) continue;
         promise(text->find('\n') == std::string::npos, "an answer is one line");
-        const Json answer = cli::readJson(*text);
+        const Json answer = json::readJson(*text);
         if (!answer.is_array()) checkAnswer(answer);
         if (answer.is_array())
             for (const Json& one : answer) checkAnswer(one);

@@ -116,7 +116,7 @@ class RegistryStore final : public Store {
                                                               entries[0].second));
             // These do not say whether they have succeeded, but anybody can look.
             case Kind::PutMany: {
-                const auto values = std::make_shared<Dictionary>();
+                const auto values = Dictionary::make();
                 for (const auto& [key, value] : entries) values->set(key, value);
                 registry_.Reg_WriteKeyValuesEx(change.place, values);
                 return answerOf(std::ranges::all_of(entries, [&](const auto& one) {

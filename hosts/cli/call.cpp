@@ -1,12 +1,18 @@
 #include "cli/call.h"
 
+#include <quorkit/dispatch.h>
+
+#include <optional>
 #include <vector>
 
 #include "cli/escapes.h"
-#include "cli/invocation.h"
+#include "cli/failure.h"
 #include "cli/print.h"
 #include "cli/usage.h"
-#include "cli/utf8.h"
+#include "describe/signature.h"
+#include "json/plain_text.h"
+#include "json/utf8.h"
+#include "json/value_json.h"
 
 namespace quorkit::cli {
 namespace {
@@ -27,7 +33,8 @@ struct CallLine {
 
 Assignment assignment(const String& text) {
     const std::size_t mark = text.find(u'=');
-    if (mark == 0 || mark == String::npos) throw UsageError("name=value expected: " + toUtf8(text));
+    if (mark == 0 || mark == String::npos)
+        throw UsageError("name=value expected: " + json::toUtf8(text));
     return {text.substr(0, mark), text.substr(mark + 1)};
 }
 
@@ -50,7 +57,7 @@ CallLine parseCall(std::span<const String> arguments) {
         } else if ((word == u"--arg" || word == u"--set") && i + 1 < arguments.size()) {
             (word == u"--arg" ? line.named : line.properties).push_back(assignment(arguments[++i]));
         } else {
-            throw UsageError("no such option, or nothing behind it: " + toUtf8(word));
+            throw UsageError("no such option, or nothing behind it: " + json::toUtf8(word));
         }
     }
     const std::size_t dot = texts.empty() ? String::npos : texts[0].find(u'.');
@@ -67,116 +74,91 @@ CallLine parseCall(std::span<const String> arguments) {
 }
 
 bool holdsStructures(Type type) {
-    return type == Type::Any || type == Type::TextArray || type == Type::ByteArray ||
-           type == Type::AnyArray || type == Type::Object;
+    return type == Type::Variant || type == Type::StringArray || type == Type::ByteArray ||
+           type == Type::VariantArray || type == Type::Object;
 }
 
 /// What a typed text means for a parameter of that type: itself, or the value whose JSON notation
-/// it is. Dispatch converts it further.
+/// it is. The call converts it further.
 Variant valueOf(const String& text, Type type) {
     if (holdsStructures(type) && (text.starts_with(u'{') || text.starts_with(u'['))) {
         try {
-            return fromJson(readJson(toUtf8(text)), ObjectTable());
-        } catch (const JsonError&) {
-        } catch (const BadValue&) {
+            return json::fromJson(json::readJson(json::toUtf8(text)), json::ObjectTable());
+        } catch (const json::JsonError&) {
+        } catch (const json::BadValue&) {
         }
     }
     return text;
 }
 
-template <class T>
-Variant initial() {
-    return T();
+/// The type of a parameter; of one that is not there any: the call says what is wrong.
+Type typeOf(const MemberInfo* member, std::optional<std::size_t> parameter) {
+    const bool known = member != nullptr && parameter && *parameter < member->parameterCount;
+    return known ? member->parameterRow[*parameter].type.type : Type::Variant;
 }
-Variant (*initialValue(Type type))() {
-    switch (type) {
-        case Type::Bool:
-            return initial<Boolean>;
-        case Type::Int16:
-            return initial<Integer>;
-        case Type::Int32:
-            return initial<Long>;
-        case Type::Float:
-            return initial<Double>;
-        case Type::Date:
-            return initial<Date>;
-        case Type::Text:
-            return initial<String>;
-        case Type::TextArray:
-            return initial<Array<String>>;
-        case Type::ByteArray:
-            return initial<Array<Byte>>;
-        case Type::AnyArray:
-            return initial<Array<Variant>>;
-        case Type::Object:
-            return initial<ObjectRef>;
-        case Type::None:
-        case Type::Any:
-            break;
+
+void orThrow(const CallResult& result) {
+    if (result.error) throw Failure(*result.error);
+}
+
+void setProperty(Object& target, const ClassInfo& info, const Assignment& property) {
+    const MemberInfo* member = findMember(info, property.name, CallKind::Let);
+    orThrow(quorkit::call(target, {.member = property.name,
+                                   .kind = CallKind::Let,
+                                   .positional = {valueOf(property.text, typeOf(member, 0))},
+                                   .constantsByName = true}));
+}
+
+/// What a person typed for a call, and which parameters it is for.
+Call requestOf(const CallLine& line, const MemberInfo* member) {
+    Call request{.member = line.member, .variablesMayBeOmitted = true, .constantsByName = true};
+    for (std::size_t i = 0; i < line.positional.size(); ++i)
+        request.positional.push_back(valueOf(line.positional[i], typeOf(member, i)));
+    for (const Assignment& one : line.named) {
+        const auto parameter = member == nullptr ? std::nullopt : findParameter(*member, one.name);
+        request.named.push_back({one.name, valueOf(one.text, typeOf(member, parameter))});
     }
-    return initial<Variant>;
+    return request;
 }
 
-/// The member, but what it gives back by reference need not be given.
-MemberInfo withOptionalOutputs(MemberInfo member) {
-    for (std::size_t i = 0; i < member.parameterCount; ++i) {
-        ParameterInfo& parameter = member.parameterRow[i];
-        if (parameter.changed && !parameter.optional())
-            parameter.defaultValue = initialValue(parameter.type.type);
-    }
-    return member;
+/// What was given for a parameter; null when it was left out.
+const Variant* givenFor(const Call& request, const MemberInfo& member, std::size_t parameter) {
+    if (parameter < request.positional.size()) return &request.positional[parameter];
+    for (const NamedArgument& one : request.named)
+        if (findParameter(member, one.name) == parameter) return &one.value;
+    return nullptr;
 }
 
-void setProperty(CatalogueObject& target, const Assignment& property) {
-    const MemberInfo& member = memberOf(target.info(), property.name, CallKind::Let);
-    std::vector<Variant> value = {valueOf(property.text, member.parameters().back().type.type)};
-    invoke(target, member, {value});
-}
-
-/// `given` receives the arguments as they were before the call.
-Outcome run(CatalogueObject& target, const MemberInfo& published, const CallLine& line,
-            std::vector<Variant>& given) {
-    const MemberInfo member = withOptionalOutputs(published);
-    std::vector<Variant> positional(line.positional.begin(), line.positional.end());
-    std::vector<NamedArgument> named;
-    for (const Assignment& one : line.named) named.push_back({one.name, one.text});
-
-    Outcome outcome;
-    outcome.arguments = arrange(member, {positional, named});
-    for (std::size_t i = 0; i < outcome.arguments.size(); ++i)
-        if (const auto* text = outcome.arguments[i].getIf<String>())
-            outcome.arguments[i] = valueOf(*text, member.parameterRow[i].type.type);
-    given = outcome.arguments;
-    outcome.result = target.run(member, outcome.arguments);
-    return outcome;
-}
-
-void print(std::ostream& out, const Outcome& outcome, const MemberInfo& member,
-           const std::vector<Variant>& given) {
-    printLines(out, outcome.result);
-    for (std::size_t i = 0; i < given.size(); ++i) {
+void print(std::ostream& out, const CallResult& result, const MemberInfo& member,
+           const Call& request) {
+    printLines(out, result.result);
+    for (std::size_t i = 0; i < result.arguments.size(); ++i) {
         if (!member.parameterRow[i].changed) continue;
-        const std::string text = plainText(outcome.arguments[i]);
-        if (given[i].isMissing() || plainText(given[i]) != text)
+        const Variant* given = givenFor(request, member, i);
+        const std::string text = json::plainText(result.arguments[i]);
+        if (given == nullptr || given->isMissing() || json::plainText(*given) != text)
             out << member.parameterRow[i].name << " = " << text << '\n';
     }
 }
 
 }  // namespace
 
-void call(std::span<const String> arguments, std::ostream& out, Ports& ports) {
+std::string call(std::span<const String> arguments, std::ostream& out, Ports& ports) {
     const CallLine line = parseCall(arguments);
     Library library(ports);
-    const Target target = objectOf(library, line.className);
-    for (const Assignment& property : line.properties) setProperty(*target, property);
-    const MemberInfo& member = memberOf(target->info(), line.member, CallKind::Call);
-    std::vector<Variant> given;
-    const Outcome outcome = run(*target, member, line, given);
-    ObjectTable objects;
+    const ObjectRef target = library.object(line.className);
+    const ClassInfo& info = describe::classNamed(line.className);
+    for (const Assignment& property : line.properties) setProperty(*target, info, property);
+    const MemberInfo* member = findMember(info, line.member, CallKind::Call);
+    const Call request = requestOf(line, member);
+    const CallResult result = quorkit::call(*target, request);
+    orThrow(result);
+    json::ObjectTable objects;
     if (line.json)
-        out << writeJson(toJson(outcome, objects)) << '\n';
+        out << json::writeJson(json::toJson(result, objects)) << '\n';
     else
-        print(out, outcome, member, given);
+        print(out, result, *member, request);
+    return result.reason;
 }
 
 }  // namespace quorkit::cli

@@ -6,11 +6,13 @@
 
 #include <ostream>
 #include <span>
+#include <string>
 
 namespace quorkit::cli {
 
-/// Calls the member that the arguments behind "call" name and prints what it gives back. Raises
-/// what the member raises; UsageError.
-void call(std::span<const String> arguments, std::ostream& out, Ports& ports);
+/// Calls the member that the arguments behind "call" name and prints what it gives back. Returns
+/// why the system refused something, "" when it did not. Failure with what the member raises;
+/// UsageError.
+std::string call(std::span<const String> arguments, std::ostream& out, Ports& ports);
 
 }  // namespace quorkit::cli

@@ -6,7 +6,7 @@
 #include <iomanip>
 #include <string>
 
-#include "cli/signature.h"
+#include "describe/signature.h"
 
 namespace quorkit::cli {
 namespace {
@@ -39,7 +39,7 @@ void list(std::ostream& out) {
         const std::size_t count = info.members().size();
         total += count;
         out << std::left << std::setw(static_cast<int>(widest)) << info.name << "  " << std::setw(9)
-            << kindName(info.kind) << "  " << count << '\n';
+            << describe::kindName(info.kind) << "  " << count << '\n';
         listMembers(out, info);
     }
     out << total << " members in " << classes().size() << " classes\n";

@@ -15,7 +15,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "cli/utf8.h"
+#include "json/utf8.h"
 #endif
 
 namespace {
@@ -62,7 +62,7 @@ int openNothing() {
 #else
 std::vector<quorkit::String> arguments(int count, char** words) {
     std::vector<quorkit::String> result;
-    for (int i = 1; i < count; ++i) result.push_back(quorkit::cli::fromUtf8(words[i]));
+    for (int i = 1; i < count; ++i) result.push_back(quorkit::json::fromUtf8(words[i]));
     return result;
 }
 

@@ -6,8 +6,8 @@
 
 #include "cli/failure.h"
 #include "cli/usage.h"
-#include "cli/utf8.h"
 #include "file/whole_file.h"
+#include "json/utf8.h"
 #include "registry/key_name.h"
 #include "registry/reg_file.h"
 
@@ -41,7 +41,7 @@ std::string reason(ErrorCode code) {
 }
 
 [[noreturn]] void fail(const String& place, const std::string& what) {
-    throw Failure(toUtf8(place) + ": " + what);
+    throw Failure(json::toUtf8(place) + ": " + what);
 }
 
 void expectSuccess(ErrorCode code, const String& place) {
@@ -94,7 +94,7 @@ void importFile(const String& file, std::istream& in, Ports& ports) {
 void check(std::ostream& out, Ports& ports) {
     const std::vector<RegistryDamage> damage = ports.registry.check();
     for (const RegistryDamage& one : damage)
-        out << toUtf8(one.place) << ": " << toUtf8(one.what) << '\n';
+        out << json::toUtf8(one.place) << ": " << json::toUtf8(one.what) << '\n';
     if (!damage.empty()) throw Failure("the registry is damaged");
     out << "no damage found\n";
 }

@@ -1,25 +1,25 @@
 #include "cli/run.h"
 
-#include <quorkit/errors.h>
 #include <quorkit/ports/ports.h>
 
 #include <exception>
 #include <span>
 
 #include "cli/call.h"
-#include "cli/describe.h"
+#include "cli/failure.h"
 #include "cli/list.h"
 #include "cli/registry.h"
-#include "cli/rpc.h"
 #include "cli/usage.h"
-#include "cli/utf8.h"
+#include "cli/describe_command.h"
+#include "json/utf8.h"
+#include "rpc/rpc.h"
 
 namespace quorkit::cli {
 namespace {
 
 constexpr const char* kUsage =
     R"(usage: quorkit list
-       quorkit describe [CLASS[.MEMBER]] [--json | --markdown | --idl]
+       quorkit describe [CLASS[.MEMBER] | ENUMERATION] [--json | --markdown | --idl]
        quorkit call CLASS.MEMBER [ARG...] [--arg name=value]... [--set Property=value]...
                     [-e] [--json] [--]
        quorkit rpc
@@ -40,7 +40,7 @@ call      calls a member and prints its result, then each by-reference argument 
     --json                prints {"args":[...],"result":...}
     Arrays, collections, dictionaries and pictures are given as JSON: ["a","b"],
     {"collection":[...]}, {"picture":"<base64>"}.
-    Arguments that only give something back may be left out.
+    Arguments that give something back may be left out; a constant may stand as its name.
 rpc       answers JSON-RPC 2.0 messages, one a line, on standard input and output
 registry  works on the registry; a FILE of - is standard input or output
     export KEY [FILE]     writes a key, such as HKCU\Software\X, and all beneath it as a .reg file
@@ -50,8 +50,7 @@ registry  works on the registry; a FILE of - is standard input or output
 
 /// Also has the person told why something could not be done.
 void callMember(std::span<const String> words, std::ostream& out, std::ostream& err, Ports& ports) {
-    call(words, out, ports);
-    if (const std::string reason = ports::takeReason(); !reason.empty())
+    if (const std::string reason = call(words, out, ports); !reason.empty())
         err << "quorkit: " << reason << '\n';
 }
 
@@ -61,17 +60,17 @@ void runCommand(std::span<const String> words, std::istream& in, std::ostream& o
     const String& command = words.front();
     const auto rest = words.subspan(1);
     if (command == u"call") return callMember(rest, out, err, ports);
-    if (command == u"describe") return describe(rest, out);
+    if (command == u"describe") return describeCommand(rest, out);
     if (command == u"registry") return registry(rest, in, out, ports);
-    if (!rest.empty()) throw UsageError(toUtf8(command) + " takes no arguments");
+    if (!rest.empty()) throw UsageError(json::toUtf8(command) + " takes no arguments");
     if (command == u"list") return list(out);
-    if (command == u"rpc") return serve(in, out, ports);
+    if (command == u"rpc") return rpc::serve(in, out, ports);
     if (command == u"--help") {
         out << kUsage << kHelp;
     } else if (command == u"--version") {
         out << "quorkit " QUORKIT_VERSION "\n";
     } else {
-        throw UsageError("no such command: " + toUtf8(command));
+        throw UsageError("no such command: " + json::toUtf8(command));
     }
 }
 
@@ -85,13 +84,12 @@ int run(const std::vector<String>& arguments, std::istream& in, std::ostream& ou
     } catch (const UsageError& error) {
         err << "quorkit: " << error.what() << '\n' << kUsage;
         return 2;
-    } catch (const AutomationError& error) {
-        err << "quorkit: error " << error.number() << ": " << error.what() << '\n';
-        return 1;
-    } catch (const std::exception& failure) {
+    } catch (const Failure& failure) {
         err << "quorkit: " << failure.what() << '\n';
-        return 1;
+    } catch (...) {
+        err << "quorkit: " << Failure(errorOf(std::current_exception())).what() << '\n';
     }
+    return 1;
 }
 
 }  // namespace quorkit::cli

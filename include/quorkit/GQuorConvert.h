@@ -19,7 +19,8 @@ class GQuorConvert {
     /// Splits `s` at every `delimiter` (by code unit) into `sArray`, counted from 0, and returns
     /// the number of elements. A delimiter at the end gives no empty last element; an empty text
     /// gives one empty element. An empty delimiter never matches: one element. Linear.
-    Long StringTokenToStringArray(const String& s, const String& delimiter, Array<String>& sArray);
+    Long StringTokenToStringArray(const String& s, const String& delimiter,
+                                  Out<Array<String>> sArray);
 
     /// Appends the pieces of `s` to `c`, which is made when it is Nothing and `s` is not empty;
     /// with `bTrim` without the blanks at both ends. Empty pieces are kept, an empty `s` adds

@@ -91,7 +91,7 @@ class GQuorFile {
     /// `FileAttrCompare` is pairs of a sign and a letter, R read-only, H hidden, S system, A
     /// archive: "+" must be set, any other sign must not; "-H-S" leaves out hidden and system
     /// files. Other letters, and half a pair, say nothing.
-    Long getFilesFromDirectoryEx(const String& sDirName, Array<String>& saFileList,
+    Long getFilesFromDirectoryEx(const String& sDirName, Out<Array<String>> saFileList,
                                  const Optional<String, Text(u"*.*")>& sFilter = {},
                                  Optional<Boolean> bIncludeDirName = {},
                                  const Optional<Variant>& FileDateCompare1 = {},
@@ -111,7 +111,7 @@ class GQuorFile {
     /// Puts the full names of the folders in a folder into `saDirList`, without a "\" at the end.
     /// Their number; -1 on a failure, after a message to the user: error 94 for Null, 13 for what
     /// is no text.
-    Long GetAllSubDirectories(const Variant& sDirName, Array<String>& saDirList);
+    Long GetAllSubDirectories(const Variant& sDirName, Out<Array<String>> saDirList);
 
     /// Makes a table (0 to 1, 0 to extensions - 1) of the extensions in a folder, in small letters
     /// with their full stop ("" for names without), and how many files have each, as text. In the
@@ -149,7 +149,7 @@ class GQuorFile {
 
     /// Reads a file into `rbaArray`, counted from 1. An empty file is error 9; one of 2 GB or more
     /// is error 6. An error leaves the array as it is.
-    void LoadFileToByteArray(const String& vsFileName, Array<Byte>& rbaArray);
+    void LoadFileToByteArray(const String& vsFileName, Out<Array<Byte>> rbaArray);
     /// Writes the elements of an array, whatever its bounds, as the whole content of a file. It
     /// takes the place of the old content in one step, on the disk; an error leaves that as it is.
     /// Rights and owner stay. The folder must allow writing too. Error 9 when the array is
@@ -222,8 +222,8 @@ class GQuorFile {
     String getFileVersion(const String& sFileName);
     /// The four numbers, each 0 to 65535. False where getFileVersion gives ""; they are then left
     /// as they are.
-    Boolean getFileVersionNumbers(const String& sFileName, Long& Major, Long& Minor, Long& Revision,
-                                  Long& Build);
+    Boolean getFileVersionNumbers(const String& sFileName, Out<Long> Major, Out<Long> Minor,
+                                  Out<Long> Revision, Out<Long> Build);
 
    private:
     Ports& ports_;

@@ -70,7 +70,7 @@ class GQuorRegistry {
     DictionaryRef Reg_EnumKeyValuesEx(const String& sPath);
     /// How many keys stand directly beneath a key; `saSubPaths` becomes their names, counted from
     /// 1, or stays as it is when there are none.
-    Long Reg_EnumSubPaths(const String& sPath, Array<String>& saSubPaths);
+    Long Reg_EnumSubPaths(const String& sPath, Out<Array<String>> saSubPaths);
 
     /// Writes every item of `cData` as a text (True as "True", 5 as "5") of the type REG_SZ under
     /// its key, all at once, and makes the key when it is missing. Names that no value can have are

@@ -90,7 +90,7 @@ class GQuorStrings {
 
     /// `Param` before its first "=" goes to `cmd`, what follows to `arg`. Without "=" all of it
     /// goes to `cmd`, and `arg` stays as it is. Error 6 when it is longer than 32,767 characters.
-    void SplitDOSCMDParam(const String& Param, String& cmd, String& arg);
+    void SplitDOSCMDParam(const String& Param, Out<String> cmd, Out<String> arg);
 
     /// `s` without the digits at its end, in upper or lower case when told so.
     /// Error 6 when it is longer than 32,767 characters.
@@ -104,8 +104,8 @@ class GQuorStrings {
     /// any number, rounded to the nearest, halves to even; -1 when it is none. Returns 0 when all
     /// could be read, otherwise -1. A component beyond 32 bits ends the reading: the result, that
     /// component and those behind it are -1. An empty text has one component, which is no number.
-    Long SplitAppVersionString(const String& sVersionNr, Long& Major, Long& Minor, Long& Revision,
-                               Long& Build);
+    Long SplitAppVersionString(const String& sVersionNr, Out<Long> Major, Out<Long> Minor,
+                               Out<Long> Revision, Out<Long> Build);
     /// One component of a version, as SplitAppVersionString reads it.
     Long ExtractMajorVersionFromAppVersionString(const String& sVersion);
     Long ExtractMinorVersionFromAppVersionString(const String& sVersion);

@@ -25,7 +25,7 @@ class GQuorWindows {
     /// ones are "Neue, unbekannte Windows-Version" and eOSVersion_Future, and what is not Windows
     /// is "Unbekannte Version". A Windows 2000 server with both suites counts as an Advanced
     /// Server, a 2003 one as a Datacenter Server.
-    Boolean GetOSVersion(String& sName, eOSVersion& OSVersion, String& sServicePack);
+    Boolean GetOSVersion(Out<String> sName, Out<eOSVersion> OSVersion, Out<String> sServicePack);
     /// The language of the user's interface, or when that is not known the system's own;
     /// eLanguage_Unknown for one that has no constant. Never eLanguage_System.
     eLanguage GetOSLanguage();
@@ -64,8 +64,8 @@ class GQuorWindows {
 
     /// The part of the screen that panels leave to windows, in a unit (eUnits; pixels for any other
     /// number). `iWidth` and `iHeight` are its right and lower edges. All are 0 without a screen.
-    void getWorkingScreenSize(Long eUnits, Double& iLeft, Double& iTop, Double& iWidth,
-                              Double& iHeight);
+    void getWorkingScreenSize(Long eUnits, Out<Double> iLeft, Out<Double> iTop, Out<Double> iWidth,
+                              Out<Double> iHeight);
     /// To the nearest pixel, halves to the even one. Error 6 when out of range.
     Long ConvertPointsToPixels(Double Points);
     Double ConvertPixelsToPoints(Long Pixels);

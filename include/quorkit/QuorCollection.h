@@ -57,14 +57,15 @@ class QuorCollection {
 
     /// Fills `saKeyNames` with all keys in order, counted from 1, and returns their number. An
     /// empty collection gives one empty text, and 0.
-    Long getAllKeyNames(Array<String>& saKeyNames) const;
+    Long getAllKeyNames(Out<Array<String>> saKeyNames) const;
 
     /// A new collection with the same keys and values; objects are shared with this one.
     QuorCollection clone() const;
 
-   private:
-    friend ObjectRef objectOf(QuorCollection result);
+    /// Removes all elements.
+    void letGo();
 
+   private:
     Ports* ports_;
     std::unique_ptr<KeyedList> list_;
 };

@@ -42,9 +42,9 @@ class QuorInifile {
 
     /// The names of a section's keys as a String array counted from 0, one empty element when
     /// there are none. Names past 32767 characters in all are dropped.
-    Variant ReadSectionKeys(const String& sSection, Long& countKeysRead);
+    Variant ReadSectionKeys(const String& sSection, Out<Long> countKeysRead);
     /// The names of the file's sections, in the same form.
-    Variant ReadSectionNames(Long& countSectionsRead);
+    Variant ReadSectionNames(Out<Long> countSectionsRead);
 
     /// Removes a section with all its lines. 1, or 0 when it is not there or cannot be written.
     Long DeleteSection(const String& sSection);
@@ -69,7 +69,7 @@ class QuorInifile {
     /// that walk the table by it miss the last entries when a line without "=" comes earlier. The
     /// text of the section is cut at 32767 characters, or at `lSectionSizeInByte` when that is
     /// more.
-    Variant ReadSectionContent(const String& sSection, Long& countKeys,
+    Variant ReadSectionContent(const String& sSection, Out<Long> countKeys,
                                const Optional<Variant>& lSectionSizeInByte = {});
 
     /// Merges a key/value table (any lower bounds) into a section: present keys get the new value
@@ -108,7 +108,7 @@ class QuorInifile {
     /// The section as a key/value table with the values of several lines joined. `countKeys` is
     /// the number of entries, -2 when a key occurs twice, -1 on an error. Keys that end in a digit
     /// are left out.
-    Variant ReadMultiLineSection(const String& sSection, Long& countKeys,
+    Variant ReadMultiLineSection(const String& sSection, Out<Long> countKeys,
                                  const Optional<Variant>& lSectionSizeInByte = {});
 
     /// Like DeleteKeys, but each key goes with its numbered lines; counts the main keys only. A key

@@ -7,32 +7,45 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <span>
 
 namespace quorkit {
 
 struct Ports;
 
-/// The types that cross the interface. Constants of an enumeration cross as Long.
+struct ClassInfo;
+struct EnumerationInfo;
+
+// GCC takes scoped enumerators for ones that hide the types of the same name.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow"
+/// The types that cross the interface.
 enum class Type {
     None,  ///< a member without a result
-    Bool,
-    Int16,
-    Int32,
-    Float,
+    Boolean,
+    Integer,
+    Long,
+    Double,
     Date,
-    Text,
-    Any,  ///< a Variant
-    TextArray,
+    String,
+    Variant,
+    StringArray,
     ByteArray,
-    AnyArray,
+    VariantArray,
     Object,
 };
+#pragma GCC diagnostic pop
 
 struct TypeInfo {
     Type type = Type::None;
-    /// As published: "Long", "String()", and for enumerations and objects their own name.
-    const char* name = "";
+    /// Of a Long that is one of an enumeration's constants.
+    const EnumerationInfo* enumeration = nullptr;
+    /// Of an Object that is of one class.
+    const ClassInfo& (*classOf)() = nullptr;
+
+    /// As published: "Long", "String()", or the name of the enumeration or class; "" for None.
+    const char* name() const;
 };
 
 struct ParameterInfo {
@@ -40,6 +53,7 @@ struct ParameterInfo {
     TypeInfo type;
     bool byReference = false;
     bool changed = false;  ///< by reference, and the member may change it
+    bool result = false;   ///< changed, and the member never looks at what is handed in
     /// The value of an omitted argument; null when the argument must be given.
     Variant (*defaultValue)() = nullptr;
 
@@ -59,7 +73,7 @@ struct MemberInfo {
     std::array<ParameterInfo, kMaxParameters> parameterRow = {};
     const char* sentence = "";
     /// Runs the member on `self` with one Variant of exactly the parameter's type per parameter.
-    Variant (*run)(void* self, Variant* arguments) = nullptr;
+    Variant (*run)(void* self, Ports* ports, Variant* arguments) = nullptr;
 
     std::span<const ParameterInfo> parameters() const {
         return {parameterRow.data(), parameterCount};
@@ -69,15 +83,20 @@ struct MemberInfo {
 enum class ClassKind {
     Global,     ///< one shared instance for a client, made on first use
     Creatable,  ///< as many instances as the client makes
+    Runtime,    ///< an object of the automation runtime, which members give and take
 };
 
 struct ClassInfo {
     const char* name = "";
     ClassKind kind = ClassKind::Global;
     const char* role = "";
+    /// The frozen identities of the class's interface and of the class itself, such as
+    /// "673d863e-04b8-44f9-aadf-94b1a8221c8d".
+    const char* interfaceIdentity = "";
+    const char* identity = "";
     /// One row each; a property has one for its get and one for its let.
     std::span<const MemberInfo> (*members)() = nullptr;
-    /// Makes an instance over the given ports.
+    /// Makes an instance over the given ports; null when a client cannot make one.
     ObjectRef (*create)(Ports&) = nullptr;
 };
 
@@ -92,17 +111,42 @@ struct EnumerationInfo {
     std::span<const ConstantInfo> constants;
 };
 
+struct FieldInfo {
+    const char* name = "";
+    TypeInfo type;
+};
+
+struct RecordInfo {
+    const char* name = "";
+    const char* sentence = "";
+    std::span<const FieldInfo> fields;
+};
+
+/// The frozen identity of the library as a whole.
+inline constexpr const char* kLibraryIdentity = "673d863d-04b8-44f9-aadf-94b1a8221c8d";
+
 /// All public classes, in the published order.
 std::span<const ClassInfo> classes();
-/// The class of that name, matched without regard to case; null when there is none.
+/// The classes of the runtime's own objects.
+std::span<const ClassInfo> runtimeClasses();
+/// The public or runtime class of that name, matched without regard to case; null when there is
+/// none.
 const ClassInfo* findClass(StringView name);
 
 /// The row that a call of this kind reaches by name, without regard to case, or by identifier;
 /// null when there is none.
 const MemberInfo* findMember(const ClassInfo& info, StringView name, CallKind kind);
 const MemberInfo* findMember(const ClassInfo& info, Long identifier, CallKind kind);
+/// Which of a member's parameters has that name, without regard to case; nothing when none has.
+std::optional<std::size_t> findParameter(const MemberInfo& member, StringView name);
 
-/// All public enumerations.
+/// All public enumerations, and all public records.
 std::span<const EnumerationInfo> enumerations();
+std::span<const RecordInfo> records();
+/// The one of that name, matched without regard to case; null when there is none.
+const EnumerationInfo* findEnumeration(StringView name);
+const RecordInfo* findRecord(StringView name);
+/// The value of a constant by its name, without regard to case; nothing when there is none.
+std::optional<Long> findConstant(const EnumerationInfo& enumeration, StringView name);
 
 }  // namespace quorkit

@@ -1,52 +1,70 @@
 // The automation runtime's collection object.
 #pragma once
 
+#include <quorkit/catalogue_object.h>
+#include <quorkit/parameters.h>
 #include <quorkit/variant.h>
 
 #include <memory>
-#include <unordered_map>
-#include <vector>
 
 namespace quorkit {
 
+class Collection;
+using CollectionRef = std::shared_ptr<Collection>;
+
 /// An ordered list of Variants counted from 1, each optionally under a unique key that is matched
-/// without regard to case and kept as spelled.
-class Collection final : public Object {
+/// without regard to case and kept as spelled. Members take any object that is one: `make` gives
+/// the library's own, `of` makes one of a client's.
+class Collection : public CatalogueObject {
    public:
     struct Entry {
-        String key;  ///< empty when the item has none
+        String key;  ///< empty when the item has none, or nobody can tell
         Variant item;
     };
 
-    const char* className() const override { return "Collection"; }
-    void letGo() override;
+    /// A new one, without items.
+    static CollectionRef make();
+    /// The object as a collection: itself, or for one that is not the library's one that calls the
+    /// members Count, Item, Add and Remove of it by name. Error 13 when it has no Count; Nothing
+    /// stays Nothing.
+    static CollectionRef of(const ObjectRef& object);
+
+    const ClassInfo& info() const override;
+
+    virtual Long count() const = 0;
+    /// Error 9 when `position` is not in 1 ... count().
+    virtual Entry entry(Long position) const = 0;
+    /// Error 5 when there is no such key.
+    virtual Entry entry(StringView key) const = 0;
+    virtual bool contains(StringView key) const = 0;
+    /// Puts an entry at `position`, in front of the one that has it. Error 9 out of
+    /// 1 ... count() + 1, 457 when the key is present.
+    virtual void insert(Long position, Entry entry) = 0;
+    /// Error 9 when `position` is not in 1 ... count().
+    virtual void remove(Long position) = 0;
+    /// Error 5 when there is no such key.
+    virtual void remove(StringView key) = 0;
 
     /// Appends an item; an empty key is no key. Error 457 when the key is present.
-    void add(Variant item, String key = {});
-    /// Puts an item without a key in front of the one at `position`. Error 9 out of 1 ... count().
-    void insertBefore(Long position, Variant item);
+    void add(Variant item, String key = {}) {
+        insert(count() + 1, {std::move(key), std::move(item)});
+    }
+    Variant item(Long position) const { return entry(position).item; }
+    Variant item(StringView key) const { return entry(key).item; }
 
-    Long count() const { return static_cast<Long>(entries_.size()); }
-    /// Error 9 when `position` is not in 1 ... count().
-    const Variant& item(Long position) const { return entry(position).item; }
-    const Entry& entry(Long position) const;
-    /// Error 5 when there is no such key.
-    const Variant& item(StringView key) const { return entry(key).item; }
-    const Entry& entry(StringView key) const;
-    bool contains(StringView key) const;
+    // --- As a late-bound client calls it: an index is a position or, as a text, a key ---
 
-    /// Error 9 when `position` is not in 1 ... count().
-    void remove(Long position);
-    /// Error 5 when there is no such key.
-    void remove(StringView key);
+    /// `Before` or `After` is the index of the item to stand beside. Error 5 for both.
+    void Add(const Variant& Item, const Optional<Variant>& Key = {},
+             const Optional<Variant>& Before = {}, const Optional<Variant>& After = {});
+    Variant Item(const Variant& Index) const;
+    void Remove(const Variant& Index);
+    /// The items in order.
+    Variant elements() override;
 
    private:
-    std::size_t index(Long position) const;
-
-    std::vector<std::unique_ptr<Entry>> entries_;
-    std::unordered_map<String, const Entry*> byKey_;  // folded key; entries keep their address
+    void* self() final { return this; }
+    Long positionOf(const Variant& index) const;
 };
-
-using CollectionRef = std::shared_ptr<Collection>;
 
 }  // namespace quorkit

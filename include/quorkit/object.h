@@ -48,8 +48,14 @@ class Object {
     /// Raises what the member raises, and 438, 448, 449, 450 or 13 for a call that does not fit it.
     virtual Variant invoke(Long identifier, CallKind kind, const Arguments& arguments);
 
-    /// Calls a member by name.
-    Variant call(StringView name, CallKind kind = CallKind::Call, const Arguments& arguments = {});
+    /// Calls a member by name, as `invoke` does by identifier. An object of a client's own has
+    /// members by name alone and need not answer the two above: it overrides className and this.
+    virtual Variant call(StringView name, CallKind kind = CallKind::Call,
+                         const Arguments& arguments = {});
+
+    /// What a loop over the object visits, as a Variant array counted from 0.
+    /// Error 438 for an object that is no container.
+    virtual Variant elements();
 };
 
 using ObjectRef = std::shared_ptr<Object>;

@@ -1,4 +1,4 @@
-// Two words for a member's signature that C++ lacks. The catalogue reads them from the declaration.
+// Words for a member's signature that C++ lacks. The catalogue reads them from the declaration.
 #pragma once
 
 #include <quorkit/variant.h>
@@ -32,6 +32,23 @@ class Unchanged {
    private:
     std::optional<T> made_;
     const T& value_;
+};
+
+/// A parameter that carries a result out: the member never looks at what is handed in. What the
+/// member does not set stays as it was. Stands for the caller's variable, which must live on.
+template <class T>
+class Out {
+   public:
+    Out(T& target) : target_(target) {}  // NOLINT(google-explicit-constructor): stands for it
+    template <class U>
+    requires std::assignable_from<T&, U>
+    Out& operator=(U&& value) {
+        target_ = std::forward<U>(value);
+        return *this;
+    }
+
+   private:
+    T& target_;
 };
 
 /// A text as a template argument: Optional<String, Text(u"@#")>.

@@ -1,29 +1,40 @@
 // The picture object of the interface.
 #pragma once
 
-#include <quorkit/object.h>
+#include <quorkit/array.h>
+#include <quorkit/catalogue_object.h>
 
 #include <memory>
 #include <string>
 
 namespace quorkit {
 
+class Picture;
+using PictureRef = std::shared_ptr<Picture>;
+
 /// A picture, as the bytes of its file: BMP, PNG, JPEG, GIF, WMF with a placeable header, or EMF.
-class Picture final : public Object {
+class Picture final : public CatalogueObject {
    public:
     /// Error 481 when the bytes do not begin as such a file does; nothing looks further.
     explicit Picture(std::string file);
+    /// The object as a picture: itself, or for one that is not the library's a picture of the bytes
+    /// that its property File has. Error 13 when it has none; Nothing stays Nothing.
+    static PictureRef of(const ObjectRef& object);
 
-    const char* className() const override { return "Picture"; }
+    const ClassInfo& info() const override;
+
     const std::string& file() const { return file_; }
     /// Whether it is a WMF or EMF.
     bool isMetafile() const { return isMetafile_; }
 
+    /// The bytes of the file, counted from 0, as a late-bound client has them.
+    Array<Byte> File() const;
+
    private:
+    void* self() override { return this; }
+
     std::string file_;
     bool isMetafile_;
 };
-
-using PictureRef = std::shared_ptr<Picture>;
 
 }  // namespace quorkit

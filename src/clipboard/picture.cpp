@@ -4,6 +4,9 @@
 #include <utility>
 
 #include "clipboard/picture_kind.h"
+#include "frame/conversion.h"
+#include "frame/foreign_object.h"
+#include "frame/instance.h"
 
 namespace quorkit {
 
@@ -11,6 +14,23 @@ Picture::Picture(std::string file) : file_(std::move(file)) {
     const auto kind = pictureKindOf(file_);
     if (!kind) raise(ErrorNumber::InvalidPicture);
     isMetafile_ = quorkit::isMetafile(*kind);
+}
+
+PictureRef Picture::of(const ObjectRef& object) {
+    return frame::ForeignObject::adapted<Picture>(
+        object, u"File", [](const ObjectRef&, Variant file) {
+            frame::convert(file, {Type::ByteArray}, nullptr);
+            const std::vector<Byte>& bytes = file.get<Array<Byte>>().elements();
+            return std::make_shared<Picture>(std::string(bytes.begin(), bytes.end()));
+        });
+}
+
+const ClassInfo& Picture::info() const {
+    return classInfo<Picture>();
+}
+
+Array<Byte> Picture::File() const {
+    return Array<Byte>(std::vector<Byte>(file_.begin(), file_.end()));
 }
 
 }  // namespace quorkit

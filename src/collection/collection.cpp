@@ -65,13 +65,17 @@ Long QuorCollection::count() const {
     return list_->count();
 }
 
-Long QuorCollection::getAllKeyNames(Array<String>& saKeyNames) const {
+Long QuorCollection::getAllKeyNames(Out<Array<String>> saKeyNames) const {
     std::vector<String> names;
     names.reserve(static_cast<std::size_t>(count()));
     for (Long i = 1; i <= count(); ++i) names.push_back(list_->at(i)->first);
     if (names.empty()) names.emplace_back();
     saKeyNames = Array<String>(std::move(names), 1);
     return count();
+}
+
+void QuorCollection::letGo() {
+    while (removeByIndex(count())) continue;
 }
 
 QuorCollection QuorCollection::clone() const {

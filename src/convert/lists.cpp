@@ -15,7 +15,7 @@ Variant asItem(const T& element) {
 
 template <class T>
 CollectionRef collected(const Array<T>& array) {
-    auto c = std::make_shared<Collection>();
+    auto c = Collection::make();
     const std::vector<T>& elements = array.elements();
     if (array.dimensions() < 2) {
         for (const T& element : elements) c->add(asItem(element));

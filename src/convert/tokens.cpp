@@ -24,21 +24,22 @@ StringView eachPieceBefore(StringView delimiter, StringView s, Take take) {
 }  // namespace
 
 Long GQuorConvert::StringTokenToStringArray(const String& s, const String& delimiter,
-                                            Array<String>& sArray) {
+                                            Out<Array<String>> sArray) {
     std::vector<StringView> views;  // the texts are made when their number is known
     const StringView rest =
         eachPieceBefore(delimiter, s, [&](StringView piece) { views.push_back(piece); });
     // Whether `s` ends with the delimiter decides, not whether a rest is left: where delimiters
     // could overlap ("aaa" at "aa") the rest is dropped.
     if (views.empty() || !s.ends_with(delimiter)) views.push_back(rest);
+    const auto count = static_cast<Long>(views.size());
     sArray = Array<String>(std::vector<String>(views.begin(), views.end()));
-    return sArray.bounds().count;
+    return count;
 }
 
 Long GQuorConvert::StringTokenToStringCollection(const String& s, const String& delimiter,
                                                  Boolean bTrim, CollectionRef& c) {
     if (!s.empty()) {
-        if (c == nullptr) c = std::make_shared<Collection>();
+        if (c == nullptr) c = Collection::make();
         const auto add = [&](StringView piece) {
             c->add(String(bTrim ? runtime::Trim(piece) : piece));
         };

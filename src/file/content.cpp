@@ -20,7 +20,7 @@ void require(ErrorCode code) {
 
 }  // namespace
 
-void GQuorFile::LoadFileToByteArray(const String& vsFileName, Array<Byte>& rbaArray) {
+void GQuorFile::LoadFileToByteArray(const String& vsFileName, Out<Array<Byte>> rbaArray) {
     OpenFile file(ports_.files, vsFileName);
     const std::uint64_t size = file.size();
     require(file.status());

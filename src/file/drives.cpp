@@ -59,7 +59,7 @@ String GQuorFile::DriveType2DriveTypeName(eDriveType typ,
 }
 
 CollectionRef GQuorFile::GetAllLogicalDrives() {
-    auto drives = std::make_shared<Collection>();
+    auto drives = Collection::make();
     for (const String& root : ports_.drives.GetLogicalDriveStringsA())
         drives->add(root.substr(0, 2));
     return drives;

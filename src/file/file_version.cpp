@@ -15,8 +15,8 @@ String GQuorFile::getFileVersion(const String& sFileName) {
     return GQuorStrings(ports_).formatAppVersionString(text);
 }
 
-Boolean GQuorFile::getFileVersionNumbers(const String& sFileName, Long& Major, Long& Minor,
-                                         Long& Revision, Long& Build) {
+Boolean GQuorFile::getFileVersionNumbers(const String& sFileName, Out<Long> Major, Out<Long> Minor,
+                                         Out<Long> Revision, Out<Long> Build) {
     const auto version = readFileVersion(ports_.files, sFileName);
     if (!version) return false;
     Major = (*version)[0];

@@ -98,7 +98,7 @@ class FolderFiles {
 
 }  // namespace
 
-Long GQuorFile::getFilesFromDirectoryEx(const String& sDirName, Array<String>& saFileList,
+Long GQuorFile::getFilesFromDirectoryEx(const String& sDirName, Out<Array<String>> saFileList,
                                         const Optional<String, Text(u"*.*")>& sFilter,
                                         Optional<Boolean> bIncludeDirName,
                                         const Optional<Variant>& FileDateCompare1,
@@ -144,7 +144,7 @@ Long GQuorFile::GetFilesFromDirectory3(const String& sDirName, const String& sFi
     return result;
 }
 
-Long GQuorFile::GetAllSubDirectories(const Variant& sDirName, Array<String>& saDirList) {
+Long GQuorFile::GetAllSubDirectories(const Variant& sDirName, Out<Array<String>> saDirList) {
     std::vector<String> names;
     const Long result = onErrorTell(ports_.host, [&] {
         const String folder = withBackslash(runtime::CStr(sDirName));

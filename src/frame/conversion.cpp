@@ -3,7 +3,7 @@
 #include "runtime/convert.h"
 #include "windows/ui_language.h"
 
-namespace quorkit {
+namespace quorkit::frame {
 namespace {
 
 Byte byteOf(const Variant& value) {
@@ -41,39 +41,39 @@ void requireVariants(Variant& value) {
 
 }  // namespace
 
-void convert(Variant& value, const TypeInfo& type, Ports& ports) {
+void convert(Variant& value, const TypeInfo& type, Ports* ports) {
     switch (type.type) {
         case Type::None:
-        case Type::Any:
+        case Type::Variant:
             return;
-        case Type::Bool:
+        case Type::Boolean:
             if (!value.is<Boolean>()) value = runtime::CBool(value);
             return;
-        case Type::Int16:
+        case Type::Integer:
             if (!value.is<Integer>()) value = runtime::CInt(value);
             return;
-        case Type::Int32:
+        case Type::Long:
             if (!value.is<Long>()) value = runtime::CLng(value);
             return;
-        case Type::Float:
+        case Type::Double:
             if (!value.is<Double>()) value = runtime::CDbl(value);
             return;
         case Type::Date:
-            if (value.is<String>())
-                value = runtime::CDate(value, uiLanguage(ports));
+            if (value.is<String>() && ports != nullptr)
+                value = runtime::CDate(value, uiLanguage(*ports));
             else if (!value.is<Date>())
                 value = runtime::CDate(value);
             return;
-        case Type::Text:
+        case Type::String:
             if (!value.is<String>()) value = runtime::CStr(value);
             return;
-        case Type::TextArray:
+        case Type::StringArray:
             requireArray<String>(value, runtime::CStr);
             return;
         case Type::ByteArray:
             requireArray<Byte>(value, byteOf);
             return;
-        case Type::AnyArray:
+        case Type::VariantArray:
             requireVariants(value);
             return;
         case Type::Object:
@@ -82,4 +82,4 @@ void convert(Variant& value, const TypeInfo& type, Ports& ports) {
     }
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::frame

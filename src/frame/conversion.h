@@ -5,12 +5,13 @@
 #include <quorkit/ports/ports.h>
 #include <quorkit/variant.h>
 
-namespace quorkit {
+namespace quorkit::frame {
 
 /// Converts `value` in place to `type`, as the automation runtime does when a call is made. Only a
-/// text that is to be a Date makes it ask the system for the user's language.
+/// text that is to be a Date makes it ask the system for the user's language: `ports`, or English
+/// without.
 /// Error 13 when it does not convert, 6 when it does not fit, 94 for Null where a value is needed;
 /// `value` is then unchanged.
-void convert(Variant& value, const TypeInfo& type, Ports& ports);
+void convert(Variant& value, const TypeInfo& type, Ports* ports);
 
-}  // namespace quorkit
+}  // namespace quorkit::frame

@@ -2,7 +2,13 @@
 
 #include <bit>
 #include <cstdint>
+#include <map>
+#include <unordered_map>
 #include <utility>
+
+#include "frame/foreign_object.h"
+#include "frame/instance.h"
+#include "runtime/convert.h"
 
 namespace quorkit {
 namespace {
@@ -41,36 +47,135 @@ String textOf(const Variant& key) {
     return std::visit(KeyText{}, static_cast<const VariantValue&>(key));
 }
 
+class OwnDictionary final : public Dictionary {
+   public:
+    void letGo() override {
+        numbers_.clear();
+        const auto gone = std::exchange(entries_, {});
+    }
+
+    Long count() const override { return static_cast<Long>(entries_.size()); }
+    std::vector<Entry> entries() const override {
+        std::vector<Entry> all;
+        all.reserve(entries_.size());
+        for (const auto& [number, entry] : entries_) all.push_back(entry);
+        return all;
+    }
+    std::optional<Variant> find(const Variant& key) const override {
+        const auto found = numbers_.find(textOf(key));
+        if (found == numbers_.end()) return {};
+        return entries_.at(found->second).item;
+    }
+    void add(Variant key, Variant item) override {
+        const auto [place, added] = numbers_.try_emplace(textOf(key), next_);
+        if (!added) raise(ErrorNumber::KeyAlreadyPresent);
+        try {
+            entries_.emplace_hint(entries_.end(), next_, Entry{std::move(key), std::move(item)});
+        } catch (...) {
+            numbers_.erase(place);
+            throw;
+        }
+        ++next_;
+    }
+    void set(Variant key, Variant item) override {
+        const auto found = numbers_.find(textOf(key));
+        if (found == numbers_.end()) return add(std::move(key), std::move(item));
+        std::swap(entries_.at(found->second).item, item);
+    }
+    bool remove(const Variant& key) override {
+        const auto found = numbers_.find(textOf(key));
+        if (found == numbers_.end()) return false;
+        const auto gone = entries_.extract(found->second);  // released when all is whole again
+        numbers_.erase(found);
+        return true;
+    }
+
+   private:
+    std::map<std::uint64_t, Entry> entries_;             // in the order of their adding
+    std::unordered_map<String, std::uint64_t> numbers_;  // by a text that is unique per key
+    std::uint64_t next_ = 0;
+};
+
+/// A client's own object: it is asked for everything.
+class ForeignDictionary final : public Dictionary {
+   public:
+    explicit ForeignDictionary(ObjectRef object) : object_(std::move(object)) {}
+
+    Long count() const override { return runtime::CLng(object_.get(u"Count")); }
+    std::vector<Entry> entries() const override {
+        const Variant keys = object_.get(u"Keys");
+        std::vector<Entry> all;
+        const auto append = [&](const auto& array) {
+            for (const auto& key : array.elements())
+                all.push_back({key, object_.get(u"Item", {key})});
+        };
+        if (const auto* variants = keys.getIf<Array<Variant>>())
+            append(*variants);
+        else if (const auto* texts = keys.getIf<Array<String>>())
+            append(*texts);
+        else
+            raise(ErrorNumber::TypeMismatch);
+        return all;
+    }
+    std::optional<Variant> find(const Variant& key) const override {
+        if (!runtime::CBool(object_.call(u"Exists", {key}))) return {};
+        return object_.get(u"Item", {key});
+    }
+    void add(Variant key, Variant item) override {
+        object_.call(u"Add", {std::move(key), std::move(item)});
+    }
+    void set(Variant key, Variant item) override {
+        object_.let(u"Item", {std::move(key), std::move(item)});
+    }
+    bool remove(const Variant& key) override {
+        return resumeNext([&] { object_.call(u"Remove", {key}); });
+    }
+
+   private:
+    frame::ForeignObject object_;
+};
+
 }  // namespace
 
-void Dictionary::letGo() {
-    positions_.clear();
-    const auto gone = std::exchange(entries_, {});
+DictionaryRef Dictionary::make() {
+    return std::make_shared<OwnDictionary>();
 }
 
-void Dictionary::add(Variant key, Variant item) {
-    String text = textOf(key);
-    if (positions_.contains(text)) raise(ErrorNumber::KeyAlreadyPresent);
-    entries_.push_back({std::move(key), std::move(item)});
-    try {
-        positions_.emplace(std::move(text), entries_.size() - 1);
-    } catch (...) {
-        entries_.pop_back();
-        throw;
-    }
+DictionaryRef Dictionary::of(const ObjectRef& object) {
+    return frame::ForeignObject::adapted<Dictionary>(
+        object, u"Keys", [](const ObjectRef& foreign, const Variant&) {
+            return std::make_shared<ForeignDictionary>(foreign);
+        });
 }
 
-void Dictionary::set(Variant key, Variant item) {
-    const auto found = positions_.find(textOf(key));
-    if (found == positions_.end())
-        add(std::move(key), std::move(item));
-    else
-        entries_[found->second].item = std::move(item);
+const ClassInfo& Dictionary::info() const {
+    return classInfo<Dictionary>();
 }
 
-const Variant* Dictionary::find(const Variant& key) const {
-    const auto found = positions_.find(textOf(key));
-    return found == positions_.end() ? nullptr : &entries_[found->second].item;
+Variant Dictionary::Item(const Variant& Key) {
+    if (auto item = find(Key)) return *std::move(item);
+    add(Key, {});
+    return {};
+}
+
+Variant Dictionary::Items() const {
+    std::vector<Variant> items;
+    for (Entry& entry : entries()) items.push_back(std::move(entry.item));
+    return Array<Variant>(std::move(items));
+}
+
+Variant Dictionary::Keys() const {
+    std::vector<Variant> keys;
+    for (Entry& entry : entries()) keys.push_back(std::move(entry.key));
+    return Array<Variant>(std::move(keys));
+}
+
+void Dictionary::Remove(const Variant& Key) {
+    if (!remove(Key)) raise(ErrorNumber::InvalidProcedureCall);
+}
+
+void Dictionary::RemoveAll() {
+    for (const Entry& entry : entries()) remove(entry.key);
 }
 
 }  // namespace quorkit

@@ -1,32 +1,45 @@
 #include <quorkit/dispatch.h>
 
-#include <algorithm>
+#include <new>
+#include <stdexcept>
+#include <utility>
 
-#include "frame/conversion.h"
+#include "frame/arguments.h"
 #include "frame/error_patterns.h"
-#include "frame/names.h"
 #include "frame/pending_error.h"
 
 namespace quorkit {
 namespace {
 
-const MemberInfo& reachableMember(const ClassInfo& info, Long identifier, CallKind kind) {
-    const MemberInfo* member = findMember(info, identifier, kind);
-    if (member == nullptr) raiseToClient(ErrorNumber::NoSuchMember);
-    return *member;
-}
-
 ObjectRef createOrRaise(const ClassInfo* info, Ports& ports) {
-    if (info == nullptr) raiseToClient(ErrorNumber::CannotCreateObject);
+    if (info == nullptr || info->create == nullptr) raiseToClient(ErrorNumber::CannotCreateObject);
     return info->create(ports);
 }
 
-std::size_t positionOf(const MemberInfo& member, StringView name) {
-    const auto parameters = member.parameters();
-    const auto found = std::ranges::find_if(
-        parameters, [&](const ParameterInfo& one) { return sameName(name, one.name); });
-    if (found == parameters.end()) raiseToClient(ErrorNumber::NamedArgumentNotFound);
-    return static_cast<std::size_t>(found - parameters.begin());
+/// Puts the constant in the place of its name.
+void resolve(Variant& value, const TypeInfo& type) {
+    const auto* name = value.getIf<String>();
+    if (name == nullptr || type.enumeration == nullptr) return;
+    if (const auto constant = findConstant(*type.enumeration, *name)) value = *constant;
+}
+
+/// `fitting`: how many of the values were what their parameters need.
+Variant callOwn(CatalogueObject& target, Call& request, std::vector<Variant>& values,
+                std::size_t& fitting) {
+    const MemberInfo* member = request.identifier
+                                   ? findMember(target.info(), *request.identifier, request.kind)
+                                   : findMember(target.info(), request.member, request.kind);
+    if (member == nullptr) raiseToClient(ErrorNumber::NoSuchMember);
+    frame::Values arranged =
+        frame::arrange(*member, frame::sourcesOf(*member, {request.positional, request.named}),
+                       request.variablesMayBeOmitted);
+    values.assign(
+        std::move_iterator(arranged.begin()),
+        std::move_iterator(arranged.begin() + static_cast<std::ptrdiff_t>(member->parameterCount)));
+    if (request.constantsByName)
+        for (std::size_t i = 0; i < values.size(); ++i)
+            resolve(values[i], member->parameterRow[i].type);
+    return target.run(*member, values, &fitting);
 }
 
 }  // namespace
@@ -43,74 +56,8 @@ Variant Object::call(StringView name, CallKind kind, const Arguments& arguments)
     return invoke(identifierOf(name), kind, arguments);
 }
 
-Long CatalogueObject::identifierOf(StringView name) const {
-    for (const CallKind kind : {CallKind::Call, CallKind::Let})
-        if (const MemberInfo* member = findMember(info(), name, kind)) return member->identifier;
+Variant Object::elements() {
     raiseToClient(ErrorNumber::NoSuchMember);
-}
-
-std::vector<Variant> arrange(const MemberInfo& member, const Arguments& arguments) {
-    const auto parameters = member.parameters();
-    if (arguments.positional.size() > parameters.size())
-        raiseToClient(ErrorNumber::WrongNumberOfArguments);
-    std::array<Variant*, MemberInfo::kMaxParameters> sources = {};
-    for (std::size_t i = 0; i < arguments.positional.size(); ++i)
-        sources[i] = &arguments.positional[i];
-    for (NamedArgument& one : arguments.named) {
-        Variant*& source = sources[positionOf(member, one.name)];
-        if (source != nullptr) raiseToClient(ErrorNumber::WrongNumberOfArguments);
-        source = &one.value;
-    }
-    for (std::size_t i = 0; i < parameters.size(); ++i)
-        if ((sources[i] == nullptr || sources[i]->isMissing()) && !parameters[i].optional())
-            raiseToClient(ErrorNumber::ArgumentNotOptional);
-
-    std::vector<Variant> values(parameters.size(), Variant::missing());
-    for (std::size_t i = 0; i < parameters.size(); ++i)
-        if (sources[i] != nullptr) values[i] = std::move(*sources[i]);
-    return values;
-}
-
-Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant> values) {
-    try {
-        return untrapped([&] {
-            for (std::size_t i = 0; i < member.parameterCount; ++i) {
-                const ParameterInfo& parameter = member.parameterRow[i];
-                if (values[i].isMissing()) {
-                    if (!parameter.optional()) raise(ErrorNumber::ArgumentNotOptional);
-                    values[i] = parameter.defaultValue();
-                }
-                convert(values[i], parameter.type, ports_);
-            }
-            return member.run(self(), values.data());
-        });
-    } catch (const AutomationError& error) {
-        setPendingError(error);
-        throw;
-    }
-}
-
-Variant CatalogueObject::invoke(Long identifier, CallKind kind, const Arguments& arguments) {
-    const MemberInfo& member = reachableMember(info(), identifier, kind);
-    if (arguments.named.empty() && arguments.positional.size() == member.parameterCount)
-        return run(member, arguments.positional);
-
-    std::vector<Variant> values = arrange(member, arguments);
-    const auto giveBack = [&] {
-        std::move(values.begin(),
-                  values.begin() + static_cast<std::ptrdiff_t>(arguments.positional.size()),
-                  arguments.positional.begin());
-        for (NamedArgument& one : arguments.named)
-            one.value = std::move(values[positionOf(member, one.name)]);
-    };
-    try {
-        Variant result = run(member, values);
-        giveBack();
-        return result;
-    } catch (...) {
-        giveBack();
-        throw;
-    }
 }
 
 ObjectRef Library::create(StringView className) {
@@ -123,6 +70,44 @@ ObjectRef Library::global(StringView className) {
     ObjectRef& object = globals_[info];
     if (object == nullptr) object = createOrRaise(info, ports_);
     return object;
+}
+
+ObjectRef Library::object(StringView className) {
+    const ClassInfo* info = findClass(className);
+    return info != nullptr && info->kind == ClassKind::Global ? global(className)
+                                                              : createOrRaise(info, ports_);
+}
+
+CallResult call(Object& target, Call request) {
+    CallResult outcome;
+    ports::takeReason();  // of what came before
+    auto* const own = dynamic_cast<CatalogueObject*>(&target);
+    constexpr auto none = static_cast<std::size_t>(-1);
+    std::size_t fitting = none;
+    try {
+        if (own != nullptr)
+            outcome.result = callOwn(*own, request, outcome.arguments, fitting);
+        else
+            outcome.result =
+                target.call(request.member, request.kind, {request.positional, request.named});
+    } catch (...) {
+        outcome.error = errorOf(std::current_exception(), target.className());
+        if (fitting < outcome.arguments.size()) outcome.error->argument = fitting;
+    }
+    if (own == nullptr || fitting == none) outcome.arguments = std::move(request.positional);
+    outcome.reason = ports::takeReason();
+    return outcome;
+}
+
+CallError errorOf(const std::exception_ptr& failure, const char* className) {
+    try {
+        untrapped([&] { std::rethrow_exception(failure); });
+        return {};
+    } catch (const AutomationError& error) {
+        setPendingError(error);
+        const std::string source = className == nullptr ? "" : "." + std::string(className);
+        return {error.number(), error.what(), "quorkit" + source, {}};
+    }
 }
 
 }  // namespace quorkit

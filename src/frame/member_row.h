@@ -2,15 +2,13 @@
 // by reference, optional or not and defaults all come from the signature.
 #pragma once
 
-#include <quorkit/QuorCollection.h>
 #include <quorkit/catalogue.h>
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
-#include <quorkit/dispatch.h>
-#include <quorkit/enumerations.h>
 #include <quorkit/parameters.h>
 #include <quorkit/picture.h>
 
+#include <concepts>
 #include <cstddef>
 #include <memory>
 #include <tuple>
@@ -18,68 +16,63 @@
 #include <utility>
 #include <variant>
 
+#include "frame/enumeration_rows.h"
+#include "frame/instance.h"
+
 namespace quorkit {
 
-/// The rows of a class, specialised in its <class>_members.cpp.
-template <class C>
-std::span<const MemberInfo> memberRows();
-
-/// A new object of a public class, for a member that returns the class by value.
-ObjectRef objectOf(QuorCollection result);
-
 namespace rows {
-
-#define ENUMERATION(name, sentence)               \
-    constexpr const char* enumerationName(name) { \
-        return #name;                             \
-    }
-#define CONSTANT(name, value)
-#define END(name)
-#include <quorkit/enumerations.def>
-#undef ENUMERATION
-#undef CONSTANT
-#undef END
 
 /// Types that stand in a Variant as they are.
 template <class T>
 concept Native = std::is_same_v<T, Variant> || VariantAlternative<T>;
 
+/// The C++ types of the interface, but for enumerations and classes.
+template <class T>
+inline constexpr Type kPlainType = Type::None;
+template <>
+inline constexpr Type kPlainType<Boolean> = Type::Boolean;
+template <>
+inline constexpr Type kPlainType<Integer> = Type::Integer;
+template <>
+inline constexpr Type kPlainType<Long> = Type::Long;
+template <>
+inline constexpr Type kPlainType<Double> = Type::Double;
+template <>
+inline constexpr Type kPlainType<Date> = Type::Date;
+template <>
+inline constexpr Type kPlainType<String> = Type::String;
+template <>
+inline constexpr Type kPlainType<Variant> = Type::Variant;
+template <>
+inline constexpr Type kPlainType<Array<String>> = Type::StringArray;
+template <>
+inline constexpr Type kPlainType<Array<Byte>> = Type::ByteArray;
+template <>
+inline constexpr Type kPlainType<Array<Variant>> = Type::VariantArray;
+template <>
+inline constexpr Type kPlainType<ObjectRef> = Type::Object;
+
+/// A reference to an object of one of the runtime's classes.
+template <class T>
+concept RuntimeRef =
+    std::derived_from<typename T::element_type, Object> && !std::is_same_v<T, ObjectRef>;
+/// A public class, which a member gives by value and a client gets as a new object.
+template <class T>
+concept PublicClass = std::is_class_v<T> && !Native<T> && !requires {
+    typename T::element_type;
+};
+
 template <class T>
 constexpr TypeInfo typeOf() {
-    if constexpr (std::is_void_v<T>)
-        return {Type::None, ""};
-    else if constexpr (std::is_same_v<T, Boolean>)
-        return {Type::Bool, "Boolean"};
-    else if constexpr (std::is_same_v<T, Integer>)
-        return {Type::Int16, "Integer"};
-    else if constexpr (std::is_same_v<T, Long>)
-        return {Type::Int32, "Long"};
-    else if constexpr (std::is_same_v<T, Double>)
-        return {Type::Float, "Double"};
-    else if constexpr (std::is_same_v<T, Date>)
-        return {Type::Date, "Date"};
-    else if constexpr (std::is_same_v<T, String>)
-        return {Type::Text, "String"};
-    else if constexpr (std::is_same_v<T, Variant>)
-        return {Type::Any, "Variant"};
-    else if constexpr (std::is_same_v<T, Array<String>>)
-        return {Type::TextArray, "String()"};
-    else if constexpr (std::is_same_v<T, Array<Byte>>)
-        return {Type::ByteArray, "Byte()"};
-    else if constexpr (std::is_same_v<T, Array<Variant>>)
-        return {Type::AnyArray, "Variant()"};
-    else if constexpr (std::is_same_v<T, ObjectRef>)
-        return {Type::Object, "Object"};
-    else if constexpr (std::is_same_v<T, CollectionRef>)
-        return {Type::Object, "Collection"};
-    else if constexpr (std::is_same_v<T, DictionaryRef>)
-        return {Type::Object, "Dictionary"};
-    else if constexpr (std::is_same_v<T, PictureRef>)
-        return {Type::Object, "Picture"};
-    else if constexpr (std::is_same_v<T, QuorCollection>)
-        return {Type::Object, "QuorCollection"};
+    if constexpr (std::is_enum_v<T>)
+        return {Type::Long, frame::enumerationOf(T{}), nullptr};
+    else if constexpr (RuntimeRef<T>)
+        return {Type::Object, nullptr, &classInfo<typename T::element_type>};
+    else if constexpr (PublicClass<T>)
+        return {Type::Object, nullptr, &classInfo<T>};
     else
-        return {Type::Int32, enumerationName(T{})};
+        return {kPlainType<T>, nullptr, nullptr};
 }
 
 /// What a parameter's C++ type says about it.
@@ -88,6 +81,7 @@ struct Signature {
     using Value = P;
     static constexpr bool byReference = false;
     static constexpr bool changed = false;
+    static constexpr bool result = false;
     static constexpr Variant (*defaultValue)() = nullptr;
 };
 template <class T>
@@ -96,6 +90,10 @@ template <class T>
 struct Signature<T&> : Signature<T> {
     static constexpr bool byReference = true;
     static constexpr bool changed = true;
+};
+template <class T>
+struct Signature<Out<T>> : Signature<T&> {
+    static constexpr bool result = true;
 };
 template <class T>
 struct Signature<Unchanged<T>> : Signature<T> {
@@ -110,7 +108,8 @@ struct Signature<Optional<T, Default...>> : Signature<T> {
 template <class P>
 constexpr ParameterInfo parameter(const char* name) {
     using S = Signature<P>;
-    return {name, typeOf<typename S::Value>(), S::byReference, S::changed, S::defaultValue};
+    return {name,           typeOf<typename S::Value>(), S::byReference, S::changed, S::result,
+            S::defaultValue};
 }
 
 /// One argument on its way into the member, and back out again when the member may change it.
@@ -123,12 +122,14 @@ class Argument {
         if constexpr (std::is_enum_v<Value>)
             local_ = static_cast<Value>(slot.get<Long>());
         else if constexpr (!Native<Value>)
-            local_ = narrowed(slot.get<ObjectRef>());
+            local_ = Value::element_type::of(slot.get<ObjectRef>());
+        if constexpr (!Native<Value> && Signature<P>::changed) handed_ = local_;
     }
     Argument(const Argument&) = delete;
     Argument& operator=(const Argument&) = delete;
     ~Argument() {
-        if constexpr (!Native<Value> && Signature<P>::changed) slot_ = Variant(local_);
+        if constexpr (!Native<Value> && Signature<P>::changed)
+            if (std::is_enum_v<Value> || local_ != handed_) slot_ = Variant(local_);
     }
 
     Value& value() {
@@ -141,15 +142,13 @@ class Argument {
     }
 
    private:
-    /// Error 13 for an object of another class, whatever it calls itself.
-    static Value narrowed(const ObjectRef& object) {
-        auto found = std::dynamic_pointer_cast<typename Value::element_type>(object);
-        if (object != nullptr && found == nullptr) raise(ErrorNumber::TypeMismatch);
-        return found;
-    }
+    using Local = std::conditional_t<Native<Value>, std::monostate, Value>;
 
     Variant& slot_;
-    [[no_unique_address]] std::conditional_t<Native<Value>, std::monostate, Value> local_;
+    [[no_unique_address]] Local local_ = {};
+    /// What `local_` was before the call.
+    [[no_unique_address]] std::conditional_t<Signature<P>::changed, Local, std::monostate> handed_ =
+        {};
 };
 
 /// The shape of a member function and how to run it, the same whether it is const or not.
@@ -158,8 +157,8 @@ struct Shape {
     using Result = std::remove_cvref_t<R>;
     static constexpr std::size_t arity = sizeof...(P);
 
-    static Variant run(void* self, Variant* slots) {
-        return run(static_cast<C*>(self), slots, std::index_sequence_for<P...>());
+    static Variant run(void* self, Ports* ports, Variant* slots) {
+        return run(static_cast<C*>(self), ports, slots, std::index_sequence_for<P...>());
     }
     static constexpr auto parameters(const char* const* names) {
         return parameters(names, std::index_sequence_for<P...>());
@@ -167,7 +166,8 @@ struct Shape {
 
    private:
     template <std::size_t... I>
-    static Variant run(C* self, [[maybe_unused]] Variant* slots, std::index_sequence<I...>) {
+    static Variant run(C* self, [[maybe_unused]] Ports* ports, [[maybe_unused]] Variant* slots,
+                       std::index_sequence<I...>) {
         [[maybe_unused]] std::tuple<Argument<P>...> arguments(slots[I]...);
         const auto call = [&]() -> R {
             return (self->*F)(static_cast<P>(std::get<I>(arguments).value())...);
@@ -175,8 +175,8 @@ struct Shape {
         if constexpr (std::is_void_v<R>) {
             call();
             return {};
-        } else if constexpr (requires { objectOf(call()); }) {
-            return objectOf(call());
+        } else if constexpr (PublicClass<Result>) {
+            return frame::objectOf(*ports, call());
         } else {
             return Variant(call());
         }
@@ -223,13 +223,26 @@ consteval MemberInfo method(Long identifier, const char* name, const char* sente
 }
 template <auto F>
 consteval MemberInfo propertyGet(Long identifier, const char* name, const char* sentence) {
-    static_assert(Function<F>::arity == 0, "the properties of this library have no index");
+    static_assert(Function<F>::arity == 0, "one name for every parameter");
     return row<F>(identifier, name, MemberKind::PropertyGet, nullptr, sentence);
+}
+/// A property with indices, one name for each.
+template <auto F, std::size_t N>
+consteval MemberInfo propertyGet(Long identifier, const char* name, const char* const (&names)[N],
+                                 const char* sentence) {
+    static_assert(N == Function<F>::arity, "one name for every parameter");
+    return row<F>(identifier, name, MemberKind::PropertyGet, names, sentence);
 }
 template <auto F>
 consteval MemberInfo propertyLet(Long identifier, const char* name, const char* sentence) {
     static_assert(Function<F>::arity == 1, "a property takes its new value");
     constexpr const char* names[] = {"newValue"};
+    return row<F>(identifier, name, MemberKind::PropertyLet, names, sentence);
+}
+template <auto F, std::size_t N>
+consteval MemberInfo propertyLet(Long identifier, const char* name, const char* const (&names)[N],
+                                 const char* sentence) {
+    static_assert(N == Function<F>::arity, "one name for every parameter");
     return row<F>(identifier, name, MemberKind::PropertyLet, names, sentence);
 }
 

@@ -69,7 +69,7 @@ class Merge {
 
 }  // namespace
 
-Variant QuorInifile::ReadSectionContent(const String& sSection, Long& countKeys,
+Variant QuorInifile::ReadSectionContent(const String& sSection, Out<Long> countKeys,
                                         const Optional<Variant>& lSectionSizeInByte) {
     lLastResult = 0;
     SectionContent content = onErrorReturn(SectionContent::unreadable(), [&] {

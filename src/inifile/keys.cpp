@@ -26,7 +26,7 @@ Long QuorInifile::WriteKeyValue(const String& sSection, const String& sKeyName,
            });
 }
 
-Variant QuorInifile::ReadSectionKeys(const String& sSection, Long& countKeysRead) {
+Variant QuorInifile::ReadSectionKeys(const String& sSection, Out<Long> countKeysRead) {
     lLastResult = 0;
     std::vector<String> names;
     readIni(ports_.files, sIniFileName).forEachKey(sSection, [&](String name, const auto&) {
@@ -37,7 +37,7 @@ Variant QuorInifile::ReadSectionKeys(const String& sSection, Long& countKeysRead
     return nameArray(std::move(names));
 }
 
-Variant QuorInifile::ReadSectionNames(Long& countSectionsRead) {
+Variant QuorInifile::ReadSectionNames(Out<Long> countSectionsRead) {
     lLastResult = 0;
     auto names = fittingNames(readIni(ports_.files, sIniFileName).sectionNames(kListBuffer));
     countSectionsRead = static_cast<Long>(names.size());

@@ -203,7 +203,7 @@ String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKe
     return text.empty() ? byDefault : text;
 }
 
-Variant QuorInifile::ReadMultiLineSection(const String& sSection, Long& countKeys,
+Variant QuorInifile::ReadMultiLineSection(const String& sSection, Out<Long> countKeys,
                                           const Optional<Variant>& lSectionSizeInByte) {
     lLastResult = 1;
     SectionContent content = onErrorReturn(SectionContent::unreadable(), [&] {

@@ -21,7 +21,7 @@ void eachValue(Registry& registry, const String& path, Take take) {
 }  // namespace
 
 CollectionRef GQuorRegistry::Reg_EnumKeyValues(const String& sPath) {
-    auto texts = std::make_shared<Collection>();
+    auto texts = Collection::make();
     eachValue(ports_.registry, sPath, [&](const String& name, const String& text) {
         // The system may tell names apart that are one key to a collection.
         texts->add(text, texts->contains(name) ? String() : name);
@@ -30,18 +30,19 @@ CollectionRef GQuorRegistry::Reg_EnumKeyValues(const String& sPath) {
 }
 
 DictionaryRef GQuorRegistry::Reg_EnumKeyValuesEx(const String& sPath) {
-    auto texts = std::make_shared<Dictionary>();
+    auto texts = Dictionary::make();
     eachValue(ports_.registry, sPath,
               [&](const String& name, const String& text) { texts->set(name, text); });
     return texts;
 }
 
-Long GQuorRegistry::Reg_EnumSubPaths(const String& sPath, Array<String>& saSubPaths) {
+Long GQuorRegistry::Reg_EnumSubPaths(const String& sPath, Out<Array<String>> saSubPaths) {
     std::vector<String> names;
     OpenKey(ports_.registry, splitRegPath(sPath), RegistryAccess::Read).subKeys(names);
     if (names.empty()) return 0;
+    const auto count = static_cast<Long>(names.size());
     saSubPaths = Array<String>(std::move(names), 1);
-    return saSubPaths.bounds().count;
+    return count;
 }
 
 }  // namespace quorkit

@@ -24,7 +24,7 @@ std::size_t lineNumberOf(const String& s) {
 CollectionRef GQuorStrings::ReadAllVarFields(
     Unchanged<String> sText, const Optional<String, Text(u"@#")>& sVarFieldHeader,
     const Optional<String, Text(u"#@")>& sVarFieldTrailer) {
-    auto names = std::make_shared<Collection>();
+    auto names = Collection::make();
     const String text = runtime::toLower(*sText);
     const String header = runtime::toLower(*sVarFieldHeader);
     const String trailer = runtime::toLower(*sVarFieldTrailer);
@@ -41,7 +41,7 @@ CollectionRef GQuorStrings::ReadAllVarFields(
     return names;
 }
 
-void GQuorStrings::SplitDOSCMDParam(const String& Param, String& cmd, String& arg) {
+void GQuorStrings::SplitDOSCMDParam(const String& Param, Out<String> cmd, Out<String> arg) {
     require16BitPositions(Param);
     const std::size_t equals = Param.find(u'=');
     String command = Param.substr(0, equals);  // the results may be the very text that is split

@@ -100,7 +100,7 @@ CollectionRef GQuorStrings::ParseString(
     const Optional<Unchanged<String>, Text(u",")>& argDelimiter) {
     s = Trim(s);
     require16BitPositions(s);
-    auto values = std::make_shared<Collection>();
+    auto values = Collection::make();
     Assignments assignments(s, *cmdDelimiter, *txtDelimiter, *argDelimiter);
     while (assignments.next()) values->add(String(assignments.value()), String(assignments.name()));
     return values;

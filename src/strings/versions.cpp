@@ -61,8 +61,8 @@ Version split(const String& text) {
 
 }  // namespace
 
-Long GQuorStrings::SplitAppVersionString(const String& sVersionNr, Long& Major, Long& Minor,
-                                         Long& Revision, Long& Build) {
+Long GQuorStrings::SplitAppVersionString(const String& sVersionNr, Out<Long> Major, Out<Long> Minor,
+                                         Out<Long> Revision, Out<Long> Build) {
     const Version version = split(sVersionNr);
     Major = version.components[0];
     Minor = version.components[1];

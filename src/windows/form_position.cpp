@@ -62,8 +62,8 @@ void pullInto(const ScreenArea& area, Form& form) {
 
 }  // namespace
 
-void GQuorWindows::getWorkingScreenSize(Long eUnits, Double& iLeft, Double& iTop, Double& iWidth,
-                                        Double& iHeight) {
+void GQuorWindows::getWorkingScreenSize(Long eUnits, Out<Double> iLeft, Out<Double> iTop,
+                                        Out<Double> iWidth, Out<Double> iHeight) {
     const Double factor = eUnits == eUnits_Points  ? kPointsAPixel
                           : eUnits == eUnits_Twips ? kTwipsAPixel
                                                    : 1;

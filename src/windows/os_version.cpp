@@ -121,10 +121,11 @@ Edition editionOf(const OsVersion& system) {
 
 }  // namespace
 
-Boolean GQuorWindows::GetOSVersion(String& sName, eOSVersion& OSVersion, String& sServicePack) {
-    sName.clear();
+Boolean GQuorWindows::GetOSVersion(Out<String> sName, Out<eOSVersion> OSVersion,
+                                   Out<String> sServicePack) {
+    sName = String();
     OSVersion = eOSVersion_Unknown;
-    sServicePack.clear();
+    sServicePack = String();
     OsVersion system;
     if (!ports_.system.GetVersionExA(OsRecord::Extended, system) &&
         !ports_.system.GetVersionExA(OsRecord::Short, system))

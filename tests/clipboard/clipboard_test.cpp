@@ -114,7 +114,7 @@ TEST_P(ClipboardTest, SkipsWhatFails) {
         clipboard.expect({u"GetTextFromClipboard", u"GetPictureFromClipboard"},
                          {{{}, {u"", nothing}}});
     }
-    clipboard.expect(u"SetPictureToClipboard", {{{std::make_shared<Collection>()}, Error{13}}});
+    clipboard.expect(u"SetPictureToClipboard", {{{Collection::make()}, Error{13}}});
     clipboard(u"SetPictureToClipboard", {std::make_shared<Picture>(samples()[3].file)});
     world.files.setReadOnly(u"C:\\kept");
     for (const char16_t* name : {u"C:\\kept", u"C:\\", u"C:\\nowhere\\b.gif"})

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/base64.h"
+#include "json/base64.h"
 
 namespace quorkit::test {
 
@@ -16,7 +16,7 @@ struct Sample {
 
 inline std::vector<Sample> samples() {
     const auto sample = [](const char* type, const char* base64) {
-        const auto bytes = cli::fromBase64(base64).value();
+        const auto bytes = json::fromBase64(base64).value();
         const bool metafile = std::string(type).ends_with("mf");
         return Sample{type, metafile, {bytes.begin(), bytes.end()}};
     };

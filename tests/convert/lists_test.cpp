@@ -8,7 +8,7 @@ namespace quorkit::test {
 namespace {
 
 CollectionRef collectionOf(const std::vector<Variant>& items) {
-    auto c = std::make_shared<Collection>();
+    auto c = Collection::make();
     for (const Variant& item : items) c->add(item);
     return c;
 }

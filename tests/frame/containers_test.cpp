@@ -49,7 +49,7 @@ TEST(Collection, RefusesAbsentPositionsAndKeys) {
 }
 
 TEST(Dictionary, TellsKeysApart) {
-    const Variant object = std::make_shared<Collection>();
+    const Variant object = Collection::make();
     // No two of them are the same key.
     const std::vector<Variant> keys = {
         {},       Null{}, ErrorValue{1}, true,  false,       Long{0},

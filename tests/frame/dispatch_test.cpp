@@ -56,7 +56,7 @@ TEST_F(Dispatch, ConvertsArguments) {
     EXPECT_EQ(errorIn(convert, u"IntToBool", {Long{40000}}), 6);
     EXPECT_EQ(errorIn(convert, u"CollectionToArray", {u"text"}), 13);
     EXPECT_EQ(errorIn(convert, u"CollectionToArray", {ObjectRef()}), 91);
-    EXPECT_EQ(errorIn(convert, u"CollectionToArray", {std::make_shared<Dictionary>()}), 13);
+    EXPECT_EQ(errorIn(convert, u"CollectionToArray", {Dictionary::make()}), 13);
 }
 
 TEST_F(Dispatch, GivesBackWhatGoesByReference) {

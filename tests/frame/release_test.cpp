@@ -3,8 +3,8 @@
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
 
-#include "cli/object_table.h"
-#include "cli/property_object.h"
+#include "json/object_table.h"
+#include "rpc/property_object.h"
 #include "support/late.h"
 
 namespace quorkit::test {
@@ -37,8 +37,8 @@ const std::vector<Variant (*)(Variant)> kLinks = {
         return object;
     },
     [](Variant held) -> Variant {
-        const auto object = std::make_shared<cli::PropertyObject>(
-            std::vector<cli::PropertyObject::Property>{{u"p", Variant()}});
+        const auto object = std::make_shared<rpc::PropertyObject>(
+            std::vector<rpc::PropertyObject::Property>{{u"p", Variant()}});
         object->call(u"p", CallKind::Let, {{&held, 1}});
         return object;
     },
@@ -67,14 +67,14 @@ TEST(Release, OpensCirclesAtTheEndOfASession) {
     for (const auto link : kLinks) {
         bool gone = false;
         {
-            cli::ObjectTable objects;
-            std::vector<Variant> ring = {Variant(std::make_shared<Collection>())};
+            json::ObjectTable objects;
+            std::vector<Variant> ring = {Variant(Collection::make())};
             const auto collection = std::static_pointer_cast<Collection>(ring[0].get<ObjectRef>());
             collection->add(std::make_shared<Witness>(gone));
             collection->add(link(collection));
             objects.release(objects.numberOf(collection->item(2).get<ObjectRef>()));
             for (int i = 0; i < 200; ++i)  // others come and go
-                objects.release(objects.numberOf(std::make_shared<Collection>()));
+                objects.release(objects.numberOf(Collection::make()));
             objects.letGoOfAll();
         }
         EXPECT_TRUE(gone);

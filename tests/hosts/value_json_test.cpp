@@ -1,9 +1,9 @@
-#include "cli/value_json.h"
+#include "json/value_json.h"
 
 #include <gtest/gtest.h>
 #include <quorkit/collection.h>
 
-#include "cli/utf8.h"
+#include "json/utf8.h"
 
 namespace quorkit::test {
 namespace {

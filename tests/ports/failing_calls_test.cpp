@@ -11,10 +11,10 @@
 #include <iterator>
 #include <set>
 
-#include "cli/property_object.h"
-#include "cli/utf8.h"
 #include "clipboard/samples.h"
 #include "hosts/command.h"
+#include "json/utf8.h"
+#include "rpc/property_object.h"
 #include "runtime/code_page.h"
 #include "support/errors.h"
 #include "support/late.h"
@@ -60,7 +60,7 @@ struct World : MemoryPorts {
 using Things = std::multiset<std::string>;
 
 void addFolder(Things& things, Ports& world, const String& folder) {
-    things.insert(cli::toUtf8(folder));
+    things.insert(json::toUtf8(folder));
     Array<String> names;
     if (GQuorFile(world).GetAllSubDirectories(folder, names) > 0)
         for (const String& name : names.elements()) addFolder(things, world, name);
@@ -69,14 +69,14 @@ void addFolder(Things& things, Ports& world, const String& folder) {
 Things thingsIn(World& world) {
     Things things;
     const auto add = [&](const String& what, auto... numbers) {
-        std::string thing = cli::toUtf8(what);
+        std::string thing = json::toUtf8(what);
         ((thing += " " + std::to_string(static_cast<int>(numbers))), ...);
         things.insert(thing);
     };
     const auto addLines = [&](const String& name, const std::string& text) {
         std::istringstream lines(text);
         for (std::string line; std::getline(lines, line);)
-            if (line != "\r") things.insert(cli::toUtf8(name) + ": " + line);
+            if (line != "\r") things.insert(json::toUtf8(name) + ": " + line);
     };
     addFolder(things, world, u"C:\\");
     Array<String> names;
@@ -197,10 +197,10 @@ TEST(FailingCalls, LeaveTheOldOrTheNew) {
     const Variant keys = Array<String>(std::vector<String>{u"a", u"b"});
     Array<String> table({0, 2}, {0, 2});
     table.elements() = {u"a", u"3", u"c", u"4\r\n5"};
-    const auto values = std::make_shared<Dictionary>();
+    const auto values = Dictionary::make();
     for (const char16_t* name : {u"a", u"c"}) values->set(name, u"new");
     const ObjectRef form =
-        std::make_shared<cli::PropertyObject>(std::vector<cli::PropertyObject::Property>{
+        std::make_shared<rpc::PropertyObject>(std::vector<rpc::PropertyObject::Property>{
             {u"Name", u"F"}, {u"Left", 1.0}, {u"Top", 2.0}, {u"Width", 3.0}, {u"Height", 4.0}});
     constexpr auto no = Long{0};
     constexpr auto gone = Long{-1};
@@ -265,7 +265,7 @@ TEST(FailingCalls, LeaveTheOldOrTheNew) {
         // Not yet GQuorKeyboard.SetKeyState: its port cannot tell that the table was not read.
     };
     for (const Writer& writer : writers) {
-        SCOPED_TRACE(cli::toUtf8(writer.member) + testing::PrintToString(writer.arguments));
+        SCOPED_TRACE(json::toUtf8(writer.member) + testing::PrintToString(writer.arguments));
         expectPromise(writer);
     }
 }

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <quorkit/ports/drives.h>
 
-#include "cli/utf8.h"
 #include "file/name_parts.h"
+#include "json/utf8.h"
 #include "linux/drive_table.h"
 #include "linux/remote_name.h"
 #include "linux/volumes.h"
@@ -26,9 +26,9 @@ std::string drivesIn(const char* mountinfo) {
     std::string text;
     for (const disk::Drive& drive : drives.all()) {
         const int type = disk::driveTypeOf(drive.kind, drive.mount.device.starts_with("8:"));
-        text += (text.empty() ? "" : " | ") + cli::toUtf8(String(1, drive.letter)) + ":" +
+        text += (text.empty() ? "" : " | ") + json::toUtf8(String(1, drive.letter)) + ":" +
                 drive.mount.point + " " + std::to_string(type);
-        if (!drive.remote.empty()) text += " " + cli::toUtf8(drive.remote);
+        if (!drive.remote.empty()) text += " " + json::toUtf8(drive.remote);
     }
     return text;
 }

@@ -19,7 +19,7 @@ class GQuorRegistryTest : public RegistryRoom {
    protected:
     Late members{u"GQuorRegistry", world};
     const String path = u"HKCU\\" + base;
-    std::shared_ptr<Dictionary> items = std::make_shared<Dictionary>();
+    std::shared_ptr<Dictionary> items = Dictionary::make();
 
     /// Calls a member that gives nothing.
     void run(const char16_t* member, const Results& arguments) {

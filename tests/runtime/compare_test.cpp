@@ -35,10 +35,8 @@ TEST(Compare, KnowsWhatIsEqualAndWhatIsNeither) {
 }
 
 TEST(Compare, RefusesWhatIsNoScalar) {
-    const std::pair<Variant, Long> cases[] = {{Array<Variant>(), 13},
-                                              {ErrorValue{1}, 13},
-                                              {std::make_shared<Collection>(), 438},
-                                              {ObjectRef(), 91}};
+    const std::pair<Variant, Long> cases[] = {
+        {Array<Variant>(), 13}, {ErrorValue{1}, 13}, {Collection::make(), 438}, {ObjectRef(), 91}};
     for (const auto& [value, error] : cases)
         for (const Variant& other : {value, Variant(1.0), Variant(Null{})}) {
             EXPECT_EQ(test::errorOf([&] { compare(value, other); }), error);

@@ -125,7 +125,7 @@ TEST(CDate, ReadsTextsAndTakesNumbersInRange) {
 
 TEST(Conversions, RefuseWhatIsNoScalar) {
     const Variant values[] = {Variant::missing(), ErrorValue{5},    Array<String>(),
-                              Array<Byte>(),      Array<Variant>(), std::make_shared<Collection>(),
+                              Array<Byte>(),      Array<Variant>(), Collection::make(),
                               ObjectRef()};
     const std::function<void(const Variant&)> conversions[] = {
         CStr, CBool, CInt, CLng, CDbl, [](const Variant& value) { CDate(value); }};

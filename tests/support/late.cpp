@@ -7,15 +7,15 @@
 #include <ostream>
 #include <stdexcept>
 
-#include "cli/utf8.h"
-#include "cli/value_json.h"
+#include "json/utf8.h"
+#include "json/value_json.h"
 #include "support/errors.h"
 
 namespace quorkit {
 
 void PrintTo(const Variant& value, std::ostream* out) {
-    cli::ObjectTable objects;
-    *out << cli::writeJson(cli::toJson(value, objects));
+    json::ObjectTable objects;
+    *out << json::writeJson(json::toJson(value, objects));
 }
 
 }  // namespace quorkit
@@ -95,7 +95,7 @@ void Late::expect(const std::vector<const char16_t*>& members, const std::vector
                 found.push_back(flat(*i));
         }
         EXPECT_EQ(found, expected)
-            << cli::toUtf8(members[0]) << testing::PrintToString(row.arguments);
+            << json::toUtf8(members[0]) << testing::PrintToString(row.arguments);
     }
 }
 

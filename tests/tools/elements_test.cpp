@@ -5,7 +5,7 @@
 
 #include <thread>
 
-#include "cli/property_object.h"
+#include "rpc/property_object.h"
 #include "support/errors.h"
 #include "support/late.h"
 
@@ -14,7 +14,7 @@ namespace {
 
 TEST(Tools, IndexOfElementInCollection) {
     Late tools(u"GQuorTools");
-    const auto list = std::make_shared<Collection>();
+    const auto list = Collection::make();
     for (const Variant& item :
          {Variant(Null{}), Variant(u"abc"), Variant(Long{5}), Variant(5.0), Variant()})
         list->add(item);
@@ -31,7 +31,7 @@ TEST(Tools, IndexOfElementInCollection) {
     };
     EXPECT_EQ(tools.errorOf(u"IndexOfElementInCollection", {u"x", std::make_shared<Stranger>()}),
               13);
-    const auto errors = std::make_shared<Collection>();
+    const auto errors = Collection::make();
     for (const std::uint32_t code : {1u, 0x80020004u}) errors->add(ErrorValue{code});
     tools.expect(u"IndexOfElementInCollection",
                  {Row({ErrorValue{1}, errors}, Long{1}), Row({ErrorValue{2}, errors}, Long{-1}),
@@ -91,8 +91,7 @@ TEST(Tools, DisplayError) {
     EXPECT_TRUE(shown().starts_with(u"Error-Number: 438\r\n"));
     // An error that a member has dealt with is none of the client's.
     EXPECT_EQ(Late(u"GQuorFile", world).errorOf(u"LoadFileToByteArray", {u"x", Array<Byte>()}), 53);
-    Late(u"GQuorWindows", world)(u"SaveVBAUserFormPosition",
-                                 {u"HKCU\\F", std::make_shared<Collection>()});
+    Late(u"GQuorWindows", world)(u"SaveVBAUserFormPosition", {u"HKCU\\F", Collection::make()});
     EXPECT_TRUE(shown().starts_with(u"Error-Number: 53\r\n"));
 }
 
@@ -100,8 +99,8 @@ TEST(Tools, CheckTextBoxValue) {
     MemoryPorts world;
     Late tools(u"GQuorTools", world);
     const auto box = [](const char16_t* property, const Variant& text) {
-        return std::make_shared<cli::PropertyObject>(
-            std::vector<cli::PropertyObject::Property>{{property, text}});
+        return std::make_shared<rpc::PropertyObject>(
+            std::vector<rpc::PropertyObject::Property>{{property, text}});
     };
     const LanguageIdentifier english = 1033, german = 2055, french = 4108;
     const std::tuple<LanguageIdentifier, Long, std::vector<Variant>, Boolean> cases[] = {

@@ -3,7 +3,7 @@
 #include <quorkit/enumerations.h>
 #include <quorkit/ports/memory.h>
 
-#include "cli/property_object.h"
+#include "rpc/property_object.h"
 #include "support/late.h"
 
 namespace quorkit::test {
@@ -87,8 +87,8 @@ TEST_F(WindowsTest, MeasuresTheScreen) {
 class FormPositions : public WindowsTest {
    protected:
     static ObjectRef object(Double left, Double top, Double width, Double height) {
-        return std::make_shared<cli::PropertyObject>(
-            std::vector<cli::PropertyObject::Property>{{u"Name", u"frmA"},
+        return std::make_shared<rpc::PropertyObject>(
+            std::vector<rpc::PropertyObject::Property>{{u"Name", u"frmA"},
                                                        {u"Left", left},
                                                        {u"Top", top},
                                                        {u"Width", width},
@@ -135,8 +135,8 @@ TEST_F(FormPositions, AreNotedAndFoundAgain) {
 }
 
 TEST_F(FormPositions, FailuresEndAMemberQuietly) {
-    const auto poor = std::make_shared<cli::PropertyObject>(
-        std::vector<cli::PropertyObject::Property>{{u"Name", u"frmP"}, {u"Left", 5.0}});
+    const auto poor = std::make_shared<rpc::PropertyObject>(
+        std::vector<rpc::PropertyObject::Property>{{u"Name", u"frmP"}, {u"Left", 5.0}});
     windows(u"SaveVBAUserFormPosition", {u"HKCU\\Forms", poor});
     Late registry(u"GQuorRegistry", world);
     registry.expect(u"Reg_ReadDWordValue",

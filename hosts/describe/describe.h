@@ -1,0 +1,37 @@
+// The catalogue, written out for a person, a program, a type library or a page.
+#pragma once
+
+#include <quorkit/catalogue.h>
+
+#include <string>
+
+#include "json/json_text.h"
+
+namespace quorkit::describe {
+
+/// Signature, identifier and sentence, for a person.
+std::string asText();
+std::string asText(const ClassInfo& info);
+std::string asText(const MemberInfo& member);
+std::string asText(const EnumerationInfo& enumeration);
+std::string asText(const RecordInfo& record);
+
+/// The machine-readable contract, in the catalogue's order. A member's get and let are two.
+using OrderedJson = nlohmann::ordered_json;
+OrderedJson asJson();
+OrderedJson asJson(const ClassInfo& info);
+OrderedJson asJson(const MemberInfo& member);
+OrderedJson asJson(const EnumerationInfo& enumeration);
+OrderedJson asJson(const RecordInfo& record);
+
+/// The reference page, and a class's or member's part of it.
+std::string asMarkdown();
+std::string asMarkdown(const ClassInfo& info);
+std::string asMarkdown(const MemberInfo& member);
+std::string asMarkdown(const EnumerationInfo& enumeration);
+std::string asMarkdown(const RecordInfo& record);
+
+/// The interface definition of the whole library, from which a type library is made.
+std::string asIdl();
+
+}  // namespace quorkit::describe

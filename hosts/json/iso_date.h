@@ -1,0 +1,17 @@
+// Dates as text: 2024-01-31T13:45:00, with milliseconds (13:45:00.250) when there are any.
+#pragma once
+
+#include <quorkit/values.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quorkit::json {
+
+/// Rounded to milliseconds. Nothing outside the years 100 to 9999, which is all a date can be.
+std::optional<std::string> toIsoDate(Date date);
+/// Also reads a date without a time. Nothing when the text is no date of the years 100 to 9999.
+std::optional<Date> fromIsoDate(std::string_view text);
+
+}  // namespace quorkit::json

@@ -1,0 +1,14 @@
+// A value as plain text, in one piece.
+#pragma once
+
+#include <quorkit/variant.h>
+
+#include <string>
+
+namespace quorkit::json {
+
+/// Texts and numbers as they are, True or False, a date as 2024-01-31T13:45:00, "" for Empty,
+/// missing and Nothing, the JSON notation for all else.
+std::string plainText(const Variant& value);
+
+}  // namespace quorkit::json

@@ -1,0 +1,36 @@
+// An object whose class stands in the catalogue.
+#pragma once
+
+#include <quorkit/catalogue.h>
+#include <quorkit/object.h>
+
+#include <span>
+
+namespace quorkit {
+
+class CatalogueObject : public Object {
+   public:
+    virtual const ClassInfo& info() const = 0;
+    const char* className() const override { return info().name; }
+    Long identifierOf(StringView name) const override;
+    Variant invoke(Long identifier, CallKind kind, const Arguments& arguments) override;
+    Variant call(StringView name, CallKind kind = CallKind::Call,
+                 const Arguments& arguments = {}) override;
+
+    /// Runs a member of the object's own class with one value per parameter, `missing` for each one
+    /// left out. Converts the values in place first, a text to a Date as the user's language has
+    /// it; afterwards they are the final values. Error 13 when a value does not convert, and
+    /// whatever the member raises. `fitting` receives how many values did not fail to convert.
+    Variant run(const MemberInfo& member, std::span<Variant> values,
+                std::size_t* fitting = nullptr);
+
+   private:
+    Variant invoke(const MemberInfo& member, const Arguments& arguments);
+
+    /// The object that the class's rows were made for.
+    virtual void* self() = 0;
+    /// What the object was made over; null when none of its members needs any.
+    virtual Ports* ports() { return nullptr; }
+};
+
+}  // namespace quorkit

@@ -1,0 +1,17 @@
+#include <quorkit/picture.h>
+
+#include "frame/member_row.h"
+
+namespace quorkit {
+
+using rows::propertyGet;
+
+template <>
+std::span<const MemberInfo> memberRows<Picture>() {
+    static constexpr MemberInfo rows[] = {
+        propertyGet<&Picture::File>(0x60030000, "File", "The bytes of the picture's file."),
+    };
+    return rows;
+}
+
+}  // namespace quorkit

@@ -1,0 +1,42 @@
+// The public enumerations as the catalogue has them, and which C++ type is which.
+#pragma once
+
+#include <quorkit/catalogue.h>
+#include <quorkit/enumerations.h>
+
+namespace quorkit::frame {
+
+#define ENUMERATION(name, sentence) inline constexpr ConstantInfo constantsOf_##name[] = {
+#define CONSTANT(name, value) {#name, value},
+#define END(name) \
+    }             \
+    ;
+#include <quorkit/enumerations.def>
+#undef ENUMERATION
+#undef CONSTANT
+#undef END
+
+inline constexpr EnumerationInfo kEnumerations[] = {
+#define ENUMERATION(name, sentence) {#name, sentence, constantsOf_##name},
+#define CONSTANT(name, value)
+#define END(name)
+#include <quorkit/enumerations.def>
+#undef ENUMERATION
+};
+
+constexpr const EnumerationInfo* enumerationWith(const ConstantInfo* constants) {
+    for (const EnumerationInfo& one : kEnumerations)
+        if (one.constants.data() == constants) return &one;
+    return nullptr;
+}
+
+#define ENUMERATION(name, sentence)                        \
+    constexpr const EnumerationInfo* enumerationOf(name) { \
+        return enumerationWith(constantsOf_##name);        \
+    }
+#include <quorkit/enumerations.def>
+#undef ENUMERATION
+#undef CONSTANT
+#undef END
+
+}  // namespace quorkit::frame

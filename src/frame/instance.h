@@ -1,0 +1,48 @@
+// An object of a public class, as a late-bound client has it.
+#pragma once
+
+#include <quorkit/catalogue_object.h>
+#include <quorkit/ports/ports.h>
+
+#include <memory>
+#include <span>
+#include <utility>
+
+namespace quorkit {
+
+/// The rows of a class, specialised in its <class>_members.cpp.
+template <class C>
+std::span<const MemberInfo> memberRows();
+/// The class's place in the catalogue.
+template <class C>
+const ClassInfo& classInfo();
+
+namespace frame {
+
+template <class C>
+class Instance final : public CatalogueObject {
+   public:
+    /// `from` is what C is made of.
+    template <class From>
+    Instance(Ports& ports, From&& from) : ports_(ports), self_(std::forward<From>(from)) {}
+    const ClassInfo& info() const override { return classInfo<C>(); }
+    void letGo() override {
+        if constexpr (requires { self_.letGo(); }) self_.letGo();
+    }
+
+   private:
+    void* self() override { return &self_; }
+    Ports* ports() override { return &ports_; }
+
+    Ports& ports_;
+    C self_;
+};
+
+/// A new object for a member that gives a public class by value.
+template <class C>
+ObjectRef objectOf(Ports& ports, C&& result) {
+    return std::make_shared<Instance<C>>(ports, std::forward<C>(result));
+}
+
+}  // namespace frame
+}  // namespace quorkit
