@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "clipboard/picture_kind.h"
+#include "base/picture_kind.h"
 #include "frame/conversion.h"
 #include "frame/foreign_object.h"
 #include "frame/instance.h"
@@ -11,9 +11,9 @@
 namespace quorkit {
 
 Picture::Picture(std::string file) : file_(std::move(file)) {
-    const auto kind = pictureKindOf(file_);
+    const auto kind = base::pictureKindOf(file_);
     if (!kind) raise(ErrorNumber::InvalidPicture);
-    isMetafile_ = quorkit::isMetafile(*kind);
+    isMetafile_ = base::isMetafile(*kind);
 }
 
 PictureRef Picture::of(const ObjectRef& object) {

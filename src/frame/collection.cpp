@@ -9,7 +9,7 @@
 #include "frame/foreign_object.h"
 #include "frame/instance.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -24,7 +24,7 @@ class OwnCollection final : public Collection {
     Long count() const override { return static_cast<Long>(entries_.size()); }
     Entry entry(Long position) const override { return *entries_[index(position)]; }
     Entry entry(StringView key) const override { return *found(key); }
-    bool contains(StringView key) const override { return byKey_.contains(runtime::toLower(key)); }
+    bool contains(StringView key) const override { return byKey_.contains(base::toLower(key)); }
 
     void insert(Long position, Entry entry) override {
         const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(position == count() + 1
@@ -34,7 +34,7 @@ class OwnCollection final : public Collection {
         const Entry& one = **added;
         if (one.key.empty()) return;
         try {
-            if (!byKey_.try_emplace(runtime::toLower(one.key), &one).second)
+            if (!byKey_.try_emplace(base::toLower(one.key), &one).second)
                 raise(ErrorNumber::KeyAlreadyPresent);
         } catch (...) {
             entries_.erase(added);
@@ -44,7 +44,7 @@ class OwnCollection final : public Collection {
 
     void remove(Long position) override {
         const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(index(position));
-        if (!(*at)->key.empty()) byKey_.erase(runtime::toLower((*at)->key));
+        if (!(*at)->key.empty()) byKey_.erase(base::toLower((*at)->key));
         const auto gone = std::move(*at);  // released when the collection is whole again
         entries_.erase(at);
     }
@@ -59,7 +59,7 @@ class OwnCollection final : public Collection {
         return static_cast<std::size_t>(position) - 1;
     }
     const Entry* found(StringView key) const {
-        const auto entry = byKey_.find(runtime::toLower(key));
+        const auto entry = byKey_.find(base::toLower(key));
         if (entry == byKey_.end()) raise(ErrorNumber::InvalidProcedureCall);
         return entry->second;
     }
@@ -119,9 +119,9 @@ const ClassInfo& Collection::info() const {
 Long Collection::positionOf(const Variant& index) const {
     const auto* key = index.getIf<String>();
     if (key == nullptr) return runtime::CLng(index);
-    const String wanted = runtime::toLower(*key);
+    const String wanted = base::toLower(*key);
     for (Long position = 1; position <= count(); ++position)
-        if (runtime::toLower(entry(position).key) == wanted) return position;
+        if (base::toLower(entry(position).key) == wanted) return position;
     raise(ErrorNumber::InvalidProcedureCall);
 }
 
