@@ -144,7 +144,7 @@ Json RpcSession::answerOne(const Json& request) {
     } catch (const Fault& fault) {
         return wanted ? faultAnswer(id, fault) : nullptr;
     } catch (const AutomationError& error) {
-        setPendingError(error);  // also when it is this host's own
+        frame::setPendingError(error);  // also when it is this host's own
         return wanted ? faultAnswer(id, faultOf(error)) : nullptr;
     } catch (const BadValue& bad) {
         return wanted ? faultAnswer(id, {InvalidParams, bad.what()}) : nullptr;

@@ -20,7 +20,9 @@
 
 namespace quorkit {
 
+namespace collection {
 class KeyedList;
+}
 
 class QuorCollection {
    public:
@@ -66,7 +68,7 @@ class QuorCollection {
     friend ObjectRef objectOf(QuorCollection result);
 
     Ports* ports_;
-    std::unique_ptr<KeyedList> list_;
+    std::unique_ptr<collection::KeyedList> list_;
 };
 
 }  // namespace quorkit

@@ -1,9 +1,9 @@
 #include "frame/conversion.h"
 
+#include "frame/ui_language.h"
 #include "runtime/convert.h"
-#include "windows/ui_language.h"
 
-namespace quorkit {
+namespace quorkit::frame {
 namespace {
 
 Byte byteOf(const Variant& value) {
@@ -82,4 +82,4 @@ void convert(Variant& value, const TypeInfo& type, Ports& ports) {
     }
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::frame

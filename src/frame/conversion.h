@@ -5,7 +5,7 @@
 #include <quorkit/ports/ports.h>
 #include <quorkit/variant.h>
 
-namespace quorkit {
+namespace quorkit::frame {
 
 /// Converts `value` in place to `type`, as the automation runtime does when a call is made. Only a
 /// text that is to be a Date makes it ask the system for the user's language.
@@ -13,4 +13,4 @@ namespace quorkit {
 /// `value` is then unchanged.
 void convert(Variant& value, const TypeInfo& type, Ports& ports);
 
-}  // namespace quorkit
+}  // namespace quorkit::frame

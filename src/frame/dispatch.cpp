@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/published_names.h"
 #include "frame/conversion.h"
 #include "frame/error_patterns.h"
-#include "frame/names.h"
 #include "frame/pending_error.h"
 
 namespace quorkit {
@@ -12,31 +12,31 @@ namespace {
 
 const MemberInfo& reachableMember(const ClassInfo& info, Long identifier, CallKind kind) {
     const MemberInfo* member = findMember(info, identifier, kind);
-    if (member == nullptr) raiseToClient(ErrorNumber::NoSuchMember);
+    if (member == nullptr) frame::raiseToClient(ErrorNumber::NoSuchMember);
     return *member;
 }
 
 ObjectRef createOrRaise(const ClassInfo* info, Ports& ports) {
-    if (info == nullptr) raiseToClient(ErrorNumber::CannotCreateObject);
+    if (info == nullptr) frame::raiseToClient(ErrorNumber::CannotCreateObject);
     return info->create(ports);
 }
 
 std::size_t positionOf(const MemberInfo& member, StringView name) {
     const auto parameters = member.parameters();
     const auto found = std::ranges::find_if(
-        parameters, [&](const ParameterInfo& one) { return sameName(name, one.name); });
-    if (found == parameters.end()) raiseToClient(ErrorNumber::NamedArgumentNotFound);
+        parameters, [&](const ParameterInfo& one) { return base::sameName(name, one.name); });
+    if (found == parameters.end()) frame::raiseToClient(ErrorNumber::NamedArgumentNotFound);
     return static_cast<std::size_t>(found - parameters.begin());
 }
 
 }  // namespace
 
 Long Object::identifierOf(StringView) const {
-    raiseToClient(ErrorNumber::NoSuchMember);
+    frame::raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 Variant Object::invoke(Long, CallKind, const Arguments&) {
-    raiseToClient(ErrorNumber::NoSuchMember);
+    frame::raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 Variant Object::call(StringView name, CallKind kind, const Arguments& arguments) {
@@ -46,24 +46,24 @@ Variant Object::call(StringView name, CallKind kind, const Arguments& arguments)
 Long CatalogueObject::identifierOf(StringView name) const {
     for (const CallKind kind : {CallKind::Call, CallKind::Let})
         if (const MemberInfo* member = findMember(info(), name, kind)) return member->identifier;
-    raiseToClient(ErrorNumber::NoSuchMember);
+    frame::raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 std::vector<Variant> arrange(const MemberInfo& member, const Arguments& arguments) {
     const auto parameters = member.parameters();
     if (arguments.positional.size() > parameters.size())
-        raiseToClient(ErrorNumber::WrongNumberOfArguments);
+        frame::raiseToClient(ErrorNumber::WrongNumberOfArguments);
     std::array<Variant*, MemberInfo::kMaxParameters> sources = {};
     for (std::size_t i = 0; i < arguments.positional.size(); ++i)
         sources[i] = &arguments.positional[i];
     for (NamedArgument& one : arguments.named) {
         Variant*& source = sources[positionOf(member, one.name)];
-        if (source != nullptr) raiseToClient(ErrorNumber::WrongNumberOfArguments);
+        if (source != nullptr) frame::raiseToClient(ErrorNumber::WrongNumberOfArguments);
         source = &one.value;
     }
     for (std::size_t i = 0; i < parameters.size(); ++i)
         if ((sources[i] == nullptr || sources[i]->isMissing()) && !parameters[i].optional())
-            raiseToClient(ErrorNumber::ArgumentNotOptional);
+            frame::raiseToClient(ErrorNumber::ArgumentNotOptional);
 
     std::vector<Variant> values(parameters.size(), Variant::missing());
     for (std::size_t i = 0; i < parameters.size(); ++i)
@@ -73,19 +73,19 @@ std::vector<Variant> arrange(const MemberInfo& member, const Arguments& argument
 
 Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant> values) {
     try {
-        return untrapped([&] {
+        return frame::untrapped([&] {
             for (std::size_t i = 0; i < member.parameterCount; ++i) {
                 const ParameterInfo& parameter = member.parameterRow[i];
                 if (values[i].isMissing()) {
                     if (!parameter.optional()) raise(ErrorNumber::ArgumentNotOptional);
                     values[i] = parameter.defaultValue();
                 }
-                convert(values[i], parameter.type, ports_);
+                frame::convert(values[i], parameter.type, ports_);
             }
             return member.run(self(), values.data());
         });
     } catch (const AutomationError& error) {
-        setPendingError(error);
+        frame::setPendingError(error);
         throw;
     }
 }

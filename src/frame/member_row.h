@@ -2,7 +2,6 @@
 // by reference, optional or not and defaults all come from the signature.
 #pragma once
 
-#include <quorkit/QuorCollection.h>
 #include <quorkit/catalogue.h>
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
@@ -20,14 +19,18 @@
 
 namespace quorkit {
 
-/// The rows of a class, specialised in its <class>_members.cpp.
-template <class C>
-std::span<const MemberInfo> memberRows();
+class QuorCollection;
 
 /// A new object of a public class, for a member that returns the class by value.
 ObjectRef objectOf(QuorCollection result);
 
-namespace rows {
+}  // namespace quorkit
+
+namespace quorkit::frame {
+
+/// The rows of a class, specialised in its <class>_members.cpp.
+template <class C>
+std::span<const MemberInfo> memberRows();
 
 #define ENUMERATION(name, sentence)               \
     constexpr const char* enumerationName(name) { \
@@ -233,5 +236,4 @@ consteval MemberInfo propertyLet(Long identifier, const char* name, const char* 
     return row<F>(identifier, name, MemberKind::PropertyLet, names, sentence);
 }
 
-}  // namespace rows
-}  // namespace quorkit
+}  // namespace quorkit::frame

@@ -21,8 +21,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "base/published_names.h"
 #include "frame/member_row.h"
-#include "frame/names.h"
 
 namespace quorkit {
 namespace {
@@ -51,7 +51,7 @@ ObjectRef make(Ports& ports);
 
 template <class C>
 constexpr ClassInfo publicClass(const char* name, ClassKind kind, const char* role) {
-    return {name, kind, role, &memberRows<C>, &make<C>};
+    return {name, kind, role, &frame::memberRows<C>, &make<C>};
 }
 
 constexpr ClassKind Global = ClassKind::Global;
@@ -149,13 +149,13 @@ std::span<const ClassInfo> classes() {
 
 const ClassInfo* findClass(StringView name) {
     const auto found = std::ranges::find_if(
-        kClasses, [&](const ClassInfo& one) { return sameName(name, one.name); });
+        kClasses, [&](const ClassInfo& one) { return base::sameName(name, one.name); });
     return found == std::end(kClasses) ? nullptr : found;
 }
 
 const MemberInfo* findMember(const ClassInfo& info, StringView name, CallKind kind) {
     for (const MemberInfo& member : info.members())
-        if (reaches(kind, member) && sameName(name, member.name)) return &member;
+        if (reaches(kind, member) && base::sameName(name, member.name)) return &member;
     return nullptr;
 }
 
