@@ -55,10 +55,10 @@ String untilEnd(const String& text) {
 }
 
 void checkLink(const String& target, const String& description) {
-    ShellLink link;
+    file::ShellLink link;
     link.target = target;
     link.description = description;
-    const std::string file = shellLinkFile(link);
+    const std::string file = file::shellLinkFile(link);
     std::size_t at = number(file, 0, 4);
     const std::uint32_t flags = number(file, 20, 4);
     promise(((flags & 2) != 0) == !untilEnd(target).empty(), "a target is there when it is given");

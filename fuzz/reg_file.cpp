@@ -13,12 +13,12 @@ namespace quorkit::fuzz {
 namespace {
 
 struct Key {
-    RegPath path;
+    registry::RegPath path;
     std::vector<NamedValue> values;
 };
 
-void addKeys(std::vector<Key>& all, Registry& registry, const RegPath& path) {
-    const OpenKey key(registry, path, RegistryAccess::Read);
+void addKeys(std::vector<Key>& all, Registry& registry, const registry::RegPath& path) {
+    const registry::OpenKey key(registry, path, RegistryAccess::Read);
     std::vector<String> names;
     Key one{path, {}};
     promise(key.values(one.values) == kSuccess && key.subKeys(names) == kSuccess,
@@ -60,27 +60,29 @@ void checkLine(const base::ValueLine& line) {
 }  // namespace
 
 void run(std::string_view input) {
-    std::vector<RegChange> changes;
-    if (const auto bad = readRegFile(input, changes)) {
+    std::vector<registry::RegChange> changes;
+    if (const auto bad = registry::readRegFile(input, changes)) {
         const auto breaks = static_cast<std::size_t>(std::ranges::count(input, '\n'));
         promise(bad->number >= 1 && bad->number <= breaks + 1, "a bad line is one of the file's");
         return;
     }
-    for (const RegChange& change : changes)
+    for (const registry::RegChange& change : changes)
         for (const base::ValueLine& line : change.values) checkLine(line);
 
     MemoryRegistry first;
-    promise(applyRegChanges(first, changes).code == kSuccess, "what was read can be applied");
+    promise(registry::applyRegChanges(first, changes).code == kSuccess,
+            "what was read can be applied");
     MemoryRegistry second;
     bool whole = true;
     for (const auto root : {RegistryRoot::CurrentUser, RegistryRoot::LocalMachine}) {
         std::string printed;
-        whole = printRegFile(first, {root, {}}, printed).code == kSuccess && whole;
-        std::vector<RegChange> again;
-        promise(!readRegFile(printed, again), "a printed file can be read");
-        promise(applyRegChanges(second, again).code == kSuccess, "a printed file can be applied");
+        whole = registry::printRegFile(first, {root, {}}, printed).code == kSuccess && whole;
+        std::vector<registry::RegChange> again;
+        promise(!registry::readRegFile(printed, again), "a printed file can be read");
+        promise(registry::applyRegChanges(second, again).code == kSuccess,
+                "a printed file can be applied");
         std::string twice;
-        printRegFile(second, {root, {}}, twice);
+        registry::printRegFile(second, {root, {}}, twice);
         promiseEqual(twice, printed, "a file that was printed is printed again");
     }
     if (whole) promise(sameKeys(keysOf(first), keysOf(second)), "keys and values come back");

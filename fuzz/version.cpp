@@ -10,7 +10,7 @@ namespace quorkit::fuzz {
 namespace {
 
 /// Whether a fixed version block with this version stands anywhere in the file.
-bool holds(std::string_view file, const FileVersion& version) {
+bool holds(std::string_view file, const file::FileVersion& version) {
     std::string numbers;
     for (const int part : {1, 0, 3, 2}) {
         const auto number = version[static_cast<std::size_t>(part)];
@@ -29,7 +29,7 @@ bool holds(std::string_view file, const FileVersion& version) {
 void run(std::string_view input) {
     MemoryPorts ports;
     ports.files.put(u"a.dll", std::string(input));
-    const auto version = readFileVersion(ports.files, u"a.dll");
+    const auto version = file::readFileVersion(ports.files, u"a.dll");
     if (version) promise(holds(input, *version), "the version stands in the file");
 
     GQuorFile file(ports);

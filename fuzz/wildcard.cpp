@@ -54,7 +54,7 @@ void run(std::string_view input) {
     Fields fields(input);
     const String asked = fields.text().substr(0, longest);
     if (std::ranges::count(asked, u'*') > mostStars) return;
-    const Wildcard wildcard(asked);
+    const file::Wildcard wildcard(asked);
     const String pattern = cut(asked);
     do {
         const String name = fields.text().substr(0, longest);

@@ -49,29 +49,29 @@ void expectSuccess(ErrorCode code, const String& place) {
 }
 
 void exportKey(const String& name, const String& file, std::ostream& out, Ports& ports) {
-    const auto key = readKeyName(name);
+    const auto key = registry::readKeyName(name);
     if (!key) fail(name, "not the name of a key");
     std::string content;
-    const RegResult result = printRegFile(ports.registry, *key, content);
+    const registry::RegResult result = registry::printRegFile(ports.registry, *key, content);
     const std::string why = result.code == kFileNotFound  ? "no such key"
                             : result.code == kInvalidName ? "no file can hold its name"
                                                           : reason(result.code);
-    if (content.empty()) fail(printKeyName(result.key), why);
+    if (content.empty()) fail(registry::printKeyName(result.key), why);
     if (file == kStandardStream) {
         out << content;
         if (!out.flush()) throw Failure("standard output: cannot be written");
     } else {
-        expectSuccess(writeWholeFile(ports.files, file, content), file);
+        expectSuccess(file::writeWholeFile(ports.files, file, content), file);
     }
     // What was deleted meanwhile is not missing.
     if (result.code != kSuccess && result.code != kFileNotFound)
-        fail(printKeyName(result.key), why + "; it is left out");
+        fail(registry::printKeyName(result.key), why + "; it is left out");
 }
 
 std::string contentOf(const String& file, std::istream& in, Ports& ports) {
     std::string content;
     if (file != kStandardStream) {
-        expectSuccess(readWholeFile(ports.files, file, content), file);
+        expectSuccess(file::readWholeFile(ports.files, file, content), file);
         return content;
     }
     content.assign(std::istreambuf_iterator<char>(in), {});
@@ -81,13 +81,14 @@ std::string contentOf(const String& file, std::istream& in, Ports& ports) {
 
 void importFile(const String& file, std::istream& in, Ports& ports) {
     const std::string content = contentOf(file, in, ports);
-    std::vector<RegChange> changes;
-    if (const auto bad = readRegFile(content, changes))
+    std::vector<registry::RegChange> changes;
+    if (const auto bad = registry::readRegFile(content, changes))
         fail(file == kStandardStream ? u"standard input" : file,
              "line " + std::to_string(bad->number) + ": " + bad->what + "; nothing is imported");
-    const RegResult result = applyRegChanges(ports.registry, std::move(changes));
+    const registry::RegResult result =
+        registry::applyRegChanges(ports.registry, std::move(changes));
     if (result.code != kSuccess)
-        fail(printKeyName(result.key),
+        fail(registry::printKeyName(result.key),
              reason(result.code) + "; what stands before it in the file is imported");
 }
 

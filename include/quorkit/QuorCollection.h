@@ -20,7 +20,9 @@
 
 namespace quorkit {
 
+namespace collection {
 class KeyedList;
+}
 
 class QuorCollection {
    public:
@@ -67,7 +69,7 @@ class QuorCollection {
 
    private:
     Ports* ports_;
-    std::unique_ptr<KeyedList> list_;
+    std::unique_ptr<collection::KeyedList> list_;
 };
 
 }  // namespace quorkit

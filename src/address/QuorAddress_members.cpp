@@ -4,13 +4,13 @@
 
 namespace quorkit {
 
-using rows::method;
-using rows::propertyGet;
-using rows::propertyLet;
+using frame::method;
+using frame::propertyGet;
+using frame::propertyLet;
 
 // Identifiers count the class's procedures; 0 and 1 are private ones.
 template <>
-std::span<const MemberInfo> memberRows<QuorAddress>() {
+std::span<const MemberInfo> frame::memberRows<QuorAddress>() {
     using C = QuorAddress;
     static constexpr MemberInfo rows[] = {
         propertyGet<&C::HomeCountry>(0x68030000, "HomeCountry",

@@ -19,7 +19,7 @@ static_assert(std::size(kStoredNames) == eAdr_Type);
 
 }  // namespace
 
-StringView storedName(eKnownAttributes attribut) {
+StringView address::storedName(eKnownAttributes attribut) {
     const std::uint32_t index = static_cast<std::uint32_t>(attribut) - 1;
     return index < std::size(kStoredNames) ? kStoredNames[index] : StringView();
 }
@@ -34,15 +34,15 @@ Long QuorAddress::setAttribut(const String& sAttributName, const String& sValue)
 
 Variant QuorAddress::getStandardAttribut(eKnownAttributes attribut) const {
     Variant result = u"Error: attributindex out of range!";
-    const StringView name = storedName(attribut);
-    if (!name.empty()) resumeNext([&] { result = getAttribut(String(name)); });
+    const StringView name = address::storedName(attribut);
+    if (!name.empty()) frame::resumeNext([&] { result = getAttribut(String(name)); });
     return result;
 }
 
 Long QuorAddress::setStandardAttribut(eKnownAttributes attribut, const String& sValue) {
-    const StringView name = storedName(attribut);
+    const StringView name = address::storedName(attribut);
     if (name.empty()) return -1;
-    return onErrorReturn(Long{-1}, [&] { return setAttribut(String(name), sValue); });
+    return frame::onErrorReturn(Long{-1}, [&] { return setAttribut(String(name), sValue); });
 }
 
 }  // namespace quorkit

@@ -4,9 +4,9 @@
 #include <quorkit/enumerations.h>
 #include <quorkit/values.h>
 
-namespace quorkit {
+namespace quorkit::address {
 
 /// The name under which a known attribute is stored; empty for a number that is none.
 StringView storedName(eKnownAttributes attribut);
 
-}  // namespace quorkit
+}  // namespace quorkit::address

@@ -33,7 +33,7 @@ class Block {
     void add(StringView text) {
         for (;;) {
             const std::size_t end = text.find_first_of(u"\r\n");
-            const StringView line = trimmed(text.substr(0, end));
+            const StringView line = strings::trimmed(text.substr(0, end));
             if (!line.empty()) text_.append(text_.empty() ? u"" : u"\r\n").append(line);
             if (end == StringView::npos) return;
             text.remove_prefix(end + 1);
@@ -63,7 +63,8 @@ bool isBusiness(StringView type, StringView company) {
 
 String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) const {
     const auto part = [&](eKnownAttributes attribut) {
-        return String(trimmed(getAttribut(String(storedName(attribut))).get<String>()));
+        return String(
+            strings::trimmed(getAttribut(String(address::storedName(attribut))).get<String>()));
     };
     const auto namesOf = [&]() -> Names {
         const String first = part(eAdr_Vorname);
@@ -95,7 +96,7 @@ String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) con
     block.add(part(eAdr_Strasse));
     block.add(inOneLine(part(eAdr_Plz), part(eAdr_Ort)));
 
-    const String home(trimmed(HomeCountry()));
+    const String home(strings::trimmed(HomeCountry()));
     const String stored = part(eAdr_Land);
     const String country = stored.empty() ? home : stored;
     if (*bIncludeCountry || !base::sameText(country, home))

@@ -9,10 +9,6 @@ constexpr StringView kBlanks = u" \t";
 constexpr char16_t kQuote = u'"';
 constexpr std::size_t kLongestGuess = 260;
 
-bool isBlank(char16_t unit) {
-    return kBlanks.find(unit) != StringView::npos;
-}
-
 }  // namespace
 
 ProgramName::ProgramName(StringView line) : line_(line) {
@@ -39,7 +35,7 @@ std::vector<String> splitArguments(StringView line) {
     bool inWord = false;
     bool quoted = false;
     for (std::size_t i = 0; i < line.size(); ++i) {
-        if (!quoted && isBlank(line[i])) {
+        if (!quoted && kBlanks.find(line[i]) != StringView::npos) {
             inWord = false;
             continue;
         }

@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::method;
+using frame::method;
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorClipboard>() {
+std::span<const MemberInfo> frame::memberRows<GQuorClipboard>() {
     using C = GQuorClipboard;
     static constexpr MemberInfo rows[] = {
         method<&C::LoadPictureToClipboard>(0x60030000, "LoadPictureToClipboard", {"sFileName"},

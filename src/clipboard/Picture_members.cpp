@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::propertyGet;
+using frame::propertyGet;
 
 template <>
-std::span<const MemberInfo> memberRows<Picture>() {
+std::span<const MemberInfo> frame::memberRows<Picture>() {
     static constexpr MemberInfo rows[] = {
         propertyGet<&Picture::File>(0x60030000, "File", "The bytes of the picture's file."),
     };

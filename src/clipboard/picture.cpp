@@ -26,7 +26,7 @@ PictureRef Picture::of(const ObjectRef& object) {
 }
 
 const ClassInfo& Picture::info() const {
-    return classInfo<Picture>();
+    return frame::classInfo<Picture>();
 }
 
 Array<Byte> Picture::File() const {

@@ -12,12 +12,12 @@ namespace quorkit {
 namespace {
 
 void require(ErrorCode code) {
-    if (code != kSuccess) raiseFileError(code);
+    if (code != kSuccess) file::raiseFileError(code);
 }
 
 PictureRef pictureIn(Files& files, const String& name) {
     std::string content;
-    require(readWholeFile(files, name, content));
+    require(file::readWholeFile(files, name, content));
     return std::make_shared<Picture>(std::move(content));
 }
 
@@ -37,21 +37,22 @@ bool put(Clipboard& clipboard, const PictureRef& picture) {
 }
 
 ErrorCode save(Files& files, const Picture& picture, const String& name) {
-    return writeWholeFile(files, name, picture.file(), Wait::Briefly);
+    return file::writeWholeFile(files, name, picture.file(), Wait::Briefly);
 }
 
 }  // namespace
 
 void GQuorClipboard::LoadPictureToClipboard(const String& sFileName) {
-    replaceContent(ports_.clipboard,
-                   [&] { return put(ports_.clipboard, pictureIn(ports_.files, sFileName)); });
+    clipboard::replaceContent(ports_.clipboard, [&] {
+        return put(ports_.clipboard, pictureIn(ports_.files, sFileName));
+    });
 }
 
 void GQuorClipboard::SavePictureFromClipboard(const String& sFileName) {
     const PictureRef picture = GetPictureFromClipboard();
     if (picture == nullptr) return;
     Files& files = ports_.files;
-    resumeNext([&] {
+    frame::resumeNext([&] {
         if (save(files, *picture, sFileName) != kAccessDenied) return;
         // It may be replaced where its folder allows that.
         if (files.DeleteFileA(sFileName) == kSuccess) save(files, *picture, sFileName);
@@ -59,11 +60,11 @@ void GQuorClipboard::SavePictureFromClipboard(const String& sFileName) {
 }
 
 PictureRef GQuorClipboard::GetPictureFromClipboard() {
-    return onErrorReturn(PictureRef(), [&] { return pictureOn(ports_.clipboard); });
+    return frame::onErrorReturn(PictureRef(), [&] { return pictureOn(ports_.clipboard); });
 }
 
 void GQuorClipboard::SetPictureToClipboard(Unchanged<PictureRef> myPicture) {
-    replaceContent(ports_.clipboard, [&] { return put(ports_.clipboard, *myPicture); });
+    clipboard::replaceContent(ports_.clipboard, [&] { return put(ports_.clipboard, *myPicture); });
 }
 
 }  // namespace quorkit

@@ -5,7 +5,7 @@
 
 #include "frame/error_patterns.h"
 
-namespace quorkit {
+namespace quorkit::clipboard {
 
 /// `put` tells whether it has put the new content on the clipboard, which is emptied unless it has.
 /// It is not emptied first: while it is empty, programs that keep a history of it put the old
@@ -13,8 +13,8 @@ namespace quorkit {
 template <class Put>
 void replaceContent(Clipboard& clipboard, Put put) {
     bool done = false;
-    resumeNext([&] { done = put(); });
-    if (!done) resumeNext([&] { clipboard.EmptyClipboard(); });
+    frame::resumeNext([&] { done = put(); });
+    if (!done) frame::resumeNext([&] { clipboard.EmptyClipboard(); });
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::clipboard

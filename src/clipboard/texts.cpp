@@ -23,7 +23,7 @@ std::string bytesOfRichText(const String& text) {
 }
 
 String textOn(Clipboard& clipboard, ClipboardFormat format, String (*textOf)(const std::string&)) {
-    return onErrorReturn(String(), [&] {
+    return frame::onErrorReturn(String(), [&] {
         std::string bytes;
         return clipboard.GetClipboardData(format, bytes) ? textOf(bytes) : String();
     });
@@ -32,13 +32,13 @@ String textOn(Clipboard& clipboard, ClipboardFormat format, String (*textOf)(con
 }  // namespace
 
 void GQuorClipboard::SetTextToClipboard(const String& sText) {
-    replaceContent(ports_.clipboard, [&] {
+    clipboard::replaceContent(ports_.clipboard, [&] {
         return ports_.clipboard.SetClipboardData(ClipboardFormat::Text, base::toUtf8(sText));
     });
 }
 
 void GQuorClipboard::SetRTFTextToClipboard(const String& sRTFText) {
-    replaceContent(ports_.clipboard, [&] {
+    clipboard::replaceContent(ports_.clipboard, [&] {
         return ports_.clipboard.SetClipboardData(ClipboardFormat::RichText,
                                                  bytesOfRichText(sRTFText));
     });

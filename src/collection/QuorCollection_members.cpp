@@ -4,12 +4,12 @@
 
 namespace quorkit {
 
-using rows::method;
-using rows::propertyGet;
+using frame::method;
+using frame::propertyGet;
 
 // Identifiers count the class's procedures; 0 is a private one, and count takes the place of 9.
 template <>
-std::span<const MemberInfo> memberRows<QuorCollection>() {
+std::span<const MemberInfo> frame::memberRows<QuorCollection>() {
     using C = QuorCollection;
     static constexpr MemberInfo rows[] = {
         method<&C::setValueByKey>(0x60030001, "setValueByKey", {"vValue", "sKey"},

@@ -8,7 +8,7 @@
 namespace quorkit {
 
 QuorCollection::QuorCollection(Ports& ports)
-    : ports_(&ports), list_(std::make_unique<KeyedList>()) {}
+    : ports_(&ports), list_(std::make_unique<collection::KeyedList>()) {}
 QuorCollection::QuorCollection(QuorCollection&&) noexcept = default;
 QuorCollection& QuorCollection::operator=(QuorCollection&&) noexcept = default;
 QuorCollection::~QuorCollection() = default;
@@ -16,38 +16,38 @@ QuorCollection::~QuorCollection() = default;
 // The two setters swap: the old value goes with the argument, behind the last step.
 
 Long QuorCollection::setValueByKey(Variant vValue, const String& sKey) {
-    KeyedList::Element& element = list_->obtain(sKey);
+    collection::KeyedList::Element& element = list_->obtain(sKey);
     std::swap(element.second.value, vValue);
     return list_->positionOf(element);
 }
 
 Long QuorCollection::setValueByIndex(Variant vValue, Long index) {
-    KeyedList::Element* element = list_->at(index);
+    collection::KeyedList::Element* element = list_->at(index);
     if (element == nullptr) return -1;
     std::swap(element->second.value, vValue);
     return index;
 }
 
 Long QuorCollection::GetIndex(const String& sKey) const {
-    const KeyedList::Element* element = list_->find(sKey);
+    const collection::KeyedList::Element* element = list_->find(sKey);
     return element == nullptr ? -1 : list_->positionOf(*element);
 }
 
 String QuorCollection::getKey(Long index) const {
-    return onErrorReturn(String(), [&] {
-        const KeyedList::Element* element = list_->at(index);
+    return frame::onErrorReturn(String(), [&] {
+        const collection::KeyedList::Element* element = list_->at(index);
         return element == nullptr ? String() : element->first;
     });
 }
 
 Variant QuorCollection::getValueByKey(const String& sKey,
                                       const Optional<Variant, Text(u"")>& vDefaultValue) const {
-    const KeyedList::Element* element = list_->find(sKey);
+    const collection::KeyedList::Element* element = list_->find(sKey);
     return element == nullptr ? *vDefaultValue : element->second.value;
 }
 
 Variant QuorCollection::getValueByIndex(Long index) const {
-    const KeyedList::Element* element = list_->at(index);
+    const collection::KeyedList::Element* element = list_->at(index);
     return element == nullptr ? Variant(u"") : element->second.value;
 }
 

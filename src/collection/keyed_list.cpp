@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quorkit {
+namespace quorkit::collection {
 namespace {
 
 std::int64_t stampOf(const KeyedList::Element* element) {
@@ -48,4 +48,4 @@ KeyedList::Elements::node_type KeyedList::remove(Long position) {
     return removed;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::collection

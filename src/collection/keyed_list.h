@@ -10,7 +10,7 @@
 
 #include "base/letter_case.h"
 
-namespace quorkit {
+namespace quorkit::collection {
 
 /// Nothing is ever put in between, so elements are stamped with a running number, and an element's
 /// stamp tells where it stands; removing moves no more than pointers.
@@ -47,4 +47,4 @@ class KeyedList {
     std::int64_t nextStamp_ = 0;
 };
 
-}  // namespace quorkit
+}  // namespace quorkit::collection

@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::method;
+using frame::method;
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorConvert>() {
+std::span<const MemberInfo> frame::memberRows<GQuorConvert>() {
     using C = GQuorConvert;
     static constexpr MemberInfo rows[] = {
         method<&C::StringTokenToStringArray>(

@@ -6,7 +6,7 @@
 #include "convert/number_marks.h"
 #include "runtime/trim.h"
 
-namespace quorkit {
+namespace quorkit::convert {
 namespace {
 
 enum class Side { Front, Behind };
@@ -104,4 +104,4 @@ Amount amountBetween(StringView front, StringView behind) {
             before.commaGroups || after.commaGroups};
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::convert

@@ -3,7 +3,7 @@
 
 #include <quorkit/values.h>
 
-namespace quorkit {
+namespace quorkit::convert {
 
 struct Amount {
     /// A minus in front of the number, or of the currency in front of it; or behind, or parentheses
@@ -16,4 +16,4 @@ struct Amount {
 /// Of a number between two parts of a text.
 Amount amountBetween(StringView front, StringView behind);
 
-}  // namespace quorkit
+}  // namespace quorkit::convert

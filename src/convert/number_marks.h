@@ -3,7 +3,7 @@
 
 #include <quorkit/values.h>
 
-namespace quorkit {
+namespace quorkit::convert {
 
 inline constexpr StringView kNumberBlanks = u" \u00A0\u2009\u202F";  // also the narrow ones
 inline constexpr StringView kApostrophes = u"'\u2019";
@@ -18,4 +18,4 @@ inline bool isDigit(char16_t unit) {
     return unit >= u'0' && unit <= u'9';
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::convert

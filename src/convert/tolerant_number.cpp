@@ -21,14 +21,14 @@ class Reader {
 
     /// Empty when there is no number.
     std::string number() {
-        const auto digit = std::ranges::find_if(text_, isDigit);
+        const auto digit = std::ranges::find_if(text_, convert::isDigit);
         if (digit == text_.end()) return {};
         next_ = static_cast<std::size_t>(digit - text_.begin());
         if (startsWithPoint()) --next_;
         const StringView front = text_.substr(0, next_);
         const std::string digits = digitsAndPoints();
         const std::string power = exponent();
-        const Amount amount = amountBetween(front, text_.substr(next_));
+        const convert::Amount amount = convert::amountBetween(front, text_.substr(next_));
         return (amount.negative ? "-" : "") + mantissa(digits, amount.commaGroups) + power;
     }
 
@@ -39,27 +39,32 @@ class Reader {
 
     /// ".5" has a decimal mark in front of the digit, "Fr.5" a full stop.
     bool startsWithPoint() const {
-        if (next_ == 0 || !isOneOf(text_[next_ - 1], kPoints)) return false;
-        return next_ == 1 || text_[next_ - 2] == u'+' || isOneOf(text_[next_ - 2], kMinuses) ||
-               isOneOf(text_[next_ - 2], kNumberBlanks);
+        if (next_ == 0 || !convert::isOneOf(text_[next_ - 1], convert::kPoints)) return false;
+        return next_ == 1 || text_[next_ - 2] == u'+' ||
+               convert::isOneOf(text_[next_ - 2], convert::kMinuses) ||
+               convert::isOneOf(text_[next_ - 2], convert::kNumberBlanks);
     }
 
     /// Whether the number goes on behind the next character, which is none of its digits.
     bool isMark(bool pointSeen) const {
         const char16_t unit = at(next_);
-        if (!isDigit(at(next_ + 1))) return false;
-        if (isOneOf(unit, kPoints) || isOneOf(unit, kApostrophes)) return true;
-        return isOneOf(unit, kNumberBlanks) && !pointSeen && isDigit(at(next_ + 2)) &&
-               isDigit(at(next_ + 3)) && !isDigit(at(next_ + 4));
+        if (!convert::isDigit(at(next_ + 1))) return false;
+        if (convert::isOneOf(unit, convert::kPoints) ||
+            convert::isOneOf(unit, convert::kApostrophes))
+            return true;
+        return convert::isOneOf(unit, convert::kNumberBlanks) && !pointSeen &&
+               convert::isDigit(at(next_ + 2)) && convert::isDigit(at(next_ + 3)) &&
+               !convert::isDigit(at(next_ + 4));
     }
 
     std::string digitsAndPoints() {
         std::string result;
         bool pointSeen = false;
-        for (; isDigit(at(next_)) || isMark(pointSeen); ++next_) {
-            const bool isPoint = isOneOf(text_[next_], kPoints);
+        for (; convert::isDigit(at(next_)) || isMark(pointSeen); ++next_) {
+            const bool isPoint = convert::isOneOf(text_[next_], convert::kPoints);
             pointSeen |= isPoint;
-            if (isPoint || isDigit(text_[next_])) result += static_cast<char>(text_[next_]);
+            if (isPoint || convert::isDigit(text_[next_]))
+                result += static_cast<char>(text_[next_]);
         }
         return result;
     }
@@ -73,7 +78,7 @@ class Reader {
         const bool isDecimal = std::ranges::count(marked, marked[last]) == 1 && !thousand;
         std::string result;
         for (std::size_t i = 0; i < marked.size(); ++i) {
-            if (isDigit(static_cast<char16_t>(marked[i])))
+            if (convert::isDigit(static_cast<char16_t>(marked[i])))
                 result += marked[i];
             else if (i == last && isDecimal)
                 result += '.';
@@ -83,11 +88,11 @@ class Reader {
 
     /// "e", a sign and digits; empty and not passed when they are not all there.
     std::string exponent() {
-        if (!isOneOf(at(next_), u"eE")) return {};
+        if (!convert::isOneOf(at(next_), u"eE")) return {};
         std::size_t end = next_ + 1;
-        if (isOneOf(at(end), u"+-")) ++end;
-        if (!isDigit(at(end))) return {};
-        while (isDigit(at(end))) ++end;
+        if (convert::isOneOf(at(end), u"+-")) ++end;
+        if (!convert::isDigit(at(end))) return {};
+        while (convert::isDigit(at(end))) ++end;
         const StringView tail = text_.substr(next_, end - next_);
         next_ = end;
         return std::string(tail.begin(), tail.end());
@@ -109,7 +114,7 @@ Double tolerant(StringView text) {
 
 Double GQuorConvert::myVal(const Variant& vValue) {
     if (const auto* text = vValue.getIf<String>()) return tolerant(*text);
-    return onErrorReturn(0.0, [&] { return runtime::CDbl(vValue); });
+    return frame::onErrorReturn(0.0, [&] { return runtime::CDbl(vValue); });
 }
 
 }  // namespace quorkit

@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::method;
+using frame::method;
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorFile>() {
+std::span<const MemberInfo> frame::memberRows<GQuorFile>() {
     using C = GQuorFile;
     static constexpr MemberInfo rows[] = {
         method<&C::PathAddBackSlash>(0x60030000, "PathAddBackSlash", {"vsPath"},

@@ -15,13 +15,13 @@ namespace {
 constexpr Long kFirstIndex = 1;
 
 void require(ErrorCode code) {
-    if (code != kSuccess) raiseFileError(code);
+    if (code != kSuccess) file::raiseFileError(code);
 }
 
 }  // namespace
 
 void GQuorFile::LoadFileToByteArray(const String& vsFileName, Out<Array<Byte>> rbaArray) {
-    OpenFile file(ports_.files, vsFileName);
+    file::OpenFile file(ports_.files, vsFileName);
     const std::uint64_t size = file.size();
     require(file.status());
     if (size > std::numeric_limits<Long>::max()) raise(ErrorNumber::Overflow);
@@ -39,9 +39,9 @@ void GQuorFile::LoadFileToByteArray(const String& vsFileName, Out<Array<Byte>> r
 void GQuorFile::SaveByteArrayToFile(Unchanged<Array<Byte>> rbaArray, const String& vsFileName) {
     if (rbaArray->dimensions() != 1) raise(ErrorNumber::SubscriptOutOfRange);
     const std::vector<Byte>& bytes = rbaArray->elements();
-    require(writeWholeFile(ports_.files, vsFileName,
-                           {reinterpret_cast<const char*>(bytes.data()), bytes.size()},
-                           Wait::Briefly));
+    require(file::writeWholeFile(ports_.files, vsFileName,
+                                 {reinterpret_cast<const char*>(bytes.data()), bytes.size()},
+                                 Wait::Briefly));
 }
 
 }  // namespace quorkit

@@ -72,7 +72,7 @@ String GQuorFile::getVolumeSerialNumber(const String& sRootName) {
                                                 : ExtractUNCServerAndShareName(root));
     std::uint32_t serialNumber = 0;
     if (ports_.drives.GetVolumeInformationA(root, serialNumber) != kSuccess) serialNumber = 0;
-    return hexadecimal(serialNumber);
+    return file::hexadecimal(serialNumber);
 }
 
 String GQuorFile::LetterToUNC(Unchanged<String> DriveLetter) {

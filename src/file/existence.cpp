@@ -15,12 +15,12 @@ bool isFolder(std::uint32_t attributes) {
 
 /// Whether the first entry that a pattern finds is a folder.
 bool findsFolder(Files& files, const String& pattern) {
-    NameSearch search(files, pattern, FindDetail::Names);
+    file::NameSearch search(files, pattern, FindDetail::Names);
     FindData entry;
     if (!search.next(entry)) return false;
     const bool folder = isFolder(entry.attributes);
     // Windows sorts, and finds the folder itself first wherever the pattern allows it.
-    while (!isSelfOrParent(entry.name))
+    while (!file::isSelfOrParent(entry.name))
         if (!search.next(entry)) return folder;
     return true;
 }
@@ -28,7 +28,7 @@ bool findsFolder(Files& files, const String& pattern) {
 /// Whether listing a folder gives any entry, be it ".".
 bool canBeListed(Files& files, const String& folder) {
     FindData entry;
-    return FolderEntries(files, folder, FindDetail::Names).next(entry);
+    return file::FolderEntries(files, folder, FindDetail::Names).next(entry);
 }
 
 }  // namespace
@@ -43,20 +43,20 @@ Boolean GQuorFile::PathExists(const String& vsPath) {
     const String name = vsPath.substr(0, vsPath.size() - (vsPath.ends_with(u'\\') ? 1 : 0));
     std::uint32_t attributes = 0;
     if (ports_.files.GetFileAttributesA(name, attributes) == kSuccess) return isFolder(attributes);
-    if (isPattern(name)) return findsFolder(ports_.files, name);
+    if (file::isPattern(name)) return findsFolder(ports_.files, name);
     return canBeListed(ports_.files, name + u'\\');  // the root of a drive or of a share
 }
 
 Boolean GQuorFile::IsDirectoryEmpty(const String& sDir) {
     if (sDir.size() < 2) return false;
-    FolderEntries entries(ports_.files, PathAddBackSlash(sDir), FindDetail::Names);
+    file::FolderEntries entries(ports_.files, PathAddBackSlash(sDir), FindDetail::Names);
     for (FindData entry; entries.next(entry);)
-        if (!isSelfOrParent(entry.name)) return false;
+        if (!file::isSelfOrParent(entry.name)) return false;
     return entries.status() == kNoMoreFiles;
 }
 
 Boolean GQuorFile::mkDirEx(const String& sDir) {
-    return onErrorReturn(Boolean(false), [&] {
+    return frame::onErrorReturn(Boolean(false), [&] {
         // One that is too long would have more folders around it than memory can hold.
         std::uint32_t attributes = 0;
         if (ports_.files.GetFileAttributesA(sDir, attributes) == kInvalidName)

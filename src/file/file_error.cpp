@@ -2,7 +2,7 @@
 
 #include <quorkit/errors.h>
 
-namespace quorkit {
+namespace quorkit::file {
 
 void raiseFileError(ErrorCode code) {
     switch (code) {
@@ -26,4 +26,4 @@ void raiseFileError(ErrorCode code) {
     }
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

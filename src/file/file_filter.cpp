@@ -3,11 +3,11 @@
 #include <quorkit/ports/system.h>
 
 #include "base/letter_case.h"
+#include "frame/ui_language.h"
 #include "runtime/calendar.h"
 #include "runtime/convert.h"
-#include "windows/ui_language.h"
 
-namespace quorkit {
+namespace quorkit::file {
 namespace {
 
 std::array<int, 6> toTheSecond(const SystemTime& time) {
@@ -36,7 +36,7 @@ DateFilter::DateFilter(const Variant& upTo, const Variant& from, Ports& ports)
 
 std::optional<DateFilter::Moment> DateFilter::momentOf(const Variant& date, Ports& ports) {
     if (date.isMissing()) return {};
-    return toTheSecond(runtime::partsOf(runtime::CDate(date, uiLanguage(ports))));
+    return toTheSecond(runtime::partsOf(runtime::CDate(date, frame::uiLanguage(ports))));
 }
 
 DateFilter::Moment DateFilter::momentOf(FileTime time) const {
@@ -64,4 +64,4 @@ AttributeFilter::AttributeFilter(StringView text) {
     }
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

@@ -8,7 +8,7 @@
 #include <array>
 #include <optional>
 
-namespace quorkit {
+namespace quorkit::file {
 
 /// Two bounds, each of which may be missing. `upTo` alone takes files up to that moment, `from`
 /// alone files from there on. Both take what lies between them when `from` is the earlier one,
@@ -51,4 +51,4 @@ class AttributeFilter {
     std::uint32_t absent_ = 0;
 };
 
-}  // namespace quorkit
+}  // namespace quorkit::file

@@ -7,7 +7,7 @@
 namespace quorkit {
 
 String GQuorFile::getFileVersion(const String& sFileName) {
-    const auto version = readFileVersion(ports_.files, sFileName);
+    const auto version = file::readFileVersion(ports_.files, sFileName);
     if (!version) return {};
     String text;
     for (const Long part : *version) text += runtime::CStr(part) + u".";
@@ -17,7 +17,7 @@ String GQuorFile::getFileVersion(const String& sFileName) {
 
 Boolean GQuorFile::getFileVersionNumbers(const String& sFileName, Out<Long> Major, Out<Long> Minor,
                                          Out<Long> Revision, Out<Long> Build) {
-    const auto version = readFileVersion(ports_.files, sFileName);
+    const auto version = file::readFileVersion(ports_.files, sFileName);
     if (!version) return false;
     Major = (*version)[0];
     Minor = (*version)[1];

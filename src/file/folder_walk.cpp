@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quorkit {
+namespace quorkit::file {
 namespace {
 
 constexpr StringView kSeparators = u"\\/";
@@ -41,4 +41,4 @@ bool FolderWalk::mayFollow(const String& link) {
     return target && target_ && !leadsRound && followed_.insert(*target).second;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

@@ -8,7 +8,7 @@
 #include <unordered_set>
 #include <vector>
 
-namespace quorkit {
+namespace quorkit::file {
 
 /// The folders of a tree, each before those in it, and all that is beneath one before the next. A
 /// link to a folder is one of them, but not where it leads to the folder that it stands in or to
@@ -37,4 +37,4 @@ class FolderWalk {
     std::unordered_set<String> followed_;
 };
 
-}  // namespace quorkit
+}  // namespace quorkit::file

@@ -8,7 +8,7 @@
 
 #include "base/letter_case.h"
 
-namespace quorkit {
+namespace quorkit::file {
 
 /// In capital digits, without zeros in front.
 inline String hexadecimal(std::uint32_t number) {
@@ -17,4 +17,4 @@ inline String hexadecimal(std::uint32_t number) {
     return base::toUpper(String(digits, end));
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

@@ -21,7 +21,7 @@ constexpr Long kFailed = -1;
 template <class Body>
 Long onErrorTell(Host& host, Body&& body) {
     try {
-        return untrapped(std::forward<Body>(body));
+        return frame::untrapped(std::forward<Body>(body));
     } catch (const AutomationError& error) {
         const std::string_view text = error.what();
         host.MessageBoxA(String(text.begin(), text.end()), runtime::CStr(error.number()),
@@ -70,20 +70,20 @@ class FolderFiles {
         : files_(files), filter_(filter), pattern_(filter), withFolder_(withFolder) {}
 
     /// Adds the files of the current folder to `names` and, when told so, notes the folders in it.
-    void addTo(std::vector<String>& names, FolderWalk& walk, bool descend) const {
+    void addTo(std::vector<String>& names, file::FolderWalk& walk, bool descend) const {
         const String prefix = withFolder_ ? walk.folder() : String();
         const bool elsewhere = filter_.find_first_of(u"\\/") != String::npos;
         if (elsewhere) {
-            NameSearch search(files_, walk.folder() + filter_, FindDetail::Names);
+            file::NameSearch search(files_, walk.folder() + filter_, FindDetail::Names);
             for (FindData entry; search.next(entry);)
                 if (!isFolder(entry)) append(names, prefix + entry.name);
             if (!descend) return;
         }
         // One look at the folder gives its files and the folders in it.
-        FolderEntries entries(files_, walk.folder(), FindDetail::Names);
+        file::FolderEntries entries(files_, walk.folder(), FindDetail::Names);
         for (FindData entry; entries.next(entry);) {
             const bool folder = isFolder(entry);
-            if (folder && descend && !isSelfOrParent(entry.name)) walk.descendTo(entry);
+            if (folder && descend && !file::isSelfOrParent(entry.name)) walk.descendTo(entry);
             if (!folder && !elsewhere && pattern_.matches(entry.name))
                 append(names, prefix + entry.name);
         }
@@ -92,7 +92,7 @@ class FolderFiles {
    private:
     Files& files_;
     String filter_;
-    Wildcard pattern_;
+    file::Wildcard pattern_;
     bool withFolder_;
 };
 
@@ -106,16 +106,16 @@ Long GQuorFile::getFilesFromDirectoryEx(const String& sDirName, Out<Array<String
                                         const Optional<String>& FileAttrCompare) {
     std::vector<String> names;
     bool begun = false;
-    const Long result = onErrorReturn(kFailed, [&] {
-        const DateFilter dates(*FileDateCompare1, *FileDateCompare2, ports_);
-        const AttributeFilter attributes(*FileAttrCompare);
+    const Long result = frame::onErrorReturn(kFailed, [&] {
+        const file::DateFilter dates(*FileDateCompare1, *FileDateCompare2, ports_);
+        const file::AttributeFilter attributes(*FileAttrCompare);
         begun = true;
         const String folder = withBackslash(sDirName);
         const String prefix = *bIncludeDirName ? folder : String();
-        NameSearch search(ports_.files, folder + *sFilter,
-                          !attributes.takesAll() ? FindDetail::Attributes
-                          : !dates.takesAll()    ? FindDetail::Times
-                                                 : FindDetail::Names);
+        file::NameSearch search(ports_.files, folder + *sFilter,
+                                !attributes.takesAll() ? FindDetail::Attributes
+                                : !dates.takesAll()    ? FindDetail::Times
+                                                       : FindDetail::Names);
         for (FindData entry; search.next(entry);)
             if (!isFolder(entry) && attributes.takes(entry.attributes) &&
                 dates.takes(entry.lastWrite))
@@ -134,7 +134,7 @@ Long GQuorFile::GetFilesFromDirectory3(const String& sDirName, const String& sFi
     const Long result = onErrorTell(ports_.host, [&] {
         // The filter and the folder may stand in the list.
         const FolderFiles files(ports_.files, sFilter, bIncludeDirName);
-        FolderWalk walk(ports_.files, withBackslash(sDirName));
+        file::FolderWalk walk(ports_.files, withBackslash(sDirName));
         names = takenFrom(saFileList);
         begun = true;
         while (walk.next()) files.addTo(names, walk, bRecursive);
@@ -148,9 +148,10 @@ Long GQuorFile::GetAllSubDirectories(const Variant& sDirName, Out<Array<String>>
     std::vector<String> names;
     const Long result = onErrorTell(ports_.host, [&] {
         const String folder = withBackslash(runtime::CStr(sDirName));
-        FolderEntries entries(ports_.files, folder, FindDetail::Names);
+        file::FolderEntries entries(ports_.files, folder, FindDetail::Names);
         for (FindData entry; entries.next(entry);)
-            if (isFolder(entry) && !isSelfOrParent(entry.name)) append(names, folder + entry.name);
+            if (isFolder(entry) && !file::isSelfOrParent(entry.name))
+                append(names, folder + entry.name);
         return countOf(names);
     });
     saDirList = listOf(std::move(names));

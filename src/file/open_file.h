@@ -3,7 +3,7 @@
 
 #include <quorkit/ports/files.h>
 
-namespace quorkit {
+namespace quorkit::file {
 
 /// Opens a file, and closes it on every way out.
 class OpenFile {
@@ -42,4 +42,4 @@ class OpenFile {
     ErrorCode status_;
 };
 
-}  // namespace quorkit
+}  // namespace quorkit::file

@@ -2,7 +2,7 @@
 
 #include "base/name_parts.h"
 
-namespace quorkit {
+namespace quorkit::file {
 namespace {
 
 /// Where the pattern begins. A colon separates behind the letter of a drive alone.
@@ -39,4 +39,4 @@ bool isSelfOrParent(StringView entryName) {
     return entryName == u"." || entryName == u"..";
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

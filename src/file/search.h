@@ -5,7 +5,7 @@
 
 #include "file/wildcard.h"
 
-namespace quorkit {
+namespace quorkit::file {
 
 /// Goes through the entries of a folder in the system's order, "." and ".." included.
 class FolderEntries {
@@ -52,4 +52,4 @@ class NameSearch {
 /// "." and "..": the folder itself and the one around it.
 bool isSelfOrParent(StringView entryName);
 
-}  // namespace quorkit
+}  // namespace quorkit::file

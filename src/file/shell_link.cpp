@@ -7,7 +7,7 @@
 #include "base/name_parts.h"
 #include "base/unicode.h"
 
-namespace quorkit {
+namespace quorkit::file {
 namespace {
 
 // Names, values and offsets of fields are those of the published document.
@@ -157,4 +157,4 @@ std::string shellLinkFile(const ShellLink& link) {
     return bytes;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-namespace quorkit {
+namespace quorkit::file {
 
 /// What a shortcut says. Zeros stand for what is not known.
 struct ShellLink {
@@ -27,4 +27,4 @@ struct ShellLink {
 /// also where readers look when there is none (EnvironmentVariableDataBlock).
 std::string shellLinkFile(const ShellLink& link);
 
-}  // namespace quorkit
+}  // namespace quorkit::file

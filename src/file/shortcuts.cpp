@@ -13,8 +13,8 @@ namespace quorkit {
 namespace {
 
 /// What is known of the target of a shortcut to it.
-ShellLink linkTo(const String& target, const String& drive, Ports& ports) {
-    ShellLink link;
+file::ShellLink linkTo(const String& target, const String& drive, Ports& ports) {
+    file::ShellLink link;
     link.target = target;
     ports.files.GetFileAttributesA(target, link.targetAttributes);
     if (drive.size() == 2 && drive[1] == u':') {
@@ -35,7 +35,7 @@ bool leadsOut(const String& name) {
 Boolean GQuorFile::MakeShortCut(Boolean bInstall, CSIDLS SpecialFolder, const String& sSubFolder,
                                 const String& sTargetPath, const String& sDescription,
                                 const String& sQuickInfo) {
-    return onErrorReturn(Boolean(false), [&] {
+    return frame::onErrorReturn(Boolean(false), [&] {
         if (leadsOut(sDescription)) return Boolean(false);
         String folder = sSubFolder;
         if (SpecialFolder != CSIDL_NONE) {
@@ -56,10 +56,10 @@ Boolean GQuorFile::MakeShortCut(Boolean bInstall, CSIDLS SpecialFolder, const St
             return Boolean(!FileExists(name));
         }
         if (!mkDirEx(folder)) return Boolean(false);
-        resumeNext([&] {
-            ShellLink link = linkTo(target, ExtractDrive(target), ports_);
+        frame::resumeNext([&] {
+            file::ShellLink link = linkTo(target, ExtractDrive(target), ports_);
             link.description = sQuickInfo;
-            writeWholeFile(ports_.files, name, shellLinkFile(link), Wait::Briefly);
+            file::writeWholeFile(ports_.files, name, file::shellLinkFile(link), Wait::Briefly);
         });
         return FileExists(name);
     });

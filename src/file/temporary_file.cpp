@@ -36,7 +36,7 @@ String GQuorFile::CreateTempFileName(Unchanged<String> sPrefix) {
     const auto step = static_cast<std::uint16_t>(bits >> 16 | 1);
     for (int tries = 0; tries <= UINT16_MAX; ++tries) {
         number = static_cast<std::uint16_t>(number + step);
-        String name = folder + prefix + hexadecimal(number) + u".TMP";
+        String name = folder + prefix + file::hexadecimal(number) + u".TMP";
         Handle file = Handle::Invalid;
         const ErrorCode code = ports_.files.CreateFileA(name, FileAccess::CreateNew, file);
         if (code == kSuccess) {

@@ -5,7 +5,7 @@
 
 #include "file/open_file.h"
 
-namespace quorkit {
+namespace quorkit::file {
 namespace {
 
 /// Little-endian numbers at offsets that were checked before.
@@ -151,4 +151,4 @@ std::optional<FileVersion> readFileVersion(Files& files, const String& name) {
     return Image(files, name).version();
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

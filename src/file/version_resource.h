@@ -8,7 +8,7 @@
 #include <array>
 #include <optional>
 
-namespace quorkit {
+namespace quorkit::file {
 
 /// Major, minor, revision and build.
 using FileVersion = std::array<std::uint16_t, 4>;
@@ -19,4 +19,4 @@ using FileVersion = std::array<std::uint16_t, 4>;
 /// file; what the headers claim can make that 4 MB at most.
 std::optional<FileVersion> readFileVersion(Files& files, const String& name);
 
-}  // namespace quorkit
+}  // namespace quorkit::file

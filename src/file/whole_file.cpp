@@ -6,7 +6,7 @@
 #include "base/hash.h"
 #include "file/open_file.h"
 
-namespace quorkit {
+namespace quorkit::file {
 namespace {
 
 /// A name in the folder of `name` that only the holder of its lock uses.
@@ -109,4 +109,4 @@ ErrorCode writeWholeFile(Files& files, const String& name, std::string_view cont
     });
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

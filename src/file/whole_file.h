@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorkit {
+namespace quorkit::file {
 
 /// Reads a whole file; kFileTooLarge, without reading it, for one of more than `most` bytes. On
 /// failure `content` is unspecified.
@@ -73,4 +73,4 @@ ErrorCode untilNotReplaced(Attempt attempt) {
     return code;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

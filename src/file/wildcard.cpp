@@ -5,7 +5,7 @@
 
 #include "base/letter_case.h"
 
-namespace quorkit {
+namespace quorkit::file {
 namespace {
 
 constexpr StringView kWild = u"*?";
@@ -128,4 +128,4 @@ bool Wildcard::matchesAnyway(StringView name) const {
     return reached.back() != 0;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::file

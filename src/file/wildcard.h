@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-namespace quorkit {
+namespace quorkit::file {
 
 /// A pattern, matched the way Windows matches long names, without regard to letter case:
 /// - "*" is any run of characters, none included; in front of a full stop one that does not have
@@ -55,4 +55,4 @@ class Wildcard {
 /// Whether a text has a character that makes it a pattern.
 bool isPattern(StringView text);
 
-}  // namespace quorkit
+}  // namespace quorkit::file

@@ -4,12 +4,12 @@
 
 namespace quorkit {
 
-using rows::method;
-using rows::propertyGet;
+using frame::method;
+using frame::propertyGet;
 
 // The identifiers are those of the runtime's own collection.
 template <>
-std::span<const MemberInfo> memberRows<Collection>() {
+std::span<const MemberInfo> frame::memberRows<Collection>() {
     using C = Collection;
     static constexpr MemberInfo rows[] = {
         method<&C::Item>(0, "Item", {"Index"}, "The item at a position or under a key."),

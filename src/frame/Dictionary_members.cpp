@@ -4,13 +4,13 @@
 
 namespace quorkit {
 
-using rows::method;
-using rows::propertyGet;
-using rows::propertyLet;
+using frame::method;
+using frame::propertyGet;
+using frame::propertyLet;
 
 // The identifiers are those of the scripting runtime's own dictionary.
 template <>
-std::span<const MemberInfo> memberRows<Dictionary>() {
+std::span<const MemberInfo> frame::memberRows<Dictionary>() {
     using C = Dictionary;
     static constexpr MemberInfo rows[] = {
         propertyGet<&C::Item>(0, "Item", {"Key"}, "The item under a key; a new key is added."),

@@ -5,7 +5,7 @@
 namespace quorkit {
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorLanguage>() {
+std::span<const MemberInfo> frame::memberRows<GQuorLanguage>() {
     return {};
 }
 

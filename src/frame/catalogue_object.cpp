@@ -13,7 +13,7 @@ namespace quorkit {
 namespace {
 
 const MemberInfo& orRaise(const MemberInfo* member) {
-    if (member == nullptr) raiseToClient(ErrorNumber::NoSuchMember);
+    if (member == nullptr) frame::raiseToClient(ErrorNumber::NoSuchMember);
     return *member;
 }
 
@@ -22,7 +22,7 @@ const MemberInfo& orRaise(const MemberInfo* member) {
 Long CatalogueObject::identifierOf(StringView name) const {
     for (const CallKind kind : {CallKind::Call, CallKind::Let})
         if (const MemberInfo* member = findMember(info(), name, kind)) return member->identifier;
-    raiseToClient(ErrorNumber::NoSuchMember);
+    frame::raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 Variant CatalogueObject::invoke(Long identifier, CallKind kind, const Arguments& arguments) {
@@ -36,7 +36,7 @@ Variant CatalogueObject::call(StringView name, CallKind kind, const Arguments& a
 Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant> values,
                              std::size_t* fitting) {
     try {
-        return untrapped([&] {
+        return frame::untrapped([&] {
             for (std::size_t i = 0; i < member.parameterCount; ++i) {
                 const ParameterInfo& parameter = member.parameterRow[i];
                 if (fitting != nullptr) *fitting = i;
@@ -50,7 +50,7 @@ Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant> values
             return member.run(self(), ports(), values.data());
         });
     } catch (const AutomationError& error) {
-        setPendingError(error);
+        frame::setPendingError(error);
         throw;
     }
 }

@@ -79,7 +79,7 @@ class ForeignCollection final : public Collection {
         return {String(key), object_.get(u"Item", {String(key)})};
     }
     bool contains(StringView key) const override {
-        return resumeNext([&] { this->entry(key); });
+        return frame::resumeNext([&] { this->entry(key); });
     }
     void insert(Long position, Entry entry) override {
         const Variant key = entry.key.empty() ? Variant::missing() : Variant(entry.key);
@@ -113,7 +113,7 @@ CollectionRef Collection::of(const ObjectRef& object) {
 }
 
 const ClassInfo& Collection::info() const {
-    return classInfo<Collection>();
+    return frame::classInfo<Collection>();
 }
 
 Long Collection::positionOf(const Variant& index) const {

@@ -1,7 +1,7 @@
 #include "frame/conversion.h"
 
+#include "frame/ui_language.h"
 #include "runtime/convert.h"
-#include "windows/ui_language.h"
 
 namespace quorkit::frame {
 namespace {

@@ -128,7 +128,7 @@ class ForeignDictionary final : public Dictionary {
         object_.let(u"Item", {std::move(key), std::move(item)});
     }
     bool remove(const Variant& key) override {
-        return resumeNext([&] { object_.call(u"Remove", {key}); });
+        return frame::resumeNext([&] { object_.call(u"Remove", {key}); });
     }
 
    private:
@@ -149,7 +149,7 @@ DictionaryRef Dictionary::of(const ObjectRef& object) {
 }
 
 const ClassInfo& Dictionary::info() const {
-    return classInfo<Dictionary>();
+    return frame::classInfo<Dictionary>();
 }
 
 Variant Dictionary::Item(const Variant& Key) {

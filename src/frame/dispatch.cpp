@@ -12,7 +12,7 @@ namespace quorkit {
 namespace {
 
 ObjectRef createOrRaise(const ClassInfo* info, Ports& ports) {
-    if (info == nullptr || info->create == nullptr) raiseToClient(ErrorNumber::CannotCreateObject);
+    if (info == nullptr || info->create == nullptr) frame::raiseToClient(ErrorNumber::CannotCreateObject);
     return info->create(ports);
 }
 
@@ -29,7 +29,7 @@ Variant callOwn(CatalogueObject& target, Call& request, std::vector<Variant>& va
     const MemberInfo* member = request.identifier
                                    ? findMember(target.info(), *request.identifier, request.kind)
                                    : findMember(target.info(), request.member, request.kind);
-    if (member == nullptr) raiseToClient(ErrorNumber::NoSuchMember);
+    if (member == nullptr) frame::raiseToClient(ErrorNumber::NoSuchMember);
     frame::Values arranged =
         frame::arrange(*member, frame::sourcesOf(*member, {request.positional, request.named}),
                        request.variablesMayBeOmitted);
@@ -45,11 +45,11 @@ Variant callOwn(CatalogueObject& target, Call& request, std::vector<Variant>& va
 }  // namespace
 
 Long Object::identifierOf(StringView) const {
-    raiseToClient(ErrorNumber::NoSuchMember);
+    frame::raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 Variant Object::invoke(Long, CallKind, const Arguments&) {
-    raiseToClient(ErrorNumber::NoSuchMember);
+    frame::raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 Variant Object::call(StringView name, CallKind kind, const Arguments& arguments) {
@@ -57,7 +57,7 @@ Variant Object::call(StringView name, CallKind kind, const Arguments& arguments)
 }
 
 Variant Object::elements() {
-    raiseToClient(ErrorNumber::NoSuchMember);
+    frame::raiseToClient(ErrorNumber::NoSuchMember);
 }
 
 ObjectRef Library::create(StringView className) {
@@ -101,10 +101,10 @@ CallResult call(Object& target, Call request) {
 
 CallError errorOf(const std::exception_ptr& failure, const char* className) {
     try {
-        untrapped([&] { std::rethrow_exception(failure); });
+        frame::untrapped([&] { std::rethrow_exception(failure); });
         return {};
     } catch (const AutomationError& error) {
-        setPendingError(error);
+        frame::setPendingError(error);
         const std::string source = className == nullptr ? "" : "." + std::string(className);
         return {error.number(), error.what(), "quorkit" + source, {}};
     }

@@ -11,7 +11,7 @@
 
 #include "frame/pending_error.h"
 
-namespace quorkit {
+namespace quorkit::frame {
 
 /// The failure ends the member and reaches its caller as an automation error, also when it was the
 /// C++ library that failed: exhausted memory is error 7, anything unexpected error 51.
@@ -61,4 +61,4 @@ void retryUntilItSucceeds(Step&& step) {
     while (!resumeNext(step)) std::this_thread::yield();
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::frame

@@ -8,7 +8,7 @@
 #include <span>
 #include <utility>
 
-namespace quorkit {
+namespace quorkit::frame {
 
 /// The rows of a class, specialised in its <class>_members.cpp.
 template <class C>
@@ -16,8 +16,6 @@ std::span<const MemberInfo> memberRows();
 /// The class's place in the catalogue.
 template <class C>
 const ClassInfo& classInfo();
-
-namespace frame {
 
 template <class C>
 class Instance final : public CatalogueObject {
@@ -44,5 +42,4 @@ ObjectRef objectOf(Ports& ports, C&& result) {
     return std::make_shared<Instance<C>>(ports, std::forward<C>(result));
 }
 
-}  // namespace frame
-}  // namespace quorkit
+}  // namespace quorkit::frame

@@ -19,9 +19,8 @@
 #include "frame/enumeration_rows.h"
 #include "frame/instance.h"
 
-namespace quorkit {
+namespace quorkit::frame {
 
-namespace rows {
 
 /// Types that stand in a Variant as they are.
 template <class T>
@@ -66,7 +65,7 @@ concept PublicClass = std::is_class_v<T> && !Native<T> && !requires {
 template <class T>
 constexpr TypeInfo typeOf() {
     if constexpr (std::is_enum_v<T>)
-        return {Type::Long, frame::enumerationOf(T{}), nullptr};
+        return {Type::Long, enumerationOf(T{}), nullptr};
     else if constexpr (RuntimeRef<T>)
         return {Type::Object, nullptr, &classInfo<typename T::element_type>};
     else if constexpr (PublicClass<T>)
@@ -176,7 +175,7 @@ struct Shape {
             call();
             return {};
         } else if constexpr (PublicClass<Result>) {
-            return frame::objectOf(*ports, call());
+            return objectOf(*ports, call());
         } else {
             return Variant(call());
         }
@@ -246,5 +245,4 @@ consteval MemberInfo propertyLet(Long identifier, const char* name, const char* 
     return row<F>(identifier, name, MemberKind::PropertyLet, names, sentence);
 }
 
-}  // namespace rows
-}  // namespace quorkit
+}  // namespace quorkit::frame

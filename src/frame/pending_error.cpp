@@ -1,6 +1,6 @@
 #include "frame/pending_error.h"
 
-namespace quorkit {
+namespace quorkit::frame {
 namespace {
 
 thread_local PendingError pending;
@@ -24,4 +24,4 @@ void raiseToClient(ErrorNumber number) {
     raise(number);
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::frame

@@ -3,7 +3,7 @@
 
 #include <quorkit/errors.h>
 
-namespace quorkit {
+namespace quorkit::frame {
 
 /// Number 0 and no text when there is none. The text is plain ASCII.
 struct PendingError {
@@ -23,4 +23,4 @@ void setPendingError(const PendingError& before);
 /// Raises an error that goes straight to the client.
 [[noreturn]] void raiseToClient(ErrorNumber number);
 
-}  // namespace quorkit
+}  // namespace quorkit::frame

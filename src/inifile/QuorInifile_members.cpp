@@ -4,13 +4,13 @@
 
 namespace quorkit {
 
-using rows::method;
-using rows::propertyGet;
-using rows::propertyLet;
+using frame::method;
+using frame::propertyGet;
+using frame::propertyLet;
 
 // Identifiers count the class's procedures; 3 and C are taken by private ones.
 template <>
-std::span<const MemberInfo> memberRows<QuorInifile>() {
+std::span<const MemberInfo> frame::memberRows<QuorInifile>() {
     using C = QuorInifile;
     static constexpr MemberInfo rows[] = {
         propertyGet<&C::IniFileName>(0x68030000, "IniFileName",

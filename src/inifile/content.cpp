@@ -17,7 +17,7 @@ namespace {
 class Merge {
    public:
     /// Both tables must outlive the merge.
-    Merge(const SectionContent& content, Long newEntries) : end_(index(content.count)) {
+    Merge(const inifile::SectionContent& content, Long newEntries) : end_(index(content.count)) {
         const auto& texts = content.table.elements();
         // An entry is found by its key only when it does not stand at the highest index.
         slots_.resize(end_ + index(newEntries));
@@ -35,20 +35,20 @@ class Merge {
     }
 
     /// The entry of a key; null when there is none.
-    IniEntry* find(StringView key) {
-        const auto found = first_.find(trimBlanks(key));
+    inifile::IniEntry* find(StringView key) {
+        const auto found = first_.find(inifile::trimBlanks(key));
         return found == first_.end() || found->second == kNone ? nullptr : &slots_[found->second];
     }
     /// Appends the entry of a key that is not there.
-    void append(const IniEntry& entry) {
+    void append(const inifile::IniEntry& entry) {
         if (end_ < searched_) {
             forget(end_);
-            first_[trimBlanks(entry.name)] = end_;
+            first_[inifile::trimBlanks(entry.name)] = end_;
         }
         slots_[end_++] = entry;
     }
 
-    std::span<const IniEntry> entries() const { return std::span(slots_).first(end_); }
+    std::span<const inifile::IniEntry> entries() const { return std::span(slots_).first(end_); }
 
    private:
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
@@ -60,7 +60,7 @@ class Merge {
         if (found != first_.end() && found->second == slot) found->second = next_[slot];
     }
 
-    std::vector<IniEntry> slots_;
+    std::vector<inifile::IniEntry> slots_;
     std::size_t end_;
     std::size_t searched_ = 0;
     std::unordered_map<StringView, std::size_t, base::KeyHash, base::KeyEqual> first_;
@@ -72,10 +72,11 @@ class Merge {
 Variant QuorInifile::ReadSectionContent(const String& sSection, Out<Long> countKeys,
                                         const Optional<Variant>& lSectionSizeInByte) {
     lLastResult = 0;
-    SectionContent content = onErrorReturn(SectionContent::unreadable(), [&] {
-        return readContent(readIni(ports_.files, sIniFileName), sSection,
-                           bufferSize(*lSectionSizeInByte));
-    });
+    inifile::SectionContent content =
+        frame::onErrorReturn(inifile::SectionContent::unreadable(), [&] {
+            return inifile::readContent(inifile::readIni(ports_.files, sIniFileName), sSection,
+                                        inifile::bufferSize(*lSectionSizeInByte));
+        });
     countKeys = content.count;
     return std::move(content.table);
 }
@@ -83,21 +84,22 @@ Variant QuorInifile::ReadSectionContent(const String& sSection, Out<Long> countK
 Long QuorInifile::WriteSectionContent(const String& sSection, const Variant& sKeyArray,
                                       const Optional<Variant>& lOldSectionSizeInByte) {
     lLastResult = 0;
-    const KeyValueTable input(sKeyArray);
-    if (input.count() < 1 || !isSectionName(sSection)) return 0;
-    if (!resumeNext([&] { bufferSize(*lOldSectionSizeInByte); })) return -1;
+    const inifile::KeyValueTable input(sKeyArray);
+    if (input.count() < 1 || !inifile::isSectionName(sSection)) return 0;
+    if (!frame::resumeNext([&] { inifile::bufferSize(*lOldSectionSizeInByte); })) return -1;
 
     Long written = 0;
-    lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
+    lLastResult = inifile::editIni(ports_.files, sIniFileName, [&](inifile::IniDocument& document) {
         written = 0;
         if (!document.canHoldSection(sSection)) return false;
-        const SectionContent content = wholeContent(document, sSection);
+        const inifile::SectionContent content = inifile::wholeContent(document, sSection);
         const bool merges = content.count > 0;
         Merge merge(content, input.count());
         for (Long i = 0; i < input.count(); ++i) {
-            const IniEntry entry{input.key(i), input.value(i)};
-            if (!isEntry(entry.name, entry.value) || !document.canHold(entry.value)) continue;
-            IniEntry* const present = merges ? merge.find(entry.name) : nullptr;
+            const inifile::IniEntry entry{input.key(i), input.value(i)};
+            if (!inifile::isEntry(entry.name, entry.value) || !document.canHold(entry.value))
+                continue;
+            inifile::IniEntry* const present = merges ? merge.find(entry.name) : nullptr;
             if (present != nullptr)
                 present->value = entry.value;
             else if (document.canHold(entry.name))

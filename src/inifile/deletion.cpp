@@ -7,7 +7,7 @@
 #include "inifile/ini_file.h"
 #include "inifile/profile.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 
 StringView wholeKey(StringView key) {
     return key;
@@ -49,7 +49,7 @@ Long deleteFromFile(Files& files, const String& name, const Deletion& deletion, 
                     Long& lastResult) {
     lastResult = 0;
     if (deletion.isEmpty()) return 0;
-    if (!resumeNext([&] { bufferSize(size); })) return Deletion::kFailed;
+    if (!frame::resumeNext([&] { bufferSize(size); })) return Deletion::kFailed;
     Deletion::Done done{Deletion::kFailed, false};
     lastResult = editIni(files, name, [&](IniDocument& document) {
         done = deletion.run(document);
@@ -58,4 +58,4 @@ Long deleteFromFile(Files& files, const String& name, const Deletion& deletion, 
     return done.rewritten && lastResult == 0 ? Deletion::kFailed : done.result;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

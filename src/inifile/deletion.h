@@ -7,7 +7,7 @@
 
 #include "inifile/document.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 
 /// The name under which a key is looked for among the names to delete.
 using BaseOfKey = StringView (*)(StringView key);
@@ -47,4 +47,4 @@ class Deletion {
 Long deleteFromFile(Files& files, const String& name, const Deletion& deletion, const Variant& size,
                     Long& lastResult);
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

@@ -7,7 +7,7 @@
 
 #include "base/letter_case.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 namespace {
 
 char lowerAscii(char byte) {
@@ -202,4 +202,4 @@ std::vector<String> IniDocument::entries(StringView section, std::size_t enough)
     return result;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

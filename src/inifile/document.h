@@ -21,7 +21,7 @@
 #include "inifile/encoding.h"
 #include "inifile/line.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 
 /// A line that is to stand in a section: name, "=" and value. A name that begins with ";" makes it
 /// a comment. Refers to texts of the caller.
@@ -146,4 +146,4 @@ void IniDocument::forEachLine(const Line& header, Use use) const {
     }
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

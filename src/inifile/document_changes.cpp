@@ -3,7 +3,7 @@
 
 #include "inifile/document.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 
 /// The text put behind what is there; false when the encoding cannot hold it.
 bool IniDocument::addEncoded(std::string& bytes, StringView text) const {
@@ -160,4 +160,4 @@ void IniDocument::append(std::string_view lines) {
     replace(text.size(), text.size(), std::string(lineEnd).append(lines));
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

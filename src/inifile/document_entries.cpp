@@ -4,7 +4,7 @@
 #include "base/letter_case.h"
 #include "inifile/document.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 namespace {
 
 /// The part of a line that is its key when it is a key line, and of any other line what would be.
@@ -159,4 +159,4 @@ bool IniDocument::addMerged(std::string& text, const Line& header,
     return true;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

@@ -7,7 +7,7 @@
 #include "base/code_page.h"
 #include "base/unicode.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 
 using base::kUtf16BigMark;
 using base::kUtf16Mark;
@@ -110,4 +110,4 @@ std::optional<std::string> encode(StringView text, Encoding encoding) {
     return bytes;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorkit {
+namespace quorkit::inifile {
 
 enum class Encoding {
     Plain,  ///< nothing but ASCII yet; what is added to it is handled as UTF-8
@@ -38,4 +38,4 @@ bool isAscii(StringView text);
 String decode(std::string_view bytes, Encoding encoding);
 std::optional<std::string> encode(StringView text, Encoding encoding);
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

@@ -5,7 +5,7 @@
 #include "base/unicode.h"
 #include "file/whole_file.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 namespace {
 
 std::string tooLarge() {
@@ -30,7 +30,7 @@ IniDocument documentOf(const String& name, ErrorCode code, std::string content) 
 
 ErrorCode editOnce(Files& files, const String& name,
                    const std::function<bool(IniDocument&)>& edit) {
-    LockedFile file(files, name);
+    file::LockedFile file(files, name);
     if (file.status() != kSuccess) {
         IniDocument document = readIni(files, name);
         if (!document.isRefused()) edit(document);
@@ -53,13 +53,13 @@ ErrorCode editOnce(Files& files, const String& name,
 
 IniDocument readIni(Files& files, const String& name) {
     std::string content;
-    const ErrorCode code = readWholeFile(files, name, content, kLargestIniFile);
+    const ErrorCode code = file::readWholeFile(files, name, content, kLargestIniFile);
     return documentOf(name, code, std::move(content));
 }
 
 Long editIni(Files& files, const String& name, const std::function<bool(IniDocument&)>& edit) {
-    const ErrorCode code = untilNotReplaced([&] { return editOnce(files, name, edit); });
+    const ErrorCode code = file::untilNotReplaced([&] { return editOnce(files, name, edit); });
     return code == kSuccess ? 1 : 0;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

@@ -9,7 +9,7 @@
 
 #include "inifile/document.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 
 /// The bytes of the largest file that is read and written: 256 MB. It is held in memory whole.
 constexpr std::size_t kLargestIniFile = std::size_t{256} << 20;
@@ -25,4 +25,4 @@ IniDocument readIni(Files& files, const String& name);
 /// may run more than once, each time on a document read anew.
 Long editIni(Files& files, const String& name, const std::function<bool(IniDocument&)>& edit);
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-namespace quorkit {
+namespace quorkit::inifile {
 namespace {
 
 /// Begins a value whose line breaks are escaped; no value in a real file begins so.
@@ -167,4 +167,4 @@ String readForm(StringView written) {
     return String(value);
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorkit {
+namespace quorkit::inifile {
 
 enum class LineKind {
     Blank,    ///< nothing but blanks and tabs
@@ -58,4 +58,4 @@ String readForm(StringView written);
 /// The mark that a written value stands in; U+0000 for none.
 char16_t quoteOf(StringView written);
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

@@ -59,17 +59,18 @@ String joinLines(StringView key, Find find) {
 
 /// A section's table with the values of several lines joined; count -2 for a key that is there
 /// twice.
-SectionContent joinedContent(const IniDocument& document, StringView section, std::size_t size) {
-    SectionContent read = readContent(document, section, size);
-    SectionContent joined;
+inifile::SectionContent joinedContent(const inifile::IniDocument& document, StringView section,
+                                      std::size_t size) {
+    inifile::SectionContent read = inifile::readContent(document, section, size);
+    inifile::SectionContent joined;
     if (read.count < 1) return joined;
 
     std::unordered_map<StringView, const String*, KeyHash, KeyEqual> values;
     for (Long i = 0; i < read.count; ++i) {
         const String& key = read.table.at(0, i);
         const bool isNew = values.emplace(key, &read.table.at(1, i)).second;
-        if (!isNew && isKeyName(key)) {
-            joined.count = Deletion::kTwice;
+        if (!isNew && inifile::isKeyName(key)) {
+            joined.count = inifile::Deletion::kTwice;
             return joined;
         }
     }
@@ -104,12 +105,12 @@ bool isOldField(StringView key) {
 /// The lines that store a table.
 class MultiLineEntries {
    public:
-    MultiLineEntries(Ports& ports, const IniDocument& document, bool oldFields)
+    MultiLineEntries(Ports& ports, const inifile::IniDocument& document, bool oldFields)
         : convert_(ports), document_(document), oldFields_(oldFields) {}
 
     void add(const String& key, const String& value) {
-        const StringView name = trimBlanks(key);
-        if (endsInDigit(name) || !isEntry(key, value)) return;
+        const StringView name = inifile::trimBlanks(key);
+        if (endsInDigit(name) || !inifile::isEntry(key, value)) return;
         if (!document_.canHold(key) || !document_.canHold(value)) return;
         keys_.push_back(key);
         if (value.find(kBreak) == String::npos && !(oldFields_ && isOldField(name))) {
@@ -124,8 +125,8 @@ class MultiLineEntries {
 
     /// The keys that were accepted.
     const std::vector<String>& keys() const { return keys_; }
-    std::vector<IniEntry> entries() const {
-        std::vector<IniEntry> all;
+    std::vector<inifile::IniEntry> entries() const {
+        std::vector<inifile::IniEntry> all;
         all.reserve(lines_.size());
         for (const auto& [key, value] : lines_) all.push_back({key, value});
         return all;
@@ -133,7 +134,7 @@ class MultiLineEntries {
 
    private:
     GQuorConvert convert_;
-    const IniDocument& document_;
+    const inifile::IniDocument& document_;
     bool oldFields_;
     std::vector<String> keys_;
     std::vector<std::pair<String, String>> lines_;
@@ -153,23 +154,26 @@ Long QuorInifile::WriteMultiLineSection(const String& sSection, const Variant& s
                                         const Optional<Variant>& lOldSectionSizeInByte,
                                         const Optional<Variant>& vbSupportOldMultiLineFields) {
     lLastResult = 0;
-    return onErrorReturn(Long{0}, [&] {
-        bufferSize(*lOldSectionSizeInByte);
+    return frame::onErrorReturn(Long{0}, [&] {
+        inifile::bufferSize(*lOldSectionSizeInByte);
         const bool oldFields = !vbSupportOldMultiLineFields->isMissing() &&
                                runtime::CBool(*vbSupportOldMultiLineFields);
-        const KeyValueTable input(sKeyValueArray);
+        const inifile::KeyValueTable input(sKeyValueArray);
         if (input.count() < 1) return Long{0};
         Long accepted = 0;
-        lLastResult = editIni(ports_.files, sIniFileName, [&](IniDocument& document) {
-            accepted = 0;
-            if (!document.canHoldSection(sSection)) return false;
-            MultiLineEntries entries(ports_, document, oldFields);
-            for (Long i = 0; i < input.count(); ++i) entries.add(input.key(i), input.value(i));
-            accepted = static_cast<Long>(entries.keys().size());
-            if (accepted == 0) return false;
-            Deletion(sSection, Array<String>(entries.keys()), RemoveTrailingDigits).run(document);
-            return document.putInFront(sSection, entries.entries());
-        });
+        lLastResult =
+            inifile::editIni(ports_.files, sIniFileName, [&](inifile::IniDocument& document) {
+                accepted = 0;
+                if (!document.canHoldSection(sSection)) return false;
+                MultiLineEntries entries(ports_, document, oldFields);
+                for (Long i = 0; i < input.count(); ++i) entries.add(input.key(i), input.value(i));
+                accepted = static_cast<Long>(entries.keys().size());
+                if (accepted == 0) return false;
+                inifile::Deletion(sSection, Array<String>(entries.keys()),
+                                  inifile::RemoveTrailingDigits)
+                    .run(document);
+                return document.putInFront(sSection, entries.entries());
+            });
         return accepted;
     });
 }
@@ -179,23 +183,23 @@ String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKe
     lLastResult = 0;
     String byDefault;
     if (!vsDefaultValue->isMissing())
-        resumeNext([&] { byDefault = runtime::CStr(*vsDefaultValue); });
+        frame::resumeNext([&] { byDefault = runtime::CStr(*vsDefaultValue); });
     if (sSection.empty() || sKeyName.empty()) return {};
 
-    const IniDocument document = readIni(ports_.files, sIniFileName);
-    String value = cutValue(document.value(sSection, sKeyName).value_or(byDefault));
+    const inifile::IniDocument document = inifile::readIni(ports_.files, sIniFileName);
+    String value = inifile::cutValue(document.value(sSection, sKeyName).value_or(byDefault));
     if (!isMarker(value)) return value;
 
-    const String prefix(trimBlanks(sKeyName));
+    const String prefix(inifile::trimBlanks(sKeyName));
     std::vector<String> names;
     std::unordered_map<String, String, KeyHash, KeyEqual> lines;
     document.forEachKey(sSection, [&](String name, const auto& valueOfKey) {
         const StringView start = StringView(name).substr(0, prefix.size());
         if (base::sameKey(start, prefix) && !lines.contains(name))
-            lines.emplace(name, cutValue(valueOfKey()));
+            lines.emplace(name, inifile::cutValue(valueOfKey()));
         names.push_back(std::move(name));
     });
-    names = fittingNames(std::move(names));
+    names = inifile::fittingNames(std::move(names));
     const std::unordered_set<StringView, KeyHash, KeyEqual> known(names.begin(), names.end());
     const String text = joinLines(prefix, [&](const String& name) -> const String* {
         return known.contains(name) ? &lines.find(name)->second : nullptr;
@@ -206,19 +210,21 @@ String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKe
 Variant QuorInifile::ReadMultiLineSection(const String& sSection, Out<Long> countKeys,
                                           const Optional<Variant>& lSectionSizeInByte) {
     lLastResult = 1;
-    SectionContent content = onErrorReturn(SectionContent::unreadable(), [&] {
-        return joinedContent(readIni(ports_.files, sIniFileName), sSection,
-                             bufferSize(*lSectionSizeInByte));
-    });
+    inifile::SectionContent content =
+        frame::onErrorReturn(inifile::SectionContent::unreadable(), [&] {
+            return joinedContent(inifile::readIni(ports_.files, sIniFileName), sSection,
+                                 inifile::bufferSize(*lSectionSizeInByte));
+        });
     countKeys = content.count;
     return std::move(content.table);
 }
 
 Long QuorInifile::DeleteMultiLineKeys(const String& sSection, Unchanged<Array<String>> sKeyNames,
                                       const Optional<Variant>& lSectionSizeInByte) {
-    return deleteFromFile(ports_.files, sIniFileName,
-                          Deletion(sSection, *sKeyNames, RemoveTrailingDigits), *lSectionSizeInByte,
-                          lLastResult);
+    return inifile::deleteFromFile(
+        ports_.files, sIniFileName,
+        inifile::Deletion(sSection, *sKeyNames, inifile::RemoveTrailingDigits), *lSectionSizeInByte,
+        lLastResult);
 }
 
 Long QuorInifile::DeleteMultiLineKey(const String& sSection, const String& sKeyName) {
@@ -226,12 +232,13 @@ Long QuorInifile::DeleteMultiLineKey(const String& sSection, const String& sKeyN
 }
 
 Boolean QuorInifile::isIniFileMultiLineFieldSave() {
-    IniDocument document = readIni(ports_.files, sIniFileName);
+    inifile::IniDocument document = inifile::readIni(ports_.files, sIniFileName);
     if (document.isRefused()) return false;
     document.indexSections();
     std::unordered_set<String, KeyHash, KeyEqual> checked;
     return std::ranges::all_of(
-        fittingNames(document.sectionNames(kListBuffer)), [&](const String& section) {
+        inifile::fittingNames(document.sectionNames(inifile::kListBuffer)),
+        [&](const String& section) {
             return !checked.insert(section).second ||
                    joinedContent(document, section, kCheckedSectionSize).count >= 0;
         });

@@ -8,7 +8,7 @@
 #include "frame/error_patterns.h"
 #include "runtime/convert.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 namespace {
 
 /// The lines of a section without the last ones that do not fit, and the characters in all, those
@@ -95,7 +95,7 @@ KeyValueTable::KeyValueTable(const Variant& value) {
     if (const auto* texts = value.getIf<Array<String>>()) {
         if (take(*texts)) texts_ = texts->elements().data();
     } else if (const auto* values = value.getIf<Array<Variant>>(); values && take(*values)) {
-        const bool readable = resumeNext([&] {
+        const bool readable = frame::resumeNext([&] {
             for (const Variant& element : values->elements())
                 converted_.push_back(runtime::CStr(element));
         });
@@ -104,4 +104,4 @@ KeyValueTable::KeyValueTable(const Variant& value) {
     }
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

@@ -8,7 +8,7 @@
 
 #include "inifile/document.h"
 
-namespace quorkit {
+namespace quorkit::inifile {
 
 constexpr Long kValueBuffer = 4096;
 constexpr Long kListBuffer = 32767;
@@ -60,4 +60,4 @@ class KeyValueTable {
     Long count_ = 0;
 };
 
-}  // namespace quorkit
+}  // namespace quorkit::inifile

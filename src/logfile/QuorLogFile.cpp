@@ -25,7 +25,7 @@ void QuorLogFile::setAutoOpenClose(Boolean autoOpenClose) {
 
 Boolean QuorLogFile::OpenLogfile() {
     if (!isFileOpen()) openName_ = name_;
-    const bool opened = onErrorReturn(false, [&] { return open(Opening::AsSet); });
+    const bool opened = frame::onErrorReturn(false, [&] { return open(Opening::AsSet); });
     keptOpen_ = isFileOpen() && !autoOpenClose_;
     return opened;
 }
@@ -35,15 +35,15 @@ bool QuorLogFile::open(Opening opening) {
     GQuorFile names(ports_);
     const String folder = names.ExtractPath(openName_);
     if (folder.size() < 2) {  // none for PathExists, and none that can be made
-        sayThatFolderIsMissing(openName_);
+        logfile::sayThatFolderIsMissing(openName_);
         return false;
     }
     const bool empty = opening == Opening::AsSet && !append_ && (!autoOpenClose_ || firstOpening_);
     const auto attempt = [&] { return openFile(empty); };
-    ErrorCode code = untilNotReplaced(attempt);
-    if (code == kPathNotFound && names.mkDirEx(folder)) code = untilNotReplaced(attempt);
+    ErrorCode code = file::untilNotReplaced(attempt);
+    if (code == kPathNotFound && names.mkDirEx(folder)) code = file::untilNotReplaced(attempt);
     if (code != kSuccess) {
-        sayWhyNot(openName_, code);
+        logfile::sayWhyNot(openName_, code);
         return false;
     }
     firstOpening_ = false;
@@ -61,7 +61,8 @@ ErrorCode QuorLogFile::openFile(bool empty) {
 }
 
 ErrorCode QuorLogFile::readMark() {
-    char start[kLongestMark + 1];  // one more tells whether there is anything behind a mark
+    char
+        start[logfile::kLongestMark + 1];  // one more tells whether there is anything behind a mark
     std::size_t length = 0;
     for (std::size_t got = 1; got != 0 && length < sizeof start; length += got) {
         const ErrorCode code =
@@ -69,7 +70,7 @@ ErrorCode QuorLogFile::readMark() {
         if (code == kInvalidHandle) return kSuccess;  // it may be written, not read
         if (code != kSuccess) return code;
     }
-    mark_ = markOf({start, length});
+    mark_ = logfile::markOf({start, length});
     if (!mark_.empty() && length == mark_.size()) unfinishedAt_ = length;  // there is no line yet
     return kSuccess;
 }
@@ -98,7 +99,7 @@ Variant QuorLogFile::writeLogfileEntry(String& s, Unchanged<eLogEntryType> level
         keepWithinLimit();
         code = write(s);
     }
-    if (code != kSuccess && isFileOpen()) sayWhyNot(openName_, code);
+    if (code != kSuccess && isFileOpen()) logfile::sayWhyNot(openName_, code);
     if (autoOpenClose_) CloseLogfile();
     return true;
 }
@@ -121,7 +122,7 @@ void QuorLogFile::keepWithinLimit() {
 
 /// Goes on in the file without emptying it. When that fails, the next entry tries again.
 void QuorLogFile::reopen() {
-    resumeNext([&] { open(Opening::Continue); });
+    frame::resumeNext([&] { open(Opening::Continue); });
 }
 
 bool QuorLogFile::continuesLine() {
@@ -131,10 +132,10 @@ bool QuorLogFile::continuesLine() {
 }
 
 ErrorCode QuorLogFile::write(const String& line) {
-    const ErrorCode code = untilNotReplaced([&] {
+    const ErrorCode code = file::untilNotReplaced([&] {
         if (!isFileOpen()) return kInvalidHandle;
-        encodeLine(line, mark_, line_);
-        const auto lineBreak = continuesLine() ? std::string_view() : lineBreakOf(mark_);
+        logfile::encodeLine(line, mark_, line_);
+        const auto lineBreak = continuesLine() ? std::string_view() : logfile::lineBreakOf(mark_);
         const ErrorCode written = ports_.files.WriteFile(file_, line_, lineBreak);
         if (written == kFileReplaced) {  // by a shortened one, or it is gone and made again
             close();

@@ -4,12 +4,12 @@
 
 namespace quorkit {
 
-using rows::method;
-using rows::propertyGet;
-using rows::propertyLet;
+using frame::method;
+using frame::propertyGet;
+using frame::propertyLet;
 
 template <>
-std::span<const MemberInfo> memberRows<QuorLogFile>() {
+std::span<const MemberInfo> frame::memberRows<QuorLogFile>() {
     using C = QuorLogFile;
     static constexpr MemberInfo rows[] = {
         propertyGet<&C::LogFileName>(0x68030000, "LogFileName", "The file to write."),

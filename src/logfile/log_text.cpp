@@ -3,7 +3,7 @@
 #include "base/code_page.h"
 #include "base/unicode.h"
 
-namespace quorkit {
+namespace quorkit::logfile {
 std::string_view markOf(std::string_view start) {
     for (const std::string_view mark : {base::kUtf8Mark, base::kUtf16Mark})
         if (start.starts_with(mark)) return mark;
@@ -26,4 +26,4 @@ void encodeLine(StringView text, std::string_view mark, std::string& bytes) {
     bytes += lineBreakOf(mark);
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::logfile

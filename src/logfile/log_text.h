@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorkit {
+namespace quorkit::logfile {
 
 /// The byte-order mark that a file begins with: UTF-8's, UTF-16's (little-endian), or "" for none.
 std::string_view markOf(std::string_view start);
@@ -20,4 +20,4 @@ std::string_view lineBreakOf(std::string_view mark);
 /// Makes `bytes` the line `text` with its end, as a file with that mark has it.
 void encodeLine(StringView text, std::string_view mark, std::string& bytes);
 
-}  // namespace quorkit
+}  // namespace quorkit::logfile

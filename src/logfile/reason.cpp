@@ -4,7 +4,7 @@
 
 #include "base/unicode.h"
 
-namespace quorkit {
+namespace quorkit::logfile {
 namespace {
 
 std::string textOf(ErrorCode code) {
@@ -40,4 +40,4 @@ void sayThatFolderIsMissing(const String& name) {
     say(name, "the name has no folder; ./ in front stands for the current one");
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::logfile

@@ -16,7 +16,7 @@ namespace {
 
 /// The size of the file; nothing when there is none that can be read.
 std::optional<std::uint64_t> sizeOf(Files& files, const String& name) {
-    OpenFile file(files, name);
+    file::OpenFile file(files, name);
     const std::uint64_t size = file.size();
     return file.status() == kSuccess ? std::optional(size) : std::nullopt;
 }
@@ -35,7 +35,7 @@ std::optional<Kept> newerPart(Files& files, const String& name, std::uint64_t si
     const double skipped = std::nearbyint(static_cast<double>(size) - keptShare * limit);
     if (skipped > static_cast<double>(size)) return std::nullopt;
     std::string kept;
-    if (readPart(files, name, static_cast<std::uint64_t>(skipped), std::string::npos, kept) !=
+    if (file::readPart(files, name, static_cast<std::uint64_t>(skipped), std::string::npos, kept) !=
         kSuccess)
         return std::nullopt;
     const std::size_t lineEnd = kept.find('\n');
@@ -51,28 +51,30 @@ std::optional<Kept> newerPart(Files& files, const String& name, std::uint64_t si
 std::optional<Kept> olderHalf(Files& files, const String& name, std::uint64_t size) {
     std::string kept;
     const auto half = static_cast<std::size_t>(std::nearbyint(static_cast<double>(size) / 2 - 1));
-    if (readPart(files, name, base::kUtf16Mark.size(), half, kept) != kSuccess) return std::nullopt;
+    if (file::readPart(files, name, base::kUtf16Mark.size(), half, kept) != kSuccess)
+        return std::nullopt;
     return Kept{std::move(kept), true};
 }
 
 }  // namespace
 
 Boolean QuorLogFile::limitFileSize(Unchanged<String> sFileName, Unchanged<Long> MaxFileSize) {
-    return onErrorReturn(Boolean(false), [&]() -> Boolean {
+    return frame::onErrorReturn(Boolean(false), [&]() -> Boolean {
         const auto withinLimit = [&](std::uint64_t size) {
             return static_cast<double>(size) <= MaxFileSize;
         };
         const auto glance = sizeOf(ports_.files, sFileName);
         if (!glance || withinLimit(*glance)) return glance.has_value();
 
-        LockedFile file(ports_.files, sFileName, Wait::Briefly);
+        file::LockedFile file(ports_.files, sFileName, Wait::Briefly);
         if (file.status() != kSuccess) return false;
         const String& name = file.name();
         const auto size = sizeOf(ports_.files, name);
         if (!size || withinLimit(*size)) return size.has_value();  // another was quicker
         std::string start;
-        if (readPart(ports_.files, name, 0, kLongestMark, start) != kSuccess) return false;
-        const std::string_view mark = markOf(start);
+        if (file::readPart(ports_.files, name, 0, logfile::kLongestMark, start) != kSuccess)
+            return false;
+        const std::string_view mark = logfile::markOf(start);
         const auto kept = mark == base::kUtf16Mark
                               ? olderHalf(ports_.files, name, *size)
                               : newerPart(ports_.files, name, *size, MaxFileSize, mark);

@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::method;
+using frame::method;
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorRegistry>() {
+std::span<const MemberInfo> frame::memberRows<GQuorRegistry>() {
     using C = GQuorRegistry;
     static constexpr MemberInfo rows[] = {
         method<&C::Reg_ReadStringValue>(0x60030000, "Reg_ReadStringValue",

@@ -3,7 +3,7 @@
 #include "base/registry_names.h"
 #include "registry/open_key.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 namespace {
 
 class Deletion {
@@ -59,4 +59,4 @@ RegResult deleteTree(Registry& registry, const RegPath& key) {
     return deletion.first;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

@@ -3,7 +3,7 @@
 
 #include "registry/reg_path.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 
 /// Deletes the key, the deepest ones beneath it first. A key that cannot be emptied stays, and so
 /// do the ones above it; the others go. Answers the first failure. What vanishes meanwhile is none,
@@ -11,4 +11,4 @@ namespace quorkit {
 /// nothing is deleted. The path has one "\" between its names and no more.
 RegResult deleteTree(Registry& registry, const RegPath& key);
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

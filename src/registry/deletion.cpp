@@ -5,15 +5,16 @@
 
 namespace quorkit {
 void GQuorRegistry::Reg_DeleteKey(const String& sPath, const String& sKey) {
-    OpenKey(ports_.registry, splitRegPath(sPath), RegistryAccess::Write).deleteValue(sKey);
+    registry::OpenKey(ports_.registry, registry::splitRegPath(sPath), RegistryAccess::Write)
+        .deleteValue(sKey);
 }
 
 void GQuorRegistry::Reg_DeletePath(const String& sPath) {
     const String text = sPath.substr(0, sPath.find_last_not_of(u'\\') + 1);
-    const RegPath key = splitRegPath(text);
+    const registry::RegPath key = registry::splitRegPath(text);
     // A root, with anything behind it but a separator and a name, stays.
     if (text.find(u'\\') == String::npos || key.path.starts_with(u'\\')) return;
-    deleteTree(ports_.registry, key);
+    registry::deleteTree(ports_.registry, key);
 }
 
 }  // namespace quorkit

@@ -12,10 +12,12 @@ constexpr std::size_t kRoom = 2000;
 template <class Take>
 void eachValue(Registry& registry, const String& path, Take take) {
     std::vector<NamedValue> values;
-    if (OpenKey(registry, splitRegPath(path), RegistryAccess::Read).values(values) != kSuccess)
+    if (registry::OpenKey(registry, registry::splitRegPath(path), RegistryAccess::Read)
+            .values(values) != kSuccess)
         return;
     for (const auto& [name, value] : values)
-        if (name.size() < kRoom && roomOf(value) <= kRoom) take(name, convertRegValue(value));
+        if (name.size() < kRoom && registry::roomOf(value) <= kRoom)
+            take(name, registry::convertRegValue(value));
 }
 
 }  // namespace
@@ -38,7 +40,8 @@ DictionaryRef GQuorRegistry::Reg_EnumKeyValuesEx(const String& sPath) {
 
 Long GQuorRegistry::Reg_EnumSubPaths(const String& sPath, Out<Array<String>> saSubPaths) {
     std::vector<String> names;
-    OpenKey(ports_.registry, splitRegPath(sPath), RegistryAccess::Read).subKeys(names);
+    registry::OpenKey(ports_.registry, registry::splitRegPath(sPath), RegistryAccess::Read)
+        .subKeys(names);
     if (names.empty()) return 0;
     const auto count = static_cast<Long>(names.size());
     saSubPaths = Array<String>(std::move(names), 1);

@@ -4,7 +4,7 @@
 
 #include "base/registry_names.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 namespace {
 
 constexpr StringView longName(RegistryRoot root) {
@@ -40,4 +40,4 @@ std::optional<RegPath> readKeyName(StringView name) {
     return key;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

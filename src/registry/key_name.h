@@ -5,7 +5,7 @@
 
 #include "registry/reg_path.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 
 /// The long name of the root, and the path behind it.
 String printKeyName(const RegPath& key);
@@ -15,4 +15,4 @@ String printKeyName(const RegPath& key);
 /// Nothing for other texts, and where a name is one that no key can have.
 std::optional<RegPath> readKeyName(StringView name);
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

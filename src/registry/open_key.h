@@ -5,7 +5,7 @@
 
 #include "registry/reg_path.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 
 /// What becomes of a key that cannot be opened.
 enum class Unopened {
@@ -57,4 +57,4 @@ class OpenKey {
     ErrorCode status_;
 };
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

@@ -22,7 +22,7 @@
 #include "base/registry_value_text.h"
 #include "registry/reg_path.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 
 /// The key and all beneath it as a file of version 5, in UTF-16 with its mark: values and keys in
 /// the registry's order, the default value first. A key beneath that cannot be read is left out
@@ -54,4 +54,4 @@ std::optional<BadRegLine> readRegFile(std::string_view content, std::vector<RegC
 /// user's and the machine's keys.
 RegResult applyRegChanges(Registry& registry, std::vector<RegChange> changes);
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

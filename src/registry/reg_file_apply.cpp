@@ -2,7 +2,7 @@
 #include "registry/open_key.h"
 #include "registry/reg_file.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 namespace {
 
 /// In the classes root there may be two of what is deleted, the user's and the machine's.
@@ -57,4 +57,4 @@ RegResult applyRegChanges(Registry& registry, std::vector<RegChange> changes) {
     return {};
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

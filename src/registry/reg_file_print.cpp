@@ -6,7 +6,7 @@
 #include "registry/open_key.h"
 #include "registry/reg_file.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 namespace {
 
 constexpr StringView kBreak = u"\r\n";
@@ -91,4 +91,4 @@ RegResult printRegFile(Registry& registry, const RegPath& key, std::string& cont
     return printer.first;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

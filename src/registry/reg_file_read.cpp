@@ -5,7 +5,7 @@
 #include "registry/key_name.h"
 #include "registry/reg_file.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 namespace {
 
 constexpr StringView kBlanks = u" \t\r";
@@ -162,4 +162,4 @@ std::optional<BadRegLine> readRegFile(std::string_view content, std::vector<RegC
     }
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

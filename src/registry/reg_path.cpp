@@ -4,7 +4,7 @@
 
 #include "base/letter_case.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 namespace {
 
 struct RootName {
@@ -26,4 +26,4 @@ RegPath splitRegPath(const String& text) {
     return {};
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

@@ -4,7 +4,7 @@
 #include <quorkit/ports/registry.h>
 #include <quorkit/values.h>
 
-namespace quorkit {
+namespace quorkit::registry {
 
 struct RegPath {
     RegistryRoot root = RegistryRoot::None;
@@ -24,4 +24,4 @@ struct RegResult {
     RegPath key = {};
 };
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

@@ -6,7 +6,7 @@
 #include "base/dword.h"
 #include "base/unicode.h"
 
-namespace quorkit {
+namespace quorkit::registry {
 namespace {
 
 String decimal(std::uint32_t number) {
@@ -38,4 +38,4 @@ RegistryValue stringValue(const String& text) {
     return {kRegString, base::toUtf16(text + u'\0')};
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

@@ -3,7 +3,7 @@
 
 #include <quorkit/ports/registry.h>
 
-namespace quorkit {
+namespace quorkit::registry {
 
 /// What the data of a value fill of a buffer: characters of a text, with the U+0000 at its end, and
 /// bytes of everything else.
@@ -17,4 +17,4 @@ String convertRegValue(const RegistryValue& value);
 /// `text` as a value of type kRegString.
 RegistryValue stringValue(const String& text);
 
-}  // namespace quorkit
+}  // namespace quorkit::registry

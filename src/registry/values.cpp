@@ -18,14 +18,15 @@ namespace {
 constexpr std::size_t kRoom = 2048;
 
 std::optional<String> read(Registry& registry, const String& path, const String& name) {
-    const OpenKey key(registry, splitRegPath(path), RegistryAccess::Read);
+    const registry::OpenKey key(registry, registry::splitRegPath(path), RegistryAccess::Read);
     RegistryValue value;
-    if (key.value(name, value) != kSuccess || roomOf(value) > kRoom) return {};
-    return convertRegValue(value);
+    if (key.value(name, value) != kSuccess || registry::roomOf(value) > kRoom) return {};
+    return registry::convertRegValue(value);
 }
 
 bool write(Registry& registry, const String& path, const NamedValue& value) {
-    const OpenKey key(registry, splitRegPath(path), RegistryAccess::Write, Unopened::IsMade);
+    const registry::OpenKey key(registry, registry::splitRegPath(path), RegistryAccess::Write,
+                                registry::Unopened::IsMade);
     return key.setValues({&value, 1}) == kSuccess;
 }
 
@@ -35,7 +36,7 @@ std::optional<std::uint32_t> dwordOf(Ports& ports, const String& text) {
     const String capitals = base::toUpper(text);
     std::optional<Double> number;
     if (capitals.starts_with(u"0X"))
-        resumeNext([&] { number = GQuorConvert(ports).HexToDec(capitals); });
+        frame::resumeNext([&] { number = GQuorConvert(ports).HexToDec(capitals); });
     else
         number = runtime::numberIn(text);
     if (!number) return {};
@@ -54,7 +55,7 @@ String GQuorRegistry::Reg_ReadStringValue(const String& sPath, const String& sKe
 
 Boolean GQuorRegistry::Reg_WriteStringValue(const String& sPath, const String& sKey,
                                             const String& sValue) {
-    return write(ports_.registry, sPath, {sKey, stringValue(sValue)});
+    return write(ports_.registry, sPath, {sKey, registry::stringValue(sValue)});
 }
 
 Long GQuorRegistry::Reg_ReadDWordValue(const String& sPath, const String& sKey,
@@ -79,13 +80,13 @@ Boolean GQuorRegistry::Reg_WriteBoolValue(const String& sPath, const String& sKe
 }
 
 void GQuorRegistry::Reg_WriteKeyValuesEx(const String& sPath, const DictionaryRef& cData) {
-    const OpenKey key(ports_.registry, splitRegPath(sPath), RegistryAccess::Write,
-                      Unopened::IsMade);
+    const registry::OpenKey key(ports_.registry, registry::splitRegPath(sPath),
+                                RegistryAccess::Write, registry::Unopened::IsMade);
     if (key.status() != kSuccess) return;
     if (cData == nullptr) raise(ErrorNumber::ObjectNotSet);
     std::vector<NamedValue> values;
     for (const auto& [name, item] : cData->entries()) {
-        NamedValue one{runtime::CStr(name), stringValue(runtime::CStr(item))};
+        NamedValue one{runtime::CStr(name), registry::stringValue(runtime::CStr(item))};
         if (base::canNameValue(one.name)) values.push_back(std::move(one));
     }
     key.setValues(values);

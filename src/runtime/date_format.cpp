@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "base/letter_case.h"
-#include "frame/names.h"
+#include "base/published_names.h"
 #include "runtime/calendar.h"
 #include "runtime/date_language.h"
 
@@ -122,7 +122,7 @@ const Token* tokenAt(StringView text) {
     for (const Token& one : kTokens) {
         if (first != base::toLower(static_cast<char16_t>(one.token[0]))) continue;
         const std::string_view spelling = one.token;
-        if (spelling.size() <= length || !sameName(text.substr(0, spelling.size()), spelling))
+        if (spelling.size() <= length || !base::sameName(text.substr(0, spelling.size()), spelling))
             continue;
         longest = &one;
         length = spelling.size();
@@ -202,7 +202,7 @@ void appendPattern(String& out, Date date, StringView pattern, const DateLanguag
 String Format(Date date, StringView format, eLanguage language) {
     std::string_view named = format.empty() ? "c" : "";
     for (const auto& [name, meaning] : kNames)
-        if (sameName(format, name)) named = meaning;
+        if (base::sameName(format, name)) named = meaning;
     const String pattern = named.empty() ? String(format) : String(named.begin(), named.end());
 
     String out;

@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::method;
+using frame::method;
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorStrings>() {
+std::span<const MemberInfo> frame::memberRows<GQuorStrings>() {
     using C = GQuorStrings;
     static constexpr MemberInfo rows[] = {
         method<&C::getFieldNameWithoutLineNumber>(

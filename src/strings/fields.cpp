@@ -14,7 +14,7 @@ using runtime::Search;
 
 /// Where the digits at the end of `s` begin.
 std::size_t lineNumberOf(const String& s) {
-    require16BitPositions(s);
+    strings::require16BitPositions(s);
     const std::size_t last = s.find_last_not_of(u"0123456789");
     return last == String::npos ? 0 : last + 1;
 }
@@ -42,7 +42,7 @@ CollectionRef GQuorStrings::ReadAllVarFields(
 }
 
 void GQuorStrings::SplitDOSCMDParam(const String& Param, Out<String> cmd, Out<String> arg) {
-    require16BitPositions(Param);
+    strings::require16BitPositions(Param);
     const std::size_t equals = Param.find(u'=');
     String command = Param.substr(0, equals);  // the results may be the very text that is split
     if (equals != String::npos) arg = Param.substr(equals + 1);

@@ -33,7 +33,7 @@ class Assignments {
         if (equals == Search::kNotFound) return false;
         name_ = Trim(text_.substr(at_, equals - at_));
         at_ = equals + 1;
-        while (at_ < text_.size() && isWhite(text_[at_])) ++at_;
+        while (at_ < text_.size() && strings::isWhite(text_[at_])) ++at_;
         return readValue(countQuotes());
     }
     StringView name() const { return name_; }
@@ -99,7 +99,7 @@ CollectionRef GQuorStrings::ParseString(
     const Optional<Unchanged<String>, Text(u"\"")>& txtDelimiter,
     const Optional<Unchanged<String>, Text(u",")>& argDelimiter) {
     s = Trim(s);
-    require16BitPositions(s);
+    strings::require16BitPositions(s);
     auto values = Collection::make();
     Assignments assignments(s, *cmdDelimiter, *txtDelimiter, *argDelimiter);
     while (assignments.next()) values->add(String(assignments.value()), String(assignments.name()));

@@ -4,9 +4,9 @@
 
 #include <vector>
 
+#include "frame/ui_language.h"
 #include "runtime/calendar.h"
 #include "runtime/date_format.h"
-#include "windows/ui_language.h"
 
 namespace quorkit {
 namespace {
@@ -75,7 +75,7 @@ String GQuorStrings::ExpandEnvironmentString(const String& s) {
 String GQuorStrings::ExpandDateString(const String& s) {
     if (s.find(u'[') == String::npos) return s;
     const Date now = runtime::dateOf(ports_.system.GetLocalTime());
-    const eLanguage language = uiLanguage(ports_);
+    const eLanguage language = frame::uiLanguage(ports_);
     return expanded(s, u'[', u']',
                     [&](const String& format) { return runtime::Format(now, format, language); });
 }

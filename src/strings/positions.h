@@ -4,11 +4,11 @@
 #include <quorkit/errors.h>
 #include <quorkit/values.h>
 
-namespace quorkit {
+namespace quorkit::strings {
 
 /// Error 6 when the text is longer than 32,767 characters.
 inline void require16BitPositions(StringView text) {
     if (text.size() > INT16_MAX) raise(ErrorNumber::Overflow);
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::strings

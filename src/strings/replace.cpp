@@ -54,8 +54,9 @@ String GQuorStrings::StringReplace(const String& vsString, const String& vsOldPa
 
 Long GQuorStrings::GetCountSearchPatternInString(const String& s, const String& searchpattern,
                                                  const Optional<Unchanged<Variant>>& compareType) {
-    const bool ignoreCase = !compareType->isMissing() &&
-                            onErrorReturn(false, [&] { return runtime::CDbl(*compareType) == 1; });
+    const bool ignoreCase = !compareType->isMissing() && frame::onErrorReturn(false, [&] {
+        return runtime::CDbl(*compareType) == 1;
+    });
     const Occurrences occurrences(s, searchpattern, ignoreCase);
 
     std::size_t count = 0;

@@ -44,7 +44,7 @@ struct Version {
 
 Version split(const String& text) {
     Version version;
-    version.result = onErrorReturn(Long{-1}, [&] {
+    version.result = frame::onErrorReturn(Long{-1}, [&] {
         Long result = 0;
         Pieces pieces(text);
         for (Long& component : version.components) {

@@ -8,17 +8,18 @@ namespace quorkit {
 namespace {
 
 StringView withoutFront(StringView s) {
-    return s.substr(static_cast<std::size_t>(std::ranges::find_if_not(s, isWhite) - s.begin()));
+    return s.substr(
+        static_cast<std::size_t>(std::ranges::find_if_not(s, strings::isWhite) - s.begin()));
 }
 
 StringView withoutBack(StringView s) {
-    const auto kept = std::find_if_not(s.rbegin(), s.rend(), isWhite).base();
+    const auto kept = std::find_if_not(s.rbegin(), s.rend(), strings::isWhite).base();
     return s.substr(0, static_cast<std::size_t>(kept - s.begin()));
 }
 
 }  // namespace
 
-StringView trimmed(StringView s) {
+StringView strings::trimmed(StringView s) {
     return withoutBack(withoutFront(s));
 }
 
@@ -27,7 +28,7 @@ String GQuorStrings::NullStringToString(const String& s) {
 }
 
 String GQuorStrings::TrimWhiteSpace(const String& s) {
-    return String(trimmed(s));
+    return String(strings::trimmed(s));
 }
 
 String GQuorStrings::RTrimWhiteSpace(const String& s) {
@@ -39,7 +40,7 @@ String GQuorStrings::LTrimWhiteSpace(const String& s) {
 }
 
 Boolean GQuorStrings::isWhiteSpace(Unchanged<String> c) {
-    return !c->empty() && isWhite(c->front());
+    return !c->empty() && strings::isWhite(c->front());
 }
 
 }  // namespace quorkit

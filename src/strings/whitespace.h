@@ -3,7 +3,7 @@
 
 #include <quorkit/values.h>
 
-namespace quorkit {
+namespace quorkit::strings {
 
 /// Below 33 the codes of the code page are those of UTF-16, and no other character has one.
 inline bool isWhite(char16_t unit) {
@@ -13,4 +13,4 @@ inline bool isWhite(char16_t unit) {
 /// `s` without the white space at both ends.
 StringView trimmed(StringView s);
 
-}  // namespace quorkit
+}  // namespace quorkit::strings

@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::method;
+using frame::method;
 
 template <>
-std::span<const MemberInfo> memberRows<QuorTesting>() {
+std::span<const MemberInfo> frame::memberRows<QuorTesting>() {
     using C = QuorTesting;
     static constexpr MemberInfo rows[] = {
         method<&C::GetRandomLastName>(0x60030000, "GetRandomLastName", {"iMax"},

@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::method;
+using frame::method;
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorProgram>() {
+std::span<const MemberInfo> frame::memberRows<GQuorProgram>() {
     using C = GQuorProgram;
     static constexpr MemberInfo rows[] = {
         method<&C::ExecuteAndWait>(0x60030000, "ExecuteAndWait", {"cmdline"},

@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::method;
+using frame::method;
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorTools>() {
+std::span<const MemberInfo> frame::memberRows<GQuorTools>() {
     using C = GQuorTools;
     static constexpr MemberInfo rows[] = {
         method<&C::IndexOfElementInCollection>(

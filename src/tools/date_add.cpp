@@ -26,11 +26,11 @@ Date GQuorTools::DateAddEx(Unchanged<Date> RefDate, Unchanged<String> sOptionStr
                            Optional<Boolean, false> bInvertOptionString) {
     const int sign = *bInvertOptionString ? -1 : 1;
     Date date = *RefDate;
-    resumeNext([&] {
+    frame::resumeNext([&] {
         String options = base::toLower(*sOptionString);
         const CollectionRef amounts = GQuorStrings(ports_).ParseString(options);
         for (const Unit& unit : kUnits)
-            resumeNext([&] {
+            frame::resumeNext([&] {
                 const Double amount = runtime::CDbl(amounts->item(unit.key));
                 date = runtime::DateAdd(unit.interval, sign * amount, date);
             });

@@ -21,7 +21,7 @@ void GQuorTools::DisplayError(const Optional<String>& sModuleName,
                               const Optional<String>& sFunction, const Optional<String>& sErrNumber,
                               const Optional<String>& sErrMsg, const Optional<String>& sAddInfo,
                               const Optional<String>& sApp, Optional<Integer, 0> iImage) {
-    const PendingError& pending = pendingError();
+    const frame::PendingError& pending = frame::pendingError();
     const std::string_view description = pending.text;
     const String text =
         u"Application Error!\r\n\r\n" +

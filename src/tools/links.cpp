@@ -20,9 +20,9 @@ void GQuorProgram::OpenURL(const String& vsURL, const Optional<Boolean>&) {
         return;
     }
     try {
-        untrapped([&] {
+        frame::untrapped([&] {
             const ErrorCode code = ports_.processes.ShellExecuteA(vsURL);
-            if (code != kSuccess) raiseFileError(code);
+            if (code != kSuccess) file::raiseFileError(code);
         });
     } catch (const AutomationError& error) {
         const std::string_view description = error.what();
@@ -37,7 +37,7 @@ Boolean GQuorProgram::OpenMail(Unchanged<String> MailTo, const Optional<Unchange
                                const Optional<Unchanged<String>>& CC,
                                const Optional<Unchanged<String>>& BCC,
                                const Optional<Unchanged<String>>& Body) {
-    return onErrorReturn(false, [&] {
+    return frame::onErrorReturn(false, [&] {
         String query;
         if (!Subject->empty()) query = u"?Subject=" + URLPathEncode(*Subject);
         if (!CC->empty()) query += u"&CC=" + *CC;

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace quorkit {
+namespace quorkit::tools {
 
 /// Sorts `items`, whose first one has the index `first`. Where equal items end up is settled: the
 /// pivot of low ... high is item (low + high) / 2, both sides are swapped up to and including items
@@ -52,4 +52,4 @@ void quickSort(std::span<Item> items, std::int64_t first, Order whole) {
     }
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::tools

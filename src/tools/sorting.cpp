@@ -144,7 +144,7 @@ class Sort {
             std::ranges::sort(items,
                               [&](const auto& a, const auto& b) { return order.before(a, b); });
         else
-            quickSort(std::span(items), first_, order);
+            tools::quickSort(std::span(items), first_, order);
         place(items);
     }
 
@@ -171,7 +171,7 @@ void GQuorTools::QuickSortVariantArray(Array<Variant>& avarIn, Long iLowBound, L
                                        Optional<Boolean, true> bCaseSensitive,
                                        Optional<Boolean, true> bSortUp) {
     if (iHighBound <= iLowBound) return;
-    retryUntilItSucceeds(
+    frame::retryUntilItSucceeds(
         [&] { Sort(avarIn, iLowBound, iHighBound, bCaseSensitive, bSortUp).run(); });
 }
 

@@ -1,10 +1,10 @@
 #include <quorkit/GQuorTools.h>
 
 #include "frame/error_patterns.h"
+#include "frame/ui_language.h"
 #include "runtime/convert.h"
 #include "runtime/trim.h"
 #include "tools/typed_number.h"
-#include "windows/ui_language.h"
 
 namespace quorkit {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 enum Kind { AnyText, WholeNumber, Number, DateText };
 
 bool isLong(Double number) {
-    return onErrorReturn(false, [&] { return runtime::roundToLong(number) == number; });
+    return frame::onErrorReturn(false, [&] { return runtime::roundToLong(number) == number; });
 }
 
 }  // namespace
@@ -28,11 +28,11 @@ Boolean GQuorTools::CheckTextBoxValue(const ObjectRef& txtBox, Long iKind,
     switch (iKind) {
         case WholeNumber:
         case Number: {
-            const auto number = typedNumber(text, uiLanguage(ports_));
+            const auto number = tools::typedNumber(text, frame::uiLanguage(ports_));
             return number && (iKind == Number || isLong(*number));
         }
         case DateText:
-            return resumeNext([&] { runtime::CDate(text, uiLanguage(ports_)); });
+            return frame::resumeNext([&] { runtime::CDate(text, frame::uiLanguage(ports_)); });
         default:
             return true;
     }

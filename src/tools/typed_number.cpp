@@ -5,12 +5,13 @@
 #include "convert/number_marks.h"
 #include "runtime/convert.h"
 
-namespace quorkit {
+namespace quorkit::tools {
 namespace {
 
 bool marksThousands(char16_t unit, char16_t decimal) {
-    return isOneOf(unit, kApostrophes) || isOneOf(unit, kNumberBlanks) ||
-           (isOneOf(unit, kPoints) && unit != decimal);
+    return convert::isOneOf(unit, convert::kApostrophes) ||
+           convert::isOneOf(unit, convert::kNumberBlanks) ||
+           (convert::isOneOf(unit, convert::kPoints) && unit != decimal);
 }
 
 /// The number without its thousands marks, and with a full stop for the decimal mark. Nothing when
@@ -23,12 +24,13 @@ std::optional<String> plain(StringView text, char16_t decimal) {
     const auto groupIsFull = [&] { return group == u'\0' || digits == 3; };
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i];
-        if (isDigit(unit)) {
+        if (convert::isDigit(unit)) {
             ++digits;
             result += unit;
             continue;
         }
-        const bool between = whole && digits > 0 && i + 1 < text.size() && isDigit(text[i + 1]);
+        const bool between =
+            whole && digits > 0 && i + 1 < text.size() && convert::isDigit(text[i + 1]);
         if (between && marksThousands(unit, decimal)) {
             if (group == u'\0' ? digits > 3 : (digits != 3 || unit != group)) return {};
             group = unit;
@@ -39,7 +41,7 @@ std::optional<String> plain(StringView text, char16_t decimal) {
             if (!groupIsFull()) return {};
             whole = false;
         }
-        if (isOneOf(unit, kPoints) && unit != decimal) return {};
+        if (convert::isOneOf(unit, convert::kPoints) && unit != decimal) return {};
         result += unit == decimal ? u'.' : unit;
     }
     if (whole && !groupIsFull()) return {};
@@ -60,4 +62,4 @@ std::optional<Double> typedNumber(StringView text, eLanguage language) {
     return {};
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::tools

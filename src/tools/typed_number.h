@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace quorkit {
+namespace quorkit::tools {
 
 /// The number that the whole text is, with the decimal mark of the language: in German, French,
 /// Italian and Spanish the comma, and the full stop where it can be none between thousands; the
@@ -15,4 +15,4 @@ namespace quorkit {
 /// runtime/convert.h has them, "&H" and "&O" not. Nothing when it is no number or too large.
 std::optional<Double> typedNumber(StringView text, eLanguage language);
 
-}  // namespace quorkit
+}  // namespace quorkit::tools

@@ -4,12 +4,12 @@
 
 namespace quorkit {
 
-using rows::method;
-using rows::propertyGet;
-using rows::propertyLet;
+using frame::method;
+using frame::propertyGet;
+using frame::propertyLet;
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorKeyboard>() {
+std::span<const MemberInfo> frame::memberRows<GQuorKeyboard>() {
     using C = GQuorKeyboard;
     static constexpr MemberInfo rows[] = {
         propertyGet<&C::ScrollLock>(0x68030000, "ScrollLock", "Whether Scroll Lock is on."),

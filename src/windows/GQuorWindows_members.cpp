@@ -4,10 +4,10 @@
 
 namespace quorkit {
 
-using rows::method;
+using frame::method;
 
 template <>
-std::span<const MemberInfo> memberRows<GQuorWindows>() {
+std::span<const MemberInfo> frame::memberRows<GQuorWindows>() {
     using C = GQuorWindows;
     static constexpr MemberInfo rows[] = {
         method<&C::GetOSVersion>(0x60030000, "GetOSVersion", {"sName", "OSVersion", "sServicePack"},

@@ -91,7 +91,7 @@ void GQuorWindows::CenterUserFormInApplication(const ObjectRef& frm, const Objec
 
 void GQuorWindows::SaveVBAUserFormPosition(const String& sRegPath, const ObjectRef& frm,
                                            Optional<Boolean, true> bOnlyPosition) {
-    resumeNext([&] {
+    frame::resumeNext([&] {
         Form form(frm);
         const String key = keyOf(sRegPath, form);
         GQuorRegistry registry(ports_);
@@ -109,7 +109,7 @@ void GQuorWindows::SaveVBAUserFormPosition(const String& sRegPath, const ObjectR
 void GQuorWindows::LoadVBAUserFormPosition(const String& sRegPath, const ObjectRef& frm,
                                            const ObjectRef& hostApp,
                                            Optional<Boolean, true> bOnlyPosition) {
-    resumeNext([&] {
+    frame::resumeNext([&] {
         ScreenArea area;
         const bool hasScreen = ports_.desktop.SystemParametersInfoA(area);
         Form form(frm);

@@ -6,9 +6,9 @@
 
 #include "base/letter_case.h"
 #include "frame/error_patterns.h"
+#include "frame/ui_language.h"
 #include "runtime/convert.h"
 #include "runtime/val.h"
-#include "windows/ui_language.h"
 
 namespace quorkit {
 namespace {
@@ -138,11 +138,11 @@ Boolean GQuorWindows::GetOSVersion(Out<String> sName, Out<eOSVersion> OSVersion,
 }
 
 eLanguage GQuorWindows::GetOSLanguage() {
-    return uiLanguage(ports_);
+    return frame::uiLanguage(ports_);
 }
 
 Long GQuorWindows::GetSystemCountryCode() {
-    return onErrorReturn(Long{0}, [&] {
+    return frame::onErrorReturn(Long{0}, [&] {
         String code;
         ports_.system.GetLocaleInfoA(code);
         return runtime::roundToLong(runtime::Val(code));

@@ -30,15 +30,16 @@ void GQuorWindows::WinShowWaitForm(Boolean show, Optional<Long, eLanguage_German
                                    const Optional<Variant>& parrentWindow) {
     Host& host = ports_.host;
     if (show) {
-        resumeNext([&] { host.SetPointer(Pointer::Hourglass); });
+        frame::resumeNext([&] { host.SetPointer(Pointer::Hourglass); });
         WindowHandle owner = 0;
-        if (!parrentWindow->isMissing()) resumeNext([&] { owner = runtime::CLng(*parrentWindow); });
-        resumeNext([&] { host.ShowWaitWindow(waitText(*language), owner); });
+        if (!parrentWindow->isMissing())
+            frame::resumeNext([&] { owner = runtime::CLng(*parrentWindow); });
+        frame::resumeNext([&] { host.ShowWaitWindow(waitText(*language), owner); });
     } else {
-        resumeNext([&] { host.SetPointer(Pointer::Default); });
-        resumeNext([&] { host.HideWaitWindow(); });
+        frame::resumeNext([&] { host.SetPointer(Pointer::Default); });
+        frame::resumeNext([&] { host.HideWaitWindow(); });
     }
-    resumeNext([&] { host.DoEvents(); });
+    frame::resumeNext([&] { host.DoEvents(); });
 }
 
 void GQuorWindows::ShowAboutDialog() {

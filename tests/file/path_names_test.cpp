@@ -82,7 +82,7 @@ TEST(Wildcard, MatchesAsWindowsDoes) {
           Case(u"*.?", u"a ab a.b .x readme a..b \u00C4b.c "), Case(u"a.???", u"a a.b a.txt "),
           Case(u"*b", u"ab a.b a..b "), Case(u"*..*", u"a..b "), Case(u"\u00E4?.C", u"\u00C4b.c ")})
         for (const String& pattern : words(patterns, u"|")) {
-            const Wildcard wildcard(pattern);
+            const file::Wildcard wildcard(pattern);
             String found;
             for (const String& name : words(all))
                 if (wildcard.matches(name)) found += name + u' ';
@@ -93,8 +93,8 @@ TEST(Wildcard, MatchesAsWindowsDoes) {
 TEST(Wildcard, TakesNoLongerForManyRuns) {
     String pattern;
     for (int i = 0; i < 300; ++i) pattern += u"*a?";
-    EXPECT_FALSE(Wildcard(pattern + u"b").matches(String(3000, u'a')));
-    EXPECT_TRUE(Wildcard(pattern).matches(String(3000, u'a')));
+    EXPECT_FALSE(file::Wildcard(pattern + u"b").matches(String(3000, u'a')));
+    EXPECT_TRUE(file::Wildcard(pattern).matches(String(3000, u'a')));
 }
 
 }  // namespace

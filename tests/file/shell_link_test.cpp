@@ -12,7 +12,7 @@ namespace quorkit::test {
 namespace {
 
 TEST(ShellLink, IsReadByTheSystem) {
-    const ShellLink links[] = {
+    const file::ShellLink links[] = {
         {u"C:\\Windows\\notepad.exe", u"\u20AC \u0416", 32, 3, 1},
         {u"C:\\\u00E4", u"", 16, 3, 1},
         {u"\\\\srv\\share\\f", u"network", 0, 0, 0},
@@ -20,8 +20,8 @@ TEST(ShellLink, IsReadByTheSystem) {
     };
     CoInitialize(nullptr);
     Scratch scratch;
-    for (const ShellLink& one : links) {
-        scratch.write("s.lnk", shellLinkFile(one));
+    for (const file::ShellLink& one : links) {
+        scratch.write("s.lnk", file::shellLinkFile(one));
         IShellLinkW* link = nullptr;
         ASSERT_EQ(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW,
                                    reinterpret_cast<void**>(&link)),

@@ -25,7 +25,7 @@ class LinuxNames : public testing::Test {
     /// The content of the file, which is its path in the folder; or the number of the error.
     std::string read(const String& name) {
         std::string content;
-        const ErrorCode code = readWholeFile(files, name, content);
+        const ErrorCode code = file::readWholeFile(files, name, content);
         return code == kSuccess ? content : std::to_string(code);
     }
     std::vector<String> list(const String& folder) {

@@ -15,12 +15,12 @@ const Values kAny = {{u"v", {kRegBinary, "any"}}};
 String withNul(String text) {
     return text.append(u"\0x", 2);
 }
-Values valuesOf(const OpenKey& key) {
+Values valuesOf(const registry::OpenKey& key) {
     Values found;
     EXPECT_EQ(key.values(found), kSuccess);
     return found;
 }
-Names keysOf(const OpenKey& key) {
+Names keysOf(const registry::OpenKey& key) {
     Names found;
     EXPECT_EQ(key.subKeys(found), kSuccess);
     return found;
@@ -47,10 +47,12 @@ TEST_P(RegistryTest, FindsAndMakesKeysByPath) {
           {{RegistryRoot::CurrentUser, u""}, kSuccess, kSuccess},
           {{RegistryRoot::None, base}, kInvalidHandle, kInvalidHandle}}) {
         SCOPED_TRACE(testing::PrintToString(place.path));
-        EXPECT_EQ(OpenKey(registry, place, RegistryAccess::Read).status(), opening);
-        EXPECT_EQ(OpenKey(registry, place, RegistryAccess::Write, Unopened::IsMade).status(),
-                  making);
-        EXPECT_EQ(OpenKey(registry, place, RegistryAccess::Read).status(), making);
+        EXPECT_EQ(registry::OpenKey(registry, place, RegistryAccess::Read).status(), opening);
+        EXPECT_EQ(
+            registry::OpenKey(registry, place, RegistryAccess::Write, registry::Unopened::IsMade)
+                .status(),
+            making);
+        EXPECT_EQ(registry::OpenKey(registry, place, RegistryAccess::Read).status(), making);
     }
 }
 
@@ -59,7 +61,7 @@ TEST_P(RegistryTest, MatchesNamesWithoutLetterCaseAndKeepsTheirSpelling) {
     EXPECT_EQ(make(u"\\Gr\u00D6\u00DFe \u03A3")
                   .setValues(Values{{u"\u00C4 \u0416", {}}, {u"twice", {}}, {u"TWICE", other}}),
               kSuccess);
-    const OpenKey key = make(u"\\gR\u00F6\u00DFE \u03C3");
+    const registry::OpenKey key = make(u"\\gR\u00F6\u00DFE \u03C3");
     EXPECT_EQ(key.setValues(Values{{u"\u00E4 \u0436", other}, {u"B", {}}}), kSuccess);
     EXPECT_EQ(key.deleteValue(u"b"), kSuccess);
     EXPECT_EQ(key.deleteValue(u"b"), kFileNotFound);
@@ -119,7 +121,7 @@ TEST_P(RegistryTest, NamesHoldAnyCharacter) {
 }
 
 TEST_P(RegistryTest, DeletesKeysThatHaveNoneBeneath) {
-    const OpenKey key = make();
+    const registry::OpenKey key = make();
     make(u"\\A\\B").setValues(kAny);
     EXPECT_EQ(key.deleteKey(u"A"), kAccessDenied);
     EXPECT_EQ(key.deleteKey(u"missing"), kFileNotFound);
@@ -127,8 +129,8 @@ TEST_P(RegistryTest, DeletesKeysThatHaveNoneBeneath) {
                               withNul(u"A"), String(256, u'n')})
         EXPECT_EQ(key.deleteKey(bad), kInvalidParameter) << testing::PrintToString(bad);
     EXPECT_EQ(valuesOf(read(u"\\A\\B")), kAny);
-    const OpenKey reading = read(u"\\A\\B");
-    const OpenKey writing = make(u"\\A\\B");
+    const registry::OpenKey reading = read(u"\\A\\B");
+    const registry::OpenKey writing = make(u"\\A\\B");
     EXPECT_EQ(make(u"\\A").deleteKey(u"b"), kSuccess);
     EXPECT_EQ(key.deleteKey(u"a"), kSuccess);
     EXPECT_EQ(keysOf(read()), Names());
@@ -146,8 +148,8 @@ TEST_P(RegistryTest, AnOpenKeyAllowsWhatItWasOpenedFor) {
     EXPECT_EQ(registry.RegSetValueExA(made, kAny), kSuccess);
     EXPECT_EQ(registry.RegQueryValueExA(made, u"v", value), kSuccess);
     registry.RegCloseKey(made);
-    const OpenKey reading = read();
-    const OpenKey writing = make();
+    const registry::OpenKey reading = read();
+    const registry::OpenKey writing = make();
     for (const ErrorCode code :
          {reading.setValues(kAny), reading.deleteValue(u"v"), writing.value(u"v", value),
           writing.values(values), writing.subKeys(names)})
@@ -172,29 +174,29 @@ TEST_P(RegistryTest, TwoWritersLoseNothing) {
 INSTANTIATE_TEST_SUITE_P(Rooms, RegistryTest, testing::Bool(), nameOfRegistry);
 
 TEST(MemoryRegistry, ShowsTheClassesOfTheUserOverThoseOfTheMachine) {
-    const RegPath machine = {RegistryRoot::LocalMachine, u"Software\\Classes\\.one"};
-    const RegPath user = {RegistryRoot::CurrentUser, machine.path};
-    const RegPath both = {RegistryRoot::ClassesRoot, u".ONE"};
-    const RegPath two = {RegistryRoot::ClassesRoot, u".two"};
+    const registry::RegPath machine = {RegistryRoot::LocalMachine, u"Software\\Classes\\.one"};
+    const registry::RegPath user = {RegistryRoot::CurrentUser, machine.path};
+    const registry::RegPath both = {RegistryRoot::ClassesRoot, u".ONE"};
+    const registry::RegPath two = {RegistryRoot::ClassesRoot, u".two"};
     MemoryRegistry registry;
-    const auto set = [&](const RegPath& place, const char* data) {
-        return OpenKey(registry, place, RegistryAccess::Write, Unopened::IsMade)
+    const auto set = [&](const registry::RegPath& place, const char* data) {
+        return registry::OpenKey(registry, place, RegistryAccess::Write, registry::Unopened::IsMade)
             .setValues(Values{{u"v", {kRegBinary, data}}});
     };
-    const auto get = [&](const RegPath& place) {
-        return valuesOf(OpenKey(registry, place, RegistryAccess::Read)).at(0).value.data;
+    const auto get = [&](const registry::RegPath& place) {
+        return valuesOf(registry::OpenKey(registry, place, RegistryAccess::Read)).at(0).value.data;
     };
     EXPECT_EQ(set(both, "machine"), kSuccess);
     EXPECT_EQ(get(machine), "machine");
     EXPECT_EQ(set(user, "user"), kSuccess);
     EXPECT_EQ(get(both), "user");
     EXPECT_EQ(set(two, "machine"), kSuccess);
-    EXPECT_THAT(keysOf(OpenKey(registry, {two.root, {}}, RegistryAccess::Read)),
+    EXPECT_THAT(keysOf(registry::OpenKey(registry, {two.root, {}}, RegistryAccess::Read)),
                 UnorderedElementsAre(u".one", u".two"));
     registry.setMachineReadOnly();
     EXPECT_EQ(set(both, "new"), kSuccess);
     EXPECT_EQ(get(machine) + get(user), "machinenew");
-    for (const RegPath& place : {machine, two, {two.root, u".new"}})
+    for (const registry::RegPath& place : {machine, two, {two.root, u".new"}})
         EXPECT_EQ(set(place, "new"), kAccessDenied);
 }
 

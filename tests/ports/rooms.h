@@ -73,7 +73,7 @@ class RoomTest : public testing::TestWithParam<bool> {
     }
     std::string read(const std::string& file) {
         std::string content;
-        return readWholeFile(files, name(file), content) == kSuccess ? content : "(failed)";
+        return file::readWholeFile(files, name(file), content) == kSuccess ? content : "(failed)";
     }
     /// Runs `body` on a thread of its own while `meanwhile` finds it waiting and lets it go.
     template <class Body, class Meanwhile>

@@ -16,31 +16,31 @@ namespace {
 using namespace std::string_literals;
 
 const std::string kHeader = "Windows Registry Editor Version 5.00\r\n\r\n";
-const RegPath kKey{RegistryRoot::CurrentUser, u"Software\\X"};
+const registry::RegPath kKey{RegistryRoot::CurrentUser, u"Software\\X"};
 
-std::string exported(Registry& registry, const RegPath& key = kKey) {
+std::string exported(Registry& registry, const registry::RegPath& key = kKey) {
     std::string content;
-    const ErrorCode code = printRegFile(registry, key, content).code;
+    const ErrorCode code = registry::printRegFile(registry, key, content).code;
     return code == kSuccess ? content : "error " + std::to_string(code);
 }
 
 /// What is exported, without the mark and the header.
-std::string text(Registry& registry, const RegPath& key = kKey) {
+std::string text(Registry& registry, const registry::RegPath& key = kKey) {
     const std::string content = exported(registry, key);
     if (!content.starts_with(base::kUtf16Mark)) return content;
     return base::toUtf8(base::fromUtf16(content.substr(2))).substr(kHeader.size());
 }
 
 std::string import(Registry& registry, const std::string& content) {
-    std::vector<RegChange> changes;
-    if (const auto bad = readRegFile(content, changes))
+    std::vector<registry::RegChange> changes;
+    if (const auto bad = registry::readRegFile(content, changes))
         return std::to_string(bad->number) + ": " + bad->what;
-    const RegResult result = applyRegChanges(registry, std::move(changes));
-    return result.code == kSuccess ? "" : base::toUtf8(printKeyName(result.key));
+    const registry::RegResult result = registry::applyRegChanges(registry, std::move(changes));
+    return result.code == kSuccess ? "" : base::toUtf8(registry::printKeyName(result.key));
 }
 
-void set(Registry& registry, const RegPath& key, const std::vector<NamedValue>& values) {
-    const OpenKey open(registry, key, RegistryAccess::Write, Unopened::IsMade);
+void set(Registry& registry, const registry::RegPath& key, const std::vector<NamedValue>& values) {
+    const registry::OpenKey open(registry, key, RegistryAccess::Write, registry::Unopened::IsMade);
     ASSERT_EQ(open.setValues(values), kSuccess);
 }
 
@@ -72,7 +72,7 @@ TEST(RegFile, CarriesEveryValueAndName) {
     EXPECT_EQ(import(other, exported(registry)), "");
     EXPECT_EQ(exported(other), exported(registry));
     std::vector<NamedValue> found;
-    OpenKey(other, kKey, RegistryAccess::Read).values(found);
+    registry::OpenKey(other, kKey, RegistryAccess::Read).values(found);
     EXPECT_EQ(found, values);
 
     set(registry, {kKey.root, kKey.path + u"\\a\nb"}, {});
@@ -149,7 +149,7 @@ TEST(RegFile, StopsAtTheKeyThatCannotBeChanged) {
     set(registry, {RegistryRoot::LocalMachine, u"Software\\Classes\\.x"}, {{u"a", {}}});
     set(registry, {RegistryRoot::CurrentUser, u"Software\\Classes\\.x\\y"}, {{u"a", {}}});
     EXPECT_EQ(import(registry, kHeader + "[HKCR\\.x]\n\"a\"=-\n\"b\"=\"c\""), "");
-    const RegPath classes{RegistryRoot::ClassesRoot, u".x"};
+    const registry::RegPath classes{RegistryRoot::ClassesRoot, u".x"};
     EXPECT_EQ(text(registry, classes),
               "[HKEY_CLASSES_ROOT\\.x]\r\n\"b\"=\"c\"\r\n\r\n"
               "[HKEY_CLASSES_ROOT\\.x\\y]\r\n\"a\"=hex(0):\r\n\r\n");

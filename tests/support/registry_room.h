@@ -28,11 +28,15 @@ class RegistryRoom : public testing::TestWithParam<bool> {
 
     ~RegistryRoom() override { GQuorRegistry(world).Reg_DeletePath(u"HKCU\\" + base); }
 
-    RegPath at(const String& path) const { return {RegistryRoot::CurrentUser, base + path}; }
-    OpenKey make(const String& path = {}) {
-        return {registry, at(path), RegistryAccess::Write, Unopened::IsMade};
+    registry::RegPath at(const String& path) const {
+        return {RegistryRoot::CurrentUser, base + path};
     }
-    OpenKey read(const String& path = {}) { return {registry, at(path), RegistryAccess::Read}; }
+    registry::OpenKey make(const String& path = {}) {
+        return {registry, at(path), RegistryAccess::Write, registry::Unopened::IsMade};
+    }
+    registry::OpenKey read(const String& path = {}) {
+        return {registry, at(path), RegistryAccess::Read};
+    }
 };
 
 inline std::string nameOfRegistry(const testing::TestParamInfo<bool>& room) {

@@ -1,17 +1,17 @@
-#include "windows/ui_language.h"
+#include "frame/ui_language.h"
 
-#include <quorkit/GQuorConvert.h>
 #include <quorkit/ports/system.h>
 
 #include "frame/error_patterns.h"
+#include "runtime/language_identifier.h"
 
-namespace quorkit {
+namespace quorkit::frame {
 
 eLanguage uiLanguage(Ports& ports) {
     LanguageIdentifier identifier = 0;
     resumeNext([&] { identifier = ports.system.GetUserDefaultUILanguage(); });
     if (identifier == 0) resumeNext([&] { identifier = ports.system.GetSystemDefaultLangID(); });
-    return GQuorConvert(ports).WindowsLanguageIDToLanguageID(static_cast<Integer>(identifier));
+    return runtime::languageOf(static_cast<Integer>(identifier));
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::frame

@@ -23,9 +23,9 @@
 #include <memory>
 #include <type_traits>
 
+#include "base/published_names.h"
 #include "frame/enumeration_rows.h"
 #include "frame/instance.h"
-#include "frame/names.h"
 
 namespace quorkit {
 namespace {
@@ -38,7 +38,7 @@ ObjectRef make(Ports& ports) {
 template <class C>
 constexpr ClassInfo publicClass(const char* interfaceIdentity, const char* identity,
                                 const char* name, ClassKind kind, const char* role) {
-    return {name, kind, role, interfaceIdentity, identity, &memberRows<C>, &make<C>};
+    return {name, kind, role, interfaceIdentity, identity, &frame::memberRows<C>, &make<C>};
 }
 
 template <class C>
@@ -113,11 +113,11 @@ constexpr ClassInfo kClasses[] = {
 constexpr ClassInfo kRuntimeClasses[] = {
     {"Collection", ClassKind::Runtime,
      "ordered list of values, counted from 1, each optionally under a key",
-     "a4c46780-499f-101b-bb78-00aa00383cbb", "", &memberRows<Collection>, &makeOwn<Collection>},
+     "a4c46780-499f-101b-bb78-00aa00383cbb", "", &frame::memberRows<Collection>, &makeOwn<Collection>},
     {"Dictionary", ClassKind::Runtime, "values under unique keys, in the order of their adding",
-     "42c642c1-97e1-11cf-978f-00a02463e06f", "", &memberRows<Dictionary>, &makeOwn<Dictionary>},
+     "42c642c1-97e1-11cf-978f-00a02463e06f", "", &frame::memberRows<Dictionary>, &makeOwn<Dictionary>},
     {"Picture", ClassKind::Runtime, "a picture, as the bytes of its file",
-     "7bf80981-bf32-101a-8bbb-00aa00300cab", "", &memberRows<Picture>, nullptr},
+     "7bf80981-bf32-101a-8bbb-00aa00300cab", "", &frame::memberRows<Picture>, nullptr},
 };
 
 constexpr FieldInfo kRectangle[] = {{"Left", {Type::Long}},
@@ -130,7 +130,7 @@ constexpr RecordInfo kRecords[] = {{"TRect", "A rectangle on the screen.", kRect
 template <class Info>
 const Info* named(std::span<const Info> all, StringView name) {
     const auto found =
-        std::ranges::find_if(all, [&](const Info& one) { return sameName(name, one.name); });
+        std::ranges::find_if(all, [&](const Info& one) { return base::sameName(name, one.name); });
     return found == all.end() ? nullptr : &*found;
 }
 
@@ -141,17 +141,17 @@ bool reaches(CallKind kind, const MemberInfo& member) {
 }  // namespace
 
 template <class C>
-const ClassInfo& classInfo() {
+const ClassInfo& frame::classInfo() {
     static const ClassInfo& info = *std::ranges::find(
         std::is_base_of_v<Object, C> ? std::span<const ClassInfo>(kRuntimeClasses)
                                      : std::span<const ClassInfo>(kClasses),
-        &memberRows<C>, &ClassInfo::members);
+        &frame::memberRows<C>, &ClassInfo::members);
     return info;
 }
 
-template const ClassInfo& classInfo<Collection>();
-template const ClassInfo& classInfo<Dictionary>();
-template const ClassInfo& classInfo<Picture>();
+template const ClassInfo& frame::classInfo<Collection>();
+template const ClassInfo& frame::classInfo<Dictionary>();
+template const ClassInfo& frame::classInfo<Picture>();
 
 std::span<const ClassInfo> classes() {
     return kClasses;
@@ -168,7 +168,7 @@ const ClassInfo* findClass(StringView name) {
 
 const MemberInfo* findMember(const ClassInfo& info, StringView name, CallKind kind) {
     for (const MemberInfo& member : info.members())
-        if (reaches(kind, member) && sameName(name, member.name)) return &member;
+        if (reaches(kind, member) && base::sameName(name, member.name)) return &member;
     return nullptr;
 }
 
@@ -180,7 +180,7 @@ const MemberInfo* findMember(const ClassInfo& info, Long identifier, CallKind ki
 
 std::optional<std::size_t> findParameter(const MemberInfo& member, StringView name) {
     for (std::size_t i = 0; i < member.parameterCount; ++i)
-        if (sameName(name, member.parameterRow[i].name)) return i;
+        if (base::sameName(name, member.parameterRow[i].name)) return i;
     return {};
 }
 

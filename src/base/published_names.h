@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-namespace quorkit {
+namespace quorkit::base {
 
 inline bool sameName(StringView wanted, std::string_view published) {
     const auto lower = [](unsigned unit) { return unit >= 'A' && unit <= 'Z' ? unit + 32 : unit; };
@@ -15,4 +15,4 @@ inline bool sameName(StringView wanted, std::string_view published) {
     return true;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::base
