@@ -8,7 +8,7 @@
 namespace quorkit::disk {
 
 ErrorCode openToAdd(Opened& file);
-/// See Files::WriteFile and Files::SetEndOfFile.
+/// See Files::Append and Files::EmptyFile.
 ErrorCode add(Opened& file, std::string_view bytes, std::string_view lineBreak);
 ErrorCode empty(Opened& file);
 /// Comes before closing.

@@ -52,13 +52,13 @@ std::vector<String> NativeDrives::GetLogicalDriveStringsA() {
     return roots;
 }
 
-ErrorCode NativeDrives::GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) {
+ErrorCode NativeDrives::VolumeSerialNumber(const String& root, std::uint32_t& serialNumber) {
     const DriveTable drives = DriveTable::ofThisSystem();
     const Drive* drive = driveOf(root, drives);
     return drive == nullptr ? kPathNotFound : disk::serialNumberOf(drive->mount, serialNumber);
 }
 
-ErrorCode NativeDrives::WNetEnumResourceA(std::vector<NetworkConnection>& connections) {
+ErrorCode NativeDrives::ListConnections(std::vector<NetworkConnection>& connections) {
     const DriveTable drives = DriveTable::ofThisSystem();
     connections.clear();
     for (const Drive& drive : drives.all())

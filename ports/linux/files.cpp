@@ -22,7 +22,7 @@ ErrorCode openNew(Opened& file) {
 
 }  // namespace
 
-ErrorCode NativeFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
+ErrorCode NativeFiles::Open(const String& name, FileAccess access, Handle& handle) {
     auto file = std::make_unique<Opened>();
     if (const ErrorCode code = pathOf(name, file->path)) return code;
     file->access = access;
@@ -67,10 +67,9 @@ ErrorCode NativeFiles::ReadFile(Handle handle, char* buffer, std::size_t capacit
     return kSuccess;
 }
 
-ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes,
-                                 std::string_view lineBreak) {
-    Opened& file = openedOf(handle);
-    if (isForAdding(file.access)) return add(file, bytes, lineBreak);
+ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes) {
+    const Opened& file = openedOf(handle);
+    if (file.access != FileAccess::CreateNew) return kAccessDenied;
     while (!bytes.empty()) {
         const ssize_t result =
             unlessInterrupted([&] { return write(file.descriptor, bytes.data(), bytes.size()); });
@@ -80,7 +79,12 @@ ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes,
     return kSuccess;
 }
 
-ErrorCode NativeFiles::SetEndOfFile(Handle handle) {
+ErrorCode NativeFiles::Append(Handle handle, std::string_view bytes, std::string_view lineBreak) {
+    Opened& file = openedOf(handle);
+    return isForAdding(file.access) ? add(file, bytes, lineBreak) : kAccessDenied;
+}
+
+ErrorCode NativeFiles::EmptyFile(Handle handle) {
     Opened& file = openedOf(handle);
     return isForAdding(file.access) ? empty(file) : kAccessDenied;
 }

@@ -94,7 +94,7 @@ bool describe(int folder, const dirent& entry, FindDetail detail, FindData& data
 
 }  // namespace
 
-ErrorCode NativeFiles::GetFileAttributesA(const String& name, std::uint32_t& attributes) {
+ErrorCode NativeFolders::GetFileAttributesA(const String& name, std::uint32_t& attributes) {
     std::string path;
     if (const ErrorCode code = disk::pathOf(name, path)) return code;
     struct stat about = {};
@@ -105,29 +105,29 @@ ErrorCode NativeFiles::GetFileAttributesA(const String& name, std::uint32_t& att
     return kSuccess;
 }
 
-ErrorCode NativeFiles::CreateDirectoryA(const String& name) {
+ErrorCode NativeFolders::CreateDirectoryA(const String& name) {
     std::string path;
     if (const ErrorCode code = disk::pathOf(name, path)) return code;
     return mkdir(path.c_str(), 0777) == 0 ? kSuccess : pathError();
 }
 
-ErrorCode NativeFiles::FindFirstFileA(const String& folder, FindDetail detail, Handle& search,
-                                      FindData& entry) {
+ErrorCode NativeFolders::FirstEntry(const String& folder, FindDetail detail, Handle& search,
+                                    FindData& entry) {
     std::string path;
     if (const ErrorCode code = disk::pathOf(folder, path)) return code;
     DIR* opened = opendir(path.c_str());  // close-on-exec
     if (opened == nullptr) return pathError();
     const auto handle = Handle(reinterpret_cast<std::intptr_t>(new Search{opened, detail}));
-    ErrorCode code = FindNextFileA(handle, entry);
+    ErrorCode code = NextEntry(handle, entry);
     if (code == kNoMoreFiles) code = kFileNotFound;
     if (code == kSuccess)
         search = handle;
     else
-        FindClose(handle);
+        EndListing(handle);
     return code;
 }
 
-ErrorCode NativeFiles::FindNextFileA(Handle search, FindData& entry) {
+ErrorCode NativeFolders::NextEntry(Handle search, FindData& entry) {
     const Search& under = searchOf(search);
     for (;;) {
         errno = 0;
@@ -137,7 +137,7 @@ ErrorCode NativeFiles::FindNextFileA(Handle search, FindData& entry) {
     }
 }
 
-void NativeFiles::FindClose(Handle search) {
+void NativeFolders::EndListing(Handle search) {
     closedir(searchOf(search).folder);
     delete &searchOf(search);
 }

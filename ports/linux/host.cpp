@@ -165,7 +165,7 @@ bool NativeHost::SHBrowseForFolderA(const FileDialog& dialog, String& name) {
 
 void NativeHost::DoEvents() {}
 
-bool NativeHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) {
+bool NativeHost::WaitForEvents(std::chrono::steady_clock::time_point deadline) {
     std::this_thread::sleep_until(deadline);
     return false;
 }

@@ -27,7 +27,7 @@ class Process {
     void waitForItsEnd();
     /// See Processes::GetExitCodeProcess; nothing when it runs or is lost.
     std::optional<Long> exitCode();
-    /// See Processes::TerminateProcess. kAccessDenied when it belongs to another user.
+    /// See Processes::EndProcess. kAccessDenied when it belongs to another user.
     ErrorCode end();
     /// Takes it out of the kernel's table; false while it runs.
     bool forget();

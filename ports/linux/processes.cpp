@@ -93,16 +93,15 @@ ErrorCode NativeProcesses::CreateProcessA(const String& commandLine, const Strin
     return answer;
 }
 
-Processes::Waited NativeProcesses::WaitForSingleObject(Handle process,
-                                                       std::chrono::milliseconds longest) {
+Processes::Waited NativeProcesses::WaitForSingleObject(
+    Handle process, std::optional<std::chrono::milliseconds> longest) {
+    if (!longest) {
+        processOf(process).waitForItsEnd();
+        return Waited::Ended;
+    }
     constexpr std::chrono::milliseconds aYear = std::chrono::years(1);
-    const auto deadline = std::chrono::steady_clock::now() + std::min(longest, aYear);
+    const auto deadline = std::chrono::steady_clock::now() + std::min(*longest, aYear);
     return processOf(process).hasEndedBy(deadline) ? Waited::Ended : Waited::TimedOut;
-}
-
-Processes::Waited NativeProcesses::WaitForSingleObject(Handle process) {
-    processOf(process).waitForItsEnd();
-    return Waited::Ended;
 }
 
 ErrorCode NativeProcesses::GetExitCodeProcess(Handle process, Long& code) {
@@ -112,7 +111,7 @@ ErrorCode NativeProcesses::GetExitCodeProcess(Handle process, Long& code) {
     return kSuccess;
 }
 
-ErrorCode NativeProcesses::TerminateProcess(Handle process) {
+ErrorCode NativeProcesses::EndProcess(Handle process) {
     return processOf(process).end();
 }
 

@@ -72,7 +72,7 @@ ErrorCode atFreePath(Opened& file, Make make) {
 
 }  // namespace
 
-ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
+ErrorCode NativeFiles::FinalName(const String& name, String& target) {
     std::string path;
     ErrorCode code = pathOf(name, path);
     if (code == kSuccess) code = finalPath(path);
@@ -80,7 +80,7 @@ ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
     return code;
 }
 
-ErrorCode NativeFiles::LockFileA(const String& name, Handle& lock, Wait wait) {
+ErrorCode NativeFiles::LockForChange(const String& name, Handle& lock, Wait wait) {
     std::string path;
     if (const ErrorCode code = pathOf(name, path)) return code;
     for (;;) {
@@ -88,7 +88,7 @@ ErrorCode NativeFiles::LockFileA(const String& name, Handle& lock, Wait wait) {
         held->path = path;
         ErrorCode code = held->openRegular(O_RDWR);
         if (code == kFileNotFound) {
-            // There is nothing to lock. Whoever else makes it first wins, see ReplaceFileA.
+            // There is nothing to lock. Whoever else makes it first wins, see Replace.
             code = mayMakeBeside(path);
             if (code == kSuccess) lock = handOut(std::move(held));
             return code;
@@ -124,7 +124,7 @@ ErrorCode NativeFiles::CreateReplacement(Handle lock, const String& beside, Hand
     return code;
 }
 
-ErrorCode NativeFiles::ReplaceFileA(Handle lock, Handle file, Wait) {
+ErrorCode NativeFiles::Replace(Handle lock, Handle file, Wait) {
     const Opened& held = openedOf(lock);
     Opened& made = openedOf(file);
     // Whoever may write in the folder could have put another file in its place.

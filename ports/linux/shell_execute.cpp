@@ -44,7 +44,7 @@ ErrorCode wordOf(const String& target, std::string& word) {
 
 }  // namespace
 
-ErrorCode NativeProcesses::ShellExecuteA(const String& target) {
+ErrorCode NativeProcesses::HandToDesktop(const String& target) {
     std::vector<std::string> words = {"xdg-open", ""};
     if (const ErrorCode code = wordOf(target, words[1])) return code;
     using disk::Streams;

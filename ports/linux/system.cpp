@@ -98,13 +98,13 @@ bool NativeSystem::GetVersionExA(OsRecord, OsVersion& version) {
     return true;
 }
 
-bool NativeSystem::GetLocaleInfoA(String& dialingCode) {
+bool NativeSystem::DiallingCode(String& diallingCode) {
     const std::unique_ptr<std::remove_pointer_t<locale_t>, void (*)(locale_t)> locale(
         newlocale(LC_TELEPHONE_MASK, "", nullptr), freelocale);
     if (!locale) return false;
     const std::string code = nl_langinfo_l(_NL_TELEPHONE_INT_PREFIX, locale.get());
     if (code.empty()) return false;
-    dialingCode = runtime::fromUtf8(code);
+    diallingCode = runtime::fromUtf8(code);
     return true;
 }
 
@@ -119,7 +119,7 @@ SystemTime NativeSystem::GetLocalTime() {
     return systemTimeOf(local, static_cast<int>(now.tv_nsec / 1'000'000));
 }
 
-bool NativeSystem::FileTimeToSystemTime(FileTime time, SystemTime& local) {
+bool NativeSystem::LocalTimeOf(FileTime time, SystemTime& local) {
     constexpr FileTime ticksAMillisecond = 10'000;
     constexpr FileTime ticksASecond = 1000 * ticksAMillisecond;
     constexpr std::time_t secondsFrom1601To1970 = 11'644'473'600;

@@ -18,7 +18,7 @@ bool MemoryClipboard::EmptyClipboard() {
     return !locked;
 }
 
-bool MemoryClipboard::SetClipboardData(ClipboardFormat format, const std::string& data) {
+bool MemoryClipboard::PutOnClipboard(ClipboardFormat format, const std::string& data) {
     if (locked || !fits(format, data)) return false;
     content = {format, data};
     return true;

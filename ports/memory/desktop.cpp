@@ -33,7 +33,7 @@ String MemoryDesktop::GetWindowTextA(WindowHandle window) {
     return found == nullptr ? String() : found->info.title;
 }
 
-bool MemoryDesktop::SetWindowPos(WindowHandle window, bool topmost) {
+bool MemoryDesktop::SetTopmost(WindowHandle window, bool topmost) {
     Window* const found = find(window);
     if (found == nullptr) return false;
     found->topmost = topmost;
@@ -47,7 +47,7 @@ bool MemoryDesktop::PostMessageA(WindowHandle window, WindowMessage message) {
     return true;
 }
 
-bool MemoryDesktop::SystemParametersInfoA(ScreenArea& area) {
+bool MemoryDesktop::WorkArea(ScreenArea& area) {
     if (!workArea) return false;
     area = *workArea;
     return true;

@@ -18,7 +18,7 @@ std::vector<String> MemoryDrives::GetLogicalDriveStringsA() {
     return roots;
 }
 
-ErrorCode MemoryDrives::GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) {
+ErrorCode MemoryDrives::VolumeSerialNumber(const String& root, std::uint32_t& serialNumber) {
     for (const auto& [name, drive] : drives)
         for (const String& mine : {name, drive.remoteName})
             if (!mine.empty() && runtime::sameText(mine + u'\\', root)) {
@@ -28,7 +28,7 @@ ErrorCode MemoryDrives::GetVolumeInformationA(const String& root, std::uint32_t&
     return kPathNotFound;
 }
 
-ErrorCode MemoryDrives::WNetEnumResourceA(std::vector<NetworkConnection>& connections) {
+ErrorCode MemoryDrives::ListConnections(std::vector<NetworkConnection>& connections) {
     if (networkAnswer != kSuccess) return networkAnswer;
     connections.clear();
     for (const auto& [name, drive] : drives)

@@ -10,14 +10,6 @@ namespace quorkit {
 using memory::Entry;
 using memory::Place;
 
-namespace {
-
-bool forAdding(FileAccess access) {
-    return access == FileAccess::Append || access == FileAccess::AppendYielding;
-}
-
-}  // namespace
-
 MemoryFiles::State::Opened* MemoryFiles::State::find(Handle handle) {
     const auto found = opened.find(std::intptr_t(handle));
     return found == opened.end() || found->second.lock ? nullptr : &found->second;
@@ -35,7 +27,7 @@ ErrorCode MemoryFiles::State::findFile(const String& name, Place& place) {
     return place.entry->kind == Entry::Folder ? kAccessDenied : kSuccess;
 }
 
-ErrorCode MemoryFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
+ErrorCode MemoryFiles::Open(const String& name, FileAccess access, Handle& handle) {
     std::unique_lock guard(state_->mutex);
     Place place;
     ErrorCode code = state_->findFile(name, place);
@@ -54,7 +46,7 @@ ErrorCode MemoryFiles::CreateFileA(const String& name, FileAccess access, Handle
         if (place.around->readOnly()) return kAccessDenied;
         state_->tree.add(place, Entry::File);
     }
-    if (forAdding(access) && place.entry->readOnly()) return kAccessDenied;
+    if (isForAdding(access) && place.entry->readOnly()) return kAccessDenied;
     if (access == FileAccess::Append) state_->adding.insert(place.key);
     handle = state_->handOut({place.entry->item, access, place.key});
     return kSuccess;
@@ -103,15 +95,24 @@ void MemoryFiles::State::waitToAdd(std::unique_lock<std::mutex>& guard, const me
 }
 
 ErrorCode MemoryFiles::State::mayChange(std::unique_lock<std::mutex>& guard, const Opened& file) {
-    if (file.access == FileAccess::Read) return kAccessDenied;
-    if (!forAdding(file.access)) return kSuccess;
+    if (!isForAdding(file.access)) return kAccessDenied;
     if (file.access == FileAccess::AppendYielding) waitToAdd(guard, file.key);
     const Entry* now = tree.at(file.key);
     return now != nullptr && now->item == file.item ? kSuccess : kFileReplaced;
 }
 
-ErrorCode MemoryFiles::WriteFile(Handle handle, std::string_view bytes,
-                                 std::string_view lineBreak) {
+ErrorCode MemoryFiles::WriteFile(Handle handle, std::string_view bytes) {
+    const std::lock_guard guard(state_->mutex);
+    const State::Opened* file = state_->find(handle);
+    if (file == nullptr) return kInvalidHandle;
+    if (file->access != FileAccess::CreateNew) return kAccessDenied;
+    const std::size_t count = std::min(bytes.size(), state_->freeSpace);
+    file->item->content.append(bytes.substr(0, count));
+    state_->freeSpace -= count;
+    return count == bytes.size() ? kSuccess : kDiskFull;
+}
+
+ErrorCode MemoryFiles::Append(Handle handle, std::string_view bytes, std::string_view lineBreak) {
     std::unique_lock guard(state_->mutex);
     const State::Opened* file = state_->find(handle);
     if (file == nullptr) return kInvalidHandle;
@@ -120,18 +121,16 @@ ErrorCode MemoryFiles::WriteFile(Handle handle, std::string_view bytes,
     std::string begun;
     if (!lineBreak.empty() && !lines::endAt(content.size(), content, lines::feedOf(lineBreak)))
         bytes = begun = lines::parting(content.size(), lineBreak).append(bytes);
-    const bool fits = bytes.size() <= state_->freeSpace;
-    if (!fits) bytes = bytes.substr(0, forAdding(file->access) ? 0 : state_->freeSpace);
+    if (bytes.size() > state_->freeSpace) return kDiskFull;
     file->item->content.append(bytes);
     state_->freeSpace -= bytes.size();
-    return fits ? kSuccess : kDiskFull;
+    return kSuccess;
 }
 
-ErrorCode MemoryFiles::SetEndOfFile(Handle handle) {
+ErrorCode MemoryFiles::EmptyFile(Handle handle) {
     std::unique_lock guard(state_->mutex);
     const State::Opened* file = state_->find(handle);
     if (file == nullptr) return kInvalidHandle;
-    if (!forAdding(file->access)) return kAccessDenied;
     if (const ErrorCode code = state_->mayChange(guard, *file)) return code;
     file->item->content.clear();
     return kSuccess;

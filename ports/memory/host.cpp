@@ -26,7 +26,7 @@ void MemoryHost::DoEvents() {
     event();
 }
 
-bool MemoryHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) {
+bool MemoryHost::WaitForEvents(std::chrono::steady_clock::time_point deadline) {
     if (!events.empty()) return true;
     const auto now = std::chrono::steady_clock::now();
     if (deadline > now) waited += deadline - now;

@@ -34,7 +34,7 @@ ErrorCode MemoryFiles::CloseHandle(Handle handle) {
     return kSuccess;
 }
 
-ErrorCode MemoryFiles::GetFinalPathNameA(const String& name, String& target) {
+ErrorCode MemoryFiles::FinalName(const String& name, String& target) {
     const std::lock_guard guard(state_->mutex);
     Place place;
     if (const ErrorCode code = state_->tree.find(name, place)) return code;
@@ -42,7 +42,7 @@ ErrorCode MemoryFiles::GetFinalPathNameA(const String& name, String& target) {
     return kSuccess;
 }
 
-ErrorCode MemoryFiles::LockFileA(const String& name, Handle& handle, Wait wait) {
+ErrorCode MemoryFiles::LockForChange(const String& name, Handle& handle, Wait wait) {
     const auto end = std::chrono::steady_clock::now() + longest(wait);
     std::unique_lock guard(state_->mutex);
     Place place;
@@ -76,7 +76,7 @@ ErrorCode MemoryFiles::CreateReplacement(Handle lock, const String& beside, Hand
     return kSuccess;
 }
 
-ErrorCode MemoryFiles::ReplaceFileA(Handle lock, Handle file, Wait) {
+ErrorCode MemoryFiles::Replace(Handle lock, Handle file, Wait) {
     const std::lock_guard guard(state_->mutex);
     const State::Opened* held = state_->findLock(lock);
     const State::Opened* made = state_->find(file);

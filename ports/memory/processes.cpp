@@ -21,16 +21,12 @@ ErrorCode MemoryProcesses::CreateProcessA(const String& commandLine, const Strin
     return kSuccess;
 }
 
-Processes::Waited MemoryProcesses::WaitForSingleObject(Handle process,
-                                                       std::chrono::milliseconds longest) {
+Processes::Waited MemoryProcesses::WaitForSingleObject(
+    Handle process, std::optional<std::chrono::milliseconds> longest) {
     std::chrono::milliseconds& runs = started.at(indexOf(process)).program.runs;
-    const bool ends = runs <= longest;
-    runs -= std::min(runs, longest);
+    const bool ends = !longest || runs <= *longest;
+    runs -= ends ? runs : *longest;
     return ends ? Waited::Ended : Waited::TimedOut;
-}
-
-Processes::Waited MemoryProcesses::WaitForSingleObject(Handle process) {
-    return WaitForSingleObject(process, std::chrono::milliseconds::max());
 }
 
 ErrorCode MemoryProcesses::GetExitCodeProcess(Handle process, Long& code) {
@@ -38,7 +34,7 @@ ErrorCode MemoryProcesses::GetExitCodeProcess(Handle process, Long& code) {
     return kSuccess;
 }
 
-ErrorCode MemoryProcesses::TerminateProcess(Handle process) {
+ErrorCode MemoryProcesses::EndProcess(Handle process) {
     Started& one = started.at(indexOf(process));
     one.terminated = true;
     one.program = {};
@@ -49,7 +45,7 @@ void MemoryProcesses::CloseHandle(Handle process) {
     started.at(indexOf(process)).closed = true;
 }
 
-ErrorCode MemoryProcesses::ShellExecuteA(const String& target) {
+ErrorCode MemoryProcesses::HandToDesktop(const String& target) {
     if (target.find(u'\0') != String::npos) return kInvalidName;
     opened.push_back(target);
     return openAnswer;

@@ -1,7 +1,7 @@
 // What is behind files in memory.
 #pragma once
 
-#include <quorkit/ports/memory.h>
+#include <quorkit/ports/memory_files.h>
 
 #include <condition_variable>
 #include <cstdint>
@@ -54,9 +54,9 @@ struct MemoryFiles::State {
     Handle handOut(Opened file);
     /// Follows links to where a file stands or could stand; kAccessDenied for a folder.
     ErrorCode findFile(const String& name, memory::Place& place);
-    /// Waits for a lock that keeps a file from being added to, see LockFileA.
+    /// Waits for a lock that keeps a file from being added to, see Files.
     void waitToAdd(std::unique_lock<std::mutex>& guard, const memory::Key& key);
-    /// Whether a handle may write now. Waits for a lock that keeps it from adding.
+    /// Whether a handle may add now. Waits for a lock that keeps it from that.
     ErrorCode mayChange(std::unique_lock<std::mutex>& guard, const Opened& file);
     /// Finds what a test sets up, and throws when it is not there.
     memory::Place mustFind(const String& name, memory::Tree::Links links = {});

@@ -29,13 +29,13 @@ bool MemorySystem::GetVersionExA(OsRecord size, OsVersion& answer) {
     return true;
 }
 
-bool MemorySystem::GetLocaleInfoA(String& code) {
-    if (!dialingCode) return false;
-    code = *dialingCode;
+bool MemorySystem::DiallingCode(String& code) {
+    if (!diallingCode) return false;
+    code = *diallingCode;
     return true;
 }
 
-bool MemorySystem::FileTimeToSystemTime(FileTime time, SystemTime& local) {
+bool MemorySystem::LocalTimeOf(FileTime time, SystemTime& local) {
     constexpr std::int64_t ticksAMillisecond = 10'000;
     if (time > static_cast<FileTime>(std::numeric_limits<std::int64_t>::max())) return false;
     const std::chrono::milliseconds sinceStart(static_cast<std::int64_t>(time) / ticksAMillisecond);

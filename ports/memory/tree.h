@@ -2,7 +2,7 @@
 // time is here.
 #pragma once
 
-#include <quorkit/ports/files.h>
+#include <quorkit/ports/folders.h>
 
 #include <cstddef>
 #include <cstdint>

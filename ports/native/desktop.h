@@ -15,9 +15,9 @@ class NativeDesktop final : public Desktop {
                              const std::optional<String>& title) override;
     bool IsWindow(WindowHandle window) override;
     String GetWindowTextA(WindowHandle window) override;
-    bool SetWindowPos(WindowHandle window, bool topmost) override;
+    bool SetTopmost(WindowHandle window, bool topmost) override;
     bool PostMessageA(WindowHandle window, WindowMessage message) override;
-    bool SystemParametersInfoA(ScreenArea& workArea) override;
+    bool WorkArea(ScreenArea& workArea) override;
 };
 
 class NativeKeyboard final : public Keyboard {
@@ -30,7 +30,7 @@ class NativeKeyboard final : public Keyboard {
 class NativeClipboard final : public Clipboard {
    public:
     bool EmptyClipboard() override;
-    bool SetClipboardData(ClipboardFormat format, const std::string& data) override;
+    bool PutOnClipboard(ClipboardFormat format, const std::string& data) override;
     bool GetClipboardData(ClipboardFormat format, std::string& data) override;
 };
 

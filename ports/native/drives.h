@@ -9,8 +9,8 @@ class NativeDrives final : public Drives {
    public:
     int GetDriveTypeA(const String& root) override;
     std::vector<String> GetLogicalDriveStringsA() override;
-    ErrorCode GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) override;
-    ErrorCode WNetEnumResourceA(std::vector<NetworkConnection>& connections) override;
+    ErrorCode VolumeSerialNumber(const String& root, std::uint32_t& serialNumber) override;
+    ErrorCode ListConnections(std::vector<NetworkConnection>& connections) override;
 };
 
 }  // namespace quorkit

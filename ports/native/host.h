@@ -12,7 +12,7 @@ class NativeHost final : public Host {
     bool GetSaveFileNameA(const FileDialog& dialog, String& name) override;
     bool SHBrowseForFolderA(const FileDialog& dialog, String& name) override;
     void DoEvents() override;
-    bool MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) override;
+    bool WaitForEvents(std::chrono::steady_clock::time_point deadline) override;
     void SetPointer(Pointer pointer) override;
     void ShowWaitWindow(const String& text, WindowHandle owner) override;
     void HideWaitWindow() override;

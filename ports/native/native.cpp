@@ -12,6 +12,7 @@ namespace quorkit::ports {
 
 Ports& native() {
     static NativeFiles files;
+    static NativeFolders folders;
     static NativeDrives drives;
     static NativeSystem system;
     static NativeHost host;
@@ -19,8 +20,8 @@ Ports& native() {
     static NativeDesktop desktop;
     static NativeKeyboard keyboard;
     static NativeClipboard clipboard;
-    static Ports ports{files,     drives,  nativeRegistry(), system,   host,
-                       processes, desktop, keyboard,         clipboard};
+    static Ports ports{files, folders,   drives,  nativeRegistry(), system,
+                       host,  processes, desktop, keyboard,         clipboard};
     return ports;
 }
 

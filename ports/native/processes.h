@@ -9,12 +9,12 @@ class NativeProcesses final : public Processes {
    public:
     ErrorCode CreateProcessA(const String& commandLine, const String& title, Ending ending,
                              Handle& process) override;
-    Waited WaitForSingleObject(Handle process, std::chrono::milliseconds longest) override;
-    Waited WaitForSingleObject(Handle process) override;
+    Waited WaitForSingleObject(Handle process,
+                               std::optional<std::chrono::milliseconds> longest) override;
     ErrorCode GetExitCodeProcess(Handle process, Long& code) override;
-    ErrorCode TerminateProcess(Handle process) override;
+    ErrorCode EndProcess(Handle process) override;
     void CloseHandle(Handle process) override;
-    ErrorCode ShellExecuteA(const String& target) override;
+    ErrorCode HandToDesktop(const String& target) override;
 };
 
 }  // namespace quorkit

@@ -10,10 +10,10 @@ class NativeSystem final : public System {
     LanguageIdentifier GetUserDefaultUILanguage() override;
     LanguageIdentifier GetSystemDefaultLangID() override;
     bool GetVersionExA(OsRecord size, OsVersion& version) override;
-    bool GetLocaleInfoA(String& dialingCode) override;
+    bool DiallingCode(String& diallingCode) override;
     SystemTime GetLocalTime() override;
     std::uint64_t QueryPerformanceCounter() override;
-    bool FileTimeToSystemTime(FileTime time, SystemTime& local) override;
+    bool LocalTimeOf(FileTime time, SystemTime& local) override;
     bool GetEnvironmentVariableA(const String& name, String& value) override;
     bool GetTempPathA(String& folder) override;
     bool SHGetFolderPathA(int folder, String& path) override;

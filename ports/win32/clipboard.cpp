@@ -40,7 +40,7 @@ bool NativeClipboard::EmptyClipboard() {
     return opened && ::EmptyClipboard();
 }
 
-bool NativeClipboard::SetClipboardData(ClipboardFormat format, const std::string& data) {
+bool NativeClipboard::PutOnClipboard(ClipboardFormat format, const std::string& data) {
     std::vector<win32::ClipboardItem> items = win32::itemsOf(format, data);
     if (items.empty()) return false;
     const OpenedClipboard opened;

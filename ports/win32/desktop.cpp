@@ -58,7 +58,7 @@ String NativeDesktop::GetWindowTextA(WindowHandle window) {
     return titleOf(windowOf(window));
 }
 
-bool NativeDesktop::SetWindowPos(WindowHandle window, bool topmost) {
+bool NativeDesktop::SetTopmost(WindowHandle window, bool topmost) {
     return ::SetWindowPos(windowOf(window), topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                           SWP_NOMOVE | SWP_NOSIZE) != FALSE;
 }
@@ -69,7 +69,7 @@ bool NativeDesktop::PostMessageA(WindowHandle window, WindowMessage message) {
            ::PostMessageW(windowOf(window), static_cast<UINT>(message), 0, 0) != FALSE;
 }
 
-bool NativeDesktop::SystemParametersInfoA(ScreenArea& workArea) {
+bool NativeDesktop::WorkArea(ScreenArea& workArea) {
     RECT area = {};
     if (!::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0)) return false;
     workArea = {area.left, area.top, area.right, area.bottom};

@@ -41,7 +41,7 @@ std::vector<String> NativeDrives::GetLogicalDriveStringsA() {
     return roots;
 }
 
-ErrorCode NativeDrives::GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) {
+ErrorCode NativeDrives::VolumeSerialNumber(const String& root, std::uint32_t& serialNumber) {
     const NoBoxes quiet;
     DWORD found = 0;
     if (!::GetVolumeInformationW(wide(root), nullptr, 0, &found, nullptr, nullptr, nullptr, 0))
@@ -51,7 +51,7 @@ ErrorCode NativeDrives::GetVolumeInformationA(const String& root, std::uint32_t&
 }
 
 /// One reading of as much as the buffer holds: with more there is no answer.
-ErrorCode NativeDrives::WNetEnumResourceA(std::vector<NetworkConnection>& connections) {
+ErrorCode NativeDrives::ListConnections(std::vector<NetworkConnection>& connections) {
     HANDLE list = nullptr;
     DWORD code = ::WNetOpenEnumW(RESOURCE_CONNECTED, RESOURCETYPE_ANY, 0, nullptr, &list);
     if (code != NO_ERROR) return static_cast<ErrorCode>(code);

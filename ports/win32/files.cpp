@@ -161,7 +161,7 @@ ErrorCode add(HANDLE file, std::string_view bytes, std::string_view lineBreak, b
 
 }  // namespace
 
-ErrorCode NativeFiles::CreateFileA(const String& name, FileAccess access, Handle& handle) {
+ErrorCode NativeFiles::Open(const String& name, FileAccess access, Handle& handle) {
     if (!validName(name)) return kInvalidName;
     auto made = std::make_unique<Opened>();
     made->access = access;
@@ -196,15 +196,20 @@ ErrorCode NativeFiles::ReadFile(Handle handle, char* buffer, std::size_t capacit
     });
 }
 
-ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes,
-                                 std::string_view lineBreak) {
+ErrorCode NativeFiles::WriteFile(Handle handle, std::string_view bytes) {
     const Opened& file = opened(handle);
-    if (!isForAdding(file.access)) return writeAll(file.file, bytes, nullptr);
+    if (file.access != FileAccess::CreateNew) return kAccessDenied;
+    return writeAll(file.file, bytes, nullptr);
+}
+
+ErrorCode NativeFiles::Append(Handle handle, std::string_view bytes, std::string_view lineBreak) {
+    const Opened& file = opened(handle);
+    if (!isForAdding(file.access)) return kAccessDenied;
     return whileNamed(
         file, [&](HANDLE changed, bool alone) { return add(changed, bytes, lineBreak, alone); });
 }
 
-ErrorCode NativeFiles::SetEndOfFile(Handle handle) {
+ErrorCode NativeFiles::EmptyFile(Handle handle) {
     const Opened& file = opened(handle);
     if (!isForAdding(file.access)) return kAccessDenied;
     return whileNamed(file, [](HANDLE changed, bool) { return cutAt(changed, 0); });

@@ -36,7 +36,7 @@ void describe(const Search& search, const WIN32_FIND_DATAW& found, FindData& ent
 
 }  // namespace
 
-ErrorCode NativeFiles::GetFileAttributesA(const String& name, std::uint32_t& attributes) {
+ErrorCode NativeFolders::GetFileAttributesA(const String& name, std::uint32_t& attributes) {
     if (!validName(name)) return kInvalidName;
     const DWORD found = ::GetFileAttributesW(wide(name));
     if (found == INVALID_FILE_ATTRIBUTES) return lastError();
@@ -49,13 +49,13 @@ ErrorCode NativeFiles::GetFileAttributesA(const String& name, std::uint32_t& att
     return kSuccess;
 }
 
-ErrorCode NativeFiles::CreateDirectoryA(const String& name) {
+ErrorCode NativeFolders::CreateDirectoryA(const String& name) {
     if (!validName(name)) return kInvalidName;
     return resultOf(::CreateDirectoryW(wide(name), nullptr));
 }
 
-ErrorCode NativeFiles::FindFirstFileA(const String& folder, FindDetail detail, Handle& search,
-                                      FindData& entry) {
+ErrorCode NativeFolders::FirstEntry(const String& folder, FindDetail detail, Handle& search,
+                                    FindData& entry) {
     if (!validName(folder)) return kInvalidName;
     auto begun = std::make_unique<Search>(Search{nullptr, detail, folder});
     // Behind "C:" a separator would turn the current folder into the root.
@@ -73,14 +73,14 @@ ErrorCode NativeFiles::FindFirstFileA(const String& folder, FindDetail detail, H
     return kSuccess;
 }
 
-ErrorCode NativeFiles::FindNextFileA(Handle search, FindData& entry) {
+ErrorCode NativeFolders::NextEntry(Handle search, FindData& entry) {
     WIN32_FIND_DATAW found = {};
     if (!::FindNextFileW(searchOf(search).handle, &found)) return lastError();
     describe(searchOf(search), found, entry);
     return kSuccess;
 }
 
-void NativeFiles::FindClose(Handle search) {
+void NativeFolders::EndListing(Handle search) {
     ::FindClose(searchOf(search).handle);
     delete &searchOf(search);
 }

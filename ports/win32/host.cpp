@@ -147,7 +147,7 @@ void NativeHost::DoEvents() {
     }
 }
 
-bool NativeHost::MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) {
+bool NativeHost::WaitForEvents(std::chrono::steady_clock::time_point deadline) {
     // Nothing here handles it, so it would end every wait at once.
     const std::optional<int> quit = takeQuit();
     const bool something = waitForMessage(deadline);

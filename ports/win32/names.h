@@ -1,7 +1,7 @@
 // Names of files, and what they lead to.
 #pragma once
 
-#include <quorkit/ports/files.h>
+#include <quorkit/ports/folders.h>
 #include <windows.h>
 
 namespace quorkit::win32 {

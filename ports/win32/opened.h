@@ -1,7 +1,7 @@
 // What is behind a Handle: an open file, or a lock.
 #pragma once
 
-#include <quorkit/ports/files.h>
+#include <quorkit/ports/folders.h>
 #include <windows.h>
 
 #include <cstdint>

@@ -5,7 +5,6 @@
 #include <shellapi.h>
 
 #include <algorithm>
-#include <limits>
 #include <memory>
 
 #include "win32/handle.h"
@@ -98,15 +97,12 @@ ErrorCode NativeProcesses::CreateProcessA(const String& commandLine, const Strin
     return kSuccess;
 }
 
-Processes::Waited NativeProcesses::WaitForSingleObject(Handle process,
-                                                       std::chrono::milliseconds longest) {
-    constexpr std::chrono::milliseconds::rep most = std::numeric_limits<LONG>::max();
-    return wait(process, static_cast<DWORD>(
-                             std::clamp<std::chrono::milliseconds::rep>(longest.count(), 0, most)));
-}
-
-Processes::Waited NativeProcesses::WaitForSingleObject(Handle process) {
-    return wait(process, INFINITE);
+Processes::Waited NativeProcesses::WaitForSingleObject(
+    Handle process, std::optional<std::chrono::milliseconds> longest) {
+    constexpr std::int64_t mostToWait = INFINITE - 1;
+    return wait(process, longest ? static_cast<DWORD>(
+                                       std::clamp<std::int64_t>(longest->count(), 0, mostToWait))
+                                 : INFINITE);
 }
 
 ErrorCode NativeProcesses::GetExitCodeProcess(Handle process, Long& code) {
@@ -116,7 +112,7 @@ ErrorCode NativeProcesses::GetExitCodeProcess(Handle process, Long& code) {
     return kSuccess;
 }
 
-ErrorCode NativeProcesses::TerminateProcess(Handle process) {
+ErrorCode NativeProcesses::EndProcess(Handle process) {
     const Running& running = runningOf(process);
     const HANDLE own = running.process.get();
     if (running.job != nullptr) {
@@ -134,7 +130,7 @@ void NativeProcesses::CloseHandle(Handle process) {
     const std::unique_ptr<Running> closed(&runningOf(process));
 }
 
-ErrorCode NativeProcesses::ShellExecuteA(const String& target) {
+ErrorCode NativeProcesses::HandToDesktop(const String& target) {
     if (target.find(u'\0') != String::npos) return kInvalidName;
     const Objects objects;
     SHELLEXECUTEINFOW order = {};

@@ -103,7 +103,7 @@ class NativeRegistry final : public Registry {
         return codeOf(status);
     }
 
-    ErrorCode RegSetValueExA(Handle key, std::span<const NamedValue> values) override {
+    ErrorCode SetValues(Handle key, std::span<const NamedValue> values) override {
         constexpr std::size_t mostBytes = std::numeric_limits<DWORD>::max();
         for (const NamedValue& one : values)
             if (!canNameValue(one.name) || one.value.data.size() > mostBytes)
@@ -119,7 +119,7 @@ class NativeRegistry final : public Registry {
         return codeOf(::RegDeleteValueW(keyOf(key), wide(name)));
     }
 
-    ErrorCode RegEnumValueA(Handle key, std::vector<NamedValue>& values) override {
+    ErrorCode ListValues(Handle key, std::vector<NamedValue>& values) override {
         std::vector<NamedValue> found;
         String name(16'384, u'\0');
         for (;;) {
@@ -138,7 +138,7 @@ class NativeRegistry final : public Registry {
         }
     }
 
-    ErrorCode RegEnumKeyExA(Handle key, std::vector<String>& names) override {
+    ErrorCode ListKeys(Handle key, std::vector<String>& names) override {
         std::vector<String> found;
         String name(512, u'\0');
         for (;;) {
@@ -156,7 +156,7 @@ class NativeRegistry final : public Registry {
         return codeOf(::RegDeleteKeyW(keyOf(parent), wide(name)));
     }
 
-    std::vector<RegistryDamage> check() override { return {}; }
+    std::vector<RegistryDamage> FindDamage() override { return {}; }
 
    private:
     static LSTATUS create(RegistryRoot root, const String& path, REGSAM access, HKEY& key) {

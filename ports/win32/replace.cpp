@@ -39,7 +39,7 @@ void copyRights(const String& from, const String& to) {
 
 }  // namespace
 
-ErrorCode NativeFiles::GetFinalPathNameA(const String& name, String& target) {
+ErrorCode NativeFiles::FinalName(const String& name, String& target) {
     if (!validName(name)) return kInvalidName;
     target = finalName(name);
     return target.empty() ? lastError() : kSuccess;
@@ -52,7 +52,7 @@ Look Look::at(const String& name) {
             timeOf(about.ftLastWriteTime)};
 }
 
-ErrorCode NativeFiles::LockFileA(const String& name, Handle& handle, Wait wait) {
+ErrorCode NativeFiles::LockForChange(const String& name, Handle& handle, Wait wait) {
     using std::chrono::steady_clock;
     if (!validName(name)) return kInvalidName;
     auto lock = std::make_unique<Opened>();
@@ -106,7 +106,7 @@ ErrorCode NativeFiles::CreateReplacement(Handle, const String& beside, Handle& f
     return lastError();
 }
 
-ErrorCode NativeFiles::ReplaceFileA(Handle lock, Handle file, Wait wait) {
+ErrorCode NativeFiles::Replace(Handle lock, Handle file, Wait wait) {
     const Opened& held = opened(lock);
     Opened& made = opened(file);
     if (Look::at(held.name) != held.look) return kFileReplaced;

@@ -38,10 +38,10 @@ bool NativeSystem::GetVersionExA(OsRecord size, OsVersion& version) {
     return true;
 }
 
-bool NativeSystem::GetLocaleInfoA(String& dialingCode) {
+bool NativeSystem::DiallingCode(String& diallingCode) {
     wchar_t digits[16] = {};
     if (::GetLocaleInfoW(::GetSystemDefaultLCID(), LOCALE_ICOUNTRY, digits, 16) == 0) return false;
-    dialingCode = textOf(digits);
+    diallingCode = textOf(digits);
     return true;
 }
 
@@ -73,7 +73,7 @@ bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
     }
 }
 
-bool NativeSystem::FileTimeToSystemTime(FileTime time, SystemTime& local) {
+bool NativeSystem::LocalTimeOf(FileTime time, SystemTime& local) {
     const FILETIME utc = {static_cast<DWORD>(time), static_cast<DWORD>(time >> 32)};
     FILETIME here = {};
     SYSTEMTIME shown = {};

@@ -143,7 +143,7 @@ eLanguage GQuorWindows::GetOSLanguage() {
 Long GQuorWindows::GetSystemCountryCode() {
     return onErrorReturn(Long{0}, [&] {
         String code;
-        ports_.system.GetLocaleInfoA(code);
+        ports_.system.DiallingCode(code);
         return runtime::roundToLong(runtime::Val(code));
     });
 }

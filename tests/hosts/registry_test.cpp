@@ -51,7 +51,7 @@ TEST(RegistryCommand, TellsWhereAndWhat) {
 TEST(RegistryCommand, ChecksTheStore) {
     struct Damaged : HiveRegistry {
         using HiveRegistry::HiveRegistry;
-        std::vector<RegistryDamage> check() override {
+        std::vector<RegistryDamage> FindDamage() override {
             return {{u"\u00C4:3", u"not a value"}, {u"b", u"not a key"}};
         }
     };

@@ -29,7 +29,7 @@ TEST(Win32Clipboard, HasTheBestFormOfAPictureAndABitmap) {
     const std::string dib = dibOf(all[1].file).value();
     for (const auto& [i, format, size] :
          {std::tuple{0u, png, 48u}, {1u, UINT{CF_DIB}, 64u}, {2u, jpeg, 44u}, {3u, gif, 44u}}) {
-        EXPECT_TRUE(port.SetClipboardData(ClipboardFormat::Bitmap, all[i].file));
+        EXPECT_TRUE(port.PutOnClipboard(ClipboardFormat::Bitmap, all[i].file));
         EXPECT_EQ(under(format), format == CF_DIB ? dib : all[i].file);
         EXPECT_EQ(under(CF_DIB).size(), size);
         if (i == 0) {

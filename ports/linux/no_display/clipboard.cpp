@@ -8,7 +8,7 @@ bool NativeClipboard::EmptyClipboard() {
     return nothing<bool>();
 }
 
-bool NativeClipboard::SetClipboardData(ClipboardFormat, const std::string&) {
+bool NativeClipboard::PutOnClipboard(ClipboardFormat, const std::string&) {
     return nothing<bool>();
 }
 

@@ -22,7 +22,7 @@ String NativeDesktop::GetWindowTextA(WindowHandle) {
     return nothing<String>();
 }
 
-bool NativeDesktop::SetWindowPos(WindowHandle, bool) {
+bool NativeDesktop::SetTopmost(WindowHandle, bool) {
     return nothing<bool>();
 }
 
@@ -30,7 +30,7 @@ bool NativeDesktop::PostMessageA(WindowHandle, WindowMessage) {
     return nothing<bool>();
 }
 
-bool NativeDesktop::SystemParametersInfoA(ScreenArea&) {
+bool NativeDesktop::WorkArea(ScreenArea&) {
     return nothing<bool>();
 }
 

@@ -63,7 +63,7 @@ bool NativeClipboard::EmptyClipboard() {
     return owner != nullptr;
 }
 
-bool NativeClipboard::SetClipboardData(ClipboardFormat format, const std::string& data) {
+bool NativeClipboard::PutOnClipboard(ClipboardFormat format, const std::string& data) {
     return fits(format, data) && Connection::borrow() != nullptr && x11::startOwner(format, data);
 }
 

@@ -153,7 +153,7 @@ String NativeDesktop::GetWindowTextA(WindowHandle window) {
     return found.empty() ? String() : found.front().title;
 }
 
-bool NativeDesktop::SetWindowPos(WindowHandle window, bool topmost) {
+bool NativeDesktop::SetTopmost(WindowHandle window, bool topmost) {
     const Connection::Lease connection = connected();
     if (connection == nullptr || !exists(*connection, window) || !hasManager(*connection) ||
         !lists(*connection, connection->root(), "_NET_SUPPORTED", "_NET_WM_STATE_ABOVE"))
@@ -176,7 +176,7 @@ bool NativeDesktop::PostMessageA(WindowHandle window, WindowMessage message) {
     return true;
 }
 
-bool NativeDesktop::SystemParametersInfoA(ScreenArea& workArea) {
+bool NativeDesktop::WorkArea(ScreenArea& workArea) {
     const Connection::Lease connection = connected();
     if (connection == nullptr) return false;
     const auto current = numbersIn(
