@@ -1,12 +1,12 @@
 // Fields: a command line and, from the second on, words. Finds: words that do not come back from
 // the line that quotes them, names of programs that take more than their words, shortcuts whose
 // parts do not fit together.
-#include "tools/command_line.h"
+#include "base/command_line.h"
 
 #include <vector>
 
+#include "base/unicode.h"
 #include "file/shell_link.h"
-#include "runtime/code_page.h"
 #include "support/target.h"
 
 namespace quorkit::fuzz {
@@ -27,16 +27,17 @@ String quoted(const String& word) {
 void checkWords(const std::vector<String>& words) {
     String line;
     for (const String& word : words) line += quoted(word) + u" \t";
-    promise(splitArguments(line) == words, "quoted words come back");
+    promise(base::splitArguments(line) == words, "quoted words come back");
 }
 
 void checkProgram(const String& line) {
-    ProgramName program(line);
-    std::vector<String> words = splitArguments(program.behind());
+    base::ProgramName program(line);
+    std::vector<String> words = base::splitArguments(program.behind());
     for (std::size_t length = 0; !program.name().empty(); program.lengthen()) {
         promise(program.name().size() > length, "a longer name is longer");
         length = program.name().size();
-        promise(splitArguments(program.behind()) == words, "a name takes one word after another");
+        promise(base::splitArguments(program.behind()) == words,
+                "a name takes one word after another");
         if (!words.empty()) words.erase(words.begin());
     }
 }
@@ -66,7 +67,7 @@ void checkLink(const String& target, const String& description) {
         const std::string_view info = std::string_view(file).substr(at, size);
         const auto textAt = [&](std::size_t field) {
             const std::size_t from = number(info, field, 4);
-            return untilEnd(runtime::fromUtf16(info.substr(std::min(from, info.size()))));
+            return untilEnd(base::fromUtf16(info.substr(std::min(from, info.size()))));
         };
         if ((number(info, 8, 4) & 1) != 0)
             promiseEqual(textAt(28), untilEnd(target), "the target in a shortcut");
@@ -74,7 +75,7 @@ void checkLink(const String& target, const String& description) {
     }
     if ((flags & 4) != 0) {
         const std::size_t count = number(file, at, 2);
-        const auto text = runtime::fromUtf16(std::string_view(file).substr(at + 2, 2 * count));
+        const auto text = base::fromUtf16(std::string_view(file).substr(at + 2, 2 * count));
         promiseEqual(text, untilEnd(description), "the description in a shortcut");
         at += 2 + 2 * count;
     }
@@ -88,7 +89,7 @@ void run(std::string_view input) {
     Fields fields(input);
     const String line = fields.text();
     checkProgram(line);
-    const std::vector<String> words = splitArguments(line);
+    const std::vector<String> words = base::splitArguments(line);
     checkWords(words);
     std::vector<String> others;
     while (!fields.done()) others.push_back(fields.text());

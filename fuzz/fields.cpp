@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 #include "support/target.h"
 
 namespace quorkit::fuzz {
@@ -70,8 +70,7 @@ Repeats repeats(const std::vector<Assignment>& all) {
         for (std::size_t j = 0; j < i; ++j) {
             if (all[i].name.empty()) continue;
             if (all[i].name == all[j].name) return Repeats::Surely;
-            if (runtime::toLower(all[i].name) == runtime::toLower(all[j].name))
-                found = Repeats::Perhaps;
+            if (base::toLower(all[i].name) == base::toLower(all[j].name)) found = Repeats::Perhaps;
         }
     return found;
 }
@@ -101,13 +100,13 @@ void checkAssignments(GQuorStrings& strings, const String& text, const String& e
 void checkFields(GQuorStrings& strings, const String& text, const String& header,
                  const String& trailer) {
     const CollectionRef got = strings.ReadAllVarFields(text, header, trailer);
-    const String lower = runtime::toLower(text);
+    const String lower = base::toLower(text);
     Long count = 0;
     for (std::size_t at = trailer.size();;) {
-        const std::size_t begin = firstIn(lower, runtime::toLower(header), at);
+        const std::size_t begin = firstIn(lower, base::toLower(header), at);
         if (begin == kNowhere) break;
         const std::size_t name = begin + header.size();
-        const std::size_t end = firstIn(lower, runtime::toLower(trailer), name);
+        const std::size_t end = firstIn(lower, base::toLower(trailer), name);
         if (end == kNowhere) break;
         at = end + trailer.size();
         if (end == name) continue;

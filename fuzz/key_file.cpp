@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <map>
 
-#include "registry/name_rules.h"
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
+#include "base/registry_names.h"
 #include "support/target.h"
 
 namespace quorkit::fuzz {
@@ -21,8 +21,7 @@ std::map<String, RegistryValue> valuesOf(const KeyFile& file) {
     file.list(list);
     std::map<String, RegistryValue> values;
     for (const NamedValue& one : list) {
-        promise(values.emplace(runtime::folded(one.name), one.value).second,
-                "a value is listed once");
+        promise(values.emplace(base::folded(one.name), one.value).second, "a value is listed once");
         RegistryValue found;
         promise(file.find(one.name, found) && found == one.value, "a listed value is found");
     }
@@ -55,8 +54,8 @@ void run(std::string_view input) {
     while (!fields.done()) {
         const String key = fields.text();
         const std::string type = fields.bytes();
-        if (!canNameValue(key)) continue;
-        const String wanted = runtime::folded(key);
+        if (!base::canNameValue(key)) continue;
+        const String wanted = base::folded(key);
         const std::string before = file.text();
         if (type == "-") {
             const bool removed = file.remove(key);

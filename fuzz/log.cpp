@@ -12,7 +12,8 @@
 #include <optional>
 #include <utility>
 
-#include "runtime/code_page.h"
+#include "base/code_page.h"
+#include "base/unicode.h"
 #include "support/target.h"
 
 namespace quorkit::fuzz {
@@ -21,21 +22,21 @@ namespace {
 constexpr const char16_t* kFile = u"C:\\log\\a.log";
 
 std::string_view markOf(std::string_view content) {
-    for (const auto mark : {runtime::kUtf8Mark, runtime::kUtf16Mark})
+    for (const auto mark : {base::kUtf8Mark, base::kUtf16Mark})
         if (content.starts_with(mark)) return mark;
     return {};
 }
 
 std::string lineIn(const std::string& content, const String& text) {
     const auto mark = markOf(content);
-    if (mark == runtime::kUtf16Mark) return runtime::toUtf16(text + u"\r\n");
-    return mark.empty() ? runtime::toAnsi(text + u"\r\n") : runtime::toUtf8(text + u"\r\n");
+    if (mark == base::kUtf16Mark) return base::toUtf16(text + u"\r\n");
+    return mark.empty() ? base::toAnsi(text + u"\r\n") : base::toUtf8(text + u"\r\n");
 }
 
 bool isUnfinished(const std::string& content) {
     const auto mark = markOf(content);
     const auto text = std::string_view(content).substr(mark.size());
-    const std::string_view end = mark == runtime::kUtf16Mark ? std::string_view("\n\0", 2) : "\n";
+    const std::string_view end = mark == base::kUtf16Mark ? std::string_view("\n\0", 2) : "\n";
     return !text.empty() && !text.ends_with(end);
 }
 
@@ -43,7 +44,7 @@ bool isUnfinished(const std::string& content) {
 /// on, without the last two bytes; all that fit, unless the disk is full.
 bool isShortened(const std::string& kept, const std::string& old, Long limit, bool fullDisk) {
     const auto mark = markOf(old);
-    if (mark == runtime::kUtf16Mark)
+    if (mark == base::kUtf16Mark)
         return std::string_view(old).substr(2).starts_with(kept) &&
                std::abs(static_cast<double>(kept.size()) - static_cast<double>(old.size()) / 2) <=
                    2;
@@ -90,7 +91,7 @@ class Session {
         if (old.size() % 2 != 0 && now_ == old + '\0' + lineEnd + line) return true;
         if (limit <= 0 || old.size() <= static_cast<std::size_t>(limit)) return false;
         // What stays of UTF-16 has no mark.
-        for (const std::string& one : {line, runtime::toAnsi(text + u"\r\n")})
+        for (const std::string& one : {line, base::toAnsi(text + u"\r\n")})
             for (const std::string& added : {one, lineEnd + one})
                 if (now_.ends_with(added) &&
                     isShortened(now_.substr(0, now_.size() - added.size()), old, limit, fullDisk_))
@@ -132,7 +133,7 @@ class Session {
     /// A line that had no end before is somebody's torn one, in which nobody goes on.
     void noteShortened(std::size_t which, const std::string& old) {
         unfinishedAt_[which].reset();
-        if (old.ends_with('\n') || markOf(old) == runtime::kUtf16Mark)
+        if (old.ends_with('\n') || markOf(old) == base::kUtf16Mark)
             unfinishedAt_[which] = now_.size();
     }
 
@@ -175,7 +176,7 @@ void Session::step(const std::string& order, const String& text) {
             break;
         case 'T':  // another program, or what is left of one that was ended: half a line
             if (logs_[0].isFileOpen()) break;
-            ports_.files.put(kFile, now_ + runtime::toUtf8(text));
+            ports_.files.put(kFile, now_ + base::toUtf8(text));
             now_ = content();
             break;
         default:

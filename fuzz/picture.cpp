@@ -6,9 +6,9 @@
 #include <quorkit/picture.h>
 #include <quorkit/ports/memory.h>
 
-#include "clipboard/dib.h"
-#include "clipboard/picture_end.h"
-#include "clipboard/picture_kind.h"
+#include "base/dib.h"
+#include "base/picture_end.h"
+#include "base/picture_kind.h"
 #include "support/target.h"
 
 namespace quorkit::fuzz {
@@ -25,17 +25,17 @@ void checkSize(std::string_view bytes, SizeOf sizeOf) {
     promise(!sizeOf(picture.substr(0, *size - 1)), "a picture that is cut short does not end");
     promise(sizeOf(std::string(bytes) + "\xFF\xD9;") == size,
             "nothing behind a picture changes its end");
-    const std::string_view rest = withoutRounding(bytes, size);
+    const std::string_view rest = base::withoutRounding(bytes, size);
     promise(bytes.starts_with(rest) && rest.size() >= *size && bytes.size() - rest.size() < 16,
             "only what rounding can have added is taken off");
 }
 
 void checkBitmap(std::string_view file) {
-    const auto dib = dibOf(file);
+    const auto dib = base::dibOf(file);
     if (!dib) return;
     promise(dib->size() + 14 <= file.size(), "a packed bitmap is no larger than its file");
-    const auto again = bmpFileOf(*dib);
-    promise(again && dibOf(*again) == dib, "a packed bitmap comes back from its file");
+    const auto again = base::bmpFileOf(*dib);
+    promise(again && base::dibOf(*again) == dib, "a packed bitmap comes back from its file");
     promise(file.size() > again->size() || file.substr(14) == again->substr(14),
             "a bitmap file without a gap comes back, but for its header");
 }
@@ -48,7 +48,7 @@ void checkClipboard(const std::string& file) {
         isPicture = false;
         promise(error.number() == 481, "what is no picture raises 481");
     }
-    promise(isPicture == pictureKindOf(file).has_value(), "what has a kind is a picture");
+    promise(isPicture == base::pictureKindOf(file).has_value(), "what has a kind is a picture");
     MemoryPorts ports;
     ports.files.put(u"in", file);
     GQuorClipboard clipboard(ports);
@@ -61,13 +61,15 @@ void checkClipboard(const std::string& file) {
 }  // namespace
 
 void run(std::string_view input) {
-    checkSize(input, sizeOfPicture);
+    checkSize(input, base::sizeOfPicture);
     checkBitmap(input);
-    if (const auto file = bmpFileOf(input))
-        promise(dibOf(*file) == std::string(input), "a packed bitmap comes back from its file");
-    if (const auto size = sizeOfDib(input))
-        promise(*size > 0 && *size <= input.size() && sizeOfDib(input.substr(0, *size)) == size,
-                "a packed bitmap ends within the bytes");
+    if (const auto file = base::bmpFileOf(input))
+        promise(base::dibOf(*file) == std::string(input),
+                "a packed bitmap comes back from its file");
+    if (const auto size = base::sizeOfDib(input))
+        promise(
+            *size > 0 && *size <= input.size() && base::sizeOfDib(input.substr(0, *size)) == size,
+            "a packed bitmap ends within the bytes");
     checkClipboard(std::string(input));
 }
 

@@ -47,11 +47,11 @@ bool sameKeys(const std::vector<Key>& a, const std::vector<Key>& b) {
     });
 }
 
-void checkLine(const ValueLine& line) {
+void checkLine(const base::ValueLine& line) {
     if (!line.value) return;
     const NamedValue wanted{line.name, *line.value};
-    for (const RegTexts texts : {RegTexts::Hexadecimal, RegTexts::Readable}) {
-        const auto again = readValue(printValue(wanted, texts));
+    for (const base::RegTexts texts : {base::RegTexts::Hexadecimal, base::RegTexts::Readable}) {
+        const auto again = base::readValue(base::printValue(wanted, texts));
         promise(again && !again->deletes && again->value, "a printed value can be read");
         promise(NamedValue{again->name, *again->value} == wanted, "a value comes back");
     }
@@ -67,7 +67,7 @@ void run(std::string_view input) {
         return;
     }
     for (const RegChange& change : changes)
-        for (const ValueLine& line : change.values) checkLine(line);
+        for (const base::ValueLine& line : change.values) checkLine(line);
 
     MemoryRegistry first;
     promise(applyRegChanges(first, changes).code == kSuccess, "what was read can be applied");

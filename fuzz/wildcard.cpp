@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 #include "support/target.h"
 
 namespace quorkit::fuzz {
@@ -35,8 +35,7 @@ bool matches(StringView pattern, const Name& name, std::size_t at) {
         default:
             break;
     }
-    return !end && runtime::toUpper(pattern[0]) == runtime::toUpper(unit) &&
-           matches(rest, name, at + 1);
+    return !end && base::toUpper(pattern[0]) == base::toUpper(unit) && matches(rest, name, at + 1);
 }
 
 /// As Windows cuts a pattern before anything is matched. Only "*." is told from "*" even so.

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Writes src/runtime/letter_case_table.inc from Python's Unicode data.
+"""Writes src/base/letter_case_table.inc from Python's Unicode data.
 
-    python3 scripts/make_letter_case.py > src/runtime/letter_case_table.inc
+    python3 scripts/make_letter_case.py > src/base/letter_case_table.inc
 """
 import unicodedata
 

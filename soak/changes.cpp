@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/unicode.h"
 #include "random.h"
-#include "runtime/code_page.h"
 
 namespace quorkit::soak {
 namespace {
@@ -92,7 +92,7 @@ bool isPut(Kind kind) {
 std::string shown(const String& text) {
     constexpr std::size_t most = 60;
     std::string result;
-    for (const char one : runtime::toUtf8(StringView(text).substr(0, most)))
+    for (const char one : base::toUtf8(StringView(text).substr(0, most)))
         result += static_cast<unsigned char>(one) < ' ' ? '~' : one;
     return "'" + result + (text.size() > most ? "...'" : "'");
 }
@@ -166,8 +166,8 @@ std::string difference(const State& expected, const std::map<Name, String>& actu
     const auto tell = [&](const Name& name, const std::string& what) {
         if (++told == most + 1) text += "    and more\n";
         if (told > most) return;
-        text += "    [" + runtime::toUtf8(name.place) + "] " + runtime::toUtf8(name.key) + ": " +
-                what + "\n";
+        text +=
+            "    [" + base::toUtf8(name.place) + "] " + base::toUtf8(name.key) + ": " + what + "\n";
     };
     for (const auto& [name, value] : expected.values) {
         const auto found = actual.find(name);
@@ -186,9 +186,9 @@ std::string describe(const Change& change) {
     constexpr const char* names[] = {"put",    "put number",  "put many",     "put lines",
                                      "remove", "remove many", "remove lines", "remove place"};
     std::string text = names[static_cast<int>(change.kind)];
-    text += " in [" + runtime::toUtf8(change.place) + "]:";
+    text += " in [" + base::toUtf8(change.place) + "]:";
     for (const auto& [key, value] : change.entries)
-        text += " " + runtime::toUtf8(key) + "=" + shown(value);
+        text += " " + base::toUtf8(key) + "=" + shown(value);
     return text;
 }
 

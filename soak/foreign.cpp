@@ -5,7 +5,7 @@
 #include <set>
 #include <vector>
 
-#include "runtime/code_page.h"
+#include "base/unicode.h"
 
 namespace quorkit::soak {
 namespace {
@@ -49,10 +49,10 @@ std::vector<std::string> linesOf(std::string_view text) {
 Layout layoutOf(std::string_view content) {
     Layout layout;
     std::string text(content);
-    for (const std::string_view mark : {runtime::kUtf8Mark, runtime::kUtf16Mark})
+    for (const std::string_view mark : {base::kUtf8Mark, base::kUtf16Mark})
         if (content.starts_with(mark)) layout.mark = mark;
     text.erase(0, layout.mark.size());
-    if (layout.mark == runtime::kUtf16Mark) text = runtime::toUtf8(runtime::fromUtf16(text));
+    if (layout.mark == base::kUtf16Mark) text = base::toUtf8(base::fromUtf16(text));
     std::string name;
     for (std::string& line : linesOf(text)) {
         if (line.starts_with('[')) {
@@ -104,10 +104,10 @@ std::string foreignIni(Random& random) {
     if (random.oneIn(2)) text += "\r\n";
     switch (random.below(5)) {
         case 0:
-            return std::string(runtime::kUtf8Mark) + "; \xC3\xA9\r\n" + text;
+            return std::string(base::kUtf8Mark) + "; \xC3\xA9\r\n" + text;
         case 1:
-            return std::string(runtime::kUtf16Mark) +
-                   runtime::toUtf16(runtime::fromUtf8("; \xC3\xA9\r\n" + text));
+            return std::string(base::kUtf16Mark) +
+                   base::toUtf16(base::fromUtf8("; \xC3\xA9\r\n" + text));
         case 2:
             return "; code page 1252: \xE9 \xFC\r\n" + text;
         case 3:

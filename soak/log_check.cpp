@@ -5,8 +5,8 @@
 #include <map>
 #include <utility>
 
+#include "base/unicode.h"
 #include "log_entries.h"
-#include "runtime/code_page.h"
 
 namespace quorkit::soak {
 namespace {
@@ -82,7 +82,7 @@ class Check {
 };
 
 void Check::read(std::string_view bytes) {
-    if (bytes.starts_with(runtime::kUtf8Mark)) bytes.remove_prefix(runtime::kUtf8Mark.size());
+    if (bytes.starts_with(base::kUtf8Mark)) bytes.remove_prefix(base::kUtf8Mark.size());
     lineBegins_ = true;
     while (!bytes.empty()) {
         std::size_t length = 1;

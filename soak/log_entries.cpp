@@ -1,7 +1,8 @@
 #include "log_entries.h"
 
+#include "base/code_page.h"
+#include "base/unicode.h"
 #include "random.h"
-#include "runtime/code_page.h"
 
 namespace quorkit::soak {
 
@@ -23,7 +24,7 @@ String entryOf(const Job& job, std::uint32_t step) {
 
 std::string entryBytesOf(const Job& job, std::uint32_t step) {
     const String text = entryOf(job, step);
-    return job.marked ? runtime::toUtf8(text) : runtime::toAnsi(text);
+    return job.marked ? base::toUtf8(text) : base::toAnsi(text);
 }
 
 }  // namespace quorkit::soak

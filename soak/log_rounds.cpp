@@ -7,11 +7,11 @@
 #include <thread>
 #include <vector>
 
+#include "base/unicode.h"
 #include "limits.h"
 #include "log_check.h"
 #include "process.h"
 #include "rounds.h"
-#include "runtime/code_page.h"
 
 namespace quorkit::soak {
 namespace {
@@ -35,7 +35,7 @@ class LogCrew {
                    (trouble == Trouble::Stops && round.random().oneIn(2))),
           marked_(mayBeMarked() && round.random().oneIn(2)) {
         std::ofstream out(file(), std::ios::binary);
-        if (marked_) out << runtime::kUtf8Mark;
+        if (marked_) out << base::kUtf8Mark;
     }
 
     void startAll() {
@@ -211,7 +211,7 @@ void LogCrew::finish() {
     std::vector<std::string> files;
     for (const std::string& name : rotated_) files.push_back(contentOf(name));
     files.push_back(contentOf(file()));
-    if (marked_ && !files.back().starts_with(runtime::kUtf8Mark))
+    if (marked_ && !files.back().starts_with(base::kUtf8Mark))
         round_.fault("the byte-order mark is gone");
     const LogFindings findings = checkLog(files, boards, rules_);
     round_.tally().calls += findings.acknowledged;

@@ -5,7 +5,6 @@
 #include <spdlog/spdlog.h>
 
 #include "log_entries.h"
-#include "runtime/code_page.h"
 #include "worker.h"
 
 namespace quorkit::soak {

@@ -11,9 +11,9 @@
 #include <fstream>
 #include <thread>
 
+#include "base/unicode.h"
 #include "foreign.h"
 #include "limits.h"
-#include "runtime/code_page.h"
 #include "store_crew.h"
 #include "worker.h"
 
@@ -41,7 +41,7 @@ class IniSurroundings final : public Surroundings {
     void check() override {
         // What a killed process has left beside the file the next change puts away.
         QuorInifile ini;
-        ini.setIniFileName(runtime::fromUtf8(file_));
+        ini.setIniFileName(base::fromUtf8(file_));
         if (ini.WriteKeyValue(u"Shared", u"w9.last", u"1") == 0)
             round_.fault("the file cannot be written at the end: " + ports::takeReason());
         const std::string damage = iniDamage(before_, contentOf(file_));
@@ -71,8 +71,8 @@ class RegistrySurroundings final : public Surroundings {
         const std::string damage = valuesDamage(before_, contentOf(values()));
         if (!damage.empty()) round_.fault("what others have written is damaged:\n" + damage);
         for (const RegistryDamage& one : ports::native().registry.FindDamage())
-            if (const std::string place = runtime::toUtf8(one.place); place.starts_with(root_))
-                round_.fault(place + ": " + runtime::toUtf8(one.what));
+            if (const std::string place = base::toUtf8(one.place); place.starts_with(root_))
+                round_.fault(place + ": " + base::toUtf8(one.what));
         for (const auto& entry : fs::recursive_directory_iterator(root_)) {
             const std::string name = entry.path().filename();
             if (name == "@values.new" || name == "@new" || name == "@old")

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
+#include "base/unicode.h"
 #include "changes.h"
-#include "runtime/code_page.h"
 
 namespace quorkit::soak {
 namespace {
@@ -25,7 +25,7 @@ Answer answerOf(bool yes) {
 
 class IniStore final : public Store {
    public:
-    explicit IniStore(const std::string& file) { ini_.setIniFileName(runtime::fromUtf8(file)); }
+    explicit IniStore(const std::string& file) { ini_.setIniFileName(base::fromUtf8(file)); }
 
     Answer perform(const Change& change) override {
         const String& place = change.place;

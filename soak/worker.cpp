@@ -12,9 +12,9 @@
 #include <memory>
 #include <thread>
 
+#include "base/unicode.h"
 #include "log_entries.h"
 #include "random.h"
-#include "runtime/code_page.h"
 
 namespace quorkit::soak {
 namespace {
@@ -27,13 +27,12 @@ Perform storeWriter(const Job& job) {
 /// Writes a new key with each step, into one file or into a new one.
 Perform newKeyWriter(const Job& job) {
     const auto ini = std::make_shared<QuorInifile>();
-    ini->setIniFileName(runtime::fromUtf8(job.file));
+    ini->setIniFileName(base::fromUtf8(job.file));
     return [ini, job](std::uint32_t step) {
-        if (job.role == Role::NewFiles)
-            ini->setIniFileName(runtime::fromUtf8(newFileOf(job, step)));
+        if (job.role == Role::NewFiles) ini->setIniFileName(base::fromUtf8(newFileOf(job, step)));
         const Long result =
-            ini->WriteKeyValue(u"Shared", runtime::fromUtf8(newKeyOf(job.worker, step)),
-                               runtime::fromUtf8(newValueOf(step)));
+            ini->WriteKeyValue(u"Shared", base::fromUtf8(newKeyOf(job.worker, step)),
+                               base::fromUtf8(newValueOf(step)));
         return result != 0 ? Answer::Yes : Answer::No;
     };
 }
@@ -91,7 +90,7 @@ void makeChildren(const std::atomic<bool>& finished, std::uint64_t seed) {
 
 Perform logWriter(const Job& job) {
     const auto log = std::make_shared<QuorLogFile>();
-    log->setLogFileName(runtime::fromUtf8(job.file));
+    log->setLogFileName(base::fromUtf8(job.file));
     log->setAppend(job.append);
     log->setAutoOpenClose(job.autoOpenClose);
     log->setMaxFileSize(job.limit);

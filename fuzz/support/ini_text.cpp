@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
-#include "runtime/code_page.h"
-#include "runtime/letter_case.h"
+#include "base/code_page.h"
+#include "base/letter_case.h"
+#include "base/unicode.h"
 
 namespace quorkit::fuzz {
 namespace {
@@ -98,17 +99,17 @@ IniText IniText::of(std::string_view file) {
         ini.marked = true;
         file.remove_prefix(2);
         ini.tail = file.substr(file.size() - file.size() % 2);
-        const String text = runtime::fromUtf16(file);
+        const String text = base::fromUtf16(file);
         ini.lines = linesOf(reversed ? swapped(text) : text, [](String line) { return line; });
         return ini;
     }
     ini.marked = file.starts_with("\xEF\xBB\xBF");
     if (ini.marked) file.remove_prefix(3);
-    ini.encoding = isAscii(file) ? Ascii : runtime::isUtf8(file) ? Utf8 : Ansi;
+    ini.encoding = isAscii(file) ? Ascii : base::isUtf8(file) ? Utf8 : Ansi;
     if (ini.marked) ini.encoding = Utf8;
     const bool ansi = ini.encoding == Ansi;
     ini.lines = linesOf(std::string(file), [ansi](const std::string& line) {
-        return ansi ? runtime::fromAnsi(line) : runtime::fromUtf8(line);
+        return ansi ? base::fromAnsi(line) : base::fromUtf8(line);
     });
     return ini;
 }
@@ -146,8 +147,8 @@ IniLines IniText::outside(std::size_t header) const {
 
 bool IniText::holds(StringView text) const {
     if (encoding == Utf16 || encoding == Utf16Reversed) return true;
-    if (encoding == Ansi) return runtime::fromAnsi(runtime::toAnsi(text)) == text;
-    return runtime::isUtf8(runtime::toUtf8(text, runtime::LoneSurrogate::Keep));
+    if (encoding == Ansi) return base::fromAnsi(base::toAnsi(text)) == text;
+    return base::isUtf8(base::toUtf8(text, base::Malformed::Keep));
 }
 
 bool IniText::looksForeign() const {
@@ -161,7 +162,7 @@ String trimBlanks(String text) {
 }
 
 String comparable(StringView name) {
-    return runtime::toLower(trimBlanks(String(name)));
+    return base::toLower(trimBlanks(String(name)));
 }
 
 bool isSectionName(const String& name) {

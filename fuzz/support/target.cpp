@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "runtime/code_page.h"
+#include "base/unicode.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     quorkit::fuzz::run({reinterpret_cast<const char*>(data), size});
@@ -24,7 +24,7 @@ std::string Fields::bytes() {
 }
 
 String Fields::text() {
-    return runtime::fromUtf8(bytes());
+    return base::fromUtf8(bytes());
 }
 
 Long Fields::number() {
@@ -47,7 +47,7 @@ std::string shown(std::string_view bytes) {
 }
 
 std::string shown(StringView text) {
-    return "u" + shown(runtime::toUtf8(text, runtime::LoneSurrogate::Keep));
+    return "u" + shown(base::toUtf8(text, base::Malformed::Keep));
 }
 
 void promise(bool holds, const char* what) {

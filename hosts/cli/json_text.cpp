@@ -19,8 +19,8 @@ constexpr std::string_view kMarkBytes = "\xF4\x8F\xBF\xBF";
 constexpr char32_t kMoved = 0xE000 - 0xD800;
 
 void appendCarried(std::string& bytes, char32_t codePoint) {
-    if (isSurrogate(codePoint) || codePoint == kMark) appendUtf8(bytes, kMark);
-    appendUtf8(bytes, isSurrogate(codePoint) ? codePoint + kMoved : codePoint);
+    if (base::isSurrogate(codePoint) || codePoint == kMark) base::appendUtf8(bytes, kMark);
+    base::appendUtf8(bytes, base::isSurrogate(codePoint) ? codePoint + kMoved : codePoint);
 }
 
 /// The code unit of an escape like \u00E9 at `position`.
@@ -48,11 +48,11 @@ std::string carried(std::string_view text) {
             continue;
         }
         const auto unit = escapedUnit(text, position);
-        if (unit && isSurrogate(*unit)) {
+        if (unit && base::isSurrogate(*unit)) {
             String units(1, *unit);
             if (const auto second = escapedUnit(text, position + 6)) units += *second;
             std::size_t used = 0;
-            appendCarried(result, nextCodePoint(units, used));
+            appendCarried(result, base::nextCodePoint(units, used));
             position += 6 * used;
         } else {
             const std::string_view one = text.substr(position, text[position] == '\\' ? 2 : 1);
@@ -102,7 +102,7 @@ Json jsonString(StringView text) {
     std::string bytes;
     bytes.reserve(text.size());
     for (std::size_t position = 0; position < text.size();)
-        appendCarried(bytes, nextCodePoint(text, position));
+        appendCarried(bytes, base::nextCodePoint(text, position));
     return bytes;
 }
 
@@ -112,9 +112,9 @@ String textOf(const Json& string) {
     text.reserve(held.size());
     for (std::size_t position = 0; position < held.size();) {
         std::size_t start = position;
-        if (nextCodePoint(held, position) == kMark) {
+        if (base::nextCodePoint(held, position) == kMark) {
             start = position;
-            if (nextCodePoint(held, position) != kMark) {
+            if (base::nextCodePoint(held, position) != kMark) {
                 text += static_cast<char16_t>(held[start] - kMoved);
                 continue;
             }

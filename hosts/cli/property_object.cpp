@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit::cli {
 
@@ -15,7 +15,7 @@ void PropertyObject::letGo() {
 
 Long PropertyObject::identifierOf(StringView name) const {
     const auto found = std::ranges::find_if(
-        properties_, [&](const Property& one) { return runtime::sameText(one.first, name); });
+        properties_, [&](const Property& one) { return base::sameText(one.first, name); });
     if (found == properties_.end()) raise(ErrorNumber::NoSuchMember);
     return static_cast<Long>(found - properties_.begin());
 }

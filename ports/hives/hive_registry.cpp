@@ -4,15 +4,15 @@
 #include <unordered_set>
 #include <utility>
 
-#include "registry/name_rules.h"
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
+#include "base/registry_names.h"
 
 namespace quorkit {
 namespace {
 
 constexpr const char16_t* kClasses[] = {u"Software", u"Classes"};
 
-using Names = std::unordered_set<String, runtime::TextHash, runtime::TextEqual>;
+using Names = std::unordered_set<String, base::TextHash, base::TextEqual>;
 
 /// Gives what `list` finds in each of the places, but for what an earlier place has too. At least
 /// one of them must be there, unless it is a root.
@@ -65,7 +65,7 @@ ErrorCode HiveRegistry::placesOf(RegistryRoot root, const String& path,
                                  std::vector<Place>& places) {
     Hive::Path names;
     if (root == RegistryRoot::ClassesRoot) names.assign(std::begin(kClasses), std::end(kClasses));
-    const ErrorCode code = splitKeyPath(path, names);
+    const ErrorCode code = base::splitKeyPath(path, names);
     if (code != kSuccess) return code;
     if (root == RegistryRoot::None) return kInvalidHandle;
     if (root != RegistryRoot::LocalMachine) places.push_back({&user_, names});
@@ -107,7 +107,7 @@ void HiveRegistry::RegCloseKey(Handle key) {
 ErrorCode HiveRegistry::RegQueryValueExA(Handle key, const String& name, RegistryValue& value) {
     const OpenKey& open = OpenKey::of(key);
     if (!open.reads) return kAccessDenied;
-    if (!canNameValue(name)) return kInvalidParameter;
+    if (!base::canNameValue(name)) return kInvalidParameter;
     return askFirst(open.places,
                     [&](const Place& place) { return place.hive->value(place.path, name, value); });
 }
@@ -116,7 +116,7 @@ ErrorCode HiveRegistry::SetValues(Handle key, std::span<const NamedValue> values
     const OpenKey& open = OpenKey::of(key);
     if (!open.writes) return kAccessDenied;
     for (const NamedValue& one : values)
-        if (!canNameValue(one.name)) return kInvalidParameter;
+        if (!base::canNameValue(one.name)) return kInvalidParameter;
     return askFirst(open.places,
                     [&](const Place& place) { return place.hive->setValues(place.path, values); });
 }
@@ -124,7 +124,7 @@ ErrorCode HiveRegistry::SetValues(Handle key, std::span<const NamedValue> values
 ErrorCode HiveRegistry::RegDeleteValueA(Handle key, const String& name) {
     const OpenKey& open = OpenKey::of(key);
     if (!open.writes) return kAccessDenied;
-    if (!canNameValue(name)) return kInvalidParameter;
+    if (!base::canNameValue(name)) return kInvalidParameter;
     return askFirst(open.places,
                     [&](const Place& place) { return place.hive->deleteValue(place.path, name); });
 }
@@ -150,7 +150,7 @@ ErrorCode HiveRegistry::ListKeys(Handle key, std::vector<String>& names) {
 ErrorCode HiveRegistry::RegDeleteKeyA(Handle parent, const String& name) {
     const OpenKey& open = OpenKey::of(parent);
     if (!open.writes) return kAccessDenied;
-    if (!canNameKey(name)) return kInvalidParameter;
+    if (!base::canNameKey(name)) return kInvalidParameter;
     return askFirst(open.places, [&](Place place) {
         place.path.push_back(name);
         return place.hive->deleteKey(place.path);

@@ -6,9 +6,9 @@
 #include <iterator>
 #include <map>
 
-#include "file/name_parts.h"
+#include "base/letter_case.h"
+#include "base/name_parts.h"
 #include "linux/remote_name.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit::disk {
 namespace {
@@ -65,11 +65,11 @@ const Drive* DriveTable::findShare(const std::vector<StringView>& components,
     const Drive* found = nullptr;
     used = 0;
     for (const Drive& drive : drives_) {
-        const NameParts remote = partsOf(drive.remote);
+        const base::NameParts remote = base::partsOf(drive.remote);
         const std::size_t length = remote.components.size();
         if (length <= used || length > components.size()) continue;
         if (!std::equal(remote.components.begin(), remote.components.end(), components.begin(),
-                        runtime::sameText))
+                        base::sameText))
             continue;
         found = &drive;
         used = length;

@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "file/name_parts.h"
+#include "base/name_parts.h"
 #include "linux/drive_table.h"
 #include "linux/names.h"
 #include "linux/volumes.h"
@@ -17,10 +17,10 @@ using disk::DriveTable;
 /// The drive that a name stands for or that it lies on; null when there is none. Relative names
 /// are no drives.
 const Drive* driveOf(const String& name, const DriveTable& drives) {
-    const NameParts parts = partsOf(name);
+    const base::NameParts parts = base::partsOf(name);
     std::size_t used = 0;
-    if (parts.start == NameParts::Here) return nullptr;
-    if (parts.start == NameParts::Network) return drives.findShare(parts.components, used);
+    if (parts.start == base::NameParts::Here) return nullptr;
+    if (parts.start == base::NameParts::Network) return drives.findShare(parts.components, used);
     if (parts.drive != 0 && parts.components.empty()) return drives.find(parts.drive);
     std::string path;
     if (disk::pathOf(name, path) != kSuccess) return nullptr;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/letter_case.h"
 #include "linux/folder_names.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit::disk {
 namespace {
@@ -94,7 +94,7 @@ ErrorCode FolderHive::subKeys(const Path& path, std::vector<String>& names) {
     std::vector<std::pair<String, String>> found;  // folded, and as spelled
     for (const KeyEntry& entry : entries)
         if (auto name = keyNameOf(folder, entry))
-            found.emplace_back(runtime::folded(*name), std::move(*name));
+            found.emplace_back(base::folded(*name), std::move(*name));
     std::ranges::sort(found);
     for (auto& [folded, name] : found) names.push_back(std::move(name));
     return kSuccess;

@@ -1,11 +1,11 @@
 #include "linux/folder_names.h"
 
 #include <charconv>
-#include <cstdint>
 
-#include "registry/name_rules.h"
-#include "runtime/code_page.h"
-#include "runtime/letter_case.h"
+#include "base/hash.h"
+#include "base/letter_case.h"
+#include "base/registry_names.h"
+#include "base/unicode.h"
 
 namespace quorkit::disk {
 namespace {
@@ -33,12 +33,6 @@ bool standsForItself(std::string_view bytes, std::size_t at) {
     return static_cast<unsigned char>(byte) >= ' ';
 }
 
-std::uint64_t numberOf(std::string_view bytes) {
-    std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
-    for (const char byte : bytes) hash = (hash ^ static_cast<unsigned char>(byte)) * 1099511628211u;
-    return hash;
-}
-
 /// The first bytes of an encoded name that are whole characters.
 std::string_view startOf(std::string_view name) {
     std::size_t length = kLongestStart;
@@ -50,7 +44,7 @@ std::string_view startOf(std::string_view name) {
 }  // namespace
 
 std::string spelledNameOf(const String& name) {
-    const std::string bytes = runtime::toUtf8(name, runtime::LoneSurrogate::Keep);
+    const std::string bytes = base::toUtf8(name, base::Malformed::Keep);
     std::string result;
     std::size_t halves = 0;  // bytes that follow of half a character
     for (std::size_t i = 0; i < bytes.size(); ++i) {
@@ -68,10 +62,11 @@ std::string spelledNameOf(const String& name) {
 }
 
 std::string folderNameOf(const String& name) {
-    std::string folder = spelledNameOf(runtime::folded(name));
+    std::string folder = spelledNameOf(base::folded(name));
     if (folder.size() <= kLongestFolder) return folder;
     char digits[16];
-    char* const end = std::to_chars(digits, std::end(digits), numberOf(folder), 16).ptr;
+    char* const end =
+        std::to_chars(digits, std::end(digits), base::hashOf(std::string_view(folder)), 16).ptr;
     return std::string(startOf(folder)).append(kCutOff).append(digits, end);
 }
 
@@ -85,13 +80,13 @@ String nameOfSpelled(std::string_view text) {
         bytes += encoded ? static_cast<char>(byte) : text[i];
         if (encoded) i += 2;
     }
-    return runtime::fromUtf8(bytes);
+    return base::fromUtf8(bytes);
 }
 
 bool isFolderName(std::string_view folder) {
     if (isCutOff(folder)) return true;
     const String name = nameOfSpelled(folder);
-    return canNameKey(name) && folderNameOf(name) == folder;
+    return base::canNameKey(name) && folderNameOf(name) == folder;
 }
 
 bool isCutOff(std::string_view folder) {

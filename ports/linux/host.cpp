@@ -10,11 +10,11 @@
 #include <cstdlib>
 #include <thread>
 
-#include "file/name_parts.h"
+#include "base/name_parts.h"
+#include "base/unicode.h"
 #include "linux/names.h"
 #include "linux/run_tool.h"
 #include "linux/wait_window.h"
-#include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
@@ -34,7 +34,7 @@ bool hasDisplay() {
 
 /// A word for a tool, which cannot hold U+0000.
 std::string wordOf(const String& text) {
-    std::string word = runtime::toUtf8(text);
+    std::string word = base::toUtf8(text);
     std::erase(word, '\0');
     return word;
 }
@@ -59,8 +59,8 @@ std::string nameOfFilter(const FileFilter& filter) {
 /// Where a dialog begins: a folder with a separator at its end, a file, or "".
 std::string startOf(const FileDialog& dialog) {
     String name = dialog.fileName;
-    const auto start = partsOf(name).start;
-    if (!dialog.folder.empty() && start == NameParts::Here)
+    const auto start = base::partsOf(name).start;
+    if (!dialog.folder.empty() && start == base::NameParts::Here)
         name = dialog.folder + u'\\' + dialog.fileName;
     std::string path;
     return disk::pathOf(name, path) == kSuccess ? path : std::string();
@@ -147,7 +147,7 @@ void NativeHost::MessageBoxA(const String& text, const String& caption, std::uin
     if (hasDisplay() && (showByZenity(words, title, style) || showByKdialog(words, title, style)))
         return;
     const String line = caption + (caption.empty() ? u"" : u": ") + text + u'\n';
-    const std::string bytes = runtime::toUtf8(line);
+    const std::string bytes = base::toUtf8(line);
     std::fwrite(bytes.data(), 1, bytes.size(), stderr);
 }
 

@@ -3,17 +3,17 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "base/letter_case.h"
+#include "base/registry_names.h"
+#include "base/registry_value_text.h"
+#include "base/unicode.h"
 #include "linux/folder_names.h"
-#include "registry/name_rules.h"
-#include "registry/value_text.h"
-#include "runtime/code_page.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit::disk {
 namespace {
 
-using runtime::TextEqual;
-using runtime::TextHash;
+using base::TextEqual;
+using base::TextHash;
 
 std::string_view trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r\n";
@@ -30,7 +30,7 @@ struct Line {
     std::string joined;      ///< what it says, when it is several
     std::string_view says;   ///< without line ends and blanks around
 
-    String text() const { return runtime::fromUtf8(says); }
+    String text() const { return base::fromUtf8(says); }
     bool saysNothing() const { return says.empty() || says.front() == ';' || says.front() == '#'; }
     bool isName() const { return says.starts_with('[') && says.ends_with(']'); }
 };
@@ -45,7 +45,7 @@ bool canGoOn(std::string_view line) {
 /// Calls `visit` with each line until that answers false.
 template <class Visit>
 void forEachLine(std::string_view text, Visit visit) {
-    std::size_t at = text.starts_with(runtime::kUtf8Mark) ? runtime::kUtf8Mark.size() : 0;
+    std::size_t at = text.starts_with(base::kUtf8Mark) ? base::kUtf8Mark.size() : 0;
     std::size_t number = 0;
     const auto endOfLine = [&] { return std::min(text.find('\n', at), text.size() - 1) + 1; };
     const auto lookAtLine = [&] { return trimmed(text.substr(at, endOfLine() - at)); };
@@ -75,8 +75,8 @@ std::optional<String> valueNameOf(const Line& line) {
     if (!line.says.starts_with('"') && !line.says.starts_with('@')) return {};
     const String text = line.text();
     StringView rest = text;
-    auto name = readName(rest);
-    return name && canNameValue(*name) ? name : std::nullopt;
+    auto name = base::readName(rest);
+    return name && base::canNameValue(*name) ? name : std::nullopt;
 }
 
 /// False when a line is certainly not that of the value whose name, in UTF-8, is `wanted`; most are
@@ -96,13 +96,13 @@ bool mayBeNamed(std::string_view line, std::string_view wanted) {
     return true;
 }
 
-std::optional<ValueLine> lineOf(const std::string& text, const String& name) {
-    const std::string wanted = runtime::toUtf8(name, runtime::LoneSurrogate::Keep);
-    std::optional<ValueLine> found;
+std::optional<base::ValueLine> lineOf(const std::string& text, const String& name) {
+    const std::string wanted = base::toUtf8(name, base::Malformed::Keep);
+    std::optional<base::ValueLine> found;
     forEachLine(text, [&](const Line& line) {
         if (!mayBeNamed(line.says, wanted)) return true;
         const auto here = valueNameOf(line);
-        if (here && runtime::sameText(*here, name)) found = readValue(line.text());
+        if (here && base::sameText(*here, name)) found = base::readValue(line.text());
         return true;
     });
     return found;
@@ -127,11 +127,11 @@ bool KeyFile::find(const String& name, RegistryValue& value) const {
 }
 
 void KeyFile::list(std::vector<NamedValue>& values) const {
-    std::vector<ValueLine> lines;
+    std::vector<base::ValueLine> lines;
     std::unordered_map<String, std::size_t, TextHash, TextEqual> positions;
     forEachLine(text_, [&](const Line& line) {
-        auto value = readValue(line.text());
-        if (!value || !canNameValue(value->name)) return true;
+        auto value = base::readValue(line.text());
+        if (!value || !base::canNameValue(value->name)) return true;
         const auto [found, isNew] = positions.emplace(value->name, lines.size());
         if (isNew)
             lines.push_back(std::move(*value));
@@ -139,7 +139,7 @@ void KeyFile::list(std::vector<NamedValue>& values) const {
             lines[found->second] = std::move(*value);
         return true;
     });
-    for (ValueLine& line : lines)
+    for (base::ValueLine& line : lines)
         if (line.value) values.push_back({std::move(line.name), std::move(*line.value)});
 }
 
@@ -181,8 +181,9 @@ void KeyFile::set(std::span<const NamedValue> values) {
         changed.append(text_, copied, begin - copied);
         copied = std::max(copied, place.begin == std::string::npos ? begin : place.end);
         if (!changed.empty() && !changed.ends_with('\n')) changed += lineEnd;
-        changed += runtime::toUtf8(printValue({place.name, *place.value}, RegTexts::Readable),
-                                   runtime::LoneSurrogate::Keep);
+        changed +=
+            base::toUtf8(base::printValue({place.name, *place.value}, base::RegTexts::Readable),
+                         base::Malformed::Keep);
         changed += lineEnd;
     }
     changed.append(text_, copied);
@@ -195,7 +196,7 @@ bool KeyFile::remove(const String& name) {
     bool found = false;
     forEachLine(text_, [&](const Line& line) {
         const auto here = valueNameOf(line);
-        if (!here || !runtime::sameText(*here, name)) return true;
+        if (!here || !base::sameText(*here, name)) return true;
         found = true;
         kept.append(text_, copied, line.begin - copied);
         copied = line.end;
@@ -219,14 +220,14 @@ std::vector<KeyFile::Damage> KeyFile::damage() const {
         }
         if (line.saysNothing()) return true;
         const String text = line.text();
-        if (runtime::toUtf8(text, runtime::LoneSurrogate::Keep) != line.says) say(u"is no UTF-8");
+        if (base::toUtf8(text, base::Malformed::Keep) != line.says) say(u"is no UTF-8");
         if (line.isName()) {
             if (named) say(u"is a second name");
             named = true;
             return true;
         }
-        const auto value = readValue(text);
-        if (!value || !canNameValue(value->name)) {
+        const auto value = base::readValue(text);
+        if (!value || !base::canNameValue(value->name)) {
             say(u"is no value");
             return true;
         }

@@ -7,10 +7,10 @@
 #include <cerrno>
 #include <memory>
 
+#include "base/letter_case.h"
 #include "linux/calls.h"
 #include "linux/folder_names.h"
 #include "linux/opened.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit::disk {
 
@@ -100,7 +100,7 @@ bool isOfAnotherKey(const std::string& parent, const String& name) {
     const std::string folder = folderNameOf(name);
     if (!isCutOff(folder)) return false;
     const auto owner = keyNameOf(parent, {folder, true, false});
-    return owner && !runtime::sameText(*owner, name);
+    return owner && !base::sameText(*owner, name);
 }
 
 }  // namespace quorkit::disk

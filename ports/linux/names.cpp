@@ -9,10 +9,10 @@
 #include <memory>
 #include <vector>
 
-#include "file/name_parts.h"
+#include "base/letter_case.h"
+#include "base/name_parts.h"
 #include "linux/drive_table.h"
 #include "linux/name_text.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit::disk {
 namespace {
@@ -37,15 +37,15 @@ bool currentFolderIsIn(const std::string& point) {
 
 /// Where the components begin, after `parts` has lost those that name a share: "" for the current
 /// folder.
-ErrorCode startOf(NameParts& parts, std::string& start) {
+ErrorCode startOf(base::NameParts& parts, std::string& start) {
     switch (parts.start) {
-        case NameParts::Here:
+        case base::NameParts::Here:
             break;
-        case NameParts::Root:
+        case base::NameParts::Root:
             start = "/";
             break;
-        case NameParts::Drive:
-        case NameParts::HereOnDrive:
+        case base::NameParts::Drive:
+        case base::NameParts::HereOnDrive:
             start = "/";
             if (parts.drive != kRootDrive) {
                 const DriveTable drives = DriveTable::ofThisSystem();
@@ -53,11 +53,11 @@ ErrorCode startOf(NameParts& parts, std::string& start) {
                 if (drive == nullptr) return kPathNotFound;
                 start = drive->mount.point;
             }
-            if (parts.start == NameParts::HereOnDrive && !parts.components.empty() &&
+            if (parts.start == base::NameParts::HereOnDrive && !parts.components.empty() &&
                 currentFolderIsIn(start))
                 start.clear();
             break;
-        case NameParts::Network: {
+        case base::NameParts::Network: {
             const DriveTable drives = DriveTable::ofThisSystem();
             std::size_t used = 0;
             const Drive* share = drives.findShare(parts.components, used);
@@ -83,7 +83,7 @@ bool findEntry(const std::string& folder, StringView name, std::string& entry) {
         // Most names are told apart by their length, which spares the conversion.
         if (bytes.size() < name.size() || bytes.size() > name.size() * mostBytesAUnit) continue;
         String text = textOf(bytes);
-        if (!runtime::sameText(text, name) || (!found.empty() && found <= text)) continue;
+        if (!base::sameText(text, name) || (!found.empty() && found <= text)) continue;
         found = std::move(text);
         entry = bytes;
     }
@@ -138,7 +138,7 @@ ErrorCode pathOf(const String& name, std::string& path) {
         return appendBytes(StringView(name).substr(kLiteral.size()), path) ? kSuccess
                                                                            : kInvalidName;
     }
-    NameParts parts = partsOf(name);
+    base::NameParts parts = base::partsOf(name);
     std::string start;
     if (const ErrorCode code = startOf(parts, start)) return code;
     std::string found = start;

@@ -7,11 +7,11 @@
 #include <span>
 #include <vector>
 
+#include "base/command_line.h"
 #include "linux/name_text.h"
 #include "linux/names.h"
 #include "linux/process.h"
 #include "linux/start.h"
-#include "tools/command_line.h"
 
 namespace quorkit {
 namespace {
@@ -75,9 +75,9 @@ ErrorCode NativeProcesses::CreateProcessA(const String& commandLine, const Strin
     if (grouped && isatty(STDIN_FILENO) == 1) streams.input = Streams::Nothing;
     const Start how(streams, grouped ? Session::Own : Session::Ours);
     ErrorCode answer = kFileNotFound;
-    ProgramName program(commandLine);
+    base::ProgramName program(commandLine);
     std::vector<std::string> words(1);
-    for (const String& argument : splitArguments(program.behind()))
+    for (const String& argument : base::splitArguments(program.behind()))
         if (!disk::appendBytes(argument, words.emplace_back())) return kInvalidName;
     std::span<std::string> line = words;
     for (; !program.name().empty(); program.lengthen(), line = line.subspan(1)) {

@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "base/letter_case.h"
 #include "linux/name_text.h"
 #include "linux/names.h"
 #include "linux/start.h"
 #include "native/processes.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -37,7 +37,7 @@ ErrorCode wordOf(const String& target, std::string& word) {
         if (word.starts_with('-')) word.insert(0, "./");
         return kSuccess;
     }
-    if (runtime::toLower(target.substr(0, 4)) != u"www.") return kFileNotFound;
+    if (base::toLower(target.substr(0, 4)) != u"www.") return kFileNotFound;
     word.clear();
     return wordOf(u"http://" + target, word);
 }

@@ -14,9 +14,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/letter_case.h"
+#include "base/unicode.h"
 #include "linux/names.h"
-#include "runtime/code_page.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -104,7 +104,7 @@ bool NativeSystem::DiallingCode(String& diallingCode) {
     if (!locale) return false;
     const std::string code = nl_langinfo_l(_NL_TELEPHONE_INT_PREFIX, locale.get());
     if (code.empty()) return false;
-    diallingCode = runtime::fromUtf8(code);
+    diallingCode = base::fromUtf8(code);
     return true;
 }
 
@@ -142,17 +142,17 @@ std::uint64_t NativeSystem::QueryPerformanceCounter() {
 
 bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
     if (!isVariableName(name)) return false;
-    const std::string exact = runtime::toUtf8(name);
+    const std::string exact = base::toUtf8(name);
     const char* found = findVariable([&](std::string_view one) { return one == exact; });
     if (found == nullptr)
         found = findVariable([&](std::string_view one) {
             // Most names are told apart by their length, which spares the conversion.
             constexpr std::size_t mostBytesAUnit = 3;
             return one.size() >= name.size() && one.size() <= mostBytesAUnit * name.size() &&
-                   runtime::sameText(runtime::fromUtf8(one), name);
+                   base::sameText(base::fromUtf8(one), name);
         });
     if (found == nullptr) return false;
-    value = runtime::fromUtf8(found);
+    value = base::fromUtf8(found);
     return true;
 }
 

@@ -1,14 +1,14 @@
 #include <quorkit/ports/memory.h>
 
-#include "clipboard/picture_kind.h"
+#include "base/picture_kind.h"
 
 namespace quorkit {
 namespace {
 
 bool holds(ClipboardFormat format, const std::pair<ClipboardFormat, std::string>& content) {
     const auto& [given, bytes] = content;
-    return isPictureFormat(format) ? isPictureFormat(given) && fits(format, bytes)
-                                   : given == format;
+    return base::isPictureFormat(format) ? base::isPictureFormat(given) && base::fits(format, bytes)
+                                         : given == format;
 }
 
 }  // namespace
@@ -19,7 +19,7 @@ bool MemoryClipboard::EmptyClipboard() {
 }
 
 bool MemoryClipboard::PutOnClipboard(ClipboardFormat format, const std::string& data) {
-    if (locked || !fits(format, data)) return false;
+    if (locked || !base::fits(format, data)) return false;
     content = {format, data};
     return true;
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 
@@ -21,9 +21,8 @@ std::vector<WindowInfo> MemoryDesktop::EnumWindows() {
 WindowHandle MemoryDesktop::FindWindowA(const std::optional<String>& className,
                                         const std::optional<String>& title) {
     const auto found = std::ranges::find_if(windows, [&](const Window& one) {
-        return (!className ||
-                (!className->empty() && runtime::sameText(*className, one.className))) &&
-               (!title || runtime::sameText(*title, one.info.title));
+        return (!className || (!className->empty() && base::sameText(*className, one.className))) &&
+               (!title || base::sameText(*title, one.info.title));
     });
     return found == windows.end() ? 0 : found->info.handle;
 }

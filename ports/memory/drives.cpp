@@ -1,13 +1,12 @@
 #include <quorkit/ports/memory.h>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 
 int MemoryDrives::GetDriveTypeA(const String& root) {
     for (const auto& [name, drive] : drives)
-        if (runtime::sameText(name, root) || runtime::sameText(name + u'\\', root))
-            return drive.type;
+        if (base::sameText(name, root) || base::sameText(name + u'\\', root)) return drive.type;
     constexpr int noRootDirectory = 1;
     return noRootDirectory;
 }
@@ -21,7 +20,7 @@ std::vector<String> MemoryDrives::GetLogicalDriveStringsA() {
 ErrorCode MemoryDrives::VolumeSerialNumber(const String& root, std::uint32_t& serialNumber) {
     for (const auto& [name, drive] : drives)
         for (const String& mine : {name, drive.remoteName})
-            if (!mine.empty() && runtime::sameText(mine + u'\\', root)) {
+            if (!mine.empty() && base::sameText(mine + u'\\', root)) {
                 serialNumber = drive.serialNumber;
                 return kSuccess;
             }

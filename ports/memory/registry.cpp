@@ -1,7 +1,7 @@
 #include <quorkit/ports/memory.h>
 
+#include "base/letter_case.h"
 #include "memory/hive.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 
@@ -13,7 +13,7 @@ void MemoryHive::setReadOnly(bool readOnly) {
 MemoryHive::Key* MemoryHive::find(const Path& path) {
     Key* key = &root_;
     for (const String& name : path) {
-        const auto found = key->keys.find(runtime::folded(name));
+        const auto found = key->keys.find(base::folded(name));
         if (found == key->keys.end()) return nullptr;
         key = &found->second;
     }
@@ -37,7 +37,7 @@ ErrorCode MemoryHive::create(const Path& path) {
     if (readOnly_) return kAccessDenied;
     Key* key = &root_;
     for (const String& name : path)
-        key = &key->keys.try_emplace(runtime::folded(name), Key{name, {}, {}}).first->second;
+        key = &key->keys.try_emplace(base::folded(name), Key{name, {}, {}}).first->second;
     return kSuccess;
 }
 
@@ -45,7 +45,7 @@ ErrorCode MemoryHive::value(const Path& path, const String& name, RegistryValue&
     const std::lock_guard guard(mutex_);
     const Key* key = find(path);
     if (key == nullptr) return kFileNotFound;
-    const auto found = key->values.find(runtime::folded(name));
+    const auto found = key->values.find(base::folded(name));
     if (found == key->values.end()) return kFileNotFound;
     value = found->second.value;
     return kSuccess;
@@ -65,7 +65,7 @@ ErrorCode MemoryHive::setValues(const Path& path, std::span<const NamedValue> va
     const ErrorCode code = find(path, key);
     if (code != kSuccess) return code;
     for (const NamedValue& one : values)
-        key->values.try_emplace(runtime::folded(one.name), one).first->second.value = one.value;
+        key->values.try_emplace(base::folded(one.name), one).first->second.value = one.value;
     return kSuccess;
 }
 
@@ -74,7 +74,7 @@ ErrorCode MemoryHive::deleteValue(const Path& path, const String& name) {
     Key* key = nullptr;
     const ErrorCode code = find(path, key);
     if (code != kSuccess) return code;
-    return key->values.erase(runtime::folded(name)) == 1 ? kSuccess : kFileNotFound;
+    return key->values.erase(base::folded(name)) == 1 ? kSuccess : kFileNotFound;
 }
 
 ErrorCode MemoryHive::subKeys(const Path& path, std::vector<String>& names) {
@@ -91,7 +91,7 @@ ErrorCode MemoryHive::deleteKey(const Path& path) {
     const ErrorCode code = find(path, key);
     if (code != kSuccess) return code;
     if (!key->keys.empty()) return kAccessDenied;
-    find({path.begin(), path.end() - 1})->keys.erase(runtime::folded(path.back()));
+    find({path.begin(), path.end() - 1})->keys.erase(base::folded(path.back()));
     return kSuccess;
 }
 

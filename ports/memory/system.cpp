@@ -4,7 +4,7 @@
 #include <chrono>
 #include <limits>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 
@@ -13,7 +13,7 @@ bool MemorySystem::GetEnvironmentVariableA(const String& name, String& value) {
     auto found = environment.find(name);
     if (found == environment.end())
         found = std::ranges::find_if(
-            environment, [&](const auto& one) { return runtime::sameText(one.first, name); });
+            environment, [&](const auto& one) { return base::sameText(one.first, name); });
     if (found == environment.end()) return false;
     value = found->second;
     return true;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "file/name_parts.h"
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
+#include "base/name_parts.h"
 
 namespace quorkit::memory {
 namespace {
@@ -15,19 +15,19 @@ constexpr std::size_t kLongestName = 32767;
 ErrorCode pathOf(const String& name, Path here, Path& path) {
     if (name.empty() || name.size() > kLongestName || name.find(u'\0') != String::npos)
         return kInvalidName;
-    const NameParts parts = partsOf(name);
+    const base::NameParts parts = base::partsOf(name);
     auto component = parts.components.begin();
     switch (parts.start) {
-        case NameParts::Here:
+        case base::NameParts::Here:
             break;
-        case NameParts::Root:
+        case base::NameParts::Root:
             here.resize(1);
             break;
-        case NameParts::Drive:
-        case NameParts::HereOnDrive:
+        case base::NameParts::Drive:
+        case base::NameParts::HereOnDrive:
             here = {String{parts.drive, u':'}};
             break;
-        case NameParts::Network:
+        case base::NameParts::Network:
             if (parts.components.size() < 2) return kInvalidName;
             here = {u"\\\\"};
             here[0].append(component[0]).append(u"\\").append(component[1]);
@@ -92,8 +92,7 @@ ErrorCode Tree::walk(Path& path, Links links, Place& place, std::size_t& reached
     for (reached = 0; reached < path.size(); ++reached) {
         const bool last = reached + 1 == path.size();
         place.around = place.entry;
-        place.key = {place.around == nullptr ? 0 : place.around->id,
-                     runtime::toLower(path[reached])};
+        place.key = {place.around == nullptr ? 0 : place.around->id, base::toLower(path[reached])};
         place.entry = at(place.key);
         if (place.entry == nullptr) {
             if (last && reached != 0) continue;
@@ -110,7 +109,7 @@ ErrorCode Tree::walk(Path& path, Links links, Place& place, std::size_t& reached
 ErrorCode Tree::find(const String& name, Place& place, Links links) {
     Path path;
     if (const ErrorCode code = pathOf(name, {u"C:"}, path)) return code;
-    const bool folder = partsOf(name).folder;
+    const bool folder = base::partsOf(name).folder;
     links.followLast |= folder;
     for (int followed = 0; followed <= kMostLinks; ++followed) {
         std::size_t reached = 0;

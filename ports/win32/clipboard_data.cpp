@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "clipboard/dib.h"
-#include "clipboard/picture_end.h"
-#include "clipboard/picture_kind.h"
-#include "runtime/code_page.h"
+#include "base/dib.h"
+#include "base/picture_end.h"
+#include "base/picture_kind.h"
+#include "base/unicode.h"
 #include "win32/picture_pixels.h"
 
 namespace quorkit::win32 {
@@ -59,8 +59,8 @@ std::optional<std::string> bytesUnder(UINT format) {
 std::optional<std::string> textContent() {
     const auto bytes = bytesUnder(CF_UNICODETEXT);
     if (!bytes) return {};
-    const String text = runtime::fromUtf16(*bytes);
-    return runtime::toUtf8(text.substr(0, text.find(u'\0')));
+    const String text = base::fromUtf16(*bytes);
+    return base::toUtf8(text.substr(0, text.find(u'\0')));
 }
 
 std::optional<std::string> richTextContent() {
@@ -73,12 +73,13 @@ std::optional<std::string> richTextContent() {
 std::optional<std::string> pictureUnder(UINT format) {
     if (format == CF_BITMAP || format == CF_DIB || format == CF_DIBV5) {
         const auto dib = bytesUnder(CF_DIB);
-        return dib ? bmpFileOf(withoutRounding(*dib, sizeOfDib(*dib))) : std::nullopt;
+        return dib ? base::bmpFileOf(base::withoutRounding(*dib, base::sizeOfDib(*dib)))
+                   : std::nullopt;
     }
     if (format != pngFormat() && format != jpegFormat() && format != gifFormat()) return {};
     const auto file = bytesUnder(format);
-    if (!file || !fits(ClipboardFormat::Bitmap, *file)) return {};
-    return std::string(withoutRounding(*file, sizeOfPicture(*file)));
+    if (!file || !base::fits(ClipboardFormat::Bitmap, *file)) return {};
+    return std::string(base::withoutRounding(*file, base::sizeOfPicture(*file)));
 }
 
 /// A PNG loses nothing; otherwise the form that its program has put there first.
@@ -95,8 +96,8 @@ std::optional<std::string> metafileContent() {
     std::string file(::GetEnhMetaFileBits(metafile, 0, nullptr), '\0');
     const UINT size = ::GetEnhMetaFileBits(metafile, static_cast<UINT>(file.size()),
                                            reinterpret_cast<BYTE*>(file.data()));
-    return size == file.size() && fits(ClipboardFormat::Metafile, file) ? std::optional(file)
-                                                                        : std::nullopt;
+    return size == file.size() && base::fits(ClipboardFormat::Metafile, file) ? std::optional(file)
+                                                                              : std::nullopt;
 }
 
 SHORT shortAt(const std::string& bytes, std::size_t position) {
@@ -117,7 +118,8 @@ METAFILEPICT placeOf(const std::string& file) {
 HENHMETAFILE metafileOf(const std::string& file) {
     const auto* const bytes = reinterpret_cast<const BYTE*>(file.data());
     const auto size = static_cast<UINT>(file.size());
-    if (pictureKindOf(file) == PictureKind::Emf) return ::SetEnhMetaFileBits(size, bytes);
+    if (base::pictureKindOf(file) == base::PictureKind::Emf)
+        return ::SetEnhMetaFileBits(size, bytes);
     const METAFILEPICT place = placeOf(file);
     return ::SetWinMetaFileBits(size - kPlaceableHeader, bytes + kPlaceableHeader, nullptr, &place);
 }
@@ -128,21 +130,21 @@ void addBitmap(std::vector<ClipboardItem>& items, const std::optional<std::strin
 
 std::vector<ClipboardItem> itemsOfPicture(const std::string& file) {
     std::vector<ClipboardItem> items;
-    switch (*pictureKindOf(file)) {
-        case PictureKind::Bmp:
-            addBitmap(items, dibOf(file));
+    switch (*base::pictureKindOf(file)) {
+        case base::PictureKind::Bmp:
+            addBitmap(items, base::dibOf(file));
             return items;
-        case PictureKind::Png:
+        case base::PictureKind::Png:
             items.emplace_back(pngFormat(), file);
             break;
-        case PictureKind::Jpeg:
+        case base::PictureKind::Jpeg:
             items.emplace_back(jpegFormat(), file);
             break;
-        case PictureKind::Gif:
+        case base::PictureKind::Gif:
             items.emplace_back(gifFormat(), file);
             break;
-        case PictureKind::Wmf:
-        case PictureKind::Emf:
+        case base::PictureKind::Wmf:
+        case base::PictureKind::Emf:
             if (const HENHMETAFILE metafile = metafileOf(file)) items.emplace_back(metafile);
             return items;
     }
@@ -167,10 +169,10 @@ bool ClipboardItem::put() {
 std::vector<ClipboardItem> itemsOf(ClipboardFormat format, const std::string& data) {
     std::vector<ClipboardItem> items;
     if (format == ClipboardFormat::Text)
-        items.emplace_back(CF_UNICODETEXT, runtime::toUtf16(runtime::fromUtf8(data) + u'\0'));
+        items.emplace_back(CF_UNICODETEXT, base::toUtf16(base::fromUtf8(data) + u'\0'));
     else if (format == ClipboardFormat::RichText)
         items.emplace_back(richTextFormat(), data + '\0');
-    else if (fits(format, data))
+    else if (base::fits(format, data))
         items = itemsOfPicture(data);
     return items;
 }

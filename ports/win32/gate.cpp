@@ -2,7 +2,8 @@
 
 #include <quorkit/ports/ports.h>
 
-#include "runtime/code_page.h"
+#include "base/hash.h"
+#include "base/unicode.h"
 #include "win32/calls.h"
 
 namespace quorkit::win32 {
@@ -11,9 +12,7 @@ namespace {
 /// One name for one file, however its own is spelled.
 std::wstring objectName(String name) {
     ::CharLowerBuffW(wide(name), static_cast<DWORD>(name.size()));
-    std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
-    for (const char16_t unit : name) hash = (hash ^ unit) * 1099511628211u;
-    return L"Global\\quorkit-" + std::to_wstring(hash);
+    return L"Global\\quorkit-" + std::to_wstring(base::hashOf(StringView(name)));
 }
 
 /// Users who share the file share its objects, so everyone may open them.
@@ -46,7 +45,7 @@ ErrorCode Gate::enter(std::chrono::milliseconds most) {
         case WAIT_ABANDONED:
             return kSuccess;
         case WAIT_TIMEOUT:
-            ports::giveReason(runtime::toUtf8(file_) + " is locked by another program");
+            ports::giveReason(base::toUtf8(file_) + " is locked by another program");
             return kLockViolation;
         default:
             return lastError();

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "registry/name_rules.h"
+#include "base/registry_names.h"
 #include "win32/calls.h"
 
 namespace quorkit {
@@ -31,7 +31,7 @@ ErrorCode codeOf(LSTATUS status) {
 /// `path` with one separator between its names.
 ErrorCode tidy(RegistryRoot root, const String& path, String& tidied) {
     std::vector<String> names;
-    if (const ErrorCode code = splitKeyPath(path, names)) return code;
+    if (const ErrorCode code = base::splitKeyPath(path, names)) return code;
     if (root == RegistryRoot::None) return kInvalidHandle;
     for (const String& name : names) tidied.append(tidied.empty() ? u"" : u"\\").append(name);
     return kSuccess;
@@ -92,7 +92,7 @@ class NativeRegistry final : public Registry {
     void RegCloseKey(Handle key) override { ::RegCloseKey(keyOf(key)); }
 
     ErrorCode RegQueryValueExA(Handle key, const String& name, RegistryValue& value) override {
-        if (!canNameValue(name)) return kInvalidParameter;
+        if (!base::canNameValue(name)) return kInvalidParameter;
         RegistryValue found;
         DWORD type = 0;
         const LSTATUS status = askForData(found.data, [&](BYTE* data, DWORD* size) {
@@ -106,7 +106,7 @@ class NativeRegistry final : public Registry {
     ErrorCode SetValues(Handle key, std::span<const NamedValue> values) override {
         constexpr std::size_t mostBytes = std::numeric_limits<DWORD>::max();
         for (const NamedValue& one : values)
-            if (!canNameValue(one.name) || one.value.data.size() > mostBytes)
+            if (!base::canNameValue(one.name) || one.value.data.size() > mostBytes)
                 return kInvalidParameter;
         LSTATUS status = ERROR_SUCCESS;
         for (std::size_t i = 0; i < values.size() && status == ERROR_SUCCESS; ++i)
@@ -115,7 +115,7 @@ class NativeRegistry final : public Registry {
     }
 
     ErrorCode RegDeleteValueA(Handle key, const String& name) override {
-        if (!canNameValue(name)) return kInvalidParameter;
+        if (!base::canNameValue(name)) return kInvalidParameter;
         return codeOf(::RegDeleteValueW(keyOf(key), wide(name)));
     }
 
@@ -152,7 +152,7 @@ class NativeRegistry final : public Registry {
     }
 
     ErrorCode RegDeleteKeyA(Handle parent, const String& name) override {
-        if (!canNameKey(name)) return kInvalidParameter;
+        if (!base::canNameKey(name)) return kInvalidParameter;
         return codeOf(::RegDeleteKeyW(keyOf(parent), wide(name)));
     }
 

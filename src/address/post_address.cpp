@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "address/known_attributes.h"
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 #include "strings/whitespace.h"
 
 namespace quorkit {
@@ -55,8 +55,8 @@ struct Names {
 };
 
 bool isBusiness(StringView type, StringView company) {
-    if (runtime::sameText(type, u"G")) return true;
-    return !runtime::sameText(type, u"P") && !company.empty();
+    if (base::sameText(type, u"G")) return true;
+    return !base::sameText(type, u"P") && !company.empty();
 }
 
 }  // namespace
@@ -72,7 +72,7 @@ String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) con
         const String last2 = part(eAdr_Nachname2);
         const bool included = GQuorConvert(ports_).cBoolEx(part(eadr_InklName2));
         if (!included || (first2.empty() && last2.empty())) return {inOneLine(first, last), {}};
-        const bool sameName = last2.empty() || runtime::sameText(last, last2);
+        const bool sameName = last2.empty() || base::sameText(last, last2);
         if (sameName && (!first.empty() || first2.empty()))
             return {inOneLine(joined({first, first2}, u" und "), last), {}, true};
         return {inOneLine(first, last), inOneLine(first2, last2.empty() ? last : last2), true};
@@ -98,8 +98,8 @@ String QuorAddress::getPostAddress(const Optional<Boolean>& bIncludeCountry) con
     const String home(trimmed(HomeCountry()));
     const String stored = part(eAdr_Land);
     const String country = stored.empty() ? home : stored;
-    if (*bIncludeCountry || !runtime::sameText(country, home))
-        block.add(runtime::toUpper(GQuorStrings(ports_).StringReplace(country, u"\u00DF", u"SS")));
+    if (*bIncludeCountry || !base::sameText(country, home))
+        block.add(base::toUpper(GQuorStrings(ports_).StringReplace(country, u"\u00DF", u"SS")));
     return block.text();
 }
 

@@ -3,14 +3,14 @@
 
 #include <utility>
 
-#include "clipboard/picture_kind.h"
+#include "base/picture_kind.h"
 
 namespace quorkit {
 
 Picture::Picture(std::string file) : file_(std::move(file)) {
-    const auto kind = pictureKindOf(file_);
+    const auto kind = base::pictureKindOf(file_);
     if (!kind) raise(ErrorNumber::InvalidPicture);
-    isMetafile_ = quorkit::isMetafile(*kind);
+    isMetafile_ = base::isMetafile(*kind);
 }
 
 }  // namespace quorkit

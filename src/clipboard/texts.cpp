@@ -1,24 +1,25 @@
 #include <quorkit/GQuorClipboard.h>
 #include <quorkit/ports/clipboard.h>
 
+#include "base/code_page.h"
+#include "base/unicode.h"
 #include "clipboard/replace.h"
 #include "frame/error_patterns.h"
-#include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
 
 String plainTextOf(const std::string& bytes) {
-    return runtime::fromUtf8(bytes);
+    return base::fromUtf8(bytes);
 }
 
 String richTextOf(const std::string& bytes) {
-    return runtime::isUtf8(bytes) ? runtime::fromUtf8(bytes) : runtime::fromAnsi(bytes);
+    return base::isUtf8(bytes) ? base::fromUtf8(bytes) : base::fromAnsi(bytes);
 }
 
 std::string bytesOfRichText(const String& text) {
-    std::string bytes = runtime::toAnsi(text);
-    return richTextOf(bytes) == text ? bytes : runtime::toUtf8(text);
+    std::string bytes = base::toAnsi(text);
+    return richTextOf(bytes) == text ? bytes : base::toUtf8(text);
 }
 
 String textOn(Clipboard& clipboard, ClipboardFormat format, String (*textOf)(const std::string&)) {
@@ -32,7 +33,7 @@ String textOn(Clipboard& clipboard, ClipboardFormat format, String (*textOf)(con
 
 void GQuorClipboard::SetTextToClipboard(const String& sText) {
     replaceContent(ports_.clipboard, [&] {
-        return ports_.clipboard.PutOnClipboard(ClipboardFormat::Text, runtime::toUtf8(sText));
+        return ports_.clipboard.PutOnClipboard(ClipboardFormat::Text, base::toUtf8(sText));
     });
 }
 

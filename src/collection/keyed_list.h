@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 
@@ -20,7 +20,7 @@ class KeyedList {
         Variant value;
         std::int64_t stamp = 0;
     };
-    using Elements = std::unordered_map<String, Content, runtime::KeyHash, runtime::KeyEqual>;
+    using Elements = std::unordered_map<String, Content, base::KeyHash, base::KeyEqual>;
     /// A key with its content; stays where it is until it is removed.
     using Element = Elements::value_type;
 

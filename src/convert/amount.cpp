@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/letter_case.h"
 #include "convert/number_marks.h"
-#include "runtime/letter_case.h"
 #include "runtime/trim.h"
 
 namespace quorkit {
@@ -20,7 +20,7 @@ bool ends(char16_t unit) {
 }
 
 bool isLetterOrDigit(char16_t unit) {
-    return isDigit(unit) || runtime::toLower(unit) != runtime::toUpper(unit);
+    return isDigit(unit) || base::toLower(unit) != base::toUpper(unit);
 }
 
 bool isSign(char16_t unit) {
@@ -36,7 +36,7 @@ bool isCurrency(StringView word) {
         std::ranges::all_of(word, [](char16_t unit) { return unit >= u'A' && unit <= u'Z'; }))
         return true;
     return std::ranges::any_of(std::initializer_list<StringView>{u"fr", u"sfr", u"kr"},
-                               [&](StringView one) { return runtime::sameText(one, word); });
+                               [&](StringView one) { return base::sameText(one, word); });
 }
 
 bool hasCommaGroups(StringView currency) {

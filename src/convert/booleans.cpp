@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/letter_case.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 #include "runtime/trim.h"
 
 namespace quorkit {
@@ -17,7 +17,7 @@ bool saysYes(StringView text) {
     text = runtime::without(runtime::kWhiteSpace, text);
     const auto number = runtime::numberIn(text);
     return number ? *number != 0 : std::ranges::any_of(kYes, [&](StringView word) {
-        return runtime::sameText(text, word);
+        return base::sameText(text, word);
     });
 }
 

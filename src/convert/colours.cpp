@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 #include "runtime/trim.h"
 
 namespace quorkit {
@@ -68,7 +68,7 @@ Long fromRedToBlue(StringView digits) {
 }  // namespace
 
 Long GQuorConvert::RGBString_to_RGBColor(const String& sRGB) {
-    const String lower = runtime::toLower(sRGB);
+    const String lower = base::toLower(sRGB);
     StringView text = runtime::Trim(lower);
     if (take(text, u"#") || take(text, u"0x")) return fromRedToBlue(text);
     if (take(text, u"&h"))

@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <limits>
 
+#include "base/letter_case.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 #include "runtime/trim.h"
 #include "runtime/val.h"
 
@@ -20,7 +20,7 @@ void requireBase(Integer base) {
 /// Error 13 when `unit` is no digit of the base.
 Long digitValue(char16_t unit, Integer base) {
     constexpr StringView digits = u"0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-    const char16_t capital = unit < 0x80 ? runtime::toUpper(unit) : unit;
+    const char16_t capital = unit < 0x80 ? base::toUpper(unit) : unit;
     const auto value = digits.substr(0, static_cast<std::size_t>(base)).find(capital);
     if (value == StringView::npos) raise(ErrorNumber::TypeMismatch);
     return static_cast<Long>(value);
@@ -36,7 +36,7 @@ constexpr BitBase kBitBases[] = {{16, u"0X"}, {16, u"&H"}, {8, u"&O"}, {2, u"0B"
 }  // namespace
 
 Long GQuorConvert::HexToDec(const String& HexValue) {
-    const String prefix = runtime::toUpper(StringView(HexValue).substr(0, 2));
+    const String prefix = base::toUpper(StringView(HexValue).substr(0, 2));
     if (prefix == u"&H") return runtime::roundToLong(runtime::Val(HexValue));
     return runtime::roundToLong(
         runtime::Val(u"&H" + (prefix == u"0X" ? HexValue.substr(2) : HexValue)));
@@ -49,7 +49,7 @@ String GQuorConvert::ConvertDezToAny(Long lValue, Integer iBase, Optional<Intege
         std::to_chars(digits, std::end(digits), std::abs(std::int64_t{lValue}), iBase).ptr;
     const auto missing = std::max<std::ptrdiff_t>(*iMinLength - (end - digits), 0);
     return (lValue < 0 ? u"-" : u"") + String(static_cast<std::size_t>(missing), u'0') +
-           runtime::toUpper(String(digits, end));
+           base::toUpper(String(digits, end));
 }
 
 Long GQuorConvert::ConvertAnyToDez(const String& sValue, Integer iBase) {
@@ -59,7 +59,7 @@ Long GQuorConvert::ConvertAnyToDez(const String& sValue, Integer iBase) {
     const bool negative = digits.starts_with(u'-');
     const bool hasSign = negative || digits.starts_with(u'+');
     if (hasSign) digits.remove_prefix(1);
-    const String start = runtime::toUpper(digits.substr(0, 2));
+    const String start = base::toUpper(digits.substr(0, 2));
     bool bits = false;
     for (const BitBase& one : kBitBases) {
         if (one.base != iBase) continue;

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/letter_case.h"
 #include "file/hexadecimal.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -22,9 +22,9 @@ Connections connectionsIn(Drives& drives) {
 }
 
 String networkNameOf(StringView drive, const Connections& connections) {
-    const String capitals = runtime::toUpper(drive);
+    const String capitals = base::toUpper(drive);
     const auto found = std::ranges::find_if(connections, [&](const NetworkConnection& one) {
-        return runtime::toUpper(one.localName) == capitals;
+        return base::toUpper(one.localName) == capitals;
     });
     return found == connections.end() ? String() : found->remoteName;
 }
@@ -80,12 +80,12 @@ String GQuorFile::LetterToUNC(Unchanged<String> DriveLetter) {
 }
 
 String GQuorFile::UNCToLetter(const String& sUNCPath) {
-    const String share = runtime::toLower(ExtractUNCServerAndShareName(sUNCPath));
+    const String share = base::toLower(ExtractUNCServerAndShareName(sUNCPath));
     if (share.empty()) return {};
     const Connections connections = connectionsIn(ports_.drives);
     for (const String& root : ports_.drives.GetLogicalDriveStringsA()) {
         String drive = root.substr(0, 2);
-        if (runtime::toLower(networkNameOf(drive, connections)) == share) return drive;
+        if (base::toLower(networkNameOf(drive, connections)) == share) return drive;
     }
     return {};
 }

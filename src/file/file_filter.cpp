@@ -2,9 +2,9 @@
 
 #include <quorkit/ports/system.h>
 
+#include "base/letter_case.h"
 #include "runtime/calendar.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 #include "windows/ui_language.h"
 
 namespace quorkit {
@@ -15,7 +15,7 @@ std::array<int, 6> toTheSecond(const SystemTime& time) {
 }
 
 std::uint32_t attributeOf(char16_t letter) {
-    switch (runtime::toUpper(letter)) {
+    switch (base::toUpper(letter)) {
         case u'R':
             return kReadOnly;
         case u'H':

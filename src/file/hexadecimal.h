@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <iterator>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 
@@ -14,7 +14,7 @@ namespace quorkit {
 inline String hexadecimal(std::uint32_t number) {
     char digits[8];
     char* const end = std::to_chars(digits, std::end(digits), number, 16).ptr;
-    return runtime::toUpper(String(digits, end));
+    return base::toUpper(String(digits, end));
 }
 
 }  // namespace quorkit

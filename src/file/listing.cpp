@@ -5,12 +5,12 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/letter_case.h"
 #include "file/file_filter.h"
 #include "file/folder_walk.h"
 #include "file/search.h"
 #include "frame/error_patterns.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -173,7 +173,7 @@ Long GQuorFile::getAllFileExtensionsFromDirectory(const String& sPath,
     std::vector<Row> rows;
     std::unordered_map<String, std::size_t> rowOf;
     for (const String& name : names.elements()) {
-        String extension = runtime::toLower(ExtractFileExt(name));
+        String extension = base::toLower(ExtractFileExt(name));
         const auto [found, added] = rowOf.try_emplace(extension, rows.size());
         if (added) rows.push_back({std::move(extension)});
         ++rows[found->second].files;

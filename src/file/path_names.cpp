@@ -1,7 +1,7 @@
 #include <quorkit/GQuorFile.h>
 #include <quorkit/GQuorStrings.h>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -39,7 +39,7 @@ String GQuorFile::ExtractDrive(const String& vsFileName) {
     if (isNetworkName(vsFileName))
         return vsFileName.substr(0, vsFileName.find(u'\\', kNetworkPrefix.size()));
     if (vsFileName.size() < 2 || vsFileName[1] != u':') return {};
-    const char16_t letter = runtime::toUpper(vsFileName[0]);
+    const char16_t letter = base::toUpper(vsFileName[0]);
     return letter >= u'A' && letter <= u'Z' ? vsFileName.substr(0, 2) : String();
 }
 
@@ -82,10 +82,10 @@ String GQuorFile::GetFileNameForLanguage(const String& sFileName, const String& 
                                          const Optional<String>& sFileExtension) {
     String extension = sFileExtension->empty() ? ExtractFileExt(sFileName) : *sFileExtension;
     if (!extension.starts_with(u'.')) extension = u"." + extension;
-    extension = runtime::toLower(extension);
+    extension = base::toLower(extension);
 
     String name = sFileName;
-    if (runtime::toLower(name).ends_with(extension)) name.resize(name.size() - extension.size());
+    if (base::toLower(name).ends_with(extension)) name.resize(name.size() - extension.size());
     if (name.size() < 2) raise(ErrorNumber::InvalidProcedureCall);
     if (name[name.size() - 2] == u'_') name.resize(name.size() - 2);
     return name.append(u"_").append(sLanguageLetter).append(extension);

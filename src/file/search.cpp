@@ -1,6 +1,6 @@
 #include "file/search.h"
 
-#include "file/name_parts.h"
+#include "base/name_parts.h"
 
 namespace quorkit {
 namespace {
@@ -9,7 +9,7 @@ namespace {
 std::size_t patternIn(StringView name) {
     const std::size_t last = name.find_last_of(u"\\/");
     if (last != StringView::npos) return last + 1;
-    return partsOf(name).start == NameParts::HereOnDrive ? 2 : 0;
+    return base::partsOf(name).start == base::NameParts::HereOnDrive ? 2 : 0;
 }
 
 }  // namespace

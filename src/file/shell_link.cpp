@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <string_view>
 
-#include "file/name_parts.h"
-#include "runtime/code_page.h"
+#include "base/code_page.h"
+#include "base/name_parts.h"
+#include "base/unicode.h"
 
 namespace quorkit {
 namespace {
@@ -45,7 +46,7 @@ class Structure {
         set(field, static_cast<std::uint32_t>(bytes_.size()));
         bytes_ += bytes;
     }
-    void addAnsi(std::size_t field, StringView text) { add(field, runtime::toAnsi(text) + '\0'); }
+    void addAnsi(std::size_t field, StringView text) { add(field, base::toAnsi(text) + '\0'); }
     void addUnicode(std::size_t field, StringView text) {
         bytes_.append(bytes_.size() % 2, '\0');
         add(field, unicode(text) + std::string(2, '\0'));
@@ -77,8 +78,8 @@ std::string networkLink(StringView share) {
 
 /// How much of a network name names the share; 0 for any other name.
 std::size_t shareLength(StringView name) {
-    const NameParts parts = partsOf(name);
-    if (parts.start != NameParts::Network || parts.components.size() < 2) return 0;
+    const base::NameParts parts = base::partsOf(name);
+    if (parts.start != base::NameParts::Network || parts.components.size() < 2) return 0;
     const StringView share = parts.components[1];
     return static_cast<std::size_t>(share.data() + share.size() - name.data());
 }
@@ -108,7 +109,7 @@ std::string environmentVariables(StringView target) {
     std::string bytes;
     put(bytes, 0x314, 4);
     put(bytes, 0xA0000001, 4);
-    bytes += runtime::toAnsi(target);
+    bytes += base::toAnsi(target);
     bytes.resize(8 + 260, '\0');
     bytes += unicode(target);
     bytes.resize(0x314, '\0');
@@ -120,7 +121,7 @@ std::string environmentVariables(StringView target) {
 StringView countable(StringView text) {
     constexpr std::size_t most = 0x7FFF;
     if (text.size() <= most) return text;
-    const bool halved = (text[most - 1] & 0xFC00) == 0xD800 && (text[most] & 0xFC00) == 0xDC00;
+    const bool halved = base::isHighSurrogate(text[most - 1]) && base::isLowSurrogate(text[most]);
     return text.substr(0, halved ? most - 1 : most);
 }
 

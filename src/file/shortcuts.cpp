@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "file/name_parts.h"
+#include "base/name_parts.h"
 #include "file/shell_link.h"
 #include "file/whole_file.h"
 #include "frame/error_patterns.h"
@@ -27,7 +27,7 @@ ShellLink linkTo(const String& target, const String& drive, Ports& ports) {
 
 /// Whether a name would lead out of the folder that it is put behind.
 bool leadsOut(const String& name) {
-    const NameParts parts = partsOf(name);
+    const base::NameParts parts = base::partsOf(name);
     return std::ranges::find(parts.components, u"..") != parts.components.end();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "base/hash.h"
 #include "file/open_file.h"
 
 namespace quorkit {
@@ -12,8 +13,7 @@ namespace {
 String besideOf(const String& name) {
     const auto end = name.find_last_of(u"/\\");
     const std::size_t start = end == String::npos ? 0 : end + 1;
-    std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
-    for (std::size_t i = start; i < name.size(); ++i) hash = (hash ^ name[i]) * 1099511628211u;
+    const std::uint64_t hash = base::hashOf(StringView(name).substr(start));
     String result = name.substr(0, start) + u".quorkit-";
     for (int shift = 60; shift >= 0; shift -= 4)
         result += u"0123456789abcdef"[(hash >> shift) & 15];

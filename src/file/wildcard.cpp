@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -12,7 +12,7 @@ constexpr StringView kWild = u"*?";
 constexpr std::size_t kNowhere = StringView::npos;
 
 bool isLetter(char16_t folded, char16_t unit) {
-    return folded == unit || folded == runtime::toUpper(unit);
+    return folded == unit || folded == base::toUpper(unit);
 }
 
 /// As Windows cuts names, before it looks at the pattern: no full stops and blanks at the end. Of
@@ -43,7 +43,7 @@ Wildcard::Wildcard(StringView asked) {
         else if (pattern[i] == u'.' && (last || next == u'*' || next == u'?'))
             element.step = Step::StopOrEnd;
         else
-            element.letter = runtime::toUpper(pattern[i]);
+            element.letter = base::toUpper(pattern[i]);
         if (element.step != Step::Letter) {
             only_ = i;
             ++wild;

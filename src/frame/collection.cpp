@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 
@@ -17,7 +17,7 @@ void Collection::add(Variant item, String key) {
     const Entry& added = *entries_.back();
     if (added.key.empty()) return;
     try {
-        if (!byKey_.try_emplace(runtime::toLower(added.key), &added).second)
+        if (!byKey_.try_emplace(base::toLower(added.key), &added).second)
             raise(ErrorNumber::KeyAlreadyPresent);
     } catch (...) {
         entries_.pop_back();
@@ -35,18 +35,18 @@ const Collection::Entry& Collection::entry(Long position) const {
 }
 
 const Collection::Entry& Collection::entry(StringView key) const {
-    const auto found = byKey_.find(runtime::toLower(key));
+    const auto found = byKey_.find(base::toLower(key));
     if (found == byKey_.end()) raise(ErrorNumber::InvalidProcedureCall);
     return *found->second;
 }
 
 bool Collection::contains(StringView key) const {
-    return byKey_.contains(runtime::toLower(key));
+    return byKey_.contains(base::toLower(key));
 }
 
 void Collection::remove(Long position) {
     const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(index(position));
-    byKey_.erase(runtime::toLower((*at)->key));
+    byKey_.erase(base::toLower((*at)->key));
     entries_.erase(at);
 }
 

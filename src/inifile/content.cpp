@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "base/letter_case.h"
 #include "frame/error_patterns.h"
 #include "inifile/ini_file.h"
 #include "inifile/profile.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -63,7 +63,7 @@ class Merge {
     std::vector<IniEntry> slots_;
     std::size_t end_;
     std::size_t searched_ = 0;
-    std::unordered_map<StringView, std::size_t, runtime::KeyHash, runtime::KeyEqual> first_;
+    std::unordered_map<StringView, std::size_t, base::KeyHash, base::KeyEqual> first_;
     std::vector<std::size_t> next_;  // slot -> the next one of the same key
 };
 

@@ -2,10 +2,10 @@
 
 #include <unordered_set>
 
+#include "base/letter_case.h"
 #include "frame/error_patterns.h"
 #include "inifile/ini_file.h"
 #include "inifile/profile.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 
@@ -23,7 +23,7 @@ Deletion::Deletion(StringView section, const Array<String>& names, BaseOfKey bas
 
 Deletion::Done Deletion::run(IniDocument& document) const {
     if (isEmpty()) return {};
-    using Keys = std::unordered_set<StringView, runtime::KeyHash, runtime::KeyEqual>;
+    using Keys = std::unordered_set<StringView, base::KeyHash, base::KeyEqual>;
     Keys names;
     for (const String& name : names_.elements()) names.insert(trimBlanks(name));
     const SectionContent content = wholeContent(document, section_);

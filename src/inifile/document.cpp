@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -82,7 +82,7 @@ String IniDocument::entryOf(const Line& line) const {
 
 // --- Finding ---
 
-IniDocument::Wanted::Wanted(StringView name) : lower(runtime::toLower(trimBlanks(name))) {
+IniDocument::Wanted::Wanted(StringView name) : lower(base::toLower(trimBlanks(name))) {
     if (isAscii(lower)) ascii.emplace(lower.begin(), lower.end());
 }
 
@@ -91,7 +91,7 @@ bool IniDocument::isNamed(const Line& line, const Wanted& name) const {
     if (isAscii(bytes))
         return name.ascii && bytes.size() == name.ascii->size() &&
                std::ranges::equal(bytes, *name.ascii, {}, lowerAscii);
-    return runtime::toLower(nameOf(line)) == name.lower;
+    return base::toLower(nameOf(line)) == name.lower;
 }
 
 std::optional<Line> IniDocument::nextHeader(std::size_t from) const {
@@ -151,7 +151,7 @@ std::optional<Line> IniDocument::findInIndex(const String& lower) const {
         const auto header = nextHeader(index_->end);
         if (!header) return std::nullopt;
         index_->end = header->next;
-        const auto added = index_->headers.try_emplace(runtime::toLower(nameOf(*header)), *header);
+        const auto added = index_->headers.try_emplace(base::toLower(nameOf(*header)), *header);
         if (added.second && added.first->first == lower) found = added.first;
     }
     return found->second;

@@ -1,8 +1,8 @@
 // How the lines of a section become other ones.
 #include <algorithm>
 
+#include "base/letter_case.h"
 #include "inifile/document.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -75,7 +75,7 @@ class IniDocument::OldLines {
     std::vector<Line> lines_;
     std::size_t passed_ = 0;
     /// Made when the order of the entries first differs.
-    std::optional<std::unordered_map<String, Places, runtime::KeyHash, runtime::KeyEqual>> index_;
+    std::optional<std::unordered_map<String, Places, base::KeyHash, base::KeyEqual>> index_;
 };
 
 bool IniDocument::holds(std::size_t begin, std::size_t end, StringView text) const {
@@ -88,9 +88,9 @@ bool IniDocument::holdsKey(const Line& line, StringView key) const {
     const Place own = keyPlace(file_.text, line);
     const std::string_view bytes = part(own.begin, own.end);
     if (!isAscii(bytes) || line.kind != LineKind::Key)
-        return runtime::sameKey(trimBlanks(decoded(own.begin, own.end)), key);
+        return base::sameKey(trimBlanks(decoded(own.begin, own.end)), key);
     return std::ranges::equal(bytes, key, [](char byte, char16_t unit) {
-        return runtime::toLower(char16_t(byte)) == runtime::toLower(unit);
+        return base::toLower(char16_t(byte)) == base::toLower(unit);
     });
 }
 

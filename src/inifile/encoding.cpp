@@ -4,16 +4,17 @@
 #include <cstring>
 #include <utility>
 
-#include "runtime/code_page.h"
+#include "base/code_page.h"
+#include "base/unicode.h"
 
 namespace quorkit {
 
-using runtime::kUtf16Mark;
-using runtime::kUtf8Mark;
+using base::kUtf16BigMark;
+using base::kUtf16Mark;
+using base::kUtf8Mark;
 
 namespace {
 
-constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
 constexpr std::string_view kUtf32Marks[] = {{"\xFF\xFE\0\0", 4}, {"\0\0\xFE\xFF", 4}};
 
 /// UTF-16 in the order that its mark tells as little-endian, or back.
@@ -47,11 +48,10 @@ FileText takeApart(std::string content) {
     if (begins(kUtf8Mark)) return {.mark = kUtf8Mark, .text = content.substr(kUtf8Mark.size())};
     for (const std::string_view mark : {kUtf16Mark, kUtf16BigMark})
         if (begins(mark))
-            return {
-                .mark = mark,
-                .text = runtime::toUtf8(runtime::fromUtf16(inOrder(mark, view.substr(mark.size()))),
-                                        runtime::LoneSurrogate::Keep),
-                .tail = std::string(view.substr(view.size() - view.size() % 2))};
+            return {.mark = mark,
+                    .text = base::toUtf8(base::fromUtf16(inOrder(mark, view.substr(mark.size()))),
+                                         base::Malformed::Keep),
+                    .tail = std::string(view.substr(view.size() - view.size() % 2))};
     if (isBareUtf16(view)) return {.refused = true};
     return {.text = std::move(content)};
 }
@@ -59,22 +59,22 @@ FileText takeApart(std::string content) {
 Encoding encodingOf(const FileText& file) {
     if (!file.mark.empty()) return file.mark == kUtf8Mark ? Encoding::Utf8 : Encoding::Utf16;
     if (isAscii(file.text)) return Encoding::Plain;
-    return runtime::isUtf8(file.text) ? Encoding::Utf8 : Encoding::Ansi;
+    return base::isUtf8(file.text) ? Encoding::Utf8 : Encoding::Ansi;
 }
 
 std::optional<std::string> putTogether(FileText file, Encoding encoding) {
     std::string& text = file.text;
     if (file.mark == kUtf8Mark) return text.insert(0, kUtf8Mark);
     if (!file.mark.empty())
-        return std::string(file.mark) +
-               inOrder(file.mark, runtime::toUtf16(runtime::fromUtf8(text))) + file.tail;
+        return std::string(file.mark) + inOrder(file.mark, base::toUtf16(base::fromUtf8(text))) +
+               file.tail;
     if (isBareUtf16(text)) return std::nullopt;
     if (isAscii(text)) return std::move(text);
     if (encoding == Encoding::Plain) {
         // Two characters of code page 1252 may look like one in UTF-8.
-        std::optional<std::string> ansi = encode(runtime::fromUtf8(text), Encoding::Ansi);
-        if (ansi && !runtime::isUtf8(*ansi)) text = std::move(*ansi);
-    } else if (encoding == Encoding::Ansi && runtime::isUtf8(text)) {
+        std::optional<std::string> ansi = encode(base::fromUtf8(text), Encoding::Ansi);
+        if (ansi && !base::isUtf8(*ansi)) text = std::move(*ansi);
+    } else if (encoding == Encoding::Ansi && base::isUtf8(text)) {
         return std::nullopt;
     }
     return std::move(text);
@@ -96,17 +96,17 @@ bool isAscii(StringView text) {
 }
 
 String decode(std::string_view bytes, Encoding encoding) {
-    return encoding == Encoding::Ansi ? runtime::fromAnsi(bytes) : runtime::fromUtf8(bytes);
+    return encoding == Encoding::Ansi ? base::fromAnsi(bytes) : base::fromUtf8(bytes);
 }
 
 std::optional<std::string> encode(StringView text, Encoding encoding) {
     if (encoding == Encoding::Ansi) {
-        std::string bytes = runtime::toAnsi(text);
-        if (runtime::fromAnsi(bytes) != text) return std::nullopt;
+        std::string bytes = base::toAnsi(text);
+        if (base::fromAnsi(bytes) != text) return std::nullopt;
         return bytes;
     }
-    std::string bytes = runtime::toUtf8(text, runtime::LoneSurrogate::Keep);
-    if (encoding != Encoding::Utf16 && !runtime::isUtf8(bytes)) return std::nullopt;
+    std::string bytes = base::toUtf8(text, base::Malformed::Keep);
+    if (encoding != Encoding::Utf16 && !base::isUtf8(bytes)) return std::nullopt;
     return bytes;
 }
 

@@ -2,8 +2,8 @@
 
 #include <quorkit/ports/ports.h>
 
+#include "base/unicode.h"
 #include "file/whole_file.h"
-#include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
@@ -13,7 +13,7 @@ std::string tooLarge() {
 }
 
 void giveReason(const String& file, const std::string& reason) {
-    ports::giveReason("the INI file " + runtime::toUtf8(file) + ' ' + reason);
+    ports::giveReason("the INI file " + base::toUtf8(file) + ' ' + reason);
 }
 
 /// What reading a file gave, as a document.

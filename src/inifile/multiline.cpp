@@ -8,18 +8,18 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "base/letter_case.h"
 #include "frame/error_patterns.h"
 #include "inifile/deletion.h"
 #include "inifile/ini_file.h"
 #include "inifile/profile.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
 
-using runtime::KeyEqual;
-using runtime::KeyHash;
+using base::KeyEqual;
+using base::KeyHash;
 
 constexpr StringView kMarker = u"$!MULTILINEFIELD@#";
 constexpr StringView kBreak = u"\r\n";
@@ -31,7 +31,7 @@ constexpr std::array<StringView, 6> kOldFields = {
     u"RAUNDERWRITINGLEFT", u"RAUNDERWRITINGRIGHT", u"RACOMPLEMENTARYCLOSEADDON"};
 
 bool isMarker(StringView value) {
-    return runtime::toUpper(value) == kMarker;
+    return base::toUpper(value) == kMarker;
 }
 
 bool endsInDigit(StringView key) {
@@ -98,7 +98,7 @@ SectionContent joinedContent(const IniDocument& document, StringView section, st
 }
 
 bool isOldField(StringView key) {
-    return std::ranges::find(kOldFields, runtime::toUpper(key)) != kOldFields.end();
+    return std::ranges::find(kOldFields, base::toUpper(key)) != kOldFields.end();
 }
 
 /// The lines that store a table.
@@ -191,7 +191,7 @@ String QuorInifile::ReadMultiLineValue(const String& sSection, const String& sKe
     std::unordered_map<String, String, KeyHash, KeyEqual> lines;
     document.forEachKey(sSection, [&](String name, const auto& valueOfKey) {
         const StringView start = StringView(name).substr(0, prefix.size());
-        if (runtime::sameKey(start, prefix) && !lines.contains(name))
+        if (base::sameKey(start, prefix) && !lines.contains(name))
             lines.emplace(name, cutValue(valueOfKey()));
         names.push_back(std::move(name));
     });

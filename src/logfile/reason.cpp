@@ -2,7 +2,7 @@
 
 #include <quorkit/ports/ports.h>
 
-#include "runtime/code_page.h"
+#include "base/unicode.h"
 
 namespace quorkit {
 namespace {
@@ -27,7 +27,7 @@ std::string textOf(ErrorCode code) {
 }
 
 void say(const String& name, const std::string& reason) {
-    ports::giveReason("the log file " + runtime::toUtf8(name) + " is not written: " + reason);
+    ports::giveReason("the log file " + base::toUtf8(name) + " is not written: " + reason);
 }
 
 }  // namespace

@@ -5,11 +5,11 @@
 #include <string_view>
 #include <utility>
 
+#include "base/unicode.h"
 #include "file/open_file.h"
 #include "file/whole_file.h"
 #include "frame/error_patterns.h"
 #include "logfile/log_text.h"
-#include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
@@ -51,8 +51,7 @@ std::optional<Kept> newerPart(Files& files, const String& name, std::uint64_t si
 std::optional<Kept> olderHalf(Files& files, const String& name, std::uint64_t size) {
     std::string kept;
     const auto half = static_cast<std::size_t>(std::nearbyint(static_cast<double>(size) / 2 - 1));
-    if (readPart(files, name, runtime::kUtf16Mark.size(), half, kept) != kSuccess)
-        return std::nullopt;
+    if (readPart(files, name, base::kUtf16Mark.size(), half, kept) != kSuccess) return std::nullopt;
     return Kept{std::move(kept), true};
 }
 
@@ -74,7 +73,7 @@ Boolean QuorLogFile::limitFileSize(Unchanged<String> sFileName, Unchanged<Long> 
         std::string start;
         if (readPart(ports_.files, name, 0, kLongestMark, start) != kSuccess) return false;
         const std::string_view mark = markOf(start);
-        const auto kept = mark == runtime::kUtf16Mark
+        const auto kept = mark == base::kUtf16Mark
                               ? olderHalf(ports_.files, name, *size)
                               : newerPart(ports_.files, name, *size, MaxFileSize, mark);
         if (!kept) return false;

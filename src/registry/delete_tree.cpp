@@ -1,6 +1,6 @@
 #include "registry/delete_tree.h"
 
-#include "registry/name_rules.h"
+#include "base/registry_names.h"
 #include "registry/open_key.h"
 
 namespace quorkit {
@@ -32,7 +32,7 @@ class Deletion {
         if (key.status() != kSuccess) return;
         const std::size_t length = place.path.size();
         for (const String& name : names) {
-            if (!canNameKey(name)) continue;  // it would lead elsewhere
+            if (!base::canNameKey(name)) continue;  // it would lead elsewhere
             place.path.append(u"\\").append(name);
             Deletion beneath(registry_);
             beneath.run(key, place, name, levels);

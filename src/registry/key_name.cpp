@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "registry/name_rules.h"
+#include "base/registry_names.h"
 
 namespace quorkit {
 namespace {
@@ -35,7 +35,7 @@ std::optional<RegPath> readKeyName(StringView name) {
     if (key.root == RegistryRoot::None || !key.path.empty()) return {};
     std::vector<String> names;
     name.remove_prefix(std::min(name.size(), end + 1));
-    if (splitKeyPath(name, names) != kSuccess) return {};
+    if (base::splitKeyPath(name, names) != kSuccess) return {};
     for (const String& one : names) key.path.append(key.path.empty() ? u"" : u"\\").append(one);
     return key;
 }

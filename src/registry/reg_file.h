@@ -19,8 +19,8 @@
 #include <optional>
 #include <vector>
 
+#include "base/registry_value_text.h"
 #include "registry/reg_path.h"
-#include "registry/value_text.h"
 
 namespace quorkit {
 
@@ -34,8 +34,8 @@ RegResult printRegFile(Registry& registry, const RegPath& key, std::string& cont
 /// One key of a file.
 struct RegChange {
     RegPath key;
-    bool deletes = false;           ///< the key and all beneath it; then there are no values
-    std::vector<ValueLine> values;  ///< each has a value or deletes one
+    bool deletes = false;                 ///< the key and all beneath it; then there are no values
+    std::vector<base::ValueLine> values;  ///< each has a value or deletes one
 };
 
 struct BadRegLine {

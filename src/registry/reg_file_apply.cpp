@@ -34,7 +34,7 @@ ErrorCode changeKey(Registry& registry, RegChange& change) {
         if (code == kSuccess && !run.empty()) code = key.setValues(run);
         run.clear();
     };
-    for (ValueLine& line : change.values) {
+    for (base::ValueLine& line : change.values) {
         if (!line.deletes) {
             run.push_back({std::move(line.name), std::move(*line.value)});
             continue;

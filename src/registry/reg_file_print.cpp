@@ -1,10 +1,10 @@
 #include <algorithm>
 
+#include "base/registry_names.h"
+#include "base/unicode.h"
 #include "registry/key_name.h"
-#include "registry/name_rules.h"
 #include "registry/open_key.h"
 #include "registry/reg_file.h"
-#include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
@@ -16,7 +16,7 @@ constexpr std::size_t kFullLine = 76;
 
 /// Appends a line for a value. Hexadecimal digits go on in further lines.
 void addValue(String& text, const NamedValue& one) {
-    const String line = printValue(one, RegTexts::Hexadecimal);
+    const String line = base::printValue(one, base::RegTexts::Hexadecimal);
     // Only texts end with a quotation mark, and bytes have no colon among them.
     const std::size_t start = line.ends_with(u'"') ? line.size() : line.rfind(u':') + 1;
     text.append(line, 0, start);
@@ -60,7 +60,7 @@ class Printer {
         text_ += kBreak;
         for (const String& name : names) {
             // Any other name would lead elsewhere, perhaps to this key again.
-            if (canNameKey(name))
+            if (base::canNameKey(name))
                 print(beneath(key, name));
             else if (first.code == kSuccess)
                 first = {kInvalidName, key};
@@ -68,7 +68,7 @@ class Printer {
         return true;
     }
 
-    std::string textAsUtf16() const { return runtime::toUtf16(text_); }
+    std::string textAsUtf16() const { return base::toUtf16(text_); }
 
    private:
     ErrorCode list(const RegPath& key, std::vector<NamedValue>& values,
@@ -87,7 +87,7 @@ class Printer {
 RegResult printRegFile(Registry& registry, const RegPath& key, std::string& content) {
     Printer printer(registry);
     content.clear();
-    if (printer.print(key)) content.append(runtime::kUtf16Mark).append(printer.textAsUtf16());
+    if (printer.print(key)) content.append(base::kUtf16Mark).append(printer.textAsUtf16());
     return printer.first;
 }
 

@@ -1,8 +1,9 @@
 #include <algorithm>
 
+#include "base/code_page.h"
+#include "base/unicode.h"
 #include "registry/key_name.h"
 #include "registry/reg_file.h"
-#include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
@@ -21,16 +22,16 @@ std::size_t countLines(const Text& text) {
 }
 
 String decodeUtf16(std::string_view bytes) {
-    String text = runtime::fromUtf16(bytes);
+    String text = base::fromUtf16(bytes);
     if (bytes.size() % 2 != 0) fail(countLines(text) + 1, "half a character of UTF-16");
     return text;
 }
 
 String decodeUtf8(std::string_view bytes) {
-    if (runtime::isUtf8(bytes)) return runtime::fromUtf8(bytes);
+    if (base::isUtf8(bytes)) return base::fromUtf8(bytes);
     std::size_t number = 1;
     std::size_t end = bytes.find('\n');
-    for (; end != String::npos && runtime::isUtf8(bytes.substr(0, end)); end = bytes.find('\n')) {
+    for (; end != String::npos && base::isUtf8(bytes.substr(0, end)); end = bytes.find('\n')) {
         bytes.remove_prefix(end + 1);
         ++number;
     }
@@ -38,11 +39,11 @@ String decodeUtf8(std::string_view bytes) {
 }
 
 String decode(std::string_view content) {
-    using runtime::kUtf16Mark;
-    using runtime::kUtf8Mark;
+    using base::kUtf16Mark;
+    using base::kUtf8Mark;
     if (content.starts_with(kUtf16Mark)) return decodeUtf16(content.substr(kUtf16Mark.size()));
     if (content.starts_with(kUtf8Mark)) return decodeUtf8(content.substr(kUtf8Mark.size()));
-    return content.starts_with("REGEDIT4") ? runtime::fromAnsi(content) : decodeUtf8(content);
+    return content.starts_with("REGEDIT4") ? base::fromAnsi(content) : decodeUtf8(content);
 }
 
 class Reader {
@@ -78,7 +79,7 @@ class Reader {
         StringView line = takeLine();
         line = line.substr(0, line.find_last_not_of(kBlanks) + 1);
         if (line == kOldHeader)
-            form_ = RegForm::Version4;
+            form_ = base::RegForm::Version4;
         else if (line != kHeader)
             fail(1, "not the beginning of a registry file");
     }
@@ -100,7 +101,7 @@ class Reader {
 
     void addValue() {
         const std::size_t number = number_;
-        auto line = readValue(takeValue(), form_);
+        auto line = base::readValue(takeValue(), form_);
         if (!line) fail(number, "neither a key nor a value");
         if (!line->deletes && !line->value) fail(number, "not a value behind \"=\"");
         if (line->name.size() > kLongestValueName || line->name.find(u'\0') != String::npos)
@@ -145,7 +146,7 @@ class Reader {
 
     StringView rest_;
     std::size_t number_ = 1;  ///< of the line in which the rest begins
-    RegForm form_ = RegForm::Version5;
+    base::RegForm form_ = base::RegForm::Version5;
     std::vector<RegChange>& changes_;
 };
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -21,7 +21,7 @@ constexpr RootName kRootNames[] = {
 
 RegPath splitRegPath(const String& text) {
     for (const auto& [name, root] : kRootNames)
-        if (runtime::toUpper(StringView(text).substr(0, name.size())) == name)
+        if (base::toUpper(StringView(text).substr(0, name.size())) == name)
             return {root, text.substr(std::min(text.size(), name.size() + 1))};
     return {};
 }

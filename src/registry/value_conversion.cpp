@@ -2,8 +2,9 @@
 
 #include <string>
 
-#include "registry/dword.h"
-#include "runtime/code_page.h"
+#include "base/code_page.h"
+#include "base/dword.h"
+#include "base/unicode.h"
 
 namespace quorkit {
 namespace {
@@ -23,18 +24,18 @@ std::size_t roomOf(const RegistryValue& value) {
 }
 
 String convertRegValue(const RegistryValue& value) {
-    if (value.type == kRegDWord) return decimal(dwordIn(value.data));
+    if (value.type == kRegDWord) return decimal(base::dwordIn(value.data));
     String text;
     if (isRegistryText(value.type))
-        text = runtime::fromUtf16(value.data);
+        text = base::fromUtf16(value.data);
     else if (value.type == kRegNone)
-        text = runtime::fromAnsi(value.data);
+        text = base::fromAnsi(value.data);
     if (text.ends_with(u'\0')) text.pop_back();
     return text;
 }
 
 RegistryValue stringValue(const String& text) {
-    return {kRegString, runtime::toUtf16(text + u'\0')};
+    return {kRegString, base::toUtf16(text + u'\0')};
 }
 
 }  // namespace quorkit

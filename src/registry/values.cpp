@@ -4,13 +4,13 @@
 #include <cmath>
 #include <optional>
 
+#include "base/dword.h"
+#include "base/letter_case.h"
+#include "base/registry_names.h"
 #include "frame/error_patterns.h"
-#include "registry/dword.h"
-#include "registry/name_rules.h"
 #include "registry/open_key.h"
 #include "registry/value_conversion.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -32,7 +32,7 @@ bool write(Registry& registry, const String& path, const NamedValue& value) {
 /// The bits that a number as text stands for; nothing when it is none or does not fit.
 std::optional<std::uint32_t> dwordOf(Ports& ports, const String& text) {
     constexpr Double beyond = 4294967296;
-    const String capitals = runtime::toUpper(text);
+    const String capitals = base::toUpper(text);
     std::optional<Double> number;
     if (capitals.starts_with(u"0X"))
         resumeNext([&] { number = GQuorConvert(ports).HexToDec(capitals); });
@@ -66,7 +66,7 @@ Long GQuorRegistry::Reg_ReadDWordValue(const String& sPath, const String& sKey,
 Boolean GQuorRegistry::Reg_WriteDWordValue(const String& sPath, const String& sKey,
                                            const String& sValue) {
     const auto number = dwordOf(ports_, sValue);
-    return number && write(ports_.registry, sPath, {sKey, {kRegDWord, dwordData(*number)}});
+    return number && write(ports_.registry, sPath, {sKey, {kRegDWord, base::dwordData(*number)}});
 }
 
 Boolean GQuorRegistry::Reg_ReadBoolValue(const String& sPath, const String& sKey,
@@ -86,7 +86,7 @@ void GQuorRegistry::Reg_WriteKeyValuesEx(const String& sPath, const DictionaryRe
     std::vector<NamedValue> values;
     for (const auto& [name, item] : cData->entries()) {
         NamedValue one{runtime::CStr(name), stringValue(runtime::CStr(item))};
-        if (canNameValue(one.name)) values.push_back(std::move(one));
+        if (base::canNameValue(one.name)) values.push_back(std::move(one));
     }
     key.setValues(values);
 }

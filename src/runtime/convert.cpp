@@ -7,9 +7,9 @@
 #include <limits>
 #include <string>
 
+#include "base/letter_case.h"
 #include "runtime/calendar.h"
 #include "runtime/date_text.h"
-#include "runtime/letter_case.h"
 #include "runtime/number_text.h"
 #include "runtime/trim.h"
 
@@ -124,8 +124,8 @@ String CStr(const Variant& value) {
 
 Boolean CBool(const Variant& value) {
     if (const auto* text = value.getIf<String>()) {
-        if (sameText(*text, u"True") || *text == u"#TRUE#") return true;
-        if (sameText(*text, u"False") || *text == u"#FALSE#") return false;
+        if (base::sameText(*text, u"True") || *text == u"#TRUE#") return true;
+        if (base::sameText(*text, u"False") || *text == u"#FALSE#") return false;
     }
     return converted<ToNumber>(value) != 0;
 }

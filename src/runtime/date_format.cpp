@@ -8,10 +8,10 @@
 #include <string>
 #include <string_view>
 
+#include "base/letter_case.h"
 #include "frame/names.h"
 #include "runtime/calendar.h"
 #include "runtime/date_language.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace runtime {
@@ -40,7 +40,7 @@ struct Writer {
     /// The designator of the half of the day, in small letters when the token has them.
     void half(StringView before, StringView after) {
         const StringView mark = parts.hour < 12 ? before : after;
-        out += toLower(token[0]) == token[0] ? toLower(mark) : String(mark);
+        out += base::toLower(token[0]) == token[0] ? base::toLower(mark) : String(mark);
     }
     void general() {
         const Double day = std::trunc(date.days);
@@ -118,9 +118,9 @@ constexpr DateFormatName kNames[] = {
 const Token* tokenAt(StringView text) {
     const Token* longest = nullptr;
     std::size_t length = 0;
-    const char16_t first = toLower(text[0]);
+    const char16_t first = base::toLower(text[0]);
     for (const Token& one : kTokens) {
-        if (first != toLower(static_cast<char16_t>(one.token[0]))) continue;
+        if (first != base::toLower(static_cast<char16_t>(one.token[0]))) continue;
         const std::string_view spelling = one.token;
         if (spelling.size() <= length || !sameName(text.substr(0, spelling.size()), spelling))
             continue;

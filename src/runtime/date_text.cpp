@@ -5,9 +5,9 @@
 #include <span>
 #include <utility>
 
+#include "base/letter_case.h"
 #include "runtime/calendar.h"
 #include "runtime/date_language.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit::runtime {
 namespace {
@@ -68,7 +68,7 @@ StringView takeWord(StringView& text) {
 int positionIn(std::span<const StringView> names, StringView word) {
     const auto found = std::ranges::find_if(names, [&](StringView name) {
         if (name.ends_with(u'.')) name.remove_suffix(1);
-        return sameText(name, word);
+        return base::sameText(name, word);
     });
     return found == names.end() ? 0 : static_cast<int>(found - names.begin()) + 1;
 }
@@ -82,7 +82,7 @@ constexpr Spelling kOtherMonths[] = {{u"J\u00E4nner", 1}, {u"Maerz", 3}, {u"Mrz"
 
 int monthNamed(StringView word) {
     for (const auto& [name, month] : kOtherMonths)
-        if (sameText(name, word)) return month;
+        if (base::sameText(name, word)) return month;
     for (const DateLanguage& one : dateLanguages())
         for (const int month : {positionIn(one.months, word), positionIn(one.shortMonths, word)})
             if (month != 0) return month;
@@ -90,7 +90,7 @@ int monthNamed(StringView word) {
 }
 
 bool isDayName(StringView word) {
-    if (sameText(word, u"Sonnabend")) return true;
+    if (base::sameText(word, u"Sonnabend")) return true;
     return std::ranges::any_of(dateLanguages(), [&](const DateLanguage& one) {
         return positionIn(one.days, word) != 0 || positionIn(one.shortDays, word) != 0;
     });

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 #include "runtime/search.h"
 #include "strings/positions.h"
 
@@ -25,9 +25,9 @@ CollectionRef GQuorStrings::ReadAllVarFields(
     Unchanged<String> sText, const Optional<String, Text(u"@#")>& sVarFieldHeader,
     const Optional<String, Text(u"#@")>& sVarFieldTrailer) {
     auto names = std::make_shared<Collection>();
-    const String text = runtime::toLower(*sText);
-    const String header = runtime::toLower(*sVarFieldHeader);
-    const String trailer = runtime::toLower(*sVarFieldTrailer);
+    const String text = base::toLower(*sText);
+    const String header = base::toLower(*sVarFieldHeader);
+    const String trailer = base::toLower(*sVarFieldTrailer);
     const Search headers(header);
     const Search trailers(trailer);
     for (std::size_t trailerAt = 0;;) {
@@ -54,9 +54,9 @@ String GQuorStrings::getFieldNameWithoutLineNumber(const String& s,
     String name = s.substr(0, lineNumberOf(s));
     switch (eConvert) {
         case eConvertChars_toUpper:
-            return runtime::toUpper(name);
+            return base::toUpper(name);
         case eConvertChars_toLower:
-            return runtime::toLower(name);
+            return base::toLower(name);
         default:
             return name;
     }

@@ -1,8 +1,8 @@
 #include <quorkit/GQuorStrings.h>
 
+#include "base/letter_case.h"
 #include "frame/error_patterns.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 #include "runtime/search.h"
 
 namespace quorkit {
@@ -14,8 +14,8 @@ using runtime::Search;
 class Occurrences {
    public:
     Occurrences(const String& text, const String& pattern, bool ignoreCase)
-        : foldedText_(ignoreCase ? runtime::toLower(text) : String()),
-          foldedPattern_(ignoreCase ? runtime::toLower(pattern) : String()),
+        : foldedText_(ignoreCase ? base::toLower(text) : String()),
+          foldedPattern_(ignoreCase ? base::toLower(pattern) : String()),
           text_(ignoreCase ? foldedText_ : text),
           search_(ignoreCase ? foldedPattern_ : pattern) {}
     Occurrences(const Occurrences&) = delete;

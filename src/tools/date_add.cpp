@@ -1,10 +1,10 @@
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/GQuorTools.h>
 
+#include "base/letter_case.h"
 #include "frame/error_patterns.h"
 #include "runtime/calendar.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -27,7 +27,7 @@ Date GQuorTools::DateAddEx(Unchanged<Date> RefDate, Unchanged<String> sOptionStr
     const int sign = *bInvertOptionString ? -1 : 1;
     Date date = *RefDate;
     resumeNext([&] {
-        String options = runtime::toLower(*sOptionString);
+        String options = base::toLower(*sOptionString);
         const CollectionRef amounts = GQuorStrings(ports_).ParseString(options);
         for (const Unit& unit : kUnits)
             resumeNext([&] {

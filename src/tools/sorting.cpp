@@ -5,10 +5,10 @@
 #include <compare>
 #include <functional>
 
+#include "base/letter_case.h"
 #include "frame/error_patterns.h"
 #include "runtime/compare.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 #include "tools/quick_sort.h"
 
 namespace quorkit {
@@ -79,7 +79,7 @@ class Sort {
         if (!caseSensitive_) {
             capitals_.reserve(range_.size());
             for (const Variant& value : range_)
-                capitals_.push_back(runtime::toUpper(runtime::CStr(value)));
+                capitals_.push_back(base::toUpper(runtime::CStr(value)));
         }
         if (texts_)
             sortPlain([this](std::size_t i) { return text(i); });

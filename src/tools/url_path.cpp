@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "runtime/code_page.h"
+#include "base/code_page.h"
 
 namespace quorkit {
 namespace {
@@ -14,7 +14,7 @@ constexpr StringView kDigits = u"0123456789ABCDEF";
 
 /// The number that hexadecimal digits are; 0 when they are none.
 Byte numberOf(StringView digits) {
-    const std::string text = runtime::toAnsi(digits);
+    const std::string text = base::toAnsi(digits);
     unsigned number = 0;
     const char* const end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, number, 16);
@@ -31,7 +31,7 @@ String GQuorProgram::URLPathEncode(Unchanged<String> Text) {
             encoded += unit;
             continue;
         }
-        const Byte code = runtime::toAnsi(unit);
+        const Byte code = base::toAnsi(unit);
         encoded += {u'%', kDigits[code >> 4], kDigits[code & 15]};
     }
     return encoded;
@@ -47,7 +47,7 @@ String GQuorProgram::URLPathDecode(Unchanged<String> Text) {
         rest.remove_prefix(plain);
         if (rest.empty()) break;
         const StringView digits = rest.substr(1, 2);
-        decoded += runtime::fromAnsi(numberOf(digits));
+        decoded += base::fromAnsi(numberOf(digits));
         rest.remove_prefix(1 + digits.size());
     }
     return decoded;

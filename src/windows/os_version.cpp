@@ -4,9 +4,9 @@
 
 #include <optional>
 
+#include "base/letter_case.h"
 #include "frame/error_patterns.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 #include "runtime/val.h"
 #include "windows/ui_language.h"
 
@@ -34,7 +34,7 @@ std::optional<String> trimmed(StringView text) {
 }
 
 Edition windows9x(const OsVersion& system) {
-    const String letter = runtime::toUpper(trimmed(system.servicePack).value_or(u""));
+    const String letter = base::toUpper(trimmed(system.servicePack).value_or(u""));
     switch (system.minorVersion) {
         case 0:
             if (letter != u"A" && letter != u"B" && letter != u"C")

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "base/letter_case.h"
 #include "runtime/convert.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -34,7 +34,7 @@ Long GQuorWindows::WinFindWindowByPartOfTitle(const String& PartOfTitleName,
     const bool exact = runtime::CBool(*bCaseSensitive);
     const bool onlyVisible = runtime::CBool(*bOnlyVisibleWindow);
     const auto compared = [&](StringView text) {
-        return exact ? String(text) : runtime::toLower(text);
+        return exact ? String(text) : base::toLower(text);
     };
     const String wanted = compared(PartOfTitleName);
     const auto matches = [&](const WindowInfo& one) {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <random>
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 #include "support/late.h"
 
 namespace quorkit::test {
@@ -24,7 +24,7 @@ struct Linear {
     Long index(const String& key) const {
         Long found = -1;
         for (Long p = 1; p <= count(); ++p)
-            if (runtime::toLower(name(p)) == runtime::toLower(key)) found = p;
+            if (base::toLower(name(p)) == base::toLower(key)) found = p;
         return found;
     }
     Long replace(const Variant& value, Long p) {
@@ -60,7 +60,7 @@ void expectSame(Late& c, const Linear& linear) {
         ASSERT_EQ(c(u"getKey", {p}), Variant(name));
         ASSERT_EQ(c(u"GetIndex", {name}), Variant(linear.index(name)));
         ASSERT_EQ(c(u"getValueByIndex", {p}), linear.value(p));
-        ASSERT_EQ(c(u"getValueByKey", {runtime::toUpper(name)}), linear.value(linear.index(name)));
+        ASSERT_EQ(c(u"getValueByKey", {base::toUpper(name)}), linear.value(linear.index(name)));
     }
     const Outcome outcome = c.call(u"getAllKeyNames", {Array<String>()});
     ASSERT_EQ(outcome.result, Variant(linear.count()));

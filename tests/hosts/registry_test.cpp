@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "base/unicode.h"
 #include "hosts/command.h"
 #include "memory/hive.h"
-#include "runtime/code_page.h"
 
 namespace quorkit::test {
 namespace {
@@ -14,7 +14,7 @@ TEST(RegistryCommand, CarriesKeysThroughFilesAndStreams) {
     ports.files.put(u"in.reg", kFile);
     EXPECT_EQ(command(u"registry import in.reg", {}, ports).errors, "");
     const std::string bytes = command(u"registry export HKCU\\Software\\X\\", {}, ports).output;
-    EXPECT_EQ(runtime::fromUtf16(bytes),
+    EXPECT_EQ(base::fromUtf16(bytes),
               u"\xFEFFWindows Registry Editor Version 5.00\r\n\r\n"
               u"[HKEY_CURRENT_USER\\Software\\X]\r\n\"a\"=\"b\"\r\n\r\n");
     EXPECT_EQ(command(u"registry export hkcu\\Software\\X out.reg", {}, ports).errors, "");

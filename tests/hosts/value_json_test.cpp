@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <quorkit/collection.h>
 
-#include "cli/utf8.h"
-
 namespace quorkit::test {
 namespace {
 
@@ -93,14 +91,6 @@ TEST(JsonText, ThatIsBrokenIsRefused) {
           std::string("1e999"), std::string("\"\\"), std::string("\"\0\"", 3), deep,
           deep + std::string(100'000, ']')})
         EXPECT_THROW(readJson(one), JsonError) << one.substr(0, 20);
-}
-
-TEST(Utf8, BytesThatAreNoneBecomeTheReplacementCharacter) {
-    EXPECT_EQ(fromUtf8("a\xC3\xA4\xF0\x9F\x98\x80"), u"a\u00E4\U0001F600");
-    const std::string malformed = "\xC0\x80\xED\xA0\x80\xF4\x90\x80\x80\xE2\x82";
-    EXPECT_EQ(fromUtf8(malformed).substr(0, 2), String({0xDCC0, 0xDC80}));
-    EXPECT_EQ(toUtf8(fromUtf8(malformed)), malformed);
-    EXPECT_EQ(toUtf8(String{0xD800, u'a', 0xDC00, 0xDC7F}), "\uFFFDa\uFFFD\uFFFD");
 }
 
 }  // namespace

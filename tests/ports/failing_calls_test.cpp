@@ -11,11 +11,11 @@
 #include <iterator>
 #include <set>
 
+#include "base/unicode.h"
 #include "cli/property_object.h"
 #include "cli/utf8.h"
 #include "clipboard/samples.h"
 #include "hosts/command.h"
-#include "runtime/code_page.h"
 #include "support/errors.h"
 #include "support/late.h"
 
@@ -85,8 +85,8 @@ Things thingsIn(World& world) {
         add(name.ends_with(u".TMP") ? u"temporary" : name);
         addLines(name, world.files.content(name).value());
     }
-    addLines(u"", runtime::toUtf8(
-                      runtime::fromUtf16(command(u"registry export HKCU", {}, world).output)));
+    addLines(u"",
+             base::toUtf8(base::fromUtf16(command(u"registry export HKCU", {}, world).output)));
     for (const auto& program : world.processes.started) {
         EXPECT_TRUE(program.closed);
         add(program.commandLine);

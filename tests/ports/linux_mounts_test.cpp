@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <quorkit/ports/drives.h>
 
+#include "base/name_parts.h"
 #include "cli/utf8.h"
-#include "file/name_parts.h"
 #include "linux/drive_table.h"
 #include "linux/remote_name.h"
 #include "linux/volumes.h"
@@ -92,7 +92,7 @@ TEST(LinuxDrives, AreFoundByTheirShares) {
                                                         {u"\\\\", ""}};
     for (const auto& [name, point] : cases) {
         std::size_t used = 0;
-        const disk::Drive* found = drives.findShare(partsOf(name).components, used);
+        const disk::Drive* found = drives.findShare(base::partsOf(name).components, used);
         EXPECT_EQ(found == nullptr ? "" : found->mount.point + " " + std::to_string(used), point);
     }
     const std::pair<const char*, StringView> sources[] = {

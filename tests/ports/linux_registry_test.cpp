@@ -8,9 +8,9 @@
 #include <atomic>
 #include <thread>
 
+#include "base/unicode.h"
 #include "linux/folder_hive.h"
 #include "linux/folder_names.h"
-#include "runtime/code_page.h"
 #include "support/scratch.h"
 
 namespace quorkit::test {
@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 using disk::FolderHive;
 
 RegistryValue text(StringView value) {
-    return {kRegString, runtime::toUtf16(String(value) + u'\0')};
+    return {kRegString, base::toUtf16(String(value) + u'\0')};
 }
 RegistryValue dword(char byte) {
     return {kRegDWord, {byte, 0, 0, 0}};
@@ -40,7 +40,7 @@ class LinuxRegistry : public testing::Test {
     std::vector<std::string> damage() {
         std::vector<std::string> result;
         for (const RegistryDamage& one : hive.check())
-            result.push_back(runtime::toUtf8(one.place + u' ' + one.what)
+            result.push_back(base::toUtf8(one.place + u' ' + one.what)
                                  .substr(scratch.path("store").string().size() + 1));
         return result;
     }
@@ -50,10 +50,9 @@ TEST_F(LinuxRegistry, ShowsPeopleWhatItHolds) {
     EXPECT_EQ(set(u"", text(u"default")), kSuccess);
     EXPECT_EQ(set(u"a \"name\" \\", text(u"C:\\Temp \"x\"\r\nÄ")), kSuccess);
     EXPECT_EQ(set(u"Left", dword(12)), kSuccess);
-    EXPECT_EQ(set(u"Path", {kRegExpandString, runtime::toUtf16(StringView(u"%HOME%\0", 7))}),
+    EXPECT_EQ(set(u"Path", {kRegExpandString, base::toUtf16(StringView(u"%HOME%\0", 7))}),
               kSuccess);
-    EXPECT_EQ(set(u"List", {kRegMultiString, runtime::toUtf16(StringView(u"a\0b\0\0", 5))}),
-              kSuccess);
+    EXPECT_EQ(set(u"List", {kRegMultiString, base::toUtf16(StringView(u"a\0b\0\0", 5))}), kSuccess);
     EXPECT_EQ(set(u"Odd", {kRegString, "x"}), kSuccess);
     EXPECT_EQ(set(u"Bytes", {kRegBinary, "\x01\xFF"}), kSuccess);
     EXPECT_EQ(scratch.read(values),

@@ -1,7 +1,7 @@
 // What every registry does.
 #include <thread>
 
-#include "runtime/code_page.h"
+#include "base/unicode.h"
 #include "support/registry_room.h"
 
 namespace quorkit::test {
@@ -70,13 +70,13 @@ TEST_P(RegistryTest, MatchesNamesWithoutLetterCaseAndKeepsTheirSpelling) {
 }
 
 TEST_P(RegistryTest, KeepsDataByteForByte) {
-    const Values all = {{u"text", {kRegString, runtime::toUtf16(String(u"\u00E4\u4E2D\0", 3))}},
-                        {u"text without an end", {kRegString, runtime::toUtf16(u"ab")}},
+    const Values all = {{u"text", {kRegString, base::toUtf16(String(u"\u00E4\u4E2D\0", 3))}},
+                        {u"text without an end", {kRegString, base::toUtf16(u"ab")}},
                         {u"half a character", {kRegString, "a"}},
                         {u"one and a half", {kRegExpandString, "abc"}},
-                        {u"half a pair", {kRegString, runtime::toUtf16(u"\xD800")}},
+                        {u"half a pair", {kRegString, base::toUtf16(u"\xD800")}},
                         {u"empty text", {kRegString, ""}},
-                        {u"list", {kRegMultiString, runtime::toUtf16(String(u"a\0\0", 3))}},
+                        {u"list", {kRegMultiString, base::toUtf16(String(u"a\0\0", 3))}},
                         {u"none", {kRegNone, std::string("\0\n\xFF", 3)}},
                         {u"binary", {kRegBinary, ""}},
                         {u"dword", {kRegDWord, std::string("\1\0\0\x80", 4)}},
@@ -104,7 +104,7 @@ TEST_P(RegistryTest, NamesHoldAnyCharacter) {
     const String longest(16'383, u'v');
     Values expected = {{u"\\with\\", {}}, {longest, {}}};
     for (const String& name : all) {
-        expected.push_back({name, {kRegString, runtime::toUtf16(name)}});
+        expected.push_back({name, {kRegString, base::toUtf16(name)}});
         make(u'\\' + name + u"\\key").setValues({&expected.back(), 1});
         EXPECT_EQ(read(u'\\' + name + u"\\key").value(name, value), kSuccess);
         EXPECT_EQ(value, expected.back().value) << testing::PrintToString(name);

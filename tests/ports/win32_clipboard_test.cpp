@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <quorkit/ports/ports.h>
 
-#include "clipboard/dib.h"
+#include "base/dib.h"
 #include "clipboard/samples.h"
 #include "win32/clipboard_data.h"
 
@@ -26,7 +26,7 @@ TEST(Win32Clipboard, HasTheBestFormOfAPictureAndABitmap) {
     const UINT png = ::RegisterClipboardFormatW(L"PNG");
     const UINT jpeg = ::RegisterClipboardFormatW(L"JFIF");
     const UINT gif = ::RegisterClipboardFormatW(L"GIF");
-    const std::string dib = dibOf(all[1].file).value();
+    const std::string dib = base::dibOf(all[1].file).value();
     for (const auto& [i, format, size] :
          {std::tuple{0u, png, 48u}, {1u, UINT{CF_DIB}, 64u}, {2u, jpeg, 44u}, {3u, gif, 44u}}) {
         EXPECT_TRUE(port.PutOnClipboard(ClipboardFormat::Bitmap, all[i].file));

@@ -6,9 +6,9 @@
 #include <fstream>
 #include <iterator>
 
+#include "base/unicode.h"
 #include "registry/key_name.h"
 #include "registry/open_key.h"
-#include "runtime/code_page.h"
 
 namespace quorkit::test {
 namespace {
@@ -27,8 +27,8 @@ std::string exported(Registry& registry, const RegPath& key = kKey) {
 /// What is exported, without the mark and the header.
 std::string text(Registry& registry, const RegPath& key = kKey) {
     const std::string content = exported(registry, key);
-    if (!content.starts_with(runtime::kUtf16Mark)) return content;
-    return runtime::toUtf8(runtime::fromUtf16(content.substr(2))).substr(kHeader.size());
+    if (!content.starts_with(base::kUtf16Mark)) return content;
+    return base::toUtf8(base::fromUtf16(content.substr(2))).substr(kHeader.size());
 }
 
 std::string import(Registry& registry, const std::string& content) {
@@ -36,7 +36,7 @@ std::string import(Registry& registry, const std::string& content) {
     if (const auto bad = readRegFile(content, changes))
         return std::to_string(bad->number) + ": " + bad->what;
     const RegResult result = applyRegChanges(registry, std::move(changes));
-    return result.code == kSuccess ? "" : runtime::toUtf8(printKeyName(result.key));
+    return result.code == kSuccess ? "" : base::toUtf8(printKeyName(result.key));
 }
 
 void set(Registry& registry, const RegPath& key, const std::vector<NamedValue>& values) {
@@ -120,8 +120,8 @@ TEST(RegFile, WithABadLineChangesNothing) {
         {kHeader + "\"x\"=-\n[HKCU\\a]", 3},
         {start + "[-HKCU\\Software\\Y]\n;\n\"x\"=\"y\"", 7},
         {start + "\"\n\"=\"\n\"\n\n\"\xC4\"=\"y\"\n", 9},
-        {std::string(runtime::kUtf16Mark) + runtime::toUtf16(runtime::fromUtf8(start)) + "[", 5},
-        {runtime::toUtf16(runtime::fromUtf8(start)), 1},
+        {std::string(base::kUtf16Mark) + base::toUtf16(base::fromUtf8(start)) + "[", 5},
+        {base::toUtf16(base::fromUtf8(start)), 1},
     };
     std::string deep;
     for (std::size_t i = 0; i <= kDeepestKey; ++i) deep += "\\a";

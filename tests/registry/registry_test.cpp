@@ -1,4 +1,4 @@
-#include "runtime/code_page.h"
+#include "base/unicode.h"
 #include "support/late.h"
 #include "support/registry_room.h"
 
@@ -8,7 +8,7 @@ namespace {
 using Results = std::vector<Variant>;
 
 std::string data(const String& text) {
-    return runtime::toUtf16(text + u'\0');
+    return base::toUtf16(text + u'\0');
 }
 /// What Reg_EnumSubPaths gives.
 Results listed(const Names& names) {
@@ -49,7 +49,7 @@ TEST_P(GQuorRegistryTest, PathsBeginWithARoot) {
 TEST_P(GQuorRegistryTest, DataBecomeTexts) {
     const std::pair<RegistryValue, String> cases[] = {
         {{kRegString, data(u"\u4E2D")}, u"\u4E2D"},
-        {{kRegString, runtime::toUtf16(u"no end")}, u"no end"},
+        {{kRegString, base::toUtf16(u"no end")}, u"no end"},
         {{kRegExpandString, ""}, u""},
         {{kRegMultiString, data(String(u"a\0b\0", 4))}, String(u"a\0b\0", 4)},
         {{kRegNone, std::string("\x80\0", 2)}, u"\u20AC"},

@@ -1,19 +1,11 @@
 // The clipboard: one content, which outlives the program that has put it there.
 #pragma once
 
-#include <quorkit/values.h>
+#include <quorkit/values/clipboard_format.h>
 
 #include <string>
 
 namespace quorkit {
-
-/// By the numbers of the host run-time's clipboard.
-enum class ClipboardFormat : Integer {
-    Text = 1,
-    Bitmap = 2,
-    Metafile = 3,
-    RichText = -16639,
-};
 
 /// Texts are UTF-8, line ends kept. Rich text is its bytes. A picture is the bytes of a picture
 /// file: BMP, PNG, JPEG, GIF, WMF (placeable) or EMF; Metafile is the last two, Bitmap all others,

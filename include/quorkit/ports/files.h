@@ -2,6 +2,7 @@
 #pragma once
 
 #include <quorkit/values.h>
+#include <quorkit/values/error_code.h>
 
 #include <chrono>
 #include <cstddef>
@@ -9,27 +10,6 @@
 #include <string_view>
 
 namespace quorkit {
-
-/// The system's error codes, by the numbers of Win32 on every system.
-enum ErrorCode : std::uint32_t {
-    kSuccess = 0,
-    kFileNotFound = 2,
-    kPathNotFound = 3,
-    kTooManyOpenFiles = 4,
-    kAccessDenied = 5,
-    kInvalidHandle = 6,
-    kNoMoreFiles = 18,
-    kGeneralFailure = 31,
-    kSharingViolation = 32,
-    kLockViolation = 33,
-    kFileExists = 80,
-    kInvalidParameter = 87,
-    kDiskFull = 112,
-    kInvalidName = 123,
-    kBadPathName = 161,
-    kFileTooLarge = 223,
-    kFileReplaced = 1006,
-};
 
 /// An open file, a search or a held lock. Never inherited by a program we start.
 enum class Handle : std::intptr_t { Invalid = -1 };

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <utility>
 
-#include "runtime/code_page.h"
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
+#include "base/unicode.h"
 
 namespace quorkit::x11 {
 namespace {
@@ -17,8 +17,8 @@ String textOf(std::string_view bytes) {
     // A long one may be cut within a character.
     const std::size_t mostCut = bytes.size() < std::size_t{4} * kLongestText ? 0 : 3;
     for (std::size_t cut = 0; cut <= mostCut; ++cut)
-        if (const auto whole = bytes.substr(0, bytes.size() - cut); runtime::isUtf8(whole))
-            return runtime::fromUtf8(whole);
+        if (const auto whole = bytes.substr(0, bytes.size() - cut); base::isUtf8(whole))
+            return base::fromUtf8(whole);
     String text;
     for (const char byte : bytes) text += static_cast<unsigned char>(byte);
     return text;
@@ -43,7 +43,7 @@ String fromCompoundText(std::string_view bytes) {
         if (bytes.starts_with(utf8)) {
             bytes.remove_prefix(utf8.size());
             const std::string_view part = bytes.substr(0, bytes.find(back));
-            text += runtime::fromUtf8(part);
+            text += base::fromUtf8(part);
             bytes.remove_prefix(std::min(bytes.size(), part.size() + back.size()));
         } else if (bytes.front() == '\x1B') {
             // Intermediate characters, and a final one.
@@ -121,8 +121,7 @@ void AskedWindow::takeRest() {
 }
 
 bool AskedWindow::hasClass(const String& name) const {
-    return !name.empty() &&
-           (runtime::sameText(name, className) || runtime::sameText(name, instanceName));
+    return !name.empty() && (base::sameText(name, className) || base::sameText(name, instanceName));
 }
 
 }  // namespace quorkit::x11

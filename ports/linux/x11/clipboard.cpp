@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "clipboard/picture_kind.h"
+#include "base/picture_kind.h"
+#include "base/unicode.h"
 #include "linux/x11/owner_program.h"
 #include "linux/x11/selection_reader.h"
 #include "linux/x11/selection_types.h"
 #include "native/desktop.h"
-#include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
@@ -18,16 +18,15 @@ using x11::Delivery;
 
 /// A text that calls itself UTF-8, or does not say what it is.
 std::string textOf(std::string bytes, const std::string& target) {
-    if (runtime::isUtf8(bytes)) return bytes;
-    return target == "text/plain" ? x11::utf8OfLatin1(bytes)
-                                  : runtime::toUtf8(runtime::fromUtf8(bytes));
+    if (base::isUtf8(bytes)) return bytes;
+    return target == "text/plain" ? x11::utf8OfLatin1(bytes) : base::toUtf8(base::fromUtf8(bytes));
 }
 
 /// The content that has come, whatever the owner calls it; false when it is no such content.
 bool accept(ClipboardFormat format, const std::string& target, Delivery delivery,
             std::string& data) {
     // What an owner offers need not be what it delivers.
-    if (delivery.format != 8 || !fits(format, delivery.bytes)) return false;
+    if (delivery.format != 8 || !base::fits(format, delivery.bytes)) return false;
     if (format != ClipboardFormat::Text)
         data = std::move(delivery.bytes);
     else if (delivery.type == XCB_ATOM_STRING)
@@ -64,7 +63,8 @@ bool NativeClipboard::EmptyClipboard() {
 }
 
 bool NativeClipboard::PutOnClipboard(ClipboardFormat format, const std::string& data) {
-    return fits(format, data) && Connection::borrow() != nullptr && x11::startOwner(format, data);
+    return base::fits(format, data) && Connection::borrow() != nullptr &&
+           x11::startOwner(format, data);
 }
 
 bool NativeClipboard::GetClipboardData(ClipboardFormat format, std::string& data) {

@@ -4,8 +4,8 @@
 #include <array>
 #include <span>
 
+#include "base/letter_case.h"
 #include "linux/x11/asked_window.h"
-#include "runtime/letter_case.h"
 
 namespace quorkit {
 namespace {
@@ -136,7 +136,7 @@ WindowHandle NativeDesktop::FindWindowA(const std::optional<String>& className,
     const auto asked = className ? AskedWindow::Everything : AskedWindow::Title;
     for (const AskedWindow& one : topLevelWindows(*connection, asked))
         if ((!className || one.hasClass(*className)) &&
-            (!title || runtime::sameText(*title, one.title)))
+            (!title || base::sameText(*title, one.title)))
             return handleOf(one.window());
     return 0;
 }

@@ -3,7 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "clipboard/picture_kind.h"
+#include "base/picture_kind.h"
 
 namespace quorkit::x11 {
 namespace {
@@ -14,16 +14,16 @@ constexpr const char* kAnyText = "TEXT";
 constexpr const char* kRichTexts[] = {"text/rtf", "application/rtf", "text/richtext"};
 
 struct PictureType {
-    PictureKind kind;
+    base::PictureKind kind;
     const char* name;
 };
 constexpr PictureType kPictures[] = {
-    {PictureKind::Png, "image/png"},        {PictureKind::Bmp, "image/bmp"},
-    {PictureKind::Bmp, "image/x-bmp"},      {PictureKind::Bmp, "image/x-MS-bmp"},
-    {PictureKind::Jpeg, "image/jpeg"},      {PictureKind::Gif, "image/gif"},
-    {PictureKind::Emf, "image/emf"},        {PictureKind::Emf, "image/x-emf"},
-    {PictureKind::Wmf, "image/wmf"},        {PictureKind::Wmf, "image/x-wmf"},
-    {PictureKind::Wmf, "application/x-wmf"}};
+    {base::PictureKind::Png, "image/png"},        {base::PictureKind::Bmp, "image/bmp"},
+    {base::PictureKind::Bmp, "image/x-bmp"},      {base::PictureKind::Bmp, "image/x-MS-bmp"},
+    {base::PictureKind::Jpeg, "image/jpeg"},      {base::PictureKind::Gif, "image/gif"},
+    {base::PictureKind::Emf, "image/emf"},        {base::PictureKind::Emf, "image/x-emf"},
+    {base::PictureKind::Wmf, "image/wmf"},        {base::PictureKind::Wmf, "image/x-wmf"},
+    {base::PictureKind::Wmf, "application/x-wmf"}};
 
 /// Nothing when a character has no place in it.
 std::optional<std::string> latin1OfUtf8(std::string_view bytes) {
@@ -69,16 +69,16 @@ std::vector<std::string> typesOf(ClipboardFormat format) {
         types.emplace_back(kLatin1Text);
     } else {
         for (const PictureType& one : kPictures)
-            if (isMetafile(one.kind) == (format == ClipboardFormat::Metafile))
+            if (base::isMetafile(one.kind) == (format == ClipboardFormat::Metafile))
                 types.emplace_back(one.name);
     }
     return types;
 }
 
 std::vector<Offer> offersOf(ClipboardFormat format, std::string content) {
-    if (!fits(format, content)) return {};
+    if (!base::fits(format, content)) return {};
     if (format == ClipboardFormat::Text) return offersOfText(std::move(content));
-    const auto kind = pictureKindOf(content);
+    const auto kind = base::pictureKindOf(content);
     const auto bytes = std::make_shared<const std::string>(std::move(content));
     std::vector<Offer> offers;
     if (format == ClipboardFormat::RichText) {

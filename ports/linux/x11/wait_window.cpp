@@ -7,8 +7,8 @@
 #include <mutex>
 #include <thread>
 
+#include "base/unicode.h"
 #include "linux/x11/asked_window.h"
-#include "runtime/code_page.h"
 
 namespace quorkit {
 namespace {
@@ -125,7 +125,7 @@ class WaitWindow {
     }
 
     void setText(const String& text) {
-        const std::string utf8 = runtime::toUtf8(text);
+        const std::string utf8 = base::toUtf8(text);
         const auto length = static_cast<std::uint32_t>(utf8.size());
         setProperty(connection_->atom("_NET_WM_NAME"), connection_->atom("UTF8_STRING"), 8,
                     utf8.data(), length);

@@ -1,14 +1,14 @@
-#include "file/name_parts.h"
+#include "base/name_parts.h"
 
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
-namespace quorkit {
+namespace quorkit::base {
 
 NameParts partsOf(StringView name) {
     constexpr StringView separators = u"\\/";
     NameParts parts;
     if (name.size() >= 2 && name[1] == u':') {
-        const char16_t letter = runtime::toUpper(name[0]);
+        const char16_t letter = toUpper(name[0]);
         if (letter >= u'A' && letter <= u'Z') {
             parts.start = NameParts::HereOnDrive;
             parts.drive = letter;
@@ -30,4 +30,4 @@ NameParts partsOf(StringView name) {
     return parts;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -1,10 +1,10 @@
-#include "clipboard/dib.h"
+#include "base/dib.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 
-namespace quorkit::test {
+namespace quorkit::base {
 namespace {
 
 std::string number(std::size_t value) {
@@ -81,4 +81,4 @@ TEST(Dib, ThatIsBrokenIsRefused) {
 }
 
 }  // namespace
-}  // namespace quorkit::test
+}  // namespace quorkit::base

@@ -4,12 +4,12 @@
 // header), MS-EMF 2.3.4.2, and the bitmap file header of Win32.
 #pragma once
 
-#include <quorkit/ports/clipboard.h>
+#include <quorkit/values/clipboard_format.h>
 
 #include <optional>
 #include <string_view>
 
-namespace quorkit {
+namespace quorkit::base {
 
 enum class PictureKind { Bmp, Png, Jpeg, Gif, Wmf, Emf };
 
@@ -27,4 +27,4 @@ inline bool isPictureFormat(ClipboardFormat format) {
 /// Whether `bytes` can be put on the clipboard as `format`: a picture of that kind, or any text.
 bool fits(ClipboardFormat format, std::string_view bytes);
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -1,15 +1,15 @@
-#include "clipboard/picture_end.h"
+#include "base/picture_end.h"
 
 #include <gtest/gtest.h>
 
 #include "clipboard/samples.h"
 
-namespace quorkit::test {
+namespace quorkit::base {
 namespace {
 
 TEST(PictureEnd, IsFoundHoweverMuchFollows) {
     using namespace std::string_literals;
-    const auto all = samples();
+    const auto all = test::samples();
     const std::string jpeg = all[2].file.substr(0, all[2].file.size() - 2);
     const std::string gif = all[3].file.substr(0, all[3].file.size() - 1);
     for (const std::string& one :
@@ -41,4 +41,4 @@ TEST(PictureEnd, CutsOnlyWhatRoundingAdds) {
 }
 
 }  // namespace
-}  // namespace quorkit::test
+}  // namespace quorkit::base

@@ -1,8 +1,8 @@
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 #include <gtest/gtest.h>
 
-namespace quorkit::runtime {
+namespace quorkit::base {
 namespace {
 
 TEST(LetterCase, MapsPairs) {
@@ -34,4 +34,4 @@ TEST(LetterCase, SameText) {
 }
 
 }  // namespace
-}  // namespace quorkit::runtime
+}  // namespace quorkit::base

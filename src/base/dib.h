@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorkit {
+namespace quorkit::base {
 
 /// The packed bitmap in a BMP file, whatever version its header has. A gap in front of the pixels,
 /// which only a file can have, is left out. Nothing when the headers do not say where they end.
@@ -21,4 +21,4 @@ std::optional<std::string> bmpFileOf(std::string_view dib);
 /// the headers do not say it, or say more than there is.
 std::optional<std::size_t> sizeOfDib(std::string_view dib);
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -11,11 +11,12 @@
 // Microsoft's article 310516; str() is the notation that Wine keeps its registry in.
 #pragma once
 
-#include <quorkit/ports/registry.h>
+#include <quorkit/values.h>
+#include <quorkit/values/registry_value.h>
 
 #include <optional>
 
-namespace quorkit {
+namespace quorkit::base {
 
 /// How texts other than plain ones are written.
 enum class RegTexts {
@@ -45,4 +46,4 @@ std::optional<String> readName(StringView& line);
 /// "=".
 std::optional<ValueLine> readValue(StringView line, RegForm form = RegForm::Version5);
 
-}  // namespace quorkit
+}  // namespace quorkit::base

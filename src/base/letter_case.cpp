@@ -1,9 +1,11 @@
-#include "runtime/letter_case.h"
+#include "base/letter_case.h"
 
 #include <algorithm>
 #include <span>
 
-namespace quorkit::runtime {
+#include "base/hash.h"
+
+namespace quorkit::base {
 namespace {
 
 /// The characters first, first + stride ... last, whose other case is `delta` away.
@@ -14,7 +16,7 @@ struct Run {
     int delta;
 };
 
-#include "runtime/letter_case_table.inc"
+#include "base/letter_case_table.inc"
 
 char16_t mapped(std::span<const Run> runs, char16_t unit) {
     const auto run = std::ranges::lower_bound(runs, unit, {}, &Run::last);
@@ -36,10 +38,8 @@ bool same(StringView a, StringView b) {
 }
 
 template <char16_t map(char16_t)>
-std::size_t hashOf(StringView text) {
-    std::uint64_t hash = 14695981039346656037u;  // FNV-1a, 64 bits
-    for (const char16_t unit : text) hash = (hash ^ map(unit)) * 1099511628211u;
-    return static_cast<std::size_t>(hash);
+std::size_t hashAs(StringView text) {
+    return static_cast<std::size_t>(hashOf(text, [](char16_t unit) { return map(unit); }));
 }
 
 }  // namespace
@@ -80,11 +80,11 @@ bool sameKey(StringView a, StringView b) {
 }
 
 std::size_t TextHash::operator()(StringView text) const {
-    return hashOf<folded>(text);
+    return hashAs<folded>(text);
 }
 
 std::size_t KeyHash::operator()(StringView key) const {
-    return hashOf<toLower>(key);
+    return hashAs<toLower>(key);
 }
 
-}  // namespace quorkit::runtime
+}  // namespace quorkit::base

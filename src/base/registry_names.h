@@ -1,11 +1,13 @@
 // The rules of names in a registry, the same for every one.
 #pragma once
 
-#include <quorkit/ports/registry.h>
+#include <quorkit/values.h>
+#include <quorkit/values/error_code.h>
+#include <quorkit/values/registry_value.h>
 
 #include <vector>
 
-namespace quorkit {
+namespace quorkit::base {
 
 /// Whether one key can have this name: 1 to kLongestKeyName characters, none of them "\" or U+0000.
 bool canNameKey(StringView name);
@@ -16,4 +18,4 @@ bool canNameValue(StringView name);
 /// the latter also when there are more than kDeepestKey of them.
 ErrorCode splitKeyPath(StringView path, std::vector<String>& names);
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace quorkit {
+namespace quorkit::base {
 
 /// Refers to the text it was made from.
 struct NameParts {
@@ -29,4 +29,4 @@ struct NameParts {
 /// Only "\\" begins a network name; "//a" is a name in the root, as it is on Linux.
 NameParts partsOf(StringView name);
 
-}  // namespace quorkit
+}  // namespace quorkit::base

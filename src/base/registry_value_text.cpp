@@ -1,12 +1,13 @@
-#include "registry/value_text.h"
+#include "base/registry_value_text.h"
 
 #include <algorithm>
 #include <charconv>
 
-#include "registry/dword.h"
-#include "runtime/code_page.h"
+#include "base/code_page.h"
+#include "base/dword.h"
+#include "base/unicode.h"
 
-namespace quorkit {
+namespace quorkit::base {
 namespace {
 
 bool isBlank(char16_t unit) {
@@ -107,7 +108,7 @@ std::optional<RegistryValue> readData(StringView& rest, RegForm form) {
         if (!plain && !readType(rest, value.type)) return {};
         const auto text = readQuoted(rest);
         if (!text || !isRegistryText(value.type)) return {};
-        value.data = runtime::toUtf16(*text + u'\0');
+        value.data = toUtf16(*text + u'\0');
         return value;
     }
     if (skip(rest, u"dword:")) {
@@ -119,25 +120,19 @@ std::optional<RegistryValue> readData(StringView& rest, RegForm form) {
     if (!skip(rest, u"hex") || !readType(rest, value.type)) return {};
     auto bytes = readBytes(rest);
     if (!bytes) return {};
-    value.data = form == RegForm::Version4 && isRegistryText(value.type)
-                     ? runtime::toUtf16(runtime::fromAnsi(*bytes))
-                     : std::move(*bytes);
+    value.data = form == RegForm::Version4 && isRegistryText(value.type) ? toUtf16(fromAnsi(*bytes))
+                                                                         : std::move(*bytes);
     return value;
 }
 
 /// Whether a text can stand between quotation marks. Other control characters than `escapable` and
 /// halves of characters cannot.
 bool isPlain(StringView text, StringView escapable) {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i];
+    const bool readable = std::ranges::all_of(text, [&](char16_t unit) {
         const bool control = (unit < u' ' && unit != u'\t') || unit == u'\x7F';
-        if (control && escapable.find(unit) == StringView::npos) return false;
-        if ((unit & 0xF800) != 0xD800) continue;
-        const bool pair = unit < 0xDC00 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
-        if (!pair) return false;
-        ++i;
-    }
-    return true;
+        return !control || escapable.find(unit) != StringView::npos;
+    });
+    return readable && findLoneSurrogate(text) == StringView::npos;
 }
 
 /// The text of a value that can be written between quotation marks.
@@ -145,7 +140,7 @@ std::optional<String> plainText(const RegistryValue& value, RegTexts texts) {
     const bool readable = texts == RegTexts::Readable;
     if (!isRegistryText(value.type) || (!readable && value.type != kRegString)) return {};
     if (value.data.size() % sizeof(char16_t) != 0) return {};
-    String text = runtime::fromUtf16(value.data);
+    String text = fromUtf16(value.data);
     if (!text.ends_with(u'\0')) return {};
     text.pop_back();
     if (!isPlain(text, readable ? StringView(u"\n\r\0", 3) : StringView())) return {};
@@ -214,4 +209,4 @@ std::optional<ValueLine> readValue(StringView line, RegForm form) {
     return result;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorkit {
+namespace quorkit::base {
 
 inline constexpr std::size_t kDWordSize = 4;
 
@@ -24,4 +24,4 @@ inline std::uint32_t dwordIn(std::string_view data) {
     return number;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace quorkit {
+namespace quorkit::base {
 
 /// What the program of a command line may be called. Blanks and tabs in front of it do not count.
 ///
@@ -41,4 +41,4 @@ class ProgramName {
 /// are. Two quotation marks in a quoted part are one as a character. The end closes what is open.
 std::vector<String> splitArguments(StringView line);
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-namespace quorkit {
+namespace quorkit::base {
 
 /// The size of the PNG, GIF or JPEG that `bytes` begin with, in one pass over it; nothing for all
 /// else, and for one that does not end.
@@ -16,4 +16,4 @@ std::optional<std::size_t> sizeOfPicture(std::string_view bytes);
 /// 16 bytes; otherwise all of them, as a file may go on behind its picture.
 std::string_view withoutRounding(std::string_view bytes, std::optional<std::size_t> end);
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -1,8 +1,8 @@
-#include "tools/command_line.h"
+#include "base/command_line.h"
 
 #include <gtest/gtest.h>
 
-namespace quorkit::test {
+namespace quorkit::base {
 namespace {
 
 using Words = std::vector<String>;
@@ -45,4 +45,4 @@ TEST(ProgramLine, NamesThePrograms) {
 }
 
 }  // namespace
-}  // namespace quorkit::test
+}  // namespace quorkit::base

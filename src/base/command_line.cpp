@@ -1,8 +1,8 @@
-#include "tools/command_line.h"
+#include "base/command_line.h"
 
 #include <algorithm>
 
-namespace quorkit {
+namespace quorkit::base {
 namespace {
 
 constexpr StringView kBlanks = u" \t";
@@ -68,4 +68,4 @@ std::vector<String> splitArguments(StringView line) {
     return words;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::base

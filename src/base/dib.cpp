@@ -1,9 +1,9 @@
-#include "clipboard/dib.h"
+#include "base/dib.h"
 
 #include <algorithm>
 #include <cstdint>
 
-namespace quorkit {
+namespace quorkit::base {
 namespace {
 
 constexpr std::size_t kFileHeader = 14;
@@ -93,4 +93,4 @@ std::optional<std::size_t> sizeOfDib(std::string_view dib) {
     return static_cast<std::size_t>(end);
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-namespace quorkit::runtime {
+namespace quorkit::base {
 
 /// The simple case mappings of Unicode; characters beyond U+FFFF stay as they are.
 char16_t toLower(char16_t unit);
@@ -42,4 +42,4 @@ struct KeyEqual {
     bool operator()(StringView a, StringView b) const { return sameKey(a, b); }
 };
 
-}  // namespace quorkit::runtime
+}  // namespace quorkit::base

@@ -1,9 +1,9 @@
-#include "clipboard/picture_kind.h"
+#include "base/picture_kind.h"
 
 #include <algorithm>
 #include <cstddef>
 
-namespace quorkit {
+namespace quorkit::base {
 namespace {
 
 using namespace std::string_view_literals;
@@ -41,4 +41,4 @@ bool fits(ClipboardFormat format, std::string_view bytes) {
     return kind && isMetafile(*kind) == (format == ClipboardFormat::Metafile);
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::base

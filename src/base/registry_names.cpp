@@ -1,8 +1,8 @@
-#include "registry/name_rules.h"
+#include "base/registry_names.h"
 
 #include <algorithm>
 
-namespace quorkit {
+namespace quorkit::base {
 
 bool canNameKey(StringView name) {
     return !name.empty() && name.size() <= kLongestKeyName &&
@@ -25,4 +25,4 @@ ErrorCode splitKeyPath(StringView path, std::vector<String>& names) {
     return kSuccess;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -1,10 +1,10 @@
-#include "clipboard/picture_end.h"
+#include "base/picture_end.h"
 
 #include <cstdint>
 
-#include "clipboard/picture_kind.h"
+#include "base/picture_kind.h"
 
-namespace quorkit {
+namespace quorkit::base {
 namespace {
 
 /// Reads on through bytes; behind their end it reads zeros and is lost.
@@ -124,4 +124,4 @@ std::string_view withoutRounding(std::string_view bytes, std::optional<std::size
     return rounded ? bytes.substr(0, *end) : bytes;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::base

@@ -1,0 +1,16 @@
+// The forms in which the clipboard keeps a content.
+#pragma once
+
+#include <quorkit/values.h>
+
+namespace quorkit {
+
+/// By the numbers of the host run-time's clipboard.
+enum class ClipboardFormat : Integer {
+    Text = 1,
+    Bitmap = 2,
+    Metafile = 3,
+    RichText = -16639,
+};
+
+}  // namespace quorkit
