@@ -49,7 +49,7 @@ TEST_F(LinuxProcesses, AreFoundByTheirNames) {
     put("my tool");
     for (const String& name : {scratch.name("my tool"), u"\"" + scratch.name("MY TOOL") + u"\"",
                                u"C:" + scratch.name("My tool"), String(u"my tool")}) {
-        EXPECT_EQ(run(name + u" a \"b c\" " + disk::textOf("\xE4")), 5);
+        EXPECT_EQ(run(name + u" a \"b c\" " + native::textOf("\xE4")), 5);
         EXPECT_EQ(scratch.read("words"), "<a>\n<b c>\n<\xE4>\n");
     }
 }

@@ -15,7 +15,7 @@
 
 #include <filesystem>
 
-#include "linux/names.h"
+#include "linux/linux_names.h"
 #include "support/child.h"
 #include "support/errors.h"
 #include "support/scratch.h"

@@ -46,7 +46,7 @@ TEST(Win32Clipboard, HasTheBestFormOfAPictureAndABitmap) {
         EXPECT_TRUE(::OpenClipboard(nullptr));
         std::string found = "none";
         EXPECT_FALSE(port.GetClipboardData(ClipboardFormat::Bitmap, found));  // it is locked
-        EXPECT_TRUE(win32::ClipboardItem(format, bytes).put());
+        EXPECT_TRUE(native::ClipboardItem(format, bytes).put());
         ::CloseClipboard();
         port.GetClipboardData(ClipboardFormat::Bitmap, found);
         EXPECT_EQ(found, expected);
