@@ -67,9 +67,8 @@ QuorInifile on(const std::string& name, Ports& ports = ports::native()) {
 
 /// The native files without the wait for the disk.
 Ports& unflushed() {
-    static FaultyFiles files(ports::native().files);
-    files.answer(0, kSuccess, "Flush");
-    static Ports ports = ports::native().with(files);
+    static FaultyPorts ports(ports::native());
+    ports.answer(0, kSuccess, "Flush");
     return ports;
 }
 

@@ -13,7 +13,7 @@
 namespace quorkit::fuzz {
 namespace {
 
-using disk::KeyFile;
+using native::KeyFile;
 
 /// The values by their names without letter case.
 std::map<String, RegistryValue> valuesOf(const KeyFile& file) {

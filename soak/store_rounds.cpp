@@ -70,7 +70,7 @@ class RegistrySurroundings final : public Surroundings {
         touch(u"HKCU\\Software");
         const std::string damage = valuesDamage(before_, contentOf(values()));
         if (!damage.empty()) round_.fault("what others have written is damaged:\n" + damage);
-        for (const RegistryDamage& one : ports::native().registry.check())
+        for (const RegistryDamage& one : ports::native().registry.FindDamage())
             if (const std::string place = base::toUtf8(one.place); place.starts_with(root_))
                 round_.fault(place + ": " + base::toUtf8(one.what));
         for (const auto& entry : fs::recursive_directory_iterator(root_)) {

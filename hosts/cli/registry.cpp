@@ -93,7 +93,7 @@ void importFile(const String& file, std::istream& in, Ports& ports) {
 }
 
 void check(std::ostream& out, Ports& ports) {
-    const std::vector<RegistryDamage> damage = ports.registry.check();
+    const std::vector<RegistryDamage> damage = ports.registry.FindDamage();
     for (const RegistryDamage& one : damage)
         out << json::toUtf8(one.place) << ": " << json::toUtf8(one.what) << '\n';
     if (!damage.empty()) throw Failure("the registry is damaged");

@@ -37,7 +37,7 @@ void detach() {
 /// Owns the clipboard to the end; tells `parent` when it does.
 int own(ClipboardFormat format, int parent) {
     std::string content;
-    if (!disk::readAll(STDIN_FILENO, content)) return 1;
+    if (!native::readAll(STDIN_FILENO, content)) return 1;
     auto offers = x11::offersOf(format, std::move(content));
     alarm(x11::kLongestStart);
     const auto connection = x11::Connection::open();

@@ -1,3 +1,4 @@
+#include <quorkit/ports/decorators.h>
 #include <quorkit/ports/faults.h>
 
 namespace quorkit {
@@ -12,17 +13,38 @@ bool Faults::due(std::string_view operation) {
     return order_->call == 0 || order_->calls == order_->call;
 }
 
-FaultyPorts::FaultyPorts(Ports& inner)
-    : files_(inner.files, *this),
-      drives_(inner.drives, *this),
-      registry_(inner.registry, *this),
-      system_(inner.system, *this),
-      host_(inner.host, *this),
-      processes_(inner.processes, *this),
-      desktop_(inner.desktop, *this),
-      keyboard_(inner.keyboard, *this),
-      clipboard_(inner.clipboard, *this),
-      ports_{files_,     drives_,  registry_, system_,   host_,
-             processes_, desktop_, keyboard_, clipboard_} {}
+struct FaultyPorts::World {
+    FaultyFiles files;
+    FaultyFolders folders;
+    FaultyDrives drives;
+    FaultyRegistry registry;
+    FaultySystem system;
+    FaultyHost host;
+    FaultyProcesses processes;
+    FaultyDesktop desktop;
+    FaultyKeyboard keyboard;
+    FaultyClipboard clipboard;
+    Ports ports{files, folders,   drives,  registry, system,
+                host,  processes, desktop, keyboard, clipboard};
+
+    World(const Ports& inner, const Faults& order)
+        : files(inner.files, order),
+          folders(inner.folders, order),
+          drives(inner.drives, order),
+          registry(inner.registry, order),
+          system(inner.system, order),
+          host(inner.host, order),
+          processes(inner.processes, order),
+          desktop(inner.desktop, order),
+          keyboard(inner.keyboard, order),
+          clipboard(inner.clipboard, order) {}
+};
+
+FaultyPorts::FaultyPorts(const Ports& inner) : world_(std::make_unique<World>(inner, *this)) {}
+FaultyPorts::~FaultyPorts() = default;
+
+FaultyPorts::operator Ports&() {
+    return world_->ports;
+}
 
 }  // namespace quorkit

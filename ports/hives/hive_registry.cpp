@@ -112,7 +112,7 @@ ErrorCode HiveRegistry::RegQueryValueExA(Handle key, const String& name, Registr
                     [&](const Place& place) { return place.hive->value(place.path, name, value); });
 }
 
-ErrorCode HiveRegistry::RegSetValueExA(Handle key, std::span<const NamedValue> values) {
+ErrorCode HiveRegistry::SetValues(Handle key, std::span<const NamedValue> values) {
     const OpenKey& open = OpenKey::of(key);
     if (!open.writes) return kAccessDenied;
     for (const NamedValue& one : values)
@@ -129,7 +129,7 @@ ErrorCode HiveRegistry::RegDeleteValueA(Handle key, const String& name) {
                     [&](const Place& place) { return place.hive->deleteValue(place.path, name); });
 }
 
-ErrorCode HiveRegistry::RegEnumValueA(Handle key, std::vector<NamedValue>& values) {
+ErrorCode HiveRegistry::ListValues(Handle key, std::vector<NamedValue>& values) {
     const OpenKey& open = OpenKey::of(key);
     if (!open.reads) return kAccessDenied;
     return listAll(
@@ -138,7 +138,7 @@ ErrorCode HiveRegistry::RegEnumValueA(Handle key, std::vector<NamedValue>& value
         [](const NamedValue& one) { return one.name; });
 }
 
-ErrorCode HiveRegistry::RegEnumKeyExA(Handle key, std::vector<String>& names) {
+ErrorCode HiveRegistry::ListKeys(Handle key, std::vector<String>& names) {
     const OpenKey& open = OpenKey::of(key);
     if (!open.reads) return kAccessDenied;
     return listAll(
@@ -157,7 +157,7 @@ ErrorCode HiveRegistry::RegDeleteKeyA(Handle parent, const String& name) {
     });
 }
 
-std::vector<RegistryDamage> HiveRegistry::check() {
+std::vector<RegistryDamage> HiveRegistry::FindDamage() {
     std::vector<RegistryDamage> damage = user_.check();
     std::ranges::move(machine_.check(), std::back_inserter(damage));
     return damage;

@@ -1,4 +1,4 @@
-// Who adds to a file waits for its lock once; see Files::LockFileA.
+// Who adds to a file waits for its lock once; see Files.
 #pragma once
 
 #include <atomic>

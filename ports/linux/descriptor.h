@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 class Descriptor {
    public:
@@ -27,4 +27,4 @@ class Descriptor {
     int number_;
 };
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

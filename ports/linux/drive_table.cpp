@@ -10,7 +10,7 @@
 #include "base/name_parts.h"
 #include "linux/remote_name.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 /// Whether a mount shows a part of the root file system where it stands anyway, with other rights.
@@ -101,4 +101,4 @@ int driveTypeOf(MountKind kind, bool removable) {
     }
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

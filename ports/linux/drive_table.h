@@ -9,7 +9,7 @@
 
 #include "linux/mounts.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 /// The drive of the root file system.
 inline constexpr char16_t kRootDrive = u'C';
@@ -52,4 +52,4 @@ class DriveTable {
 /// The type of a drive by the numbers of Win32; `removable` counts for disks.
 int driveTypeOf(MountKind kind, bool removable);
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -5,7 +5,7 @@
 #include "base/letter_case.h"
 #include "linux/folder_names.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 /// In bytes; names of files and of folders for work come behind it.
@@ -106,4 +106,4 @@ ErrorCode FolderHive::deleteKey(const Path& path) {
     return removeKeyFolder(folderOf(path, path.size() - 1), path.back());
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -9,7 +9,7 @@
 
 #include "linux/key_folder.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 inline constexpr Rights kForUser = {0700, 0600};
 inline constexpr Rights kForEverybody = {0755, 0644};
@@ -40,4 +40,4 @@ class FolderHive final : public Hive {
     Rights rights_;
 };
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -5,7 +5,7 @@
 #include "linux/folder_names.h"
 #include "linux/name_text.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 class Check {
@@ -90,4 +90,4 @@ std::vector<RegistryDamage> FolderHive::check() {
     return Check(folderOf({})).run();
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

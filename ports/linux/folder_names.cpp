@@ -7,7 +7,7 @@
 #include "base/registry_names.h"
 #include "base/unicode.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 constexpr std::string_view kCutOff = "%~";
@@ -93,4 +93,4 @@ bool isCutOff(std::string_view folder) {
     return folder.find(kCutOff) != std::string_view::npos;
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

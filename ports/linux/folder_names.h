@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 /// The folder of the key `name`.
 std::string folderNameOf(const String& name);
@@ -26,4 +26,4 @@ bool isFolderName(std::string_view folder);
 /// Whether a name was too long for its folder.
 bool isCutOff(std::string_view folder);
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -9,7 +9,7 @@
 #include "base/unicode.h"
 #include "linux/folder_names.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 using base::TextEqual;
@@ -243,4 +243,4 @@ std::string newKeyFile(const String& name) {
     return '[' + spelledNameOf(name) + "]\n";
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

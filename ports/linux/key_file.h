@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 class KeyFile {
    public:
@@ -51,4 +51,4 @@ class KeyFile {
 /// The text of a new key's file.
 std::string newKeyFile(const String& name);
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

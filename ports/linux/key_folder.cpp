@@ -8,11 +8,11 @@
 #include <memory>
 
 #include "base/letter_case.h"
-#include "linux/calls.h"
 #include "linux/folder_names.h"
-#include "linux/opened.h"
+#include "linux/linux_calls.h"
+#include "linux/linux_opened.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 ErrorCode keyError() {
     return errno == ENOENT || errno == ENOTDIR ? kFileNotFound
@@ -103,4 +103,4 @@ bool isOfAnotherKey(const std::string& parent, const String& name) {
     return owner && !base::sameText(*owner, name);
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -23,7 +23,7 @@
 #include "linux/descriptor.h"
 #include "linux/key_file.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 inline constexpr const char* kValues = "@values";
 inline constexpr const char* kNewValues = "@values.new";
@@ -105,4 +105,4 @@ ErrorCode removeKeyFolder(const std::string& parent, const String& name);
 /// The root of a store and the folders around it, as far as they are missing; without the lock.
 ErrorCode makeRoot(const std::string& folder, Rights rights);
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

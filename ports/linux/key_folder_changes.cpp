@@ -5,14 +5,14 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "linux/calls.h"
+#include "linux/file_lock.h"
+#include "linux/file_rights.h"
 #include "linux/folder_names.h"
 #include "linux/key_folder.h"
-#include "linux/lock.h"
-#include "linux/opened.h"
-#include "linux/rights.h"
+#include "linux/linux_calls.h"
+#include "linux/linux_opened.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 /// Gives what the superuser has made to the owner of the folder around it, and the rights that it
@@ -184,4 +184,4 @@ ErrorCode makeRoot(const std::string& folder, Rights rights) {
     return kSuccess;
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -4,7 +4,7 @@
 #include <array>
 #include <iterator>
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 using std::string_view;
@@ -136,4 +136,4 @@ MountKind kindOf(const Mount& mount) {
     return device || view ? MountKind::Disk : MountKind::Hidden;
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 struct Mount {
     std::string device;  ///< its numbers, "8:1"
@@ -32,4 +32,4 @@ enum class MountKind {
 /// What a mount is to a user, by its file system, its source and its place.
 MountKind kindOf(const Mount& mount);
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -4,7 +4,7 @@
 
 #include "base/unicode.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 constexpr char16_t kBackslash = base::kByteSurrogates + u'\\';
@@ -29,4 +29,4 @@ String textOf(std::string_view bytes) {
     return text;
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 /// Appends the bytes of a text. False when it holds a lone surrogate that stands for no byte; then
 /// `bytes` holds anything.
@@ -18,4 +18,4 @@ bool appendBytes(StringView text, std::string& bytes);
 /// The text that stands for the bytes of a disk name.
 String textOf(std::string_view bytes);
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

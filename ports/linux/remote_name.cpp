@@ -4,7 +4,7 @@
 
 #include "linux/name_text.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 String remoteNameOf(std::string_view source) {
     const auto scheme = source.find("://");
@@ -35,4 +35,4 @@ String remoteNameOf(std::string_view source) {
     return name;
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

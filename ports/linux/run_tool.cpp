@@ -4,11 +4,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "linux/calls.h"
 #include "linux/descriptor.h"
-#include "linux/start.h"
+#include "linux/linux_calls.h"
+#include "linux/start_program.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 // The output goes to a file, as the end of a pipe need never come: a process that another thread
 // forks meanwhile keeps it open too.
@@ -42,4 +42,4 @@ bool readAll(int file, std::string& content) {
     }
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

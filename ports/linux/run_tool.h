@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 struct ToolResult {
     bool started = false;  ///< false when there is no such program
@@ -20,4 +20,4 @@ ToolResult runTool(const std::vector<std::string>& words, int input = -1);
 /// Appends what a file holds from where it stands; false when it cannot be read to its end.
 bool readAll(int file, std::string& content);
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -3,9 +3,9 @@
 
 #include <quorkit/ports/keyboard.h>
 
-namespace quorkit {
+namespace quorkit::native {
 
 /// False when there is no server to ask.
 bool askServerForKeys(KeyStates& states);
 
-}  // namespace quorkit
+}  // namespace quorkit::native

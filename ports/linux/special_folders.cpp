@@ -4,16 +4,12 @@
 #include <fstream>
 #include <iterator>
 
-#include "linux/names.h"
+#include "linux/linux_names.h"
 #include "linux/user_folders.h"
-#include "native/system.h"
+#include "native/native_system.h"
 
-namespace quorkit {
+namespace quorkit::native {
 namespace {
-
-using disk::baseFolder;
-using disk::firstFolder;
-using disk::inFolder;
 
 std::string configFolder() {
     return baseFolder("XDG_CONFIG_HOME", ".config");
@@ -24,10 +20,10 @@ std::string dataFolder() {
 
 /// A folder that the user has chosen; `standard` in the home folder for one who has not.
 std::string chosenFolder(const char* variable, const char* standard) {
-    const std::string home = disk::homeFolder();
+    const std::string home = homeFolder();
     std::ifstream file(inFolder(configFolder(), "user-dirs.dirs"), std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(file), {}};
-    const std::string chosen = disk::folderFromUserDirs(text, variable, home);
+    const std::string chosen = folderFromUserDirs(text, variable, home);
     return chosen.empty() ? inFolder(home, standard) : chosen;
 }
 
@@ -61,7 +57,7 @@ std::string pathOfFolder(int folder) {
         case CSIDL_INTERNET_CACHE:
             return baseFolder("XDG_CACHE_HOME", ".cache");
         case CSIDL_PROFILE:
-            return disk::homeFolder();
+            return homeFolder();
         case CSIDL_COMMON_PROGRAMS:
         case CSIDL_COMMON_STARTMENU:
             // What packages install; /usr/local/share, which the standard puts first, is the
@@ -85,8 +81,8 @@ std::string pathOfFolder(int folder) {
 bool NativeSystem::SHGetFolderPathA(int folder, String& path) {
     const std::string found = pathOfFolder(folder);
     if (found.empty()) return false;
-    path = disk::nameOf(found);
+    path = nameOf(found);
     return true;
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::native

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <vector>
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 std::string_view variableOf(const char* name) {
@@ -107,4 +107,4 @@ std::string folderFromUserDirs(std::string_view text, std::string_view variable,
     return found;
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 /// A path in a folder; "" when there is no folder.
 std::string inFolder(std::string_view folder, std::string_view path);
@@ -26,4 +26,4 @@ std::string firstFolder(const char* variable, std::string_view standard);
 std::string folderFromUserDirs(std::string_view text, std::string_view variable,
                                std::string_view home);
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -11,9 +11,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "linux/calls.h"
+#include "linux/linux_calls.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 namespace {
 
 namespace fs = std::filesystem;
@@ -85,4 +85,4 @@ ErrorCode serialNumberOf(const Mount& mount, std::uint32_t& serial) {
     return kSuccess;
 }
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -8,7 +8,7 @@
 
 #include "linux/mounts.h"
 
-namespace quorkit::disk {
+namespace quorkit::native {
 
 /// Whether a mount lies on a device whose medium can be taken out.
 bool isRemovable(const Mount& mount);
@@ -21,4 +21,4 @@ bool serialFromIdentifier(std::string_view identifier, std::uint32_t& serial);
 /// Windows, else what its file system tells it apart by.
 ErrorCode serialNumberOf(const Mount& mount, std::uint32_t& serial);
 
-}  // namespace quorkit::disk
+}  // namespace quorkit::native

@@ -2,19 +2,19 @@
 
 #include <utility>
 
-namespace quorkit {
+namespace quorkit::ports {
 namespace {
 
 thread_local std::string given;
 
 }  // namespace
 
-void ports::giveReason(std::string reason) {
+void giveReason(std::string reason) {
     given = std::move(reason);
 }
 
-std::string ports::takeReason() {
+std::string takeReason() {
     return std::exchange(given, {});
 }
 
-}  // namespace quorkit
+}  // namespace quorkit::ports

@@ -9,7 +9,7 @@
 #include "base/unicode.h"
 #include "win32/picture_pixels.h"
 
-namespace quorkit::win32 {
+namespace quorkit::native {
 namespace {
 
 constexpr UINT kPlaceableHeader = 22;
@@ -190,4 +190,4 @@ std::optional<std::string> contentOf(ClipboardFormat format) {
     }
 }
 
-}  // namespace quorkit::win32
+}  // namespace quorkit::native

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace quorkit::win32 {
+namespace quorkit::native {
 
 /// A form of a content that is to be put on the clipboard.
 class ClipboardItem {
@@ -33,4 +33,4 @@ std::vector<ClipboardItem> itemsOf(ClipboardFormat format, const std::string& da
 /// What the open clipboard holds of a format; nothing when it holds none.
 std::optional<std::string> contentOf(ClipboardFormat format);
 
-}  // namespace quorkit::win32
+}  // namespace quorkit::native

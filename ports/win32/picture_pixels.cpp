@@ -1,14 +1,14 @@
 #include "win32/picture_pixels.h"
 
 // clang-format off
-#include "win32/objects.h"
+#include "win32/com_objects.h"
 #include <wincodec.h>
 // clang-format on
 
 #include <cstdint>
 #include <vector>
 
-namespace quorkit::win32 {
+namespace quorkit::native {
 namespace {
 
 constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 26;
@@ -81,4 +81,4 @@ std::optional<std::string> dibOfPicture(const std::string& file) {
     return dibOf(*pixels);
 }
 
-}  // namespace quorkit::win32
+}  // namespace quorkit::native

@@ -1,6 +1,6 @@
 #include "win32/standard_streams.h"
 
-namespace quorkit::win32 {
+namespace quorkit::native {
 
 StandardStreams::StandardStreams() {
     constexpr std::array<DWORD, 3> streams = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE,
@@ -43,4 +43,4 @@ void StandardStreams::enter(STARTUPINFOEXW& record) const {
     record.StartupInfo.hStdError = copies_[2].get();
 }
 
-}  // namespace quorkit::win32
+}  // namespace quorkit::native

@@ -6,9 +6,9 @@
 #include <array>
 #include <memory>
 
-#include "win32/handle.h"
+#include "win32/owned_handle.h"
 
-namespace quorkit::win32 {
+namespace quorkit::native {
 
 class StandardStreams {
    public:
@@ -30,4 +30,4 @@ class StandardStreams {
     LPPROC_THREAD_ATTRIBUTE_LIST list_ = nullptr;
 };
 
-}  // namespace quorkit::win32
+}  // namespace quorkit::native

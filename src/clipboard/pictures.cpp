@@ -31,7 +31,7 @@ PictureRef pictureOn(Clipboard& clipboard) {
 
 bool put(Clipboard& clipboard, const PictureRef& picture) {
     return picture != nullptr &&
-           clipboard.SetClipboardData(
+           clipboard.PutOnClipboard(
                picture->isMetafile() ? ClipboardFormat::Metafile : ClipboardFormat::Bitmap,
                picture->file());
 }

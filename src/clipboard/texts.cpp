@@ -33,14 +33,14 @@ String textOn(Clipboard& clipboard, ClipboardFormat format, String (*textOf)(con
 
 void GQuorClipboard::SetTextToClipboard(const String& sText) {
     clipboard::replaceContent(ports_.clipboard, [&] {
-        return ports_.clipboard.SetClipboardData(ClipboardFormat::Text, base::toUtf8(sText));
+        return ports_.clipboard.PutOnClipboard(ClipboardFormat::Text, base::toUtf8(sText));
     });
 }
 
 void GQuorClipboard::SetRTFTextToClipboard(const String& sRTFText) {
     clipboard::replaceContent(ports_.clipboard, [&] {
-        return ports_.clipboard.SetClipboardData(ClipboardFormat::RichText,
-                                                 bytesOfRichText(sRTFText));
+        return ports_.clipboard.PutOnClipboard(ClipboardFormat::RichText,
+                                               bytesOfRichText(sRTFText));
     });
 }
 

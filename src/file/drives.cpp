@@ -16,7 +16,7 @@ using Connections = std::vector<NetworkConnection>;
 Connections connectionsIn(Drives& drives) {
     constexpr std::size_t most = 1024;
     Connections connections;
-    if (drives.WNetEnumResourceA(connections) != kSuccess) connections.clear();
+    if (drives.ListConnections(connections) != kSuccess) connections.clear();
     if (connections.size() > most) connections.resize(most);
     return connections;
 }
@@ -71,7 +71,7 @@ String GQuorFile::getVolumeSerialNumber(const String& sRootName) {
         root = PathAddBackSlash(root[1] == u':' ? root.substr(0, 2)
                                                 : ExtractUNCServerAndShareName(root));
     std::uint32_t serialNumber = 0;
-    if (ports_.drives.GetVolumeInformationA(root, serialNumber) != kSuccess) serialNumber = 0;
+    if (ports_.drives.VolumeSerialNumber(root, serialNumber) != kSuccess) serialNumber = 0;
     return file::hexadecimal(serialNumber);
 }
 

@@ -1,5 +1,5 @@
 #include <quorkit/GQuorFile.h>
-#include <quorkit/ports/files.h>
+#include <quorkit/ports/folders.h>
 
 #include <vector>
 
@@ -14,8 +14,8 @@ bool isFolder(std::uint32_t attributes) {
 }
 
 /// Whether the first entry that a pattern finds is a folder.
-bool findsFolder(Files& files, const String& pattern) {
-    file::NameSearch search(files, pattern, FindDetail::Names);
+bool findsFolder(Folders& folders, const String& pattern) {
+    file::NameSearch search(folders, pattern, FindDetail::Names);
     FindData entry;
     if (!search.next(entry)) return false;
     const bool folder = isFolder(entry.attributes);
@@ -26,30 +26,31 @@ bool findsFolder(Files& files, const String& pattern) {
 }
 
 /// Whether listing a folder gives any entry, be it ".".
-bool canBeListed(Files& files, const String& folder) {
+bool canBeListed(Folders& folders, const String& folder) {
     FindData entry;
-    return file::FolderEntries(files, folder, FindDetail::Names).next(entry);
+    return file::FolderEntries(folders, folder, FindDetail::Names).next(entry);
 }
 
 }  // namespace
 
 Boolean GQuorFile::FileExists(const String& vsFileName) {
     std::uint32_t attributes = 0;
-    return ports_.files.GetFileAttributesA(vsFileName, attributes) == kSuccess;
+    return ports_.folders.GetFileAttributesA(vsFileName, attributes) == kSuccess;
 }
 
 Boolean GQuorFile::PathExists(const String& vsPath) {
     if (vsPath.size() < 2) return false;
     const String name = vsPath.substr(0, vsPath.size() - (vsPath.ends_with(u'\\') ? 1 : 0));
     std::uint32_t attributes = 0;
-    if (ports_.files.GetFileAttributesA(name, attributes) == kSuccess) return isFolder(attributes);
-    if (file::isPattern(name)) return findsFolder(ports_.files, name);
-    return canBeListed(ports_.files, name + u'\\');  // the root of a drive or of a share
+    if (ports_.folders.GetFileAttributesA(name, attributes) == kSuccess)
+        return isFolder(attributes);
+    if (file::isPattern(name)) return findsFolder(ports_.folders, name);
+    return canBeListed(ports_.folders, name + u'\\');  // the root of a drive or of a share
 }
 
 Boolean GQuorFile::IsDirectoryEmpty(const String& sDir) {
     if (sDir.size() < 2) return false;
-    file::FolderEntries entries(ports_.files, PathAddBackSlash(sDir), FindDetail::Names);
+    file::FolderEntries entries(ports_.folders, PathAddBackSlash(sDir), FindDetail::Names);
     for (FindData entry; entries.next(entry);)
         if (!file::isSelfOrParent(entry.name)) return false;
     return entries.status() == kNoMoreFiles;
@@ -59,7 +60,7 @@ Boolean GQuorFile::mkDirEx(const String& sDir) {
     return frame::onErrorReturn(Boolean(false), [&] {
         // One that is too long would have more folders around it than memory can hold.
         std::uint32_t attributes = 0;
-        if (ports_.files.GetFileAttributesA(sDir, attributes) == kInvalidName)
+        if (ports_.folders.GetFileAttributesA(sDir, attributes) == kInvalidName)
             return Boolean(false);
         std::vector<String> missing;
         for (String folder = sDir; !PathExists(folder); folder = getParentDirectory(folder)) {
@@ -68,7 +69,7 @@ Boolean GQuorFile::mkDirEx(const String& sDir) {
         }
         ErrorCode code = kSuccess;
         for (; !missing.empty(); missing.pop_back())
-            code = ports_.files.CreateDirectoryA(missing.back());
+            code = ports_.folders.CreateDirectoryA(missing.back());
         // Another process may have been quicker, and "a\\." is there when "a" has been made.
         return Boolean(code == kSuccess || PathExists(sDir));
     });

@@ -41,7 +41,7 @@ std::optional<DateFilter::Moment> DateFilter::momentOf(const Variant& date, Port
 
 DateFilter::Moment DateFilter::momentOf(FileTime time) const {
     SystemTime local;
-    if (!ports_.system.FileTimeToSystemTime(time, local)) local = ports_.system.GetLocalTime();
+    if (!ports_.system.LocalTimeOf(time, local)) local = ports_.system.GetLocalTime();
     return toTheSecond(local);
 }
 

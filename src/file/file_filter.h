@@ -1,7 +1,7 @@
 // Which files a listing takes, by their dates and attributes.
 #pragma once
 
-#include <quorkit/ports/files.h>
+#include <quorkit/ports/folders.h>
 #include <quorkit/ports/ports.h>
 #include <quorkit/variant.h>
 

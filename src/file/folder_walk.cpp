@@ -10,7 +10,7 @@ constexpr StringView kSeparators = u"\\/";
 /// What a name leads to, with a separator at the end.
 std::optional<String> targetOf(Files& files, const String& name) {
     String target;
-    if (files.GetFinalPathNameA(name, target) != kSuccess || target.empty()) return std::nullopt;
+    if (files.FinalName(name, target) != kSuccess || target.empty()) return std::nullopt;
     if (kSeparators.find(target.back()) == StringView::npos)
         target += target[target.find_last_of(kSeparators)];
     return target;

@@ -1,7 +1,7 @@
 // Going through a folder and all that is beneath it.
 #pragma once
 
-#include <quorkit/ports/files.h>
+#include <quorkit/ports/folders.h>
 
 #include <cstddef>
 #include <optional>

@@ -66,21 +66,21 @@ std::vector<String> takenFrom(Array<String>& list) {
 /// What GetFilesFromDirectory3 does in each folder.
 class FolderFiles {
    public:
-    FolderFiles(Files& files, const String& filter, bool withFolder)
-        : files_(files), filter_(filter), pattern_(filter), withFolder_(withFolder) {}
+    FolderFiles(Folders& folders, const String& filter, bool withFolder)
+        : folders_(folders), filter_(filter), pattern_(filter), withFolder_(withFolder) {}
 
     /// Adds the files of the current folder to `names` and, when told so, notes the folders in it.
     void addTo(std::vector<String>& names, file::FolderWalk& walk, bool descend) const {
         const String prefix = withFolder_ ? walk.folder() : String();
         const bool elsewhere = filter_.find_first_of(u"\\/") != String::npos;
         if (elsewhere) {
-            file::NameSearch search(files_, walk.folder() + filter_, FindDetail::Names);
+            file::NameSearch search(folders_, walk.folder() + filter_, FindDetail::Names);
             for (FindData entry; search.next(entry);)
                 if (!isFolder(entry)) append(names, prefix + entry.name);
             if (!descend) return;
         }
         // One look at the folder gives its files and the folders in it.
-        file::FolderEntries entries(files_, walk.folder(), FindDetail::Names);
+        file::FolderEntries entries(folders_, walk.folder(), FindDetail::Names);
         for (FindData entry; entries.next(entry);) {
             const bool folder = isFolder(entry);
             if (folder && descend && !file::isSelfOrParent(entry.name)) walk.descendTo(entry);
@@ -90,7 +90,7 @@ class FolderFiles {
     }
 
    private:
-    Files& files_;
+    Folders& folders_;
     String filter_;
     file::Wildcard pattern_;
     bool withFolder_;
@@ -112,10 +112,10 @@ Long GQuorFile::getFilesFromDirectoryEx(const String& sDirName, Out<Array<String
         begun = true;
         const String folder = withBackslash(sDirName);
         const String prefix = *bIncludeDirName ? folder : String();
-        file::NameSearch search(ports_.files, folder + *sFilter,
-                                !attributes.takesAll() ? FindDetail::Attributes
-                                : !dates.takesAll()    ? FindDetail::Times
-                                                       : FindDetail::Names);
+        file::NameSearch search(ports_.folders, folder + *sFilter,
+                          !attributes.takesAll() ? FindDetail::Attributes
+                          : !dates.takesAll()    ? FindDetail::Times
+                                                 : FindDetail::Names);
         for (FindData entry; search.next(entry);)
             if (!isFolder(entry) && attributes.takes(entry.attributes) &&
                 dates.takes(entry.lastWrite))
@@ -133,7 +133,7 @@ Long GQuorFile::GetFilesFromDirectory3(const String& sDirName, const String& sFi
     bool begun = false;
     const Long result = onErrorTell(ports_.host, [&] {
         // The filter and the folder may stand in the list.
-        const FolderFiles files(ports_.files, sFilter, bIncludeDirName);
+        const FolderFiles files(ports_.folders, sFilter, bIncludeDirName);
         file::FolderWalk walk(ports_.files, withBackslash(sDirName));
         names = takenFrom(saFileList);
         begun = true;
@@ -148,7 +148,7 @@ Long GQuorFile::GetAllSubDirectories(const Variant& sDirName, Out<Array<String>>
     std::vector<String> names;
     const Long result = onErrorTell(ports_.host, [&] {
         const String folder = withBackslash(runtime::CStr(sDirName));
-        file::FolderEntries entries(ports_.files, folder, FindDetail::Names);
+        file::FolderEntries entries(ports_.folders, folder, FindDetail::Names);
         for (FindData entry; entries.next(entry);)
             if (isFolder(entry) && !file::isSelfOrParent(entry.name))
                 append(names, folder + entry.name);

@@ -9,7 +9,7 @@ namespace quorkit::file {
 class OpenFile {
    public:
     OpenFile(Files& files, const String& name)
-        : files_(files), status_(files.CreateFileA(name, FileAccess::Read, handle_)) {}
+        : files_(files), status_(files.Open(name, FileAccess::Read, handle_)) {}
     ~OpenFile() {
         if (handle_ != Handle::Invalid) files_.CloseHandle(handle_);
     }

@@ -16,17 +16,17 @@ std::size_t patternIn(StringView name) {
 
 bool FolderEntries::next(FindData& entry) {
     if (status_ != kSuccess) return false;
-    status_ = open_ ? files_.FindNextFileA(search_, entry)
-                    : files_.FindFirstFileA(folder_, detail_, search_, entry);
+    status_ = open_ ? folders_.NextEntry(search_, entry)
+                    : folders_.FirstEntry(folder_, detail_, search_, entry);
     if (status_ == kSuccess) open_ = true;
     return status_ == kSuccess;
 }
 
-NameSearch::NameSearch(Files& files, StringView name, FindDetail detail)
-    : NameSearch(files, name, patternIn(name), detail) {}
+NameSearch::NameSearch(Folders& folders, StringView name, FindDetail detail)
+    : NameSearch(folders, name, patternIn(name), detail) {}
 
-NameSearch::NameSearch(Files& files, StringView name, std::size_t pattern, FindDetail detail)
-    : entries_(files, pattern == 0 ? String(u".") : String(name.substr(0, pattern)), detail),
+NameSearch::NameSearch(Folders& folders, StringView name, std::size_t pattern, FindDetail detail)
+    : entries_(folders, pattern == 0 ? String(u".") : String(name.substr(0, pattern)), detail),
       pattern_(name.substr(pattern)) {}
 
 bool NameSearch::next(FindData& entry) {

@@ -1,7 +1,7 @@
 // Searching folders.
 #pragma once
 
-#include <quorkit/ports/files.h>
+#include <quorkit/ports/folders.h>
 
 #include "file/wildcard.h"
 
@@ -10,10 +10,10 @@ namespace quorkit::file {
 /// Goes through the entries of a folder in the system's order, "." and ".." included.
 class FolderEntries {
    public:
-    FolderEntries(Files& files, String folder, FindDetail detail)
-        : files_(files), folder_(std::move(folder)), detail_(detail) {}
+    FolderEntries(Folders& folders, String folder, FindDetail detail)
+        : folders_(folders), folder_(std::move(folder)), detail_(detail) {}
     ~FolderEntries() {
-        if (open_) files_.FindClose(search_);
+        if (open_) folders_.EndListing(search_);
     }
     FolderEntries(const FolderEntries&) = delete;
     FolderEntries& operator=(const FolderEntries&) = delete;
@@ -25,7 +25,7 @@ class FolderEntries {
     ErrorCode status() const { return status_; }
 
    private:
-    Files& files_;
+    Folders& folders_;
     String folder_;
     FindDetail detail_;
     Handle search_ = Handle::Invalid;
@@ -37,13 +37,13 @@ class FolderEntries {
 /// is the pattern, what is in front of it the folder. Wildcards there match nothing.
 class NameSearch {
    public:
-    NameSearch(Files& files, StringView name, FindDetail detail);
+    NameSearch(Folders& folders, StringView name, FindDetail detail);
 
     /// The next entry, at first the first one. False when there is none.
     bool next(FindData& entry);
 
    private:
-    NameSearch(Files& files, StringView name, std::size_t pattern, FindDetail detail);
+    NameSearch(Folders& folders, StringView name, std::size_t pattern, FindDetail detail);
 
     FolderEntries entries_;
     Wildcard pattern_;

@@ -1,6 +1,7 @@
 #include <quorkit/GQuorFile.h>
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/ports/drives.h>
+#include <quorkit/ports/folders.h>
 
 #include <algorithm>
 
@@ -16,10 +17,10 @@ namespace {
 file::ShellLink linkTo(const String& target, const String& drive, Ports& ports) {
     file::ShellLink link;
     link.target = target;
-    ports.files.GetFileAttributesA(target, link.targetAttributes);
+    ports.folders.GetFileAttributesA(target, link.targetAttributes);
     if (drive.size() == 2 && drive[1] == u':') {
         link.driveType = static_cast<std::uint32_t>(ports.drives.GetDriveTypeA(drive + u'\\'));
-        ports.drives.GetVolumeInformationA(drive + u'\\', link.serialNumber);
+        ports.drives.VolumeSerialNumber(drive + u'\\', link.serialNumber);
     }
     return link;
 }

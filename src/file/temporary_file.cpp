@@ -38,7 +38,7 @@ String GQuorFile::CreateTempFileName(Unchanged<String> sPrefix) {
         number = static_cast<std::uint16_t>(number + step);
         String name = folder + prefix + file::hexadecimal(number) + u".TMP";
         Handle file = Handle::Invalid;
-        const ErrorCode code = ports_.files.CreateFileA(name, FileAccess::CreateNew, file);
+        const ErrorCode code = ports_.files.Open(name, FileAccess::CreateNew, file);
         if (code == kSuccess) {
             ports_.files.CloseHandle(file);
             return name;

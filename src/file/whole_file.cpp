@@ -54,8 +54,8 @@ ErrorCode readPart(Files& files, const String& name, std::uint64_t start, std::s
 }
 
 LockedFile::LockedFile(Files& files, const String& name, Wait wait) : files_(files), wait_(wait) {
-    status_ = files_.GetFinalPathNameA(name, name_);
-    if (status_ == kSuccess) status_ = files_.LockFileA(name_, lock_, wait);
+    status_ = files_.FinalName(name, name_);
+    if (status_ == kSuccess) status_ = files_.LockForChange(name_, lock_, wait);
 }
 
 LockedFile::~LockedFile() {
@@ -74,7 +74,7 @@ ErrorCode LockedFile::swap(const String& beside, std::string_view content) {
     if (const ErrorCode code = files_.CreateReplacement(lock_, beside, file)) return code;
     ErrorCode code = files_.WriteFile(file, content);
     if (code == kSuccess) code = files_.FlushFileBuffers(file);
-    if (code == kSuccess) code = files_.ReplaceFileA(lock_, file, wait_);
+    if (code == kSuccess) code = files_.Replace(lock_, file, wait_);
     files_.CloseHandle(file);
     return code;
 }

@@ -53,9 +53,9 @@ bool QuorLogFile::open(Opening opening) {
 ErrorCode QuorLogFile::openFile(bool empty) {
     const FileAccess access =
         maxFileSize_ > 0 && !autoOpenClose_ ? FileAccess::AppendYielding : FileAccess::Append;
-    if (const ErrorCode code = ports_.files.CreateFileA(openName_, access, file_)) return code;
+    if (const ErrorCode code = ports_.files.Open(openName_, access, file_)) return code;
     mark_ = {};
-    const ErrorCode code = empty ? ports_.files.SetEndOfFile(file_) : readMark();
+    const ErrorCode code = empty ? ports_.files.EmptyFile(file_) : readMark();
     if (code != kSuccess) close();
     return code;
 }
@@ -136,7 +136,7 @@ ErrorCode QuorLogFile::write(const String& line) {
         if (!isFileOpen()) return kInvalidHandle;
         logfile::encodeLine(line, mark_, line_);
         const auto lineBreak = continuesLine() ? std::string_view() : logfile::lineBreakOf(mark_);
-        const ErrorCode written = ports_.files.WriteFile(file_, line_, lineBreak);
+        const ErrorCode written = ports_.files.Append(file_, line_, lineBreak);
         if (written == kFileReplaced) {  // by a shortened one, or it is gone and made again
             close();
             reopen();

@@ -36,16 +36,16 @@ class OpenKey {
         return status_ ? status_ : registry_.RegQueryValueExA(key_, name, value);
     }
     ErrorCode setValues(std::span<const NamedValue> values) const {
-        return status_ ? status_ : registry_.RegSetValueExA(key_, values);
+        return status_ ? status_ : registry_.SetValues(key_, values);
     }
     ErrorCode deleteValue(const String& name) const {
         return status_ ? status_ : registry_.RegDeleteValueA(key_, name);
     }
     ErrorCode values(std::vector<NamedValue>& values) const {
-        return status_ ? status_ : registry_.RegEnumValueA(key_, values);
+        return status_ ? status_ : registry_.ListValues(key_, values);
     }
     ErrorCode subKeys(std::vector<String>& names) const {
-        return status_ ? status_ : registry_.RegEnumKeyExA(key_, names);
+        return status_ ? status_ : registry_.ListKeys(key_, names);
     }
     ErrorCode deleteKey(const String& name) const {
         return status_ ? status_ : registry_.RegDeleteKeyA(key_, name);

@@ -11,7 +11,7 @@ void GQuorTools::delay(Long countSeconds) {
     const auto end = steady_clock::now() + std::chrono::seconds(std::max<Long>(countSeconds, 0));
     bool more = true;
     while (more) {
-        more = ports_.host.MsgWaitForMultipleObjects(end) && steady_clock::now() < end;
+        more = ports_.host.WaitForEvents(end) && steady_clock::now() < end;
         ports_.host.DoEvents();
     }
 }

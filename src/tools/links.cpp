@@ -21,7 +21,7 @@ void GQuorProgram::OpenURL(const String& vsURL, const Optional<Boolean>&) {
     }
     try {
         frame::untrapped([&] {
-            const ErrorCode code = ports_.processes.ShellExecuteA(vsURL);
+            const ErrorCode code = ports_.processes.HandToDesktop(vsURL);
             if (code != kSuccess) file::raiseFileError(code);
         });
     } catch (const AutomationError& error) {
@@ -44,7 +44,7 @@ Boolean GQuorProgram::OpenMail(Unchanged<String> MailTo, const Optional<Unchange
         if (!BCC->empty()) query += u"&BCC=" + *BCC;
         if (!Body->empty()) query += u"&Body=" + URLPathEncode(*Body);
         if (!query.starts_with(u'?')) query.insert(0, 1, u'?');
-        return ports_.processes.ShellExecuteA(u"mailto:" + *MailTo + query) == kSuccess;
+        return ports_.processes.HandToDesktop(u"mailto:" + *MailTo + query) == kSuccess;
     });
 }
 

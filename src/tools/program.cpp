@@ -66,7 +66,7 @@ Long GQuorProgram::ExecuteAndWaitEx(const String& cmdline, const Optional<String
         const auto passed =
             std::max<steady_clock::duration>(waitedFor, steady_clock::now() - start);
         if (limited && waited == Waited::TimedOut && passed > std::chrono::seconds(*iTimeOut)) {
-            processes.TerminateProcess(program.handle());
+            processes.EndProcess(program.handle());
             return kTimedOut;
         }
     }

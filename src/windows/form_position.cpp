@@ -68,7 +68,7 @@ void GQuorWindows::getWorkingScreenSize(Long eUnits, Out<Double> iLeft, Out<Doub
                           : eUnits == eUnits_Twips ? kTwipsAPixel
                                                    : 1;
     ScreenArea area;
-    ports_.desktop.SystemParametersInfoA(area);
+    ports_.desktop.WorkArea(area);
     iLeft = area.left * factor;
     iTop = area.top * factor;
     iWidth = area.right * factor;
@@ -111,7 +111,7 @@ void GQuorWindows::LoadVBAUserFormPosition(const String& sRegPath, const ObjectR
                                            Optional<Boolean, true> bOnlyPosition) {
     frame::resumeNext([&] {
         ScreenArea area;
-        const bool hasScreen = ports_.desktop.SystemParametersInfoA(area);
+        const bool hasScreen = ports_.desktop.WorkArea(area);
         Form form(frm);
         const String key = keyOf(sRegPath, form);
         GQuorRegistry registry(ports_);

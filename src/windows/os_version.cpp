@@ -144,7 +144,7 @@ eLanguage GQuorWindows::GetOSLanguage() {
 Long GQuorWindows::GetSystemCountryCode() {
     return frame::onErrorReturn(Long{0}, [&] {
         String code;
-        ports_.system.GetLocaleInfoA(code);
+        ports_.system.DiallingCode(code);
         return runtime::roundToLong(runtime::Val(code));
     });
 }

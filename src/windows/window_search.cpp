@@ -14,7 +14,7 @@ constexpr std::size_t kLongestTitle = 254;
 }  // namespace
 
 Long GQuorWindows::SetTopMostWindow(Unchanged<Long> hwnd, Unchanged<Boolean> Topmost) {
-    const bool done = ports_.desktop.SetWindowPos(*hwnd, *Topmost);
+    const bool done = ports_.desktop.SetTopmost(*hwnd, *Topmost);
     return *Topmost && done ? 1 : 0;
 }
 

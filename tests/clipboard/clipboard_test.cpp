@@ -95,8 +95,8 @@ TEST_P(ClipboardTest, GivesPicturesBack) {
         EXPECT_EQ(world.files.content(u"C:\\b"), pictureFile());
         EXPECT_EQ(pictureFile() == file, !kWindows || !native || type != "image/wmf");
     }
-    EXPECT_FALSE(port.SetClipboardData(ClipboardFormat::Bitmap, "no picture"));
-    EXPECT_FALSE(port.SetClipboardData(ClipboardFormat::Metafile, samples()[0].file));
+    EXPECT_FALSE(port.PutOnClipboard(ClipboardFormat::Bitmap, "no picture"));
+    EXPECT_FALSE(port.PutOnClipboard(ClipboardFormat::Metafile, samples()[0].file));
     EXPECT_NE(pictureFile(), "none");
 }
 

@@ -28,8 +28,7 @@ class Disk : public testing::Test {
     Scratch scratch;
     String f = scratch.name("f");
     MemoryPorts memory;
-    FaultyFiles files{ports::native().files};
-    Ports ports = memory.ports.with(files);
+    FaultyPorts ports{memory.ports.with(ports::native().files, ports::native().folders)};
     Late file{u"GQuorFile", ports};
 };
 
@@ -48,7 +47,7 @@ TEST_F(Disk, HasFilesAndFolders) {
                 {Row({full + u"\\*"}, true), Row({full + u"\\e*"}, true),
                  Row({full + u"\\*.txt"}, false), Row({full + u"\\x*"}, false),
                  Row({full + u"\\*\\empty"}, false), Row({u"\\"}, false), Row({u"C"}, false)});
-    files.answer(1, kGeneralFailure, "FindNext");  // nobody knows whether more would follow
+    ports.answer(1, kGeneralFailure, "NextEntry");  // nobody knows whether more would follow
     file.expect(u"IsDirectoryEmpty", {Row({full + u"\\empty"}, false)});
 }
 
@@ -74,13 +73,13 @@ TEST_F(Disk, WritesAndReadsContentAtOnce) {
     std::iota(all.begin(), all.end(), '\0');
     for (const std::string& content : {std::string("longer than the next\r\n"), std::string("abc"),
                                        all, std::string(3'000'000, 'x')}) {
-        files.answer(kNever, kSuccess, "WriteFile");
+        ports.answer(kNever, kSuccess, "WriteFile");
         file(u"SaveByteArrayToFile", {bytes(content, -7), f});
-        EXPECT_EQ(files.calls(), 1u);
+        EXPECT_EQ(ports.calls(), 1u);
         EXPECT_EQ(scratch.read("f"), content);
-        files.answer(kNever, kSuccess, "ReadFile");
+        ports.answer(kNever, kSuccess, "ReadFile");
         file.expect(u"LoadFileToByteArray", {Row({f, bytes("old", 0)}, {Empty{}, bytes(content)})});
-        EXPECT_EQ(files.calls(), 1u);
+        EXPECT_EQ(ports.calls(), 1u);
     }
     file(u"SaveByteArrayToFile", {bytes(""), f});
     EXPECT_EQ(fs::file_size(scratch.path("f")), 0u);
@@ -106,11 +105,11 @@ TEST_F(Disk, LeavesTheArrayWhenContentCannotBeRead) {
           Named(scratch.name("huge"), 6)})
         expectError(name, error);
     using Failure = std::pair<ErrorCode, Long>;
-    for (const char* operation : {"CreateFile", "GetFileSize", "ReadFile"})
+    for (const char* operation : {"Open", "GetFileSize", "ReadFile"})
         for (const auto& [code, error] :
              {Failure(kTooManyOpenFiles, 67), Failure(kSharingViolation, 70),
               Failure(kAccessDenied, 75), Failure(kGeneralFailure, 57)}) {
-            files.answer(1, code, operation);
+            ports.answer(1, code, operation);
             expectError(scratch.name("full"), error);
         }
 }
@@ -127,7 +126,7 @@ TEST_F(Disk, LeavesTheFileWhenContentCannotBeWritten) {
     file.expect(u"SaveByteArrayToFile", {Row({bytes("x"), f}, Error{75})});
     fs::permissions(scratch.path("f"), fs::perms::owner_all);
     Handle lock = Handle::Invalid;
-    ASSERT_EQ(memory.files.LockFileA(u"f", lock, Wait::Patiently), kSuccess);
+    ASSERT_EQ(memory.files.LockForChange(u"f", lock, Wait::Patiently), kSuccess);
     Late(u"GQuorFile", memory.ports)
         .expect(u"SaveByteArrayToFile", {Row({bytes("x"), u"f"}, Error{70})});
     memory.files.CloseHandle(lock);
@@ -154,12 +153,12 @@ TEST_F(Disk, HasTemporaryFiles) {
     }
     for (const char16_t* good : {u"", u"abc\\d"}) EXPECT_NE(make(good), u"");
     for (const char16_t* bad : {u"..\\", u"a/b", u"C:"}) EXPECT_EQ(make(bad), u"");
-    files.answer(1, kFileExists, "CreateFile");
+    ports.answer(1, kFileExists, "Open");
     EXPECT_NE(make(u"x"), u"");
-    files.answer(0, kFileExists, "CreateFile");
+    ports.answer(0, kFileExists, "Open");
     EXPECT_EQ(make(u"x"), u"");
-    EXPECT_EQ(files.calls(), 65536u);
-    files.answer(kNever, kSuccess);
+    EXPECT_EQ(ports.calls(), 65536u);
+    ports.answer(kNever, kSuccess);
     for (const String& none : {String(), String(512, u'x'), scratch.name("no") + u"\\"}) {
         memory.system.temporaryFolder = none;
         EXPECT_EQ(make(u"x"), u"");

@@ -48,8 +48,8 @@ struct ManyConnections : Drives {
     int asked = 0;
     int GetDriveTypeA(const String&) override { return DRIVE_REMOTE; }
     std::vector<String> GetLogicalDriveStringsA() override { return {u"A:\\", u"Z:\\"}; }
-    ErrorCode GetVolumeInformationA(const String&, std::uint32_t&) override { return kSuccess; }
-    ErrorCode WNetEnumResourceA(std::vector<NetworkConnection>& connections) override {
+    ErrorCode VolumeSerialNumber(const String&, std::uint32_t&) override { return kSuccess; }
+    ErrorCode ListConnections(std::vector<NetworkConnection>& connections) override {
         ++asked;
         connections.assign(1023, {u"", u"\\\\srv\\none"});
         connections.push_back({u"Z:", u"\\\\srv\\z"});

@@ -52,8 +52,7 @@ class Listing : public testing::Test {
     }
 
     MemoryPorts world;
-    FaultyFiles files{world.files};
-    Ports ports = world.ports.with(files);
+    FaultyPorts ports{world.ports};
     Late file{u"GQuorFile", ports};
 };
 
@@ -174,10 +173,10 @@ TEST_F(Listing, GoesRoundNoLinks) {
         {walk(u"C:", u"*.txt", false, true, u"a.txt b1.txt b2.TXT c.txt d.txt linked.txt c.txt"),
          walk(u"C:\\b", u"b1*", false, true, u"b1.txt"),
          walk(u"C:\\b\\up\\b", u"b1*", false, true, u"b1.txt")});
-    files.answer(0, kGeneralFailure, "GetFinal");  // nobody knows where links lead to
+    ports.answer(0, kGeneralFailure, "FinalName");  // nobody knows where links lead to
     file.expect(u"GetFilesFromDirectory3",
                 {walk(u"C:\\d", u"*", false, true, u"d.txt linked.txt nowhere")});
-    files.answer(0, kGeneralFailure, "FindFirst");
+    ports.answer(0, kGeneralFailure, "FirstEntry");
     file.expect(u"GetFilesFromDirectory3", {walk(u"C:", u"*.txt", false, true, u"")});
     EXPECT_TRUE(world.host.messages.empty());
 }

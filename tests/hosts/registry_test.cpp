@@ -2,7 +2,7 @@
 
 #include "base/unicode.h"
 #include "hosts/command.h"
-#include "memory/hive.h"
+#include "memory/memory_hive.h"
 
 namespace quorkit::test {
 namespace {
@@ -51,11 +51,11 @@ TEST(RegistryCommand, TellsWhereAndWhat) {
 TEST(RegistryCommand, ChecksTheStore) {
     struct Damaged : HiveRegistry {
         using HiveRegistry::HiveRegistry;
-        std::vector<RegistryDamage> check() override {
+        std::vector<RegistryDamage> FindDamage() override {
             return {{u"\u00C4:3", u"not a value"}, {u"b", u"not a key"}};
         }
     };
-    MemoryHive hive;
+    memory::MemoryHive hive;
     Damaged registry(hive, hive);
     MemoryPorts memory;
     Ports ports = memory.ports.with(registry);

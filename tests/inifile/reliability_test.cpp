@@ -14,9 +14,8 @@ namespace quorkit::test {
 namespace {
 
 int writeKeys(const std::vector<std::string>& arguments) {
-    FaultyFiles files(ports::native().files);
-    files.answer(0, kSuccess, "Flush");  // what a dying process leaves does not depend on the disk
-    Ports ports = ports::native().with(files);
+    FaultyPorts ports(ports::native());
+    ports.answer(0, kSuccess, "Flush");  // what a dying process leaves does not depend on the disk
     QuorInifile ini(ports);
     ini.setIniFileName(std::filesystem::path(arguments[0]).u16string());
     const String prefix(arguments[1].begin(), arguments[1].end());

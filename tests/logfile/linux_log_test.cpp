@@ -71,7 +71,7 @@ TEST_F(LinuxLog, FollowsItsNameNotItsLinksAndIsNotInherited) {
     write(u"new");
     EXPECT_EQ(scratch.read("a.log"), "12345678\r\n12345678\r\nnew\r\n");
     fs::rename(scratch.path("a.log"), scratch.path("a.log.1"));
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // see Files::WriteFile
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // see Files::Append
     log.setLogFileName(u"/nowhere/else.log");                    // the one that is open stays
     write(u"newer");
     EXPECT_EQ(scratch.read("a.log"), "newer\r\n");

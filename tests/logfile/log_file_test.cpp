@@ -23,7 +23,7 @@ class LogFile : public testing::Test {
 
     Scratch scratch;
     MemoryPorts world;
-    Ports ports = world.ports.with(ports::native().files);
+    Ports ports = world.ports.with(ports::native().files, ports::native().folders);
     Late log{u"QuorLogFile", ports};
 };
 

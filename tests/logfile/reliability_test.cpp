@@ -117,8 +117,8 @@ TEST(LogReliability, AFailingShorteningCostsNoEntry) {
         for (std::size_t failing = 1; failing < 40; ++failing)
             EXPECT_TRUE(good.contains(write(failing, ""))) << failing << write(failing, "");
         EXPECT_EQ(write(40, ""), shortened + "new\r\n");
-        for (const char* operation : {"GetFinal", "LockFile", "GetFileSize", "SetFilePointer",
-                                      "FlushFileBuffers", "ReplaceFile"})
+        for (const char* operation : {"FinalName", "LockForChange", "GetFileSize", "SetFilePointer",
+                                      "FlushFileBuffers", "Replace"})
             EXPECT_EQ(write(0, operation), before + "new\r\n") << operation;
     }
 }

@@ -17,18 +17,18 @@ TEST(MemoryDrives, AreAsToldTo) {
 
     for (const char16_t* root : {u"x:\\", u"\\\\srv\\share\\"}) {
         std::uint32_t serial = 0;
-        EXPECT_EQ(drives.GetVolumeInformationA(root, serial), kSuccess);
+        EXPECT_EQ(drives.VolumeSerialNumber(root, serial), kSuccess);
         EXPECT_EQ(serial, 0x9ABCDEF0);
     }
     std::uint32_t serial = 0;
-    EXPECT_NE(drives.GetVolumeInformationA(u"D:\\", serial), kSuccess);
+    EXPECT_NE(drives.VolumeSerialNumber(u"D:\\", serial), kSuccess);
 
     std::vector<NetworkConnection> connections;
-    for (int i = 0; i < 2; ++i) EXPECT_EQ(drives.WNetEnumResourceA(connections), kSuccess);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(drives.ListConnections(connections), kSuccess);
     ASSERT_EQ(connections.size(), 1u);
     EXPECT_EQ(connections[0].localName + connections[0].remoteName, u"X:\\\\Srv\\Share");
     drives.networkAnswer = kGeneralFailure;
-    EXPECT_EQ(drives.WNetEnumResourceA(connections), kGeneralFailure);
+    EXPECT_EQ(drives.ListConnections(connections), kGeneralFailure);
 }
 
 TEST(NativeDrives, HoldTheSystem) {
@@ -49,11 +49,11 @@ TEST(NativeDrives, HoldTheSystem) {
     for (const char16_t* within : {u"c:\\", u"/", u"/usr", u"C:\\usr"})
         EXPECT_EQ(drives.GetDriveTypeA(within), drives.GetDriveTypeA(u"C:"));
     std::vector<NetworkConnection> connections;
-    EXPECT_EQ(drives.WNetEnumResourceA(connections), kSuccess);
+    EXPECT_EQ(drives.ListConnections(connections), kSuccess);
 #endif
     std::uint32_t serial = 0;
-    EXPECT_EQ(drives.GetVolumeInformationA(u"C:\\", serial), kSuccess);
-    EXPECT_NE(drives.GetVolumeInformationA(u"?:\\", serial), kSuccess);
+    EXPECT_EQ(drives.VolumeSerialNumber(u"C:\\", serial), kSuccess);
+    EXPECT_NE(drives.VolumeSerialNumber(u"?:\\", serial), kSuccess);
 }
 
 }  // namespace

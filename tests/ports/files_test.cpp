@@ -15,9 +15,9 @@ TEST_P(FilesTest, WritesAndReads) {
     EXPECT_EQ(files.GetFileSizeEx(opened, size), kSuccess);
     EXPECT_EQ(size, all.size());
     close(opened);
-    EXPECT_EQ(files.CreateFileA(name("f"), FileAccess::CreateNew, opened), kFileExists);
+    EXPECT_EQ(files.Open(name("f"), FileAccess::CreateNew, opened), kFileExists);
     EXPECT_EQ(files.DeleteFileA(name("f")), kSuccess);
-    EXPECT_EQ(files.CreateFileA(name("f"), FileAccess::Read, opened), kFileNotFound);
+    EXPECT_EQ(files.Open(name("f"), FileAccess::Read, opened), kFileNotFound);
     EXPECT_EQ(files.DeleteFileA(name("f")), kFileNotFound);
 }
 
@@ -71,29 +71,21 @@ TEST_P(FilesTest, ReadersAlwaysFindOneWholeState) {
     EXPECT_EQ(torn, 0);
 }
 
-TEST_P(FilesTest, LocksByName) {
-    close(lock("f"));
-    EXPECT_EQ(read("f"), "(failed)");  // a lock makes no file
-    write("f", "x");
-    const Handle held = lock("f");
-    waits([&] { close(lock("f")); }, [&] { close(held); });
-}
-
 TEST_P(FilesTest, RefusesWhatIsNoWritableFile) {
     write("f", "x");
     makeReadOnly("f");
-    ASSERT_EQ(files.CreateDirectoryA(name("d")), kSuccess);
+    ASSERT_EQ(folders.CreateDirectoryA(name("d")), kSuccess);
     for (const FileAccess access : {FileAccess::Append, FileAccess::AppendYielding}) {
-        EXPECT_EQ(files.CreateFileA(name("f"), access, opened), kAccessDenied);
-        EXPECT_EQ(files.CreateFileA(name("d"), access, opened), kAccessDenied);
-        EXPECT_EQ(files.CreateFileA(name("no/f"), access, opened), kPathNotFound);
+        EXPECT_EQ(files.Open(name("f"), access, opened), kAccessDenied);
+        EXPECT_EQ(files.Open(name("d"), access, opened), kAccessDenied);
+        EXPECT_EQ(files.Open(name("no/f"), access, opened), kPathNotFound);
     }
-    EXPECT_EQ(files.LockFileA(name("f"), opened), kAccessDenied);
-    EXPECT_EQ(files.LockFileA(name("no/f"), opened), kPathNotFound);
+    EXPECT_EQ(files.LockForChange(name("f"), opened), kAccessDenied);
+    EXPECT_EQ(files.LockForChange(name("no/f"), opened), kPathNotFound);
     const String nul = name("f") + u'\0' + u"g";
-    EXPECT_EQ(files.LockFileA(nul, opened), kInvalidName);
-    EXPECT_EQ(files.CreateFileA(nul, FileAccess::Read, opened), kInvalidName);
-    EXPECT_EQ(files.LockFileA(u"", opened), kInvalidName);
+    EXPECT_EQ(files.LockForChange(nul, opened), kInvalidName);
+    EXPECT_EQ(files.Open(nul, FileAccess::Read, opened), kInvalidName);
+    EXPECT_EQ(files.LockForChange(u"", opened), kInvalidName);
     EXPECT_EQ(read("f"), "x");
 }
 

@@ -9,39 +9,39 @@ namespace {
 class FoldersTest : public RoomTest {
    protected:
     void SetUp() override {
-        ASSERT_EQ(files.CreateDirectoryA(name("d")), kSuccess);
+        ASSERT_EQ(folders.CreateDirectoryA(name("d")), kSuccess);
         write("f", "x");
     }
     /// The entries of a folder by name.
     std::map<String, FindData> list(const String& folder, FindDetail detail) {
         std::map<String, FindData> entries;
         FindData entry;
-        ErrorCode code = files.FindFirstFileA(folder, detail, opened, entry);
+        ErrorCode code = folders.FirstEntry(folder, detail, opened, entry);
         EXPECT_EQ(code, kSuccess);
-        for (; code == kSuccess; code = files.FindNextFileA(opened, entry))
+        for (; code == kSuccess; code = folders.NextEntry(opened, entry))
             entries[entry.name] = entry;
         EXPECT_EQ(code, kNoMoreFiles);
-        EXPECT_EQ(files.FindNextFileA(opened, entry), kNoMoreFiles);
-        files.FindClose(opened);
+        EXPECT_EQ(folders.NextEntry(opened, entry), kNoMoreFiles);
+        folders.EndListing(opened);
         return entries;
     }
     std::uint32_t attributes(const std::string& file) {
         std::uint32_t result = 0xFFFFFFFF;
-        EXPECT_EQ(files.GetFileAttributesA(name(file), result), kSuccess) << file;
+        EXPECT_EQ(folders.GetFileAttributesA(name(file), result), kSuccess) << file;
         return result;
     }
     ErrorCode lookUp(const String& name) {
         std::uint32_t ignored = 0;
-        return files.GetFileAttributesA(name, ignored);
+        return folders.GetFileAttributesA(name, ignored);
     }
 };
 
 TEST_P(FoldersTest, AreMadeOneAtATime) {
-    EXPECT_EQ(files.CreateDirectoryA(name("d")), kFileExists);
-    EXPECT_EQ(files.CreateDirectoryA(name("f")), kFileExists);
-    EXPECT_EQ(files.CreateDirectoryA(name("no/d")), kPathNotFound);
-    EXPECT_EQ(files.CreateDirectoryA(name("f/d")), kPathNotFound);
-    EXPECT_EQ(files.CreateDirectoryA(name("d/d/")), kSuccess);
+    EXPECT_EQ(folders.CreateDirectoryA(name("d")), kFileExists);
+    EXPECT_EQ(folders.CreateDirectoryA(name("f")), kFileExists);
+    EXPECT_EQ(folders.CreateDirectoryA(name("no/d")), kPathNotFound);
+    EXPECT_EQ(folders.CreateDirectoryA(name("f/d")), kPathNotFound);
+    EXPECT_EQ(folders.CreateDirectoryA(name("d/d/")), kSuccess);
     EXPECT_EQ(attributes("d/d"), attributes("d"));
     EXPECT_EQ(files.DeleteFileA(name("d")), kAccessDenied);
     EXPECT_EQ(attributes("d") & (kReadOnly | kDirectory | kReparsePoint), kDirectory);
@@ -52,7 +52,7 @@ TEST_P(FoldersTest, AreListed) {
     write("d/one", "1");
     write("d/two", "2");
     makeReadOnly("d/two");
-    ASSERT_EQ(files.CreateDirectoryA(name("d/sub")), kSuccess);
+    ASSERT_EQ(folders.CreateDirectoryA(name("d/sub")), kSuccess);
     for (const char16_t* end : {u"", u"\\", u"/"}) {
         auto entries = list(name("d") + end, FindDetail::Names);
         EXPECT_EQ(entries.size(), 5u);
@@ -67,7 +67,7 @@ TEST_P(FoldersTest, AreListed) {
 
     FindData entry;
     for (const char* no : {"no", "no/d", "f"})
-        EXPECT_EQ(files.FindFirstFileA(name(no), FindDetail::Names, opened, entry), kPathNotFound);
+        EXPECT_EQ(folders.FirstEntry(name(no), FindDetail::Names, opened, entry), kPathNotFound);
 }
 
 TEST_P(FoldersTest, AndFilesAreLookedUpEitherWaySeparatedWhateverTheLetterCase) {
@@ -82,8 +82,8 @@ TEST_P(FoldersTest, AndFilesAreLookedUpEitherWaySeparatedWhateverTheLetterCase) 
     for (const char16_t* end : {u"\\One", u"/One", u"\\..\\d\\.\\One", u"\\one", u"\\ONE"})
         EXPECT_EQ(lookUp(name("d") + end), kSuccess);
     EXPECT_EQ(lookUp(name("D") + u"\\oNE"), kSuccess);
-    EXPECT_EQ(files.CreateDirectoryA(name("D")), kFileExists);
-    EXPECT_EQ(files.CreateFileA(name("D/oNE"), FileAccess::CreateNew, opened), kFileExists);
+    EXPECT_EQ(folders.CreateDirectoryA(name("D")), kFileExists);
+    EXPECT_EQ(files.Open(name("D/oNE"), FileAccess::CreateNew, opened), kFileExists);
 }
 
 TEST_P(FoldersTest, LinksCountAsWhatTheyLeadTo) {
@@ -111,31 +111,32 @@ INSTANTIATE_TEST_SUITE_P(Rooms, FoldersTest, testing::Bool(), nameOfRoom);
 
 TEST(MemoryFiles, HaveDrivesSharesAndAttributesAsToldTo) {
     MemoryFiles files;
+    MemoryFolders folders(files);
     files.put(u"\\\\srv\\share\\d\\b", "");
     files.put(u"//SRV/x", "");  // no share, but a folder of C:
     files.put(u"d:a", "");
     files.setAttributes(u"D:\\A", kHidden | kDirectory);
     files.setLastWrite(u"D:/a", 7);
     std::uint32_t attributes = 0;
-    EXPECT_EQ(files.GetFileAttributesA(u"D:\\a", attributes), kSuccess);
+    EXPECT_EQ(folders.GetFileAttributesA(u"D:\\a", attributes), kSuccess);
     EXPECT_EQ(attributes, kHidden);
-    EXPECT_EQ(files.GetFileAttributesA(u"\\\\SRV\\Share", attributes), kSuccess);
+    EXPECT_EQ(folders.GetFileAttributesA(u"\\\\SRV\\Share", attributes), kSuccess);
     EXPECT_EQ(attributes, kDirectory);
-    EXPECT_EQ(files.GetFileAttributesA(u"c:\\srv\\x", attributes), kSuccess);
-    EXPECT_EQ(files.GetFileAttributesA(u"\\\\srv", attributes), kInvalidName);
-    EXPECT_EQ(files.GetFileAttributesA(u"E:\\", attributes), kPathNotFound);
+    EXPECT_EQ(folders.GetFileAttributesA(u"c:\\srv\\x", attributes), kSuccess);
+    EXPECT_EQ(folders.GetFileAttributesA(u"\\\\srv", attributes), kInvalidName);
+    EXPECT_EQ(folders.GetFileAttributesA(u"E:\\", attributes), kPathNotFound);
     String final;
-    EXPECT_EQ(files.GetFinalPathNameA(u"/SRV/./Y", final), kSuccess);
+    EXPECT_EQ(files.FinalName(u"/SRV/./Y", final), kSuccess);
     EXPECT_EQ(final, u"C:\\SRV\\Y");
 
     Handle search = Handle::Invalid;
     FindData entry;
-    EXPECT_EQ(files.FindFirstFileA(u"D:\\", FindDetail::Times, search, entry), kSuccess);
+    EXPECT_EQ(folders.FirstEntry(u"D:\\", FindDetail::Times, search, entry), kSuccess);
     EXPECT_EQ(entry.name, u"a");  // a root has no "."
     EXPECT_EQ(entry.lastWrite, 7u);
-    files.FindClose(search);
+    folders.EndListing(search);
     files.addFolder(u"E:");
-    EXPECT_EQ(files.FindFirstFileA(u"E:\\", FindDetail::Names, search, entry), kFileNotFound);
+    EXPECT_EQ(folders.FirstEntry(u"E:\\", FindDetail::Names, search, entry), kFileNotFound);
     EXPECT_THROW(files.put(u"D:\\a\\b", ""), std::invalid_argument);
 }
 

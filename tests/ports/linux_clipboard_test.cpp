@@ -108,7 +108,7 @@ TEST_F(LinuxClipboard, CarriesLargeTextsUntilAllHaveThem) {
     std::string large(kLarge, 'a');
     for (std::size_t i = 0; i < large.size(); i += 997) large[i] = '\n';
     const auto start = steady_clock::now();
-    EXPECT_TRUE(port.SetClipboardData(ClipboardFormat::Text, large));
+    EXPECT_TRUE(port.PutOnClipboard(ClipboardFormat::Text, large));
     std::string other;
     std::thread second([&] { other = paste("text/plain"); });
     EXPECT_EQ(paste("UTF8_STRING"), large);
@@ -245,7 +245,7 @@ TEST_F(LinuxClipboard, IsNotThereWithoutAServer) {
             {u"GetTextFromClipboard", u"GetRTFTextFromClipboard", u"GetPictureFromClipboard"},
             {{{}, {u"", u"", ObjectRef()}}});
         EXPECT_FALSE(port.EmptyClipboard());
-        EXPECT_FALSE(port.SetClipboardData(ClipboardFormat::Text, "new"));
+        EXPECT_FALSE(port.PutOnClipboard(ClipboardFormat::Text, "new"));
     }
     EXPECT_EQ(text(), u"x");
     server.end();

@@ -117,7 +117,7 @@ TEST_F(LinuxDesktop, FindsTheWindowsOfPrograms) {
     for (const WindowHandle none : {0, -1, 0x7FFFFFFF}) {
         EXPECT_FALSE(desktop.IsWindow(none));
         EXPECT_EQ(desktop.GetWindowTextA(none), u"");
-        EXPECT_FALSE(desktop.SetWindowPos(none, true));
+        EXPECT_FALSE(desktop.SetTopmost(none, true));
         EXPECT_FALSE(desktop.PostMessageA(none, WindowMessage::Close));
     }
 }
@@ -212,7 +212,7 @@ TEST_F(OwnWindows, KnowsTheScreenWithAndWithoutPanels) {
             peer.put(root, peer.atom("_NET_WORKAREA"), XCB_ATOM_CARDINAL, 32,
                      {0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF, 1});
         peer.window.serverTime();
-        EXPECT_TRUE(desktop.SystemParametersInfoA(area));
+        EXPECT_TRUE(desktop.WorkArea(area));
         EXPECT_EQ(area, (ScreenArea{0, 0, 1280, 1024}));
     }
     // Without a window manager windows are the root's children.
@@ -223,7 +223,7 @@ TEST_F(OwnWindows, KnowsTheScreenWithAndWithoutPanels) {
     const std::string id = std::to_string(windowOf(u"panel"));
     answerOf("xprop -id " + id + " -f _NET_WM_STRUT 32c -set _NET_WM_STRUT '30, 0, 0, 40'");
     EXPECT_TRUE(comesTrue([&] {
-        return desktop.SystemParametersInfoA(area) && area == ScreenArea{30, 0, 1280, 984};
+        return desktop.WorkArea(area) && area == ScreenArea{30, 0, 1280, 984};
     }));
 }
 

@@ -6,7 +6,7 @@
 
 #include <map>
 
-#include "linux/names.h"
+#include "linux/linux_names.h"
 #include "support/environment.h"
 #include "support/scratch.h"
 
@@ -22,7 +22,7 @@ class LinuxFolders : public testing::Test {
             String name;
             std::string path;
             if (!system.SHGetFolderPathA(number, name)) continue;
-            EXPECT_EQ(disk::pathOf(name, path), kSuccess);
+            EXPECT_EQ(native::pathOf(name, path), kSuccess);
             if (path.starts_with(h)) path.replace(0, h.size(), "~");
             text += std::to_string(number) + " " + path + "|";
         }
@@ -83,7 +83,7 @@ TEST_F(LinuxFolders, HoldTemporaryFiles) {
         std::string path;
         EXPECT_TRUE(system.GetTempPathA(name));
         EXPECT_EQ(name.back(), u'\\');
-        EXPECT_EQ(disk::pathOf(name, path), kSuccess);
+        EXPECT_EQ(native::pathOf(name, path), kSuccess);
         EXPECT_EQ(path, expected);
     }
 }

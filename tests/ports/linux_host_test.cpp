@@ -4,7 +4,7 @@
 #include <quorkit/ports/host.h>
 #include <quorkit/ports/ports.h>
 
-#include "linux/names.h"
+#include "linux/linux_names.h"
 #include "support/environment.h"
 #include "support/scratch.h"
 
@@ -49,7 +49,7 @@ TEST_F(LinuxHost, AsksZenity) {
     EXPECT_TRUE(host.GetOpenFileNameA(dialog, name));
     EXPECT_EQ(words(), "<zenity>\n<--file-selection>\n" + common);
     std::string found;
-    EXPECT_EQ(disk::pathOf(name, found), kSuccess);
+    EXPECT_EQ(native::pathOf(name, found), kSuccess);
     EXPECT_EQ(found, chosen);
     EXPECT_TRUE(host.GetSaveFileNameA(dialog, name));
     EXPECT_EQ(words(), "<zenity>\n<--file-selection>\n<--save>\n<--confirm-overwrite>\n" + common);

@@ -12,20 +12,20 @@
 namespace quorkit::test {
 namespace {
 
-using disk::DriveTable;
+using native::DriveTable;
 
 /// Single files, which mount points may be too, are those in /etc.
 DriveTable tableOf(const char* mountinfo) {
-    return {disk::mountsFrom(mountinfo),
-            [](const std::string& path) { return !disk::isWithin(path, "/etc"); }};
+    return {native::mountsFrom(mountinfo),
+            [](const std::string& path) { return !native::isWithin(path, "/etc"); }};
 }
 
 /// "C:/ 3 | D:/media/usb 2", with the types; devices of number 8 can be taken out.
 std::string drivesIn(const char* mountinfo) {
     const DriveTable drives = tableOf(mountinfo);
     std::string text;
-    for (const disk::Drive& drive : drives.all()) {
-        const int type = disk::driveTypeOf(drive.kind, drive.mount.device.starts_with("8:"));
+    for (const native::Drive& drive : drives.all()) {
+        const int type = native::driveTypeOf(drive.kind, drive.mount.device.starts_with("8:"));
         text += (text.empty() ? "" : " | ") + json::toUtf8(String(1, drive.letter)) + ":" +
                 drive.mount.point + " " + std::to_string(type);
         if (!drive.remote.empty()) text += " " + json::toUtf8(drive.remote);
@@ -92,7 +92,7 @@ TEST(LinuxDrives, AreFoundByTheirShares) {
                                                         {u"\\\\", ""}};
     for (const auto& [name, point] : cases) {
         std::size_t used = 0;
-        const disk::Drive* found = drives.findShare(base::partsOf(name).components, used);
+        const native::Drive* found = drives.findShare(base::partsOf(name).components, used);
         EXPECT_EQ(found == nullptr ? "" : found->mount.point + " " + std::to_string(used), point);
     }
     const std::pair<const char*, StringView> sources[] = {
@@ -104,7 +104,7 @@ TEST(LinuxDrives, AreFoundByTheirShares) {
         {"//u@srv:445/share//", u"\\\\srv\\share"},
         {"tag", u""},
         {":/x", u""}};
-    for (const auto& [source, name] : sources) EXPECT_EQ(disk::remoteNameOf(source), name);
+    for (const auto& [source, name] : sources) EXPECT_EQ(native::remoteNameOf(source), name);
 }
 
 TEST(LinuxDrives, HaveTheSerialNumberOfWindows) {
@@ -115,7 +115,7 @@ TEST(LinuxDrives, HaveTheSerialNumberOfWindows) {
         {"6f1c2e5a-0000-4000-8000-000000000000", 1}};
     for (const auto& [identifier, expected] : cases) {
         std::uint32_t serial = 1;
-        EXPECT_EQ(disk::serialFromIdentifier(identifier, serial), expected != 1);
+        EXPECT_EQ(native::serialFromIdentifier(identifier, serial), expected != 1);
         EXPECT_EQ(serial, expected);
     }
 }

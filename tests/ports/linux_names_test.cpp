@@ -32,17 +32,18 @@ class LinuxNames : public testing::Test {
         std::vector<String> names;
         Handle search = Handle::Invalid;
         FindData entry;
-        if (files.FindFirstFileA(folder, FindDetail::Names, search, entry) != kSuccess) return {};
+        if (folders.FirstEntry(folder, FindDetail::Names, search, entry) != kSuccess) return {};
         do {
             if (entry.name != u"." && entry.name != u"..") names.push_back(entry.name);
-        } while (files.FindNextFileA(search, entry) == kSuccess);
-        files.FindClose(search);
+        } while (folders.NextEntry(search, entry) == kSuccess);
+        folders.EndListing(search);
         return names;
     }
     String in(const String& name) { return windowsFolder + u'\\' + name; }
 
     Scratch scratch;
     Files& files = ports::native().files;
+    Folders& folders = ports::native().folders;
     const String windowsFolder = u"C:" + scratch.folder().u16string();
 };
 
@@ -70,10 +71,10 @@ TEST_F(LinuxNames, AreFoundAsSpelledElseWithoutRegardToCase) {
 
 TEST_F(LinuxNames, KeepTheirSpellingFromWhatIsMissingOn) {
     put("Dir/one");
-    EXPECT_EQ(files.CreateDirectoryA(in(u"dir\\No\\")), kSuccess);
+    EXPECT_EQ(folders.CreateDirectoryA(in(u"dir\\No\\")), kSuccess);
     for (const char16_t* name : {u"DIR\\New.Txt", u"dir\\NO\\X"}) {
         Handle handle = Handle::Invalid;
-        EXPECT_EQ(files.CreateFileA(in(name), FileAccess::CreateNew, handle), kSuccess);
+        EXPECT_EQ(files.Open(in(name), FileAccess::CreateNew, handle), kSuccess);
         EXPECT_EQ(files.CloseHandle(handle), kSuccess);
     }
     for (const char* path : {"Dir/New.Txt", "Dir/No/X"})

@@ -49,7 +49,7 @@ TEST_F(LinuxProcesses, AreFoundByTheirNames) {
     put("my tool");
     for (const String& name : {scratch.name("my tool"), u"\"" + scratch.name("MY TOOL") + u"\"",
                                u"C:" + scratch.name("My tool"), String(u"my tool")}) {
-        EXPECT_EQ(run(name + u" a \"b c\" " + disk::textOf("\xE4")), 5);
+        EXPECT_EQ(run(name + u" a \"b c\" " + native::textOf("\xE4")), 5);
         EXPECT_EQ(scratch.read("words"), "<a>\n<b c>\n<\xE4>\n");
     }
 }
@@ -132,15 +132,15 @@ TEST_F(LinuxProcesses, OpenLinks) {
         {scratch.name("-x"), scratch.path("-x").string()},
     };
     for (const auto& [link, word] : cases) {
-        EXPECT_EQ(processes.ShellExecuteA(link), kSuccess);
+        EXPECT_EQ(processes.HandToDesktop(link), kSuccess);
         for (int i = 0; i < 2000 && scratch.read("words").empty(); ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         EXPECT_EQ(scratch.read("words"), "<" + word + ">\n");
         scratch.write("words", "");
     }
-    EXPECT_EQ(processes.ShellExecuteA(u"--help"), kFileNotFound);
+    EXPECT_EQ(processes.HandToDesktop(u"--help"), kFileNotFound);
     path.set("/none");
-    EXPECT_EQ(processes.ShellExecuteA(u"http://a"), kFileNotFound);
+    EXPECT_EQ(processes.HandToDesktop(u"http://a"), kFileNotFound);
     fs::current_path(before);
 }
 

@@ -17,7 +17,7 @@ namespace quorkit::test {
 namespace {
 
 namespace fs = std::filesystem;
-using disk::FolderHive;
+using native::FolderHive;
 
 RegistryValue text(StringView value) {
     return {kRegString, base::toUtf16(String(value) + u'\0')};
@@ -29,7 +29,7 @@ RegistryValue dword(char byte) {
 class LinuxRegistry : public testing::Test {
    protected:
     Scratch scratch;
-    FolderHive hive{[this] { return scratch.path("store").string(); }, disk::kForUser};
+    FolderHive hive{[this] { return scratch.path("store").string(); }, native::kForUser};
     const std::string values = "store/acme/tool/@values";
     const Hive::Path tool = {u"Acme", u"Tool"};
 
@@ -108,7 +108,7 @@ TEST_F(LinuxRegistry, GetsOverUnfinishedLines) {
 }
 
 TEST_F(LinuxRegistry, HasNothingWithoutAFolder) {
-    FolderHive none{[] { return std::string(); }, disk::kForUser};
+    FolderHive none{[] { return std::string(); }, native::kForUser};
     RegistryValue value;
     std::vector<String> names;
     EXPECT_EQ(none.open({}, RegistryAccess::Read), kSuccess);
@@ -137,7 +137,7 @@ TEST_F(LinuxRegistry, LeavesItsFolderByNoName) {
              {longName, {}},
              {longName.substr(1) + u"Q", {}},
          }) {
-        const std::string folder = disk::folderNameOf(one.name);
+        const std::string folder = native::folderNameOf(one.name);
         EXPECT_TRUE(one.folder.empty() || one.folder == folder) << folder;
         EXPECT_LE(folder.size(), 255u);
         EXPECT_EQ(hive.create({u"Names", one.name}), kSuccess);
@@ -147,7 +147,7 @@ TEST_F(LinuxRegistry, LeavesItsFolderByNoName) {
         EXPECT_EQ(names, std::vector<String>{one.name});
         EXPECT_EQ(hive.deleteKey({u"NAMES", one.name}), kSuccess);
     }
-    EXPECT_NE(disk::folderNameOf(longName), disk::folderNameOf(longName.substr(1)));
+    EXPECT_NE(native::folderNameOf(longName), native::folderNameOf(longName.substr(1)));
     EXPECT_EQ(damage(), std::vector<std::string>());
     EXPECT_EQ(scratch.count(), 1u);
 }
@@ -207,7 +207,7 @@ TEST_F(LinuxRegistry, GetsOverWhatItCannotUse) {
 }
 
 TEST_F(LinuxRegistry, GivesRightsWhateverTheProcessHas) {
-    FolderHive shared{[this] { return scratch.path("shared").string(); }, disk::kForEverybody};
+    FolderHive shared{[this] { return scratch.path("shared").string(); }, native::kForEverybody};
     const mode_t before = umask(0077);
     EXPECT_EQ(shared.create(tool), kSuccess);
     EXPECT_EQ(shared.setValues(tool, std::vector<NamedValue>{{u"Left", dword(1)}}), kSuccess);

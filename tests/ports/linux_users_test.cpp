@@ -15,7 +15,7 @@
 
 #include <filesystem>
 
-#include "linux/names.h"
+#include "linux/linux_names.h"
 #include "support/child.h"
 #include "support/errors.h"
 #include "support/scratch.h"
@@ -149,11 +149,11 @@ int replaceBySquatted(const std::vector<std::string>& names) {
     Files& files = ports::native().files;
     Handle lock = Handle::Invalid;
     Handle made = Handle::Invalid;
-    ErrorCode code = files.LockFileA(fs::path(names[0]).u16string(), lock);
+    ErrorCode code = files.LockForChange(fs::path(names[0]).u16string(), lock);
     if (code == kSuccess)
         code = files.CreateReplacement(lock, fs::path(names[1]).u16string(), made);
     if (code == kSuccess) code = files.WriteFile(made, "new");
-    if (code == kSuccess) code = files.ReplaceFileA(lock, made);
+    if (code == kSuccess) code = files.Replace(lock, made);
     if (code == kSuccess) code = files.CloseHandle(made);
     if (code == kSuccess) code = files.CloseHandle(lock);
     return static_cast<int>(code);

@@ -84,7 +84,7 @@ TEST_F(ProcessesTest, AreNotStarted) {
     };
     for (const auto& [command, code] : cases)
         EXPECT_EQ(start(command), code) << testing::PrintToString(command);
-    EXPECT_EQ(processes.ShellExecuteA(scratch.name("none.txt")), kFileNotFound);
+    EXPECT_EQ(processes.HandToDesktop(scratch.name("none.txt")), kFileNotFound);
 }
 
 TEST_F(ProcessesTest, EndWithTheirGroup) {
@@ -93,7 +93,7 @@ TEST_F(ProcessesTest, EndWithTheirGroup) {
         EXPECT_TRUE(appears(scratch.path("begun"), kLong));
         EXPECT_EQ(processes.WaitForSingleObject(process, ends ? kLong : milliseconds(50)),
                   ends ? Waited::Ended : Waited::TimedOut);
-        EXPECT_EQ(processes.TerminateProcess(process), kSuccess);
+        EXPECT_EQ(processes.EndProcess(process), kSuccess);
         processes.CloseHandle(process);
         scratch.write("go", "");
         EXPECT_FALSE(appears(scratch.path("alive"), milliseconds(500)));

@@ -145,7 +145,7 @@ TEST_P(RegistryTest, DeletesKeysThatHaveNoneBeneath) {
 TEST_P(RegistryTest, AnOpenKeyAllowsWhatItWasOpenedFor) {
     Handle made = Handle::Invalid;
     ASSERT_EQ(registry.RegCreateKeyA(RegistryRoot::CurrentUser, base, made), kSuccess);
-    EXPECT_EQ(registry.RegSetValueExA(made, kAny), kSuccess);
+    EXPECT_EQ(registry.SetValues(made, kAny), kSuccess);
     EXPECT_EQ(registry.RegQueryValueExA(made, u"v", value), kSuccess);
     registry.RegCloseKey(made);
     const registry::OpenKey reading = read();

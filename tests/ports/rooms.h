@@ -20,7 +20,9 @@ class RoomTest : public testing::TestWithParam<bool> {
     Scratch scratch;
 
    protected:
-    Files& files = GetParam() ? ports::native().files : memory.files;
+    Ports& world = GetParam() ? ports::native() : memory.ports;
+    Files& files = world.files;
+    Folders& folders = world.folders;
     Handle opened = Handle::Invalid;
 
     String name(const std::string& file) {
@@ -40,12 +42,12 @@ class RoomTest : public testing::TestWithParam<bool> {
     }
     Handle open(const std::string& file, FileAccess access) {
         Handle handle = Handle::Invalid;
-        EXPECT_EQ(files.CreateFileA(name(file), access, handle), kSuccess);
+        EXPECT_EQ(files.Open(name(file), access, handle), kSuccess);
         return handle;
     }
     Handle lock(const std::string& file, Wait wait = Wait::Patiently) {
         Handle handle = Handle::Invalid;
-        EXPECT_EQ(files.LockFileA(name(file), handle, wait), kSuccess);
+        EXPECT_EQ(files.LockForChange(name(file), handle, wait), kSuccess);
         return handle;
     }
     void close(Handle handle) { EXPECT_EQ(files.CloseHandle(handle), kSuccess); }
@@ -62,7 +64,7 @@ class RoomTest : public testing::TestWithParam<bool> {
         EXPECT_EQ(files.CreateReplacement(held, name("work"), made), kSuccess);
         EXPECT_EQ(files.WriteFile(made, bytes), kSuccess);
         EXPECT_EQ(files.FlushFileBuffers(made), kSuccess);
-        const ErrorCode code = files.ReplaceFileA(held, made);
+        const ErrorCode code = files.Replace(held, made);
         close(made);
         return code;
     }

@@ -74,7 +74,7 @@ Shown shown(const SystemTime& time) {
 }
 Shown shown(System& system, FileTime time) {
     SystemTime local;
-    return system.FileTimeToSystemTime(time, local) ? shown(local) : Shown{};
+    return system.LocalTimeOf(time, local) ? shown(local) : Shown{};
 }
 
 TEST(Systems, ShowTimes) {
@@ -113,7 +113,7 @@ TEST(NativeSystem, KnowsItsFolders) {
     std::uint32_t attributes = 0;
     ASSERT_TRUE(native.system.GetTempPathA(folder));
     EXPECT_NE(String(u"\\/").find(folder.back()), String::npos);
-    EXPECT_EQ(native.files.GetFileAttributesA(folder, attributes), kSuccess);
+    EXPECT_EQ(native.folders.GetFileAttributesA(folder, attributes), kSuccess);
     EXPECT_NE(attributes & kDirectory, 0u);
 
     constexpr int kProfile = 40;

@@ -29,7 +29,7 @@ TEST(Win32Clipboard, HasTheBestFormOfAPictureAndABitmap) {
     const std::string dib = base::dibOf(all[1].file).value();
     for (const auto& [i, format, size] :
          {std::tuple{0u, png, 48u}, {1u, UINT{CF_DIB}, 64u}, {2u, jpeg, 44u}, {3u, gif, 44u}}) {
-        EXPECT_TRUE(port.SetClipboardData(ClipboardFormat::Bitmap, all[i].file));
+        EXPECT_TRUE(port.PutOnClipboard(ClipboardFormat::Bitmap, all[i].file));
         EXPECT_EQ(under(format), format == CF_DIB ? dib : all[i].file);
         EXPECT_EQ(under(CF_DIB).size(), size);
         if (i == 0) {
@@ -46,7 +46,7 @@ TEST(Win32Clipboard, HasTheBestFormOfAPictureAndABitmap) {
         EXPECT_TRUE(::OpenClipboard(nullptr));
         std::string found = "none";
         EXPECT_FALSE(port.GetClipboardData(ClipboardFormat::Bitmap, found));  // it is locked
-        EXPECT_TRUE(win32::ClipboardItem(format, bytes).put());
+        EXPECT_TRUE(native::ClipboardItem(format, bytes).put());
         ::CloseClipboard();
         port.GetClipboardData(ClipboardFormat::Bitmap, found);
         EXPECT_EQ(found, expected);

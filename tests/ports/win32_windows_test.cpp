@@ -88,7 +88,7 @@ TEST_F(Win32Windows, AnyThreadShowsAndHidesTheWaitWindow) {
     EXPECT_EQ(show(u"quorkit a", nullptr)(), (Titles{u"quorkit a", title}));
     EXPECT_EQ(elsewhere(show(u"quorkit b", window)), (Titles{u"quorkit b", title}));
     EXPECT_EQ(place(u"quorkit b"), std::tuple(250, 150, false));
-    EXPECT_TRUE(desktop.SetWindowPos(handleOf(window), true));
+    EXPECT_TRUE(desktop.SetTopmost(handleOf(window), true));
     EXPECT_EQ(elsewhere(show(u"quorkit c", window)), (Titles{u"quorkit c", title}));
     EXPECT_EQ(place(u"quorkit c"), std::tuple(250, 150, true));
     const auto hide = [&] {
@@ -115,12 +115,12 @@ TEST_F(Win32Windows, WhatIsPostedAfterTheEndIsHandledAndTheEndStays) {
                 ::PostQuitMessage(7);
             handled = 0;
             ::PostMessageW(own, WM_APP + 1, 0, 0);
-            EXPECT_TRUE(host.MsgWaitForMultipleObjects(soon()));
+            EXPECT_TRUE(host.WaitForEvents(soon()));
             host.DoEvents();
             EXPECT_EQ(handled, 1);
-            EXPECT_FALSE(host.MsgWaitForMultipleObjects(soon()));
+            EXPECT_FALSE(host.WaitForEvents(soon()));
             ::PostMessageW(own, WM_APP + 1, 0, 0);
-            EXPECT_TRUE(host.MsgWaitForMultipleObjects(soon()));
+            EXPECT_TRUE(host.WaitForEvents(soon()));
             host.DoEvents();
             EXPECT_EQ(handled, 2);
             MSG message;
@@ -133,7 +133,7 @@ TEST_F(Win32Windows, WhatIsPostedAfterTheEndIsHandledAndTheEndStays) {
         host.DoEvents();
         ::PostMessageW(own, WM_APP, 0, 0);
         host.DoEvents();
-        EXPECT_TRUE(host.MsgWaitForMultipleObjects(soon()));
+        EXPECT_TRUE(host.WaitForEvents(soon()));
         EXPECT_GT(handled, 2);
         ::DestroyWindow(own);
     })

@@ -87,7 +87,7 @@ TEST(SystemLanguage, AndCountry) {
     using Code = std::optional<String>;
     for (const auto& [code, number] : std::vector<std::pair<Code, Long>>{
              {u"41", 41}, {u" 1x", 1}, {u"", 0}, {u"99999999999", 0}, {{}, 0}}) {
-        world.system.dialingCode = code;
+        world.system.diallingCode = code;
         EXPECT_EQ(windows(u"GetSystemCountryCode"), Variant(number));
     }
 #ifndef _WIN32

@@ -25,7 +25,7 @@ class Clipboard {
     /// one there meanwhile. Bytes that are no picture of the kind that `format` names are refused,
     /// and the clipboard stays as it is. Windows also offers a picture as a bitmap to programs that
     /// know no other.
-    virtual bool SetClipboardData(ClipboardFormat format, const std::string& data) = 0;
+    virtual bool PutOnClipboard(ClipboardFormat format, const std::string& data) = 0;
     /// False when there is nothing of that format; `data` is then left as it is.
     virtual bool GetClipboardData(ClipboardFormat format, std::string& data) = 0;
 };

@@ -52,11 +52,11 @@ class Desktop {
     /// system shows, also for one of this program's own.
     virtual String GetWindowTextA(WindowHandle window) = 0;
     /// Puts a window above all others, for good, or back among them.
-    virtual bool SetWindowPos(WindowHandle window, bool topmost) = 0;
+    virtual bool SetTopmost(WindowHandle window, bool topmost) = 0;
     /// False when there is no such window, or when it takes no such message.
     virtual bool PostMessageA(WindowHandle window, WindowMessage message) = 0;
     /// The part of the screen that panels leave to windows.
-    virtual bool SystemParametersInfoA(ScreenArea& workArea) = 0;
+    virtual bool WorkArea(ScreenArea& area) = 0;
 };
 
 }  // namespace quorkit

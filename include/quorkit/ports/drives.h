@@ -32,9 +32,9 @@ class Drives {
     virtual std::vector<String> GetLogicalDriveStringsA() = 0;
     /// The serial number of the volume whose root is "C:\" or "\\server\share\". On
     /// Linux that of FAT, exFAT and NTFS volumes is the same as on Windows.
-    virtual ErrorCode GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) = 0;
+    virtual ErrorCode VolumeSerialNumber(const String& root, std::uint32_t& serialNumber) = 0;
     /// The network connections, in the system's order.
-    virtual ErrorCode WNetEnumResourceA(std::vector<NetworkConnection>& connections) = 0;
+    virtual ErrorCode ListConnections(std::vector<NetworkConnection>& connections) = 0;
 };
 
 }  // namespace quorkit

@@ -40,12 +40,12 @@ class HiveRegistry : public Registry {
     ErrorCode RegCreateKeyA(RegistryRoot root, const String& path, Handle& key) override;
     void RegCloseKey(Handle key) override;
     ErrorCode RegQueryValueExA(Handle key, const String& name, RegistryValue& value) override;
-    ErrorCode RegSetValueExA(Handle key, std::span<const NamedValue> values) override;
+    ErrorCode SetValues(Handle key, std::span<const NamedValue> values) override;
     ErrorCode RegDeleteValueA(Handle key, const String& name) override;
-    ErrorCode RegEnumValueA(Handle key, std::vector<NamedValue>& values) override;
-    ErrorCode RegEnumKeyExA(Handle key, std::vector<String>& names) override;
+    ErrorCode ListValues(Handle key, std::vector<NamedValue>& values) override;
+    ErrorCode ListKeys(Handle key, std::vector<String>& names) override;
     ErrorCode RegDeleteKeyA(Handle parent, const String& name) override;
-    std::vector<RegistryDamage> check() override;
+    std::vector<RegistryDamage> FindDamage() override;
 
    private:
     /// A key in one of the hives.

@@ -63,7 +63,7 @@ class Host {
     virtual void DoEvents() = 0;
     /// Waits for something that DoEvents has to handle, which WM_QUIT is not; false when nothing
     /// came by `deadline`, as always on Linux.
-    virtual bool MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) = 0;
+    virtual bool WaitForEvents(std::chrono::steady_clock::time_point deadline) = 0;
 
     /// The mouse pointer over the program's windows; on Linux over the wait window alone, on
     /// Windows until one of them sets its own.

@@ -7,10 +7,10 @@
 #include <quorkit/ports/clipboard.h>
 #include <quorkit/ports/desktop.h>
 #include <quorkit/ports/drives.h>
-#include <quorkit/ports/files.h>
 #include <quorkit/ports/hives.h>
 #include <quorkit/ports/host.h>
 #include <quorkit/ports/keyboard.h>
+#include <quorkit/ports/memory_files.h>
 #include <quorkit/ports/ports.h>
 #include <quorkit/ports/processes.h>
 #include <quorkit/ports/system.h>
@@ -25,68 +25,6 @@
 #include <vector>
 
 namespace quorkit {
-
-/// Names are Windows names, compared without regard to letter case. The drive "C:" is there from
-/// the start; names without a drive stand in its root. Setting up makes what is missing around a
-/// name, drives and shares included, and throws std::invalid_argument for a name that cannot stand
-/// where it should, such as one beneath a file.
-class MemoryFiles final : public Files {
-   public:
-    MemoryFiles();
-    ~MemoryFiles() override;
-    MemoryFiles(const MemoryFiles&) = delete;
-    MemoryFiles& operator=(const MemoryFiles&) = delete;
-
-    // --- Setting up ---
-
-    /// Makes a folder, or the root of a drive such as "D:" or of a share such as "\\server\share".
-    void addFolder(const String& name);
-    /// Puts a new file in place of any that stands there. It bears the archive attribute and the
-    /// first moment of 1970, and keeps both whatever is written to it.
-    void put(const String& name, std::string content);
-    /// Makes a link to a file or folder, which need not exist. A relative target counts from the
-    /// folder of the link.
-    void addLink(const String& name, const String& target);
-    /// In a read-only folder nothing can be made, replaced or deleted.
-    void setReadOnly(const String& name, bool readOnly = true);
-    /// Sets kReadOnly, kHidden, kSystem and kArchive as they are in `attributes`.
-    void setAttributes(const String& name, std::uint32_t attributes);
-    void setLastWrite(const String& name, FileTime time);
-    /// How many bytes can still be written before the disk is full. Nothing gives any back.
-    void setFreeSpace(std::size_t bytes);
-    /// The content of a file; nothing when there is none of that name.
-    std::optional<std::string> content(const String& name) const;
-
-    // --- The port ---
-
-    ErrorCode CreateFileA(const String& name, FileAccess access, Handle& handle) override;
-    ErrorCode GetFileSizeEx(Handle handle, std::uint64_t& size) override;
-    ErrorCode SetFilePointerEx(Handle handle, std::uint64_t position) override;
-    ErrorCode ReadFile(Handle handle, char* buffer, std::size_t capacity,
-                       std::size_t& count) override;
-    ErrorCode WriteFile(Handle handle, std::string_view bytes,
-                        std::string_view lineBreak = {}) override;
-    ErrorCode SetEndOfFile(Handle handle) override;
-    ErrorCode FlushFileBuffers(Handle handle) override;
-    ErrorCode CloseHandle(Handle handle) override;
-    ErrorCode GetFinalPathNameA(const String& name, String& target) override;
-    ErrorCode LockFileA(const String& name, Handle& handle, Wait wait) override;
-    ErrorCode CreateReplacement(Handle lock, const String& beside, Handle& file) override;
-    ErrorCode ReplaceFileA(Handle lock, Handle file, Wait wait) override;
-    ErrorCode WriteInPlace(Handle lock, std::string_view content) override;
-    ErrorCode FlushFolderOf(const String& name) override;
-    ErrorCode DeleteFileA(const String& name) override;
-    ErrorCode GetFileAttributesA(const String& name, std::uint32_t& attributes) override;
-    ErrorCode CreateDirectoryA(const String& name) override;
-    ErrorCode FindFirstFileA(const String& folder, FindDetail detail, Handle& search,
-                             FindData& entry) override;
-    ErrorCode FindNextFileA(Handle search, FindData& entry) override;
-    void FindClose(Handle search) override;
-
-   private:
-    struct State;
-    std::unique_ptr<State> state_;
-};
 
 /// The system as it is told to be.
 class MemorySystem : public System {
@@ -106,16 +44,16 @@ class MemorySystem : public System {
     std::optional<OsVersion> version = OsVersion{};
     /// Whether it tells only the short record.
     bool shortRecordOnly = false;
-    std::optional<String> dialingCode = u"1";
+    std::optional<String> diallingCode = u"1";
 
     LanguageIdentifier GetUserDefaultUILanguage() override { return userLanguage; }
     LanguageIdentifier GetSystemDefaultLangID() override { return systemLanguage; }
     SystemTime GetLocalTime() override { return localTime; }
     bool GetVersionExA(OsRecord size, OsVersion& answer) override;
-    bool GetLocaleInfoA(String& code) override;
+    bool DiallingCode(String& code) override;
     std::uint64_t QueryPerformanceCounter() override { return performanceCounter; }
 
-    bool FileTimeToSystemTime(FileTime time, SystemTime& local) override;
+    bool LocalTimeOf(FileTime time, SystemTime& local) override;
     bool GetEnvironmentVariableA(const String& name, String& value) override;
     bool GetTempPathA(String& folder) override;
     bool SHGetFolderPathA(int folder, String& path) override;
@@ -137,8 +75,8 @@ class MemoryDrives final : public Drives {
 
     int GetDriveTypeA(const String& root) override;
     std::vector<String> GetLogicalDriveStringsA() override;
-    ErrorCode GetVolumeInformationA(const String& root, std::uint32_t& serialNumber) override;
-    ErrorCode WNetEnumResourceA(std::vector<NetworkConnection>& connections) override;
+    ErrorCode VolumeSerialNumber(const String& root, std::uint32_t& serialNumber) override;
+    ErrorCode ListConnections(std::vector<NetworkConnection>& connections) override;
 };
 
 /// A registry that is empty at the start, and gone at the end.
@@ -184,7 +122,7 @@ class MemoryHost final : public Host {
     bool GetSaveFileNameA(const FileDialog& dialog, String& name) override;
     bool SHBrowseForFolderA(const FileDialog& dialog, String& name) override;
     void DoEvents() override;
-    bool MsgWaitForMultipleObjects(std::chrono::steady_clock::time_point deadline) override;
+    bool WaitForEvents(std::chrono::steady_clock::time_point deadline) override;
     void SetPointer(Pointer other) override { pointer = other; }
     void ShowWaitWindow(const String& text, WindowHandle owner) override;
     void HideWaitWindow() override { waitText.reset(); }
@@ -211,18 +149,18 @@ class MemoryProcesses final : public Processes {
         Program program;
     };
     std::vector<Started> started;
-    /// What ShellExecuteA was given, and what it answers.
+    /// What HandToDesktop was given, and what it answers.
     std::vector<String> opened;
     ErrorCode openAnswer = kSuccess;
 
     ErrorCode CreateProcessA(const String& commandLine, const String& title, Ending ending,
                              Handle& process) override;
-    Waited WaitForSingleObject(Handle process, std::chrono::milliseconds longest) override;
-    Waited WaitForSingleObject(Handle process) override;
+    Waited WaitForSingleObject(Handle process,
+                               std::optional<std::chrono::milliseconds> longest) override;
     ErrorCode GetExitCodeProcess(Handle process, Long& code) override;
-    ErrorCode TerminateProcess(Handle process) override;
+    ErrorCode EndProcess(Handle process) override;
     void CloseHandle(Handle process) override;
-    ErrorCode ShellExecuteA(const String& target) override;
+    ErrorCode HandToDesktop(const String& target) override;
 };
 
 /// A screen with the windows that are put there.
@@ -243,9 +181,9 @@ class MemoryDesktop final : public Desktop {
                              const std::optional<String>& title) override;
     bool IsWindow(WindowHandle window) override { return find(window) != nullptr; }
     String GetWindowTextA(WindowHandle window) override;
-    bool SetWindowPos(WindowHandle window, bool topmost) override;
+    bool SetTopmost(WindowHandle window, bool topmost) override;
     bool PostMessageA(WindowHandle window, WindowMessage message) override;
-    bool SystemParametersInfoA(ScreenArea& area) override;
+    bool WorkArea(ScreenArea& area) override;
 
    private:
     Window* find(WindowHandle window);
@@ -269,13 +207,14 @@ class MemoryClipboard final : public Clipboard {
     bool locked = false;
 
     bool EmptyClipboard() override;
-    bool SetClipboardData(ClipboardFormat format, const std::string& data) override;
+    bool PutOnClipboard(ClipboardFormat format, const std::string& data) override;
     bool GetClipboardData(ClipboardFormat format, std::string& data) override;
 };
 
 /// A whole world in memory.
 struct MemoryPorts {
     MemoryFiles files;
+    MemoryFolders folders{files};
     MemoryDrives drives;
     MemoryRegistry registry;
     MemorySystem system;
@@ -284,7 +223,8 @@ struct MemoryPorts {
     MemoryDesktop desktop;
     MemoryKeyboard keyboard;
     MemoryClipboard clipboard;
-    Ports ports{files, drives, registry, system, host, processes, desktop, keyboard, clipboard};
+    Ports ports{files, folders,   drives,  registry, system,
+                host,  processes, desktop, keyboard, clipboard};
     operator Ports&() { return ports; }  // NOLINT(google-explicit-constructor): it is one
 };
 

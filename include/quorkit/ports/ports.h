@@ -11,6 +11,7 @@ class Clipboard;
 class Desktop;
 class Drives;
 class Files;
+class Folders;
 class Host;
 class Keyboard;
 class Processes;
@@ -23,6 +24,7 @@ concept PortOf = (std::is_convertible_v<Port&, Kinds&> || ...);
 
 struct Ports {
     Files& files;
+    Folders& folders;
     Drives& drives;
     Registry& registry;
     System& system;
@@ -32,18 +34,22 @@ struct Ports {
     Keyboard& keyboard;
     Clipboard& clipboard;
 
-    /// This world with `port` in the place of its own port of that kind.
-    template <
-        PortOf<Files, Drives, Registry, System, Host, Processes, Desktop, Keyboard, Clipboard> Port>
-    Ports with(Port& port) const {
-        const auto other = [&]<class Kind>(Kind& own) -> Kind& {
-            if constexpr (std::is_convertible_v<Port&, Kind&>)
-                return port;
-            else
-                return own;
+    /// This world with each of `own` in the place of its own port of that kind. Files and folders
+    /// belong together.
+    template <PortOf<Files, Folders, Drives, Registry, System, Host, Processes, Desktop, Keyboard,
+                     Clipboard>... Own>
+    Ports with(Own&... own) const {
+        const auto chosen = [&]<class Kind>(Kind& port) -> Kind& {
+            Kind* kind = &port;
+            const auto choose = [&]<class One>(One& one) {
+                if constexpr (std::is_convertible_v<One&, Kind&>) kind = &one;
+            };
+            (choose(own), ...);
+            return *kind;
         };
-        return {other(files),     other(drives),  other(registry), other(system),   other(host),
-                other(processes), other(desktop), other(keyboard), other(clipboard)};
+        return {chosen(files),    chosen(folders),  chosen(drives),    chosen(registry),
+                chosen(system),   chosen(host),     chosen(processes), chosen(desktop),
+                chosen(keyboard), chosen(clipboard)};
     }
 };
 

@@ -5,6 +5,7 @@
 #include <quorkit/values.h>
 
 #include <chrono>
+#include <optional>
 
 namespace quorkit {
 
@@ -13,7 +14,7 @@ class Processes {
     virtual ~Processes() = default;
 
     enum class Ending {
-        WithItself,  ///< TerminateProcess ends the process
+        WithItself,  ///< EndProcess ends the process
         /// And everything that it has started; on Linux unless that has left for a session of its
         /// own. There the process has no terminal, and Ctrl-C at this program's does not reach it.
         WithItsGroup
@@ -28,17 +29,17 @@ class Processes {
     /// kInvalidName for U+0000 in the line. On success CloseHandle must follow.
     virtual ErrorCode CreateProcessA(const String& commandLine, const String& title, Ending ending,
                                      Handle& process) = 0;
-    /// Waits until the process has ended, but no longer than so.
-    virtual Waited WaitForSingleObject(Handle process, std::chrono::milliseconds longest) = 0;
-    /// Waits however long it takes.
-    virtual Waited WaitForSingleObject(Handle process) = 0;
+    /// Waits until the process has ended, but no longer than so; without a limit however long it
+    /// takes.
+    virtual Waited WaitForSingleObject(
+        Handle process, std::optional<std::chrono::milliseconds> longest = std::nullopt) = 0;
     /// How a process that has ended did so: its exit code; on Linux 128 and the signal's number
     /// when a signal ended it, as a shell has it. kGeneralFailure when nobody can tell: on Linux a
     /// program that ignores SIGCHLD, or waits for just any child, takes the answer away.
     virtual ErrorCode GetExitCodeProcess(Handle process, Long& code) = 0;
     /// Ends a process, unless it has ended, and what is left of its group. It is gone when this
     /// returns. kAccessDenied when it may not be ended, as on Linux another user's.
-    virtual ErrorCode TerminateProcess(Handle process) = 0;
+    virtual ErrorCode EndProcess(Handle process) = 0;
     /// Gives back what the handle holds. A process that runs goes on.
     virtual void CloseHandle(Handle process) = 0;
 
@@ -46,7 +47,7 @@ class Processes {
     /// wait for that. No shell reads the address. kFileNotFound when there is nobody to hand it to,
     /// or no such document; kInvalidName for U+0000 in it. On Linux xdg-open gets it; nobody learns
     /// what becomes of it there.
-    virtual ErrorCode ShellExecuteA(const String& target) = 0;
+    virtual ErrorCode HandToDesktop(const String& target) = 0;
 };
 
 }  // namespace quorkit

@@ -59,14 +59,14 @@ class Registry {
     virtual ErrorCode RegQueryValueExA(Handle key, const String& name, RegistryValue& value) = 0;
     /// Sets values, of two with the same name the later one: all of them or, on a failure, none;
     /// only Windows may keep some then.
-    virtual ErrorCode RegSetValueExA(Handle key, std::span<const NamedValue> values) = 0;
+    virtual ErrorCode SetValues(Handle key, std::span<const NamedValue> values) = 0;
     virtual ErrorCode RegDeleteValueA(Handle key, const String& name) = 0;
     // A failure leaves the list as it was.
 
     /// All values of a key, in the system's order.
-    virtual ErrorCode RegEnumValueA(Handle key, std::vector<NamedValue>& values) = 0;
+    virtual ErrorCode ListValues(Handle key, std::vector<NamedValue>& values) = 0;
     /// The names of all keys directly beneath a key, in the system's order.
-    virtual ErrorCode RegEnumKeyExA(Handle key, std::vector<String>& names) = 0;
+    virtual ErrorCode ListKeys(Handle key, std::vector<String>& names) = 0;
     /// Deletes the key `name` beneath `parent`, which is open for writing, with its values.
     /// kAccessDenied when it has keys beneath it; kInvalidParameter when `name` is empty or holds
     /// a "\".
@@ -74,7 +74,7 @@ class Registry {
 
     /// What is damaged in the store where it is the library's own; nothing where it is the
     /// system's.
-    virtual std::vector<RegistryDamage> check() = 0;
+    virtual std::vector<RegistryDamage> FindDamage() = 0;
 };
 
 }  // namespace quorkit

@@ -1,7 +1,7 @@
 // What the operating system says of itself and its user.
 #pragma once
 
-#include <quorkit/ports/files.h>
+#include <quorkit/ports/folders.h>
 #include <quorkit/values.h>
 
 #include <cstdint>
@@ -50,12 +50,12 @@ class System {
     virtual bool GetVersionExA(OsRecord size, OsVersion& version) = 0;
     /// The dialling code of the system's country in decimal digits, without zeros or "+" in front.
     /// False when it is not known. On Linux it comes from the locale's data on telephones.
-    virtual bool GetLocaleInfoA(String& dialingCode) = 0;
+    virtual bool DiallingCode(String& diallingCode) = 0;
 
     virtual SystemTime GetLocalTime() = 0;
     /// A time in the user's time zone. False when it is none that a calendar can show. Linux counts
     /// with the daylight saving time of that day, Windows always with today's.
-    virtual bool FileTimeToSystemTime(FileTime time, SystemTime& local) = 0;
+    virtual bool LocalTimeOf(FileTime time, SystemTime& local) = 0;
     /// A counter that runs for as long as the system does, in steps of a microsecond or less.
     virtual std::uint64_t QueryPerformanceCounter() = 0;
 

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-#include "linux/x11/connection.h"
+#include "linux/x11/x11_connection.h"
 
 namespace quorkit::x11 {
 

@@ -1,7 +1,7 @@
 // A window that nobody sees, for what programs tell each other by way of windows.
 #pragma once
 
-#include "linux/x11/connection.h"
+#include "linux/x11/x11_connection.h"
 
 namespace quorkit::x11 {
 

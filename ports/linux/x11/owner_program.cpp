@@ -9,8 +9,8 @@
 #include <filesystem>
 #include <string_view>
 
-#include "linux/calls.h"
 #include "linux/descriptor.h"
+#include "linux/linux_calls.h"
 #include "linux/run_tool.h"
 
 namespace quorkit::x11 {
@@ -49,7 +49,7 @@ fs::path program() {
 bool writeAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count =
-            disk::unlessInterrupted([&] { return write(file, bytes.data(), bytes.size()); });
+            native::unlessInterrupted([&] { return write(file, bytes.data(), bytes.size()); });
         if (count < 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
@@ -59,11 +59,11 @@ bool writeAll(int file, std::string_view bytes) {
 }  // namespace
 
 bool startOwner(ClipboardFormat format, const std::string& content) {
-    const disk::Descriptor file(memfd_create(kName, MFD_CLOEXEC));
+    const native::Descriptor file(memfd_create(kName, MFD_CLOEXEC));
     if (!file || !writeAll(file.get(), content) || lseek(file.get(), 0, SEEK_SET) != 0)
         return false;
     const auto result =
-        disk::runTool({program().string(), std::to_string(static_cast<int>(format))}, file.get());
+        native::runTool({program().string(), std::to_string(static_cast<int>(format))}, file.get());
     const bool owns = result.output == std::string(1, kOwns);
     if (!owns)
         ports::giveReason(std::string("the program ") + kName +

@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "linux/x11/connection.h"
+#include "linux/x11/x11_connection.h"
 
 namespace quorkit::x11 {
 

@@ -1,0 +1,68 @@
+// What is behind a Handle on Linux.
+#pragma once
+
+#include <fcntl.h>
+#include <quorkit/ports/files.h>
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "linux/file_lock.h"
+
+namespace quorkit::native {
+
+/// What is known of a file for adding from one write to the next.
+struct Adding {
+    unsigned generation = 0;     ///< of the process that opened it
+    bool safe = false;           ///< whether a lock keeps others from replacing it
+    std::uint32_t links = 0;     ///< how many names it had when its own was looked at,
+    std::int64_t lastLook = 0;   ///< and when that was
+    off_t end = -1;              ///< where the last line ends if nobody else has added anything
+    off_t size = 0;              ///< of the last line
+    std::string beginning = {};  ///< of the last line
+    std::string feed = {};       ///< what ends a line
+};
+
+/// An open file, or the lock on one that is there or not. Its end unlocks and closes it.
+struct Opened {
+    int descriptor = -1;
+    FileAccess access = FileAccess::Read;
+    std::string path;
+    struct stat about = {};  ///< as it was when it was opened; of a lock, when it was locked
+    bool locked = false;     ///< whether `lock` has been called
+    bool forWork = false;    ///< of a replacement: whether it stands at `path`
+    Adding adding;
+
+    Opened() = default;
+    ~Opened() { close(); }
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+
+    /// Opens a regular file at `path` with flags of open(2). To be written it is not opened through
+    /// another user's link, see finalPath.
+    ErrorCode openRegular(int flags);
+    ErrorCode lock(int kind, Wait wait = Wait::Patiently);
+    void unlock();
+    ErrorCode close();
+    /// Whether `path` leads to this file now.
+    bool keepsItsName() const;
+    /// Whether it does, and nobody has written to it since `about`.
+    bool isAsItWas() const;
+};
+
+inline Opened& openedOf(Handle handle) {
+    return *reinterpret_cast<Opened*>(handle);
+}
+inline Handle handOut(std::unique_ptr<Opened> file) {
+    return Handle(reinterpret_cast<std::intptr_t>(file.release()));
+}
+
+/// Never waits for a pipe or a device, and is closed in programs that we start.
+inline constexpr int kQuietly = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+
+/// Without any write permission a file counts as read-only even for the superuser.
+bool writableByAnyone(const struct stat& file);
+
+}  // namespace quorkit::native

@@ -1,0 +1,29 @@
+// The user's keys stand in the user's data folder, the machine's where programs keep their state
+// (Filesystem Hierarchy Standard 3.0, /var/lib).
+#include "linux/folder_hive.h"
+#include "linux/user_folders.h"
+#include "native/native_registry.h"
+
+namespace quorkit::native {
+namespace {
+
+constexpr const char* kFolder = "quorkit/registry";
+
+std::string userFolder() {
+    return inFolder(baseFolder("XDG_DATA_HOME", ".local/share"), kFolder);
+}
+
+std::string machineFolder() {
+    return inFolder("/var/lib", kFolder);
+}
+
+}  // namespace
+
+Registry& nativeRegistry() {
+    static FolderHive user(userFolder, kForUser);
+    static FolderHive machine(machineFolder, kForEverybody);
+    static HiveRegistry registry(user, machine);
+    return registry;
+}
+
+}  // namespace quorkit::native

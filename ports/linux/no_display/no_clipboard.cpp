@@ -1,0 +1,19 @@
+// A build that knows no display has no clipboard.
+#include "linux/no_display/no_display.h"
+#include "native/native_desktop.h"
+
+namespace quorkit::native {
+
+bool NativeClipboard::EmptyClipboard() {
+    return nothing<bool>();
+}
+
+bool NativeClipboard::PutOnClipboard(ClipboardFormat, const std::string&) {
+    return nothing<bool>();
+}
+
+bool NativeClipboard::GetClipboardData(ClipboardFormat, std::string&) {
+    return nothing<bool>();
+}
+
+}  // namespace quorkit::native

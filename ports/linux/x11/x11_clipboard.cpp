@@ -1,0 +1,78 @@
+// The clipboard is the selection CLIPBOARD. What is put there is given to a program of its own,
+// which owns it.
+#include <algorithm>
+#include <utility>
+
+#include "base/picture_kind.h"
+#include "base/unicode.h"
+#include "linux/x11/owner_program.h"
+#include "linux/x11/selection_reader.h"
+#include "linux/x11/selection_types.h"
+#include "native/native_desktop.h"
+
+namespace quorkit::native {
+namespace {
+
+using x11::Connection;
+using x11::Delivery;
+
+/// A text that calls itself UTF-8, or does not say what it is.
+std::string textOf(std::string bytes, const std::string& target) {
+    if (base::isUtf8(bytes)) return bytes;
+    return target == "text/plain" ? x11::utf8OfLatin1(bytes) : base::toUtf8(base::fromUtf8(bytes));
+}
+
+/// The content that has come, whatever the owner calls it; false when it is no such content.
+bool accept(ClipboardFormat format, const std::string& target, Delivery delivery,
+            std::string& data) {
+    // What an owner offers need not be what it delivers.
+    if (delivery.format != 8 || !base::fits(format, delivery.bytes)) return false;
+    if (format != ClipboardFormat::Text)
+        data = std::move(delivery.bytes);
+    else if (delivery.type == XCB_ATOM_STRING)
+        data = x11::utf8OfLatin1(delivery.bytes);
+    else
+        data = textOf(std::move(delivery.bytes), target);
+    return true;
+}
+
+bool read(Connection& connection, ClipboardFormat format, std::string& data) {
+    const std::vector<std::string> types = x11::typesOf(format);
+    connection.learn(types);
+    x11::SelectionReader reader(connection);
+    const auto offered = reader.offered();
+    for (const std::string& type : types) {
+        const xcb_atom_t target = connection.atom(type);
+        if (offered && std::ranges::find(*offered, target) == offered->end()) continue;
+        auto delivery = reader.ask(target);
+        if (delivery && accept(format, type, std::move(*delivery), data)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool NativeClipboard::EmptyClipboard() {
+    const Connection::Lease connection = Connection::borrow();
+    if (connection == nullptr) return false;
+    const xcb_atom_t selection = connection->atom("CLIPBOARD");
+    xcb_set_selection_owner(connection->get(), XCB_NONE, selection, XCB_CURRENT_TIME);
+    const auto cookie = xcb_get_selection_owner(connection->get(), selection);
+    const auto owner = replyTo(*connection, cookie, xcb_get_selection_owner_reply);
+    return owner != nullptr;
+}
+
+bool NativeClipboard::PutOnClipboard(ClipboardFormat format, const std::string& data) {
+    return base::fits(format, data) && Connection::borrow() != nullptr &&
+           x11::startOwner(format, data);
+}
+
+bool NativeClipboard::GetClipboardData(ClipboardFormat format, std::string& data) {
+    const Connection::Lease connection = Connection::borrow();
+    if (connection == nullptr) return false;
+    const bool found = read(*connection, format, data);
+    connection->forgetEvents();
+    return found;
+}
+
+}  // namespace quorkit::native

@@ -1,0 +1,21 @@
+// The user's own desktop as the host. A build has one of the rooms that implement it.
+#pragma once
+
+#include <quorkit/ports/host.h>
+
+namespace quorkit::native {
+
+class NativeHost final : public Host {
+   public:
+    void MessageBoxA(const String& text, const String& caption, std::uint32_t style) override;
+    bool GetOpenFileNameA(const FileDialog& dialog, String& name) override;
+    bool GetSaveFileNameA(const FileDialog& dialog, String& name) override;
+    bool SHBrowseForFolderA(const FileDialog& dialog, String& name) override;
+    void DoEvents() override;
+    bool WaitForEvents(std::chrono::steady_clock::time_point deadline) override;
+    void SetPointer(Pointer pointer) override;
+    void ShowWaitWindow(const String& text, WindowHandle owner) override;
+    void HideWaitWindow() override;
+};
+
+}  // namespace quorkit::native

@@ -1,0 +1,22 @@
+// The facts of the system this program runs on. A build has one of the rooms that implement it.
+#pragma once
+
+#include <quorkit/ports/system.h>
+
+namespace quorkit::native {
+
+class NativeSystem final : public System {
+   public:
+    LanguageIdentifier GetUserDefaultUILanguage() override;
+    LanguageIdentifier GetSystemDefaultLangID() override;
+    bool GetVersionExA(OsRecord size, OsVersion& version) override;
+    bool DiallingCode(String& diallingCode) override;
+    SystemTime GetLocalTime() override;
+    std::uint64_t QueryPerformanceCounter() override;
+    bool LocalTimeOf(FileTime time, SystemTime& local) override;
+    bool GetEnvironmentVariableA(const String& name, String& value) override;
+    bool GetTempPathA(String& folder) override;
+    bool SHGetFolderPathA(int folder, String& path) override;
+};
+
+}  // namespace quorkit::native

@@ -1,0 +1,15 @@
+// A handle of the system that is closed at its end.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+namespace quorkit::native {
+
+struct CloseIt {
+    void operator()(HANDLE handle) const { ::CloseHandle(handle); }
+};
+using OwnedHandle = std::unique_ptr<void, CloseIt>;
+
+}  // namespace quorkit::native

@@ -1,0 +1,23 @@
+#include <windows.h>
+
+#include "native/native_desktop.h"
+
+namespace quorkit::native {
+
+Byte NativeKeyboard::GetKeyState(int key) {
+    const auto state = static_cast<unsigned>(::GetKeyState(key));
+    return static_cast<Byte>((state & 0x8000 ? kKeyDown : 0) | (state & kKeyOn));
+}
+
+void NativeKeyboard::GetKeyboardState(KeyStates& states) {
+    // The table is brought up to date by asking for a key.
+    ::GetKeyState(0);
+    static_cast<void>(::GetKeyboardState(states.data()));
+}
+
+void NativeKeyboard::SetKeyboardState(const KeyStates& states) {
+    KeyStates copy = states;
+    static_cast<void>(::SetKeyboardState(copy.data()));
+}
+
+}  // namespace quorkit::native
