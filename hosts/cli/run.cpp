@@ -6,11 +6,11 @@
 #include <span>
 
 #include "cli/call.h"
+#include "cli/describe_command.h"
 #include "cli/failure.h"
 #include "cli/list.h"
 #include "cli/registry.h"
 #include "cli/usage.h"
-#include "cli/describe_command.h"
 #include "json/utf8.h"
 #include "rpc/rpc.h"
 

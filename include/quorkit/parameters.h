@@ -41,8 +41,7 @@ class Out {
    public:
     Out(T& target) : target_(target) {}  // NOLINT(google-explicit-constructor): stands for it
     template <class U>
-    requires std::assignable_from<T&, U>
-    Out& operator=(U&& value) {
+    requires std::assignable_from<T&, U> Out& operator=(U&& value) {
         target_ = std::forward<U>(value);
         return *this;
     }

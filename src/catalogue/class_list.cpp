@@ -113,9 +113,11 @@ constexpr ClassInfo kClasses[] = {
 constexpr ClassInfo kRuntimeClasses[] = {
     {"Collection", ClassKind::Runtime,
      "ordered list of values, counted from 1, each optionally under a key",
-     "a4c46780-499f-101b-bb78-00aa00383cbb", "", &frame::memberRows<Collection>, &makeOwn<Collection>},
+     "a4c46780-499f-101b-bb78-00aa00383cbb", "", &frame::memberRows<Collection>,
+     &makeOwn<Collection>},
     {"Dictionary", ClassKind::Runtime, "values under unique keys, in the order of their adding",
-     "42c642c1-97e1-11cf-978f-00a02463e06f", "", &frame::memberRows<Dictionary>, &makeOwn<Dictionary>},
+     "42c642c1-97e1-11cf-978f-00a02463e06f", "", &frame::memberRows<Dictionary>,
+     &makeOwn<Dictionary>},
     {"Picture", ClassKind::Runtime, "a picture, as the bytes of its file",
      "7bf80981-bf32-101a-8bbb-00aa00300cab", "", &frame::memberRows<Picture>, nullptr},
 };

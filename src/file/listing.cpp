@@ -113,9 +113,9 @@ Long GQuorFile::getFilesFromDirectoryEx(const String& sDirName, Out<Array<String
         const String folder = withBackslash(sDirName);
         const String prefix = *bIncludeDirName ? folder : String();
         file::NameSearch search(ports_.folders, folder + *sFilter,
-                          !attributes.takesAll() ? FindDetail::Attributes
-                          : !dates.takesAll()    ? FindDetail::Times
-                                                 : FindDetail::Names);
+                                !attributes.takesAll() ? FindDetail::Attributes
+                                : !dates.takesAll()    ? FindDetail::Times
+                                                       : FindDetail::Names);
         for (FindData entry; search.next(entry);)
             if (!isFolder(entry) && attributes.takes(entry.attributes) &&
                 dates.takes(entry.lastWrite))

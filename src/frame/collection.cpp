@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "base/letter_case.h"
 #include "frame/foreign_object.h"
 #include "frame/instance.h"
 #include "runtime/convert.h"
-#include "base/letter_case.h"
 
 namespace quorkit {
 namespace {

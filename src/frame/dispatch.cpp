@@ -12,7 +12,8 @@ namespace quorkit {
 namespace {
 
 ObjectRef createOrRaise(const ClassInfo* info, Ports& ports) {
-    if (info == nullptr || info->create == nullptr) frame::raiseToClient(ErrorNumber::CannotCreateObject);
+    if (info == nullptr || info->create == nullptr)
+        frame::raiseToClient(ErrorNumber::CannotCreateObject);
     return info->create(ports);
 }
 

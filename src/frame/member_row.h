@@ -21,7 +21,6 @@
 
 namespace quorkit::frame {
 
-
 /// Types that stand in a Variant as they are.
 template <class T>
 concept Native = std::is_same_v<T, Variant> || VariantAlternative<T>;

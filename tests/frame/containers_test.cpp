@@ -17,11 +17,12 @@ std::vector<Variant> items(const Collection& c) {
 }
 
 TEST(Collection, KeepsOrderAndUniqueKeys) {
-    Collection c;
+    const CollectionRef made = Collection::make();
+    Collection& c = *made;
     c.add(u"a", u"Key");
     c.add(u"c", u"\u00C4");
-    c.insertBefore(1, u"first");
-    c.insertBefore(3, u"before c");
+    c.insert(1, {{}, u"first"});
+    c.insert(3, {{}, u"before c"});
     EXPECT_EQ(errorOf([&] { c.add(u"b", u"KEY"); }), 457);
     EXPECT_EQ(items(c), (std::vector<Variant>{u"first", u"a", u"before c", u"c"}));
     EXPECT_EQ(c.item(u"kEY"), Variant(u"a"));
@@ -36,12 +37,13 @@ TEST(Collection, KeepsOrderAndUniqueKeys) {
 }
 
 TEST(Collection, RefusesAbsentPositionsAndKeys) {
-    Collection c;
+    const CollectionRef made = Collection::make();
+    Collection& c = *made;
     c.add(u"a", u"key");
     for (const Long position : {-1, 0, 2}) {
         EXPECT_EQ(errorOf([&] { c.item(position); }), 9);
         EXPECT_EQ(errorOf([&] { c.remove(position); }), 9);
-        EXPECT_EQ(errorOf([&] { c.insertBefore(position, u"b"); }), 9);
+        EXPECT_EQ(errorOf([&] { c.insert(position == 2 ? 3 : position, {{}, u"b"}); }), 9);
     }
     EXPECT_EQ(errorOf([&] { c.item(u"other"); }), 5);
     EXPECT_EQ(errorOf([&] { c.remove(u"other"); }), 5);
@@ -55,21 +57,23 @@ TEST(Dictionary, TellsKeysApart) {
         {},       Null{}, ErrorValue{1}, true,  false,       Long{0},
         Long{-1}, 1.5,    u"",           u"1",  u"a",        u"A",
         Date{},   object, ObjectRef(),   1e300, Long{65536}, String(1, u'\0')};
-    Dictionary dictionary;
+    const DictionaryRef made = Dictionary::make();
+    Dictionary& dictionary = *made;
     for (const Variant& key : keys) dictionary.add(key, key);
     for (const Variant& key : keys) {
-        ASSERT_NE(dictionary.find(key), nullptr);
+        ASSERT_TRUE(dictionary.find(key));
         EXPECT_EQ(*dictionary.find(key), key);
         EXPECT_THROW(dictionary.add(key, u"again"), AutomationError);
     }
     EXPECT_EQ(dictionary.count(), static_cast<Long>(keys.size()));
-    EXPECT_EQ(dictionary.find(u"b"), nullptr);
+    EXPECT_FALSE(dictionary.find(u"b"));
     EXPECT_THROW(dictionary.set(Array<Byte>(), u""), AutomationError);
     EXPECT_EQ(dictionary.count(), static_cast<Long>(keys.size()));
 }
 
 TEST(Dictionary, NumbersAreOneKeyWhateverTheirType) {
-    Dictionary dictionary;
+    const DictionaryRef made = Dictionary::make();
+    Dictionary& dictionary = *made;
     dictionary.set(Integer{1}, u"one");
     dictionary.set(0.0, u"zero");
     dictionary.set(1.0, u"uno");

@@ -6,7 +6,7 @@
 namespace quorkit::test {
 namespace {
 
-using namespace cli;
+using namespace json;
 
 struct Form : Object {
     const char* className() const override { return "Form"; }

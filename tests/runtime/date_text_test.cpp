@@ -98,10 +98,10 @@ TEST(Conversion, ReadsDatesInTheLanguageOfTheUser) {
     MemoryPorts world;
     Variant german = u"3/1/2024";
     Variant english = german;
-    frame::convert(english, {Type::Date, "Date"}, world);
+    frame::convert(english, {Type::Date}, &world);
     EXPECT_EQ(english, Variant(Date{45352}));
     world.system.userLanguage = 1031;
-    frame::convert(german, {Type::Date, "Date"}, world);
+    frame::convert(german, {Type::Date}, &world);
     EXPECT_EQ(german, Variant(Date{45294}));
 }
 

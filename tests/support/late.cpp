@@ -52,10 +52,11 @@ Outcome Late::invoke(const char16_t* member, CallKind kind, std::vector<Variant>
     if (info == nullptr) throw std::logic_error("the test names a member that does not exist");
     calledMembers().insert(std::string(object_->className()) + "." + info->name +
                            (kind == CallKind::Let ? "=" : ""));
-    Outcome outcome;
-    outcome.arguments = arrange(*info, {arguments});
-    outcome.result = object_->run(*info, outcome.arguments);
-    return outcome;
+    CallResult result = quorkit::call(
+        *object_, {.member = member, .kind = kind, .positional = std::move(arguments)});
+    if (!result.reason.empty()) ports::giveReason(result.reason);
+    if (result.error) throw AutomationError(static_cast<ErrorNumber>(result.error->number));
+    return {std::move(result.result), std::move(result.arguments)};
 }
 
 Outcome Late::call(const char16_t* member, std::vector<Variant> arguments) {
