@@ -33,7 +33,7 @@ bool isBareUtf16(std::string_view text) {
     if (start.find('\0') == std::string_view::npos) return false;
     int besideNul[] = {0, 0};
     for (std::size_t i = 0; i + 1 < start.size(); i += 2)
-        for (const std::size_t place : {0, 1})
+        for (const std::size_t place : {0u, 1u})
             if (std::string_view("[]=\r\n").find(start[i + place]) != std::string_view::npos)
                 besideNul[place] += start[i + 1 - place] == '\0' ? 1 : -1;
     return std::ranges::max(besideNul) > 0;

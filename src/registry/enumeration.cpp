@@ -6,7 +6,7 @@
 namespace quorkit {
 namespace {
 
-constexpr std::size_t kRoom = 2000;
+constexpr std::size_t kListRoom = 2000;
 
 /// Hands the name and the text of every value that has room to `take`.
 template <class Take>
@@ -16,7 +16,7 @@ void eachValue(Registry& registry, const String& path, Take take) {
             .values(values) != kSuccess)
         return;
     for (const auto& [name, value] : values)
-        if (name.size() < kRoom && registry::roomOf(value) <= kRoom)
+        if (name.size() < kListRoom && registry::roomOf(value) <= kListRoom)
             take(name, registry::convertRegValue(value));
 }
 

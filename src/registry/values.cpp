@@ -15,12 +15,12 @@
 namespace quorkit {
 namespace {
 
-constexpr std::size_t kRoom = 2048;
+constexpr std::size_t kValueRoom = 2048;
 
 std::optional<String> read(Registry& registry, const String& path, const String& name) {
     const registry::OpenKey key(registry, registry::splitRegPath(path), RegistryAccess::Read);
     RegistryValue value;
-    if (key.value(name, value) != kSuccess || registry::roomOf(value) > kRoom) return {};
+    if (key.value(name, value) != kSuccess || registry::roomOf(value) > kValueRoom) return {};
     return registry::convertRegValue(value);
 }
 
