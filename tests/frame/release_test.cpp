@@ -19,7 +19,7 @@ struct Witness final : Object {
 
 template <class T, class Keep>
 Variant holder(Keep keep) {
-    const auto object = std::make_shared<T>();
+    const auto object = T::make();
     keep(*object);
     return object;
 }

@@ -96,12 +96,13 @@ TEST(DateIn, PutsDayAndMonthInTheOrderOfTheLanguage) {
 
 TEST(Conversion, ReadsDatesInTheLanguageOfTheUser) {
     MemoryPorts world;
+    Ports& ports = world;
     Variant german = u"3/1/2024";
     Variant english = german;
-    frame::convert(english, {Type::Date}, &world);
+    frame::convert(english, {Type::Date}, &ports);
     EXPECT_EQ(english, Variant(Date{45352}));
     world.system.userLanguage = 1031;
-    frame::convert(german, {Type::Date}, &world);
+    frame::convert(german, {Type::Date}, &ports);
     EXPECT_EQ(german, Variant(Date{45294}));
 }
 
