@@ -292,10 +292,10 @@ TEST(NoDisplay, AnswersAsStated) {
     windows.expect(u"WinGetWindowTitle", {{{Long{1}}, u""}});
     windows.expect(u"getWorkingScreenSize",
                    {{{Long{1}, 5.0, 5.0, 5.0, 5.0}, {Variant(), 0.0, 0.0, 0.0, 0.0}}});
-    windows(u"WinShowWaitForm", {true});
-    windows(u"WinShowWaitForm", {false});
     EXPECT_NE(ports::takeReason().find("DISPLAY is not set"), std::string::npos);
     EXPECT_EQ(ports::takeReason(), "");
+    windows(u"WinShowWaitForm", {true});
+    windows(u"WinShowWaitForm", {false});
     Late keyboard(u"GQuorKeyboard");
     keyboard(u"SetKeyState", {Integer{16}, true});
     EXPECT_EQ(ports::native().keyboard.GetKeyState(16), kKeyOn);
