@@ -1,9 +1,11 @@
 #include <fcntl.h>
+#include <sys/fsuid.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 #include "linux/file_lock.h"
 #include "linux/file_rights.h"
@@ -15,35 +17,56 @@
 namespace quorkit::native {
 namespace {
 
-/// Gives what the superuser has made to the owner of the folder around it, and the rights that it
-/// shall have whatever those of the process are.
-bool settle(int made, int parent, mode_t rights) {
-    struct stat around = {};
-    if (geteuid() == 0 && fstat(parent, &around) == 0 && around.st_uid != 0 &&
-        fchown(made, around.st_uid, around.st_gid) != 0)
-        return false;
-    return fchmod(made, rights) == 0;
-}
+/// While it lives, the superuser makes things as the owner of a folder does: they are the owner's
+/// from the start, so that another process finds nothing that it may not use, and the death of this
+/// one leaves no such thing.
+class AsOwnerOf {
+   public:
+    explicit AsOwnerOf(int folder) {
+        struct stat around = {};
+        if (geteuid() != 0 || fstat(folder, &around) != 0 || around.st_uid == 0) return;
+        group_ = setfsgid(around.st_gid);
+        user_ = setfsuid(around.st_uid);
+    }
+    ~AsOwnerOf() {
+        if (user_ < 0) return;
+        setfsuid(static_cast<uid_t>(user_));
+        setfsgid(static_cast<gid_t>(group_));
+    }
+    AsOwnerOf(const AsOwnerOf&) = delete;
+    AsOwnerOf& operator=(const AsOwnerOf&) = delete;
+
+   private:
+    int user_ = -1;
+    int group_ = -1;
+};
 
 Descriptor openFolder(const std::string& folder) {
     return Descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
+/// `made`, with these rights whatever the process's mask takes away.
+Descriptor withRights(Descriptor made, mode_t rights) {
+    return made && fchmod(made.get(), rights) == 0 ? std::move(made) : Descriptor();
+}
+
 /// Opens a file that must not be there yet.
 Descriptor makeFile(int folder, const char* name, mode_t rights) {
-    Descriptor file(
-        openat(folder, name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | kQuietly, rights));
-    if (file && !settle(file.get(), folder, rights)) return Descriptor();
-    return file;
+    const AsOwnerOf owner(folder);
+    return withRights(
+        Descriptor(openat(folder, name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | kQuietly, rights)),
+        rights);
 }
 
 /// Makes a folder that must not be there yet.
-Descriptor makeFolder(const std::string& parent, const std::string& path, mode_t rights) {
-    if (mkdir(path.c_str(), rights) != 0) return Descriptor();
-    Descriptor made(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+Descriptor makeFolder(const std::string& parent, const std::string& name, mode_t rights) {
     const Descriptor around = openFolder(parent);
-    if (made && around && settle(made.get(), around.get(), rights)) return made;
-    return Descriptor();
+    if (!around) return Descriptor();
+    const AsOwnerOf owner(around.get());
+    if (mkdirat(around.get(), name.c_str(), rights) != 0) return Descriptor();
+    return withRights(Descriptor(openat(around.get(), name.c_str(),
+                                        O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)),
+                      rights);
 }
 
 ErrorCode writeAll(int file, std::string_view text) {
@@ -92,13 +115,12 @@ bool removeFolder(const std::string& folder) {
 }
 
 /// A new folder under a name for work, with the file of values in it.
-ErrorCode prepareKey(const std::string& parent, const std::string& work, const String& name,
-                     Rights rights) {
-    Descriptor folder = makeFolder(parent, work, rights.folder);
+ErrorCode prepareKey(const std::string& parent, const String& name, Rights rights) {
+    Descriptor folder = makeFolder(parent, kNewFolder, rights.folder);
     if (!folder && errno == EEXIST) {
         // Left of a process that died.
-        if (!removeFolder(work)) return kAccessDenied;
-        folder = makeFolder(parent, work, rights.folder);
+        if (!removeFolder(beneath(parent, kNewFolder))) return kAccessDenied;
+        folder = makeFolder(parent, kNewFolder, rights.folder);
     }
     if (!folder) return keyError();
     const Descriptor values = makeFile(folder.get(), kValues, rights.file);
@@ -149,7 +171,7 @@ ErrorCode makeKeyFolder(const std::string& parent, const String& name, Rights ri
     if (openKeyFolder(folder, false) == kSuccess)
         return isOfAnotherKey(parent, name) ? kAccessDenied : kSuccess;
     const std::string work = beneath(parent, kNewFolder);
-    ErrorCode code = prepareKey(parent, work, name, rights);
+    ErrorCode code = prepareKey(parent, name, rights);
     // An empty folder that somebody has made by hand is replaced.
     if (code == kSuccess && rename(work.c_str(), folder.c_str()) != 0)
         code = errno == ENOTDIR ? kAccessDenied : keyError();
@@ -177,8 +199,9 @@ ErrorCode makeRoot(const std::string& folder, Rights rights) {
         end = folder.find('/', end + 1);
         const std::string here = folder.substr(0, end);
         if (access(here.c_str(), F_OK) == 0) continue;
-        const std::string around = here.substr(0, std::max<std::size_t>(here.rfind('/'), 1));
-        if (makeFolder(around, here, rights.folder) || errno == EEXIST) continue;
+        const std::size_t slash = here.rfind('/');
+        const std::string around = here.substr(0, std::max<std::size_t>(slash, 1));
+        if (makeFolder(around, here.substr(slash + 1), rights.folder) || errno == EEXIST) continue;
         return errno == ENOENT || errno == ENOTDIR ? kPathNotFound : lastError();
     }
     return kSuccess;
