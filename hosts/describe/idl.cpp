@@ -75,7 +75,7 @@ std::string defaultValue(const ParameterInfo& parameter) {
     }
 }
 
-std::string declaration(const ParameterInfo& parameter) {
+std::string idlOf(const ParameterInfo& parameter) {
     std::string text = parameter.byReference ? "[in, out" : "[in";
     if (parameter.optional()) {
         const std::string value = defaultValue(parameter);
@@ -85,7 +85,7 @@ std::string declaration(const ParameterInfo& parameter) {
            parameter.name;
 }
 
-std::string declaration(const MemberInfo& member) {
+std::string idlOf(const MemberInfo& member) {
     std::string text = "        [id(" + identifierText(member.identifier) + ")";
     if (member.kind == MemberKind::PropertyGet) text += ", propget";
     if (member.kind == MemberKind::PropertyLet) text += ", propput";
@@ -93,25 +93,25 @@ std::string declaration(const MemberInfo& member) {
     text += typeName(member.result) + ' ' + member.name + '(';
     for (const ParameterInfo& parameter : member.parameters()) {
         if (!text.ends_with('(')) text += ", ";
-        text += declaration(parameter);
+        text += idlOf(parameter);
     }
     return text + ");\n";
 }
 
-std::string declaration(const ClassInfo& info) {
+std::string idlOf(const ClassInfo& info) {
     const std::string name = info.name;
     std::string text = std::string("\n    [uuid(") + info.interfaceIdentity +
                        ")]\n    dispinterface " + interfaceName(info);
     if (info.kind == ClassKind::Runtime) return text + " { properties: methods: };";
     text += " {\n        properties:\n        methods:\n";
-    for (const MemberInfo& member : info.members()) text += declaration(member);
+    for (const MemberInfo& member : info.members()) text += idlOf(member);
     text += std::string("    };\n    [uuid(") + info.identity + ")";
     if (info.kind == ClassKind::Global) text += ", appobject";
     return text + ", helpstring(" + quote(info.role) + ")]\n    coclass " + name +
            " { [default] dispinterface " + interfaceName(info) + "; };\n";
 }
 
-std::string declaration(const EnumerationInfo& enumeration) {
+std::string idlOf(const EnumerationInfo& enumeration) {
     const std::string name = enumeration.name;
     std::string text =
         "\n    typedef [helpstring(" + quote(enumeration.sentence) + ")] enum " + name + " {";
@@ -122,7 +122,7 @@ std::string declaration(const EnumerationInfo& enumeration) {
     return text + "\n    } " + name + ";\n";
 }
 
-std::string declaration(const RecordInfo& record) {
+std::string idlOf(const RecordInfo& record) {
     const std::string name = record.name;
     std::string text =
         "\n    typedef [helpstring(" + quote(record.sentence) + ")] struct " + name + " {\n";
@@ -137,11 +137,11 @@ std::string declaration(const RecordInfo& record) {
 std::string asIdl() {
     std::string text = std::string(kAutomationTypes) + "[uuid(" + kLibraryIdentity +
                        "), version(1.0)]\nlibrary quorkit\n{";
-    for (const ClassInfo& info : runtimeClasses()) text += declaration(info);
+    for (const ClassInfo& info : runtimeClasses()) text += idlOf(info);
     text += '\n';
-    for (const EnumerationInfo& enumeration : enumerations()) text += declaration(enumeration);
-    for (const RecordInfo& record : records()) text += declaration(record);
-    for (const ClassInfo& info : classes()) text += declaration(info);
+    for (const EnumerationInfo& enumeration : enumerations()) text += idlOf(enumeration);
+    for (const RecordInfo& record : records()) text += idlOf(record);
+    for (const ClassInfo& info : classes()) text += idlOf(info);
     return text + "};\n";
 }
 

@@ -3,13 +3,16 @@
 #include <quorkit/catalogue.h>
 #include <quorkit/ports/ports.h>
 
+#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <map>
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 
+#include "base/hash.h"
 #include "frame/conversion.h"
 #include "hosts/command.h"
 #include "support/late.h"
@@ -63,19 +66,47 @@ class AllMembersCalled : public testing::Environment {
 const testing::Environment* const kEnvironment =
     testing::AddGlobalTestEnvironment(new AllMembersCalled);
 
-/// The interface is frozen: what clients rely on changes only on purpose.
-void expectFrozen(const char* name, const String& option) {
-    std::ifstream file(std::string(QUORKIT_SOURCE_DIR "/docs/") + name, std::ios::binary);
-    std::ostringstream frozen;
-    frozen << file.rdbuf();
-    EXPECT_TRUE(frozen.str() == command(u"describe " + option).output)
-        << "The catalogue has changed. Review the difference after\n    quorkit describe "
-        << std::string(option.begin(), option.end()) << " > docs/" << name;
+std::string documentOf(const std::string& name) {
+    std::ifstream file(QUORKIT_SOURCE_DIR "/docs/" + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// The lines that only one of two texts has.
+std::string difference(const std::string& before, const std::string& now) {
+    std::multiset<std::string> old;
+    std::string added;
+    std::string line;
+    for (std::istringstream lines(before); std::getline(lines, line);) old.insert(line);
+    for (std::istringstream lines(now); std::getline(lines, line);)
+        if (const auto found = old.find(line); found != old.end())
+            old.erase(found);
+        else
+            added += "+ " + line + '\n';
+    for (const std::string& gone : old) added += "- " + gone + '\n';
+    return added;
+}
+
+/// The interface is frozen: what clients rely on changes only on purpose, and docs/interface.md
+/// says why.
 TEST(Catalogue, IsAsFrozen) {
-    expectFrozen("catalogue.json", u"--json");
-    expectFrozen("reference.md", u"--markdown");
+    const std::pair<const char*, const char16_t*> dumps[] = {
+        {"catalogue.json", u"--json"}, {"quorkit.idl", u"--idl"}, {"reference.md", u"--markdown"}};
+    for (const auto& [name, option] : dumps) {
+        const std::string frozen = documentOf(name);
+        const std::string now = command(u"describe " + String(option)).output;
+        EXPECT_TRUE(frozen == now)
+            << "The interface has changed; if it shall, run quorkit describe "
+            << std::string(option, option + std::char_traits<char16_t>::length(option))
+            << " > docs/" << name << '\n'
+            << difference(frozen, now);
+    }
+    char mark[20];
+    const std::string published = documentOf("catalogue.json") + documentOf("quorkit.idl");
+    std::snprintf(mark, sizeof mark, "%016llx",
+                  static_cast<unsigned long long>(base::hashOf(std::string_view(published))));
+    const std::string accepted = documentOf("interface.md");
+    EXPECT_EQ(accepted.substr(accepted.rfind("| `") + 3, 16), mark)
+        << "docs/interface.md does not say why the interface has changed";
 }
 
 }  // namespace

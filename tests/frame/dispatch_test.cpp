@@ -99,5 +99,43 @@ TEST_F(Dispatch, LeavesTheArgumentsOfARefusedCall) {
     }
 }
 
+TEST(Call, TellsWhatAHostMustKnow) {
+    MemoryPorts world;
+    Library library(world);
+    const ObjectRef convert = library.object(u"GQuorConvert");
+    const Variant name = u"elanguage_french";
+    const auto languageOf = [&](bool constantsByName) {
+        return call(*convert, {.member = u"LanguageIDToWindowsLanguageID",
+                               .positional = {name},
+                               .constantsByName = constantsByName});
+    };
+    EXPECT_EQ(languageOf(true).result, Variant(Integer{4108}));
+    const CallResult refused = languageOf(false);
+    ASSERT_TRUE(refused.error);
+    EXPECT_EQ(refused.error->number, 13);
+    EXPECT_EQ(refused.error->text, "Type mismatch");
+    EXPECT_EQ(refused.error->source, "quorkit.GQuorConvert");
+    EXPECT_EQ(refused.error->argument, 0u);
+    EXPECT_EQ(refused.arguments, std::vector{name});
+
+    const ObjectRef strings = library.object(u"gquorstrings");
+    EXPECT_EQ(strings, library.object(u"GQuorStrings"));
+    Call split{.member = u"SplitDOSCMDParam", .positional = {u"/a=b"}};
+    EXPECT_EQ(call(*strings, split).error->number, 449);
+    EXPECT_FALSE(call(*strings, split).error->argument);
+    split.variablesMayBeOmitted = true;
+    EXPECT_EQ(call(*strings, split).arguments, (std::vector<Variant>{u"/a=b", u"/a", u"b"}));
+
+    world.files.put(u"a.ini", std::string("\xFF\xFE\0\0", 4));
+    const ObjectRef ini = library.object(u"QuorInifile");
+    EXPECT_NE(ini, library.object(u"QuorInifile"));
+    call(*ini, {.member = u"IniFileName", .kind = CallKind::Let, .positional = {u"a.ini"}});
+    const CallResult told =
+        call(*ini, {.member = u"WriteKeyValue", .positional = {u"S", u"k", u"v"}});
+    EXPECT_EQ(told.result, Variant(Long{0}));
+    EXPECT_NE(told.reason.find("UTF-32"), std::string::npos);
+    EXPECT_EQ(call(*ini, {.member = u"Nothing"}).reason, "");
+}
+
 }  // namespace
 }  // namespace quorkit

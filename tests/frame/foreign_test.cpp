@@ -1,0 +1,128 @@
+// Objects of a client's own where members expect the runtime's: they have members by name alone.
+#include <gtest/gtest.h>
+#include <quorkit/QuorCollection.h>
+#include <quorkit/collection.h>
+#include <quorkit/dictionary.h>
+#include <quorkit/picture.h>
+#include <quorkit/ports/memory.h>
+
+#include <functional>
+#include <map>
+#include <utility>
+
+#include "clipboard/samples.h"
+#include "support/late.h"
+
+namespace quorkit::test {
+namespace {
+
+/// What a client makes in its own language.
+struct Foreign final : Object {
+    using Member = std::function<Variant(std::span<Variant>)>;
+    explicit Foreign(std::map<String, Member> own) : members(std::move(own)) {}
+    const char* className() const override { return "Foreign"; }
+    Variant call(StringView name, CallKind kind, const Arguments& arguments) override {
+        const auto found = members.find(kind == CallKind::Let ? String(name) + u'=' : String(name));
+        if (found == members.end()) raise(ErrorNumber::NoSuchMember);
+        return found->second(arguments.positional);
+    }
+    std::map<String, Member> members;
+};
+
+/// A list that keeps its items in `items`.
+ObjectRef listOf(std::vector<Variant>& items) {
+    return std::make_shared<Foreign>(std::map<String, Foreign::Member>{
+        {u"Count", [&](auto) { return static_cast<Long>(items.size()); }},
+        {u"Item",
+         [&](auto of) {
+             return items.at(static_cast<std::size_t>(of[0].template get<Long>() - 1));
+         }},
+        {u"Add", [&](auto of) { return items.push_back(of[0]), Variant(); }}});
+}
+
+TEST(ForeignObjects, AreCollections) {
+    std::vector<Variant> items = {u"a", Long{2}};
+    const Variant list = listOf(items);
+    Late convert(u"GQuorConvert");
+    EXPECT_EQ(convert(u"CollectionToStringToken", {list, u";"}), Variant(u"a;2"));
+    EXPECT_EQ(convert(u"CollectionToArray", {list}), Variant(Array<Variant>(items)));
+    EXPECT_EQ(Late(u"GQuorTools")(u"IndexOfElementInCollection", {Long{2}, list}),
+              Variant(Long{2}));
+    // What is filled is the client's object, and the client's variable still refers to it.
+    const Outcome filled =
+        convert.call(u"StringTokenToStringCollection", {u"b;c", u";", false, list});
+    EXPECT_EQ(filled.result, Variant(Long{4}));
+    EXPECT_EQ(filled.arguments[3], list);
+    EXPECT_EQ(items.back(), Variant(u"c"));
+}
+
+TEST(ForeignObjects, AreDictionariesAndPictures) {
+    MemoryPorts world;
+    Late registry(u"GQuorRegistry", world);
+    const Variant names = Array<String>(std::vector<String>{u"a", u"b"});
+    registry(u"Reg_WriteKeyValuesEx",
+             {u"HKCU\\F",
+              std::make_shared<Foreign>(std::map<String, Foreign::Member>{
+                  {u"Keys", [&](auto) { return names; }},
+                  {u"Item", [&](auto of) { return of[0].template get<String>() + u"!"; }}})});
+    EXPECT_EQ(registry(u"Reg_ReadStringValue", {u"HKCU\\F", u"b"}), Variant(u"b!"));
+
+    const std::string& file = samples()[0].file;
+    const Variant bytes = Array<Byte>(std::vector<Byte>(file.begin(), file.end()));
+    Late(u"GQuorClipboard", world)(u"SetPictureToClipboard",
+                                   {std::make_shared<Foreign>(std::map<String, Foreign::Member>{
+                                       {u"File", [&](auto) { return bytes; }}})});
+    EXPECT_EQ(world.clipboard.content->second, file);
+}
+
+TEST(ForeignObjects, ThatAreNoneOfTheseAreRefused) {
+    const auto stranger = std::make_shared<Foreign>(std::map<String, Foreign::Member>());
+    for (const Variant& object : {Variant(stranger), Variant(Dictionary::make()),
+                                  Variant(Library().create(u"QuorCollection"))})
+        EXPECT_EQ(Late(u"GQuorConvert").errorOf(u"CollectionToArray", {object}), 13);
+}
+
+TEST(RuntimeObjects, AnswerByName) {
+    using Arguments = std::vector<Variant>;
+    const auto call = [](const ObjectRef& object, const char16_t* member, Arguments arguments,
+                         CallKind kind = CallKind::Call) {
+        const CallResult result = quorkit::call(
+            *object, {.member = member, .kind = kind, .positional = std::move(arguments)});
+        return result.error ? Variant(Error{static_cast<std::uint32_t>(result.error->number)})
+                            : result.result;
+    };
+    const auto variants = [](Arguments items) { return Variant(Array<Variant>(std::move(items))); };
+    const Variant missing = Variant::missing();
+    const ObjectRef list = Library().create(u"Collection");
+    call(list, u"Add", {u"b", u"Key"});
+    call(list, u"Add", {u"a", missing, Long{1}});
+    call(list, u"add", {u"c", missing, missing, u"KEY"});
+    EXPECT_EQ(list->elements(), variants({u"a", u"b", u"c"}));
+    EXPECT_EQ(call(list, u"Item", {u"key"}), Variant(u"b"));
+    EXPECT_EQ(call(list, u"Item", {2.0}), Variant(u"b"));
+    EXPECT_EQ(call(list, u"Add", {u"x", u"key"}), Variant(Error{457}));
+    EXPECT_EQ(call(list, u"Add", {u"x", missing, Long{4}}), Variant(Error{9}));
+    EXPECT_EQ(call(list, u"Add", {u"x", missing, missing, Long{0}}), Variant(Error{9}));
+    EXPECT_EQ(call(list, u"Add", {u"x", missing, Long{1}, Long{1}}), Variant(Error{5}));
+    call(list, u"Remove", {u"key"});
+    EXPECT_EQ(call(list, u"Remove", {u"key"}), Variant(Error{5}));
+    EXPECT_EQ(call(list, u"Count", {}), Variant(Long{2}));
+
+    const ObjectRef pairs = Library().create(u"Dictionary");
+    call(pairs, u"Add", {u"k", Long{1}});
+    EXPECT_EQ(call(pairs, u"Add", {u"k", Long{2}}), Variant(Error{457}));
+    call(pairs, u"Item", {u"k", Long{3}}, CallKind::Let);
+    EXPECT_EQ(call(pairs, u"Item", {u"k"}, CallKind::Get), Variant(Long{3}));
+    EXPECT_EQ(call(pairs, u"Exists", {u"K"}), Variant(false));
+    EXPECT_EQ(call(pairs, u"Item", {u"K"}), Variant());  // looking it up has made it
+    EXPECT_EQ(call(pairs, u"Items", {}), variants({Long{3}, Variant()}));
+    call(pairs, u"Remove", {u"k"});
+    EXPECT_EQ(pairs->elements(), variants({u"K"}));
+    EXPECT_EQ(call(pairs, u"Remove", {u"k"}), Variant(Error{5}));
+    call(pairs, u"RemoveAll", {});
+    EXPECT_EQ(call(pairs, u"Count", {}), Variant(Long{0}));
+    EXPECT_EQ(Late(u"GQuorTools").errorOf(u"delay", {pairs}), 13);
+}
+
+}  // namespace
+}  // namespace quorkit::test
