@@ -62,6 +62,15 @@ bool isShortened(const std::string& kept, const std::string& old, Long limit, bo
                                            4) >= begin - 1);
 }
 
+/// The same for an entry on a full disk, which shortens twice: what the first time leaves of UTF-16
+/// has no mark, and may still be too large.
+bool isShortenedTwice(const std::string& kept, const std::string& old, Long limit) {
+    if (markOf(old) != runtime::kUtf16Mark) return false;
+    for (std::size_t half = old.size() / 2 - 2; half <= old.size() / 2 + 2; ++half)
+        if (isShortened(kept, old.substr(2, half), limit, true)) return true;
+    return false;
+}
+
 class Session {
    public:
     explicit Session(std::string bytes) {
@@ -93,8 +102,9 @@ class Session {
         // What stays of UTF-16 has no mark.
         for (const std::string& one : {line, base::toAnsi(text + u"\r\n")})
             for (const std::string& added : {one, lineEnd + one})
-                if (now_.ends_with(added) &&
-                    isShortened(now_.substr(0, now_.size() - added.size()), old, limit, fullDisk_))
+                if (const std::string kept = now_.substr(0, now_.size() - added.size());
+                    now_.ends_with(added) && (isShortened(kept, old, limit, fullDisk_) ||
+                                              (fullDisk_ && isShortenedTwice(kept, old, limit))))
                     return true;
         return false;
     }
@@ -106,7 +116,8 @@ class Session {
         log.writeLogfileEntry(entry, eLogEntryType_HeaderFooter);
         const std::string old = std::exchange(now_, content());
         const Long limit = log.MaxFileSize();
-        if (fullDisk_ && (now_ == old || isShortened(now_, old, limit, fullDisk_))) {
+        if (fullDisk_ && (now_ == old || isShortened(now_, old, limit, fullDisk_) ||
+                          isShortenedTwice(now_, old, limit))) {
             if (now_ != old) noteShortened(which, old);
             return;
         }

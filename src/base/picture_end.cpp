@@ -105,7 +105,9 @@ std::optional<std::size_t> sizeOfPicture(std::string_view bytes) {
     const auto end = [&](std::size_t signature, void (*walkThrough)(Walk&)) {
         Walk walk(bytes, signature);
         walkThrough(walk);
-        return walk.lost() ? std::nullopt : std::optional(walk.position());
+        // One that ends within its header is none.
+        const bool ends = !walk.lost() && pictureKindOf(bytes.substr(0, walk.position()));
+        return ends ? std::optional(walk.position()) : std::nullopt;
     };
     switch (pictureKindOf(bytes).value_or(PictureKind::Bmp)) {
         case PictureKind::Png:

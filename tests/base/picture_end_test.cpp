@@ -28,6 +28,9 @@ TEST(PictureEnd, IsFoundHoweverMuchFollows) {
     EXPECT_EQ(sizeOfPicture(gif + "?"), std::nullopt);
     EXPECT_EQ(sizeOfPicture(jpeg + "\xFF\xE0\0\1"s), std::nullopt);
     EXPECT_EQ(sizeOfPicture(all[0].file.substr(0, 8) + "\xFF\xFF\xFF\xFFIEND...."), std::nullopt);
+    // An end within the header.
+    EXPECT_EQ(sizeOfPicture(all[0].file.substr(0, 8) + "\0\0\0\0IEND"s + std::string(30, '.')),
+              std::nullopt);
 }
 
 TEST(PictureEnd, CutsOnlyWhatRoundingAdds) {
