@@ -65,7 +65,7 @@ bool isShortened(const std::string& kept, const std::string& old, Long limit, bo
 /// The same for an entry on a full disk, which shortens twice: what the first time leaves of UTF-16
 /// has no mark, and may still be too large.
 bool isShortenedTwice(const std::string& kept, const std::string& old, Long limit) {
-    if (markOf(old) != runtime::kUtf16Mark) return false;
+    if (markOf(old) != base::kUtf16Mark) return false;
     for (std::size_t half = old.size() / 2 - 2; half <= old.size() / 2 + 2; ++half)
         if (isShortened(kept, old.substr(2, half), limit, true)) return true;
     return false;
