@@ -99,8 +99,9 @@ class Session {
         // Half a character of UTF-16 is made a whole one, so that the others are read.
         if (old.size() % 2 != 0 && now_ == old + '\0' + lineEnd + line) return true;
         if (limit <= 0 || old.size() <= static_cast<std::size_t>(limit)) return false;
-        // What stays of UTF-16 has no mark.
-        for (const std::string& one : {line, base::toAnsi(text + u"\r\n")})
+        // What stays of UTF-16 has no mark, or a chance one.
+        for (const std::string& one :
+             {line, base::toAnsi(text + u"\r\n"), base::toUtf8(text + u"\r\n")})
             for (const std::string& added : {one, lineEnd + one})
                 if (const std::string kept = now_.substr(0, now_.size() - added.size());
                     now_.ends_with(added) && (isShortened(kept, old, limit, fullDisk_) ||
