@@ -1,8 +1,8 @@
 # What every target of ours is built with: warnings are errors.
 function(quorkit_strict target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wconversion -Wshadow -Werror)
-  # GCC 12 finds overlaps and sizes inside the standard library's strings that are not there (its
-  # bugs 105651 and 105329).
+  # GCC 12 finds overlaps, sizes and bounds inside the standard library's strings that are not
+  # there (its bugs 105651 and 105329).
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow)
   endif()

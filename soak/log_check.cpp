@@ -63,10 +63,15 @@ class Check {
         std::vector<bool> found;
         std::int64_t last = -1;
     };
+    /// An entry that is there in part.
+    struct Part {
+        const Writer& writer;
+        std::uint32_t step;
+        std::string who;
+    };
 
     std::size_t readEntry(std::string_view rest);
-    std::size_t torn(std::string_view rest, std::size_t length, const Step* step,
-                     const std::string& who);
+    std::size_t torn(std::string_view rest, std::size_t length, const std::string& who);
     void tell(std::uint64_t& count, const std::string& what) {
         ++count;
         constexpr std::size_t most = 5;
@@ -76,6 +81,7 @@ class Check {
 
     const LogRules& rules_;
     std::map<std::pair<std::uint32_t, std::uint32_t>, Writer> writers_;
+    std::vector<Part> parts_;
     LogFindings findings_;
     bool lineBegins_ = true;
     std::uint64_t oldestStaying_ = UINT64_MAX;  ///< when the oldest entry that is there had ended
@@ -110,16 +116,17 @@ std::size_t Check::readEntry(std::string_view rest) {
     const std::size_t header = readId(rest, id);
     const auto found = writers_.find({id.worker, id.incarnation});
     if (header == 0 || found == writers_.end() || id.step >= found->second.found.size())
-        return torn(rest, std::min(rest.find_first_of("\r\n<", 1), rest.size()), nullptr,
-                    "an entry");
+        return torn(rest, std::min(rest.find_first_of("\r\n<", 1), rest.size()), "an entry");
     Writer& writer = found->second;
     const std::string who = "entry " + std::string(rest.substr(1, header - 2));
     const std::string expected = entryBytesOf(writer.board->job(), id.step);
     const auto parts =
         std::ranges::mismatch(rest.substr(0, std::min(rest.size(), expected.size())), expected);
     const auto length = static_cast<std::size_t>(parts.in2 - expected.begin());
-    const Step& step = writer.board->step(id.step);
-    if (length != expected.size()) return torn(rest, length, &step, who);
+    if (length != expected.size()) {
+        parts_.push_back({writer, id.step, who});
+        return torn(rest, length, who);
+    }
     if (!lineBegins_ && !rules_.limited)
         tell(findings_.continued, who + " stands in the line of another one");
     lineBegins_ = false;
@@ -127,17 +134,14 @@ std::size_t Check::readEntry(std::string_view rest) {
     if (writer.last > id.step) tell(findings_.wrong, who + " stands behind a later one");
     writer.last = id.step;
     writer.found[id.step] = true;
-    if (const std::uint64_t ended = step.ended) oldestStaying_ = std::min(oldestStaying_, ended);
+    if (const std::uint64_t ended = writer.board->step(id.step).ended)
+        oldestStaying_ = std::min(oldestStaying_, ended);
     return length;
 }
 
 /// The first `length` bytes are a part of an entry.
-std::size_t Check::torn(std::string_view rest, std::size_t length, const Step* step,
-                        const std::string& who) {
-    if (step != nullptr && step->outcome == Outcome::Done && !excused(*step))
-        tell(findings_.broken, who + " had been written and is there in part");
-    else
-        ++findings_.torn;
+std::size_t Check::torn(std::string_view rest, std::size_t length, const std::string& who) {
+    ++findings_.torn;
     lineBegins_ = false;
     const std::size_t end = std::min(rest.find_first_of("<\r\n", length), rest.size());
     const std::string_view behind = rest.substr(length, end - length);
@@ -152,6 +156,14 @@ std::size_t Check::torn(std::string_view rest, std::size_t length, const Step* s
 }
 
 LogFindings Check::result() {
+    for (const auto& [writer, number, who] : parts_) {
+        const Step& step = writer.board->step(number);
+        if (step.outcome != Outcome::Done || excused(step)) continue;
+        // A full disk may take a part of what a second attempt then writes behind it.
+        if (writer.found[number]) continue;
+        --findings_.torn;
+        tell(findings_.broken, who + " had been written and is there in part");
+    }
     for (const auto& [name, writer] : writers_) {
         const Job& job = writer.board->job();
         for (std::uint32_t number = job.first; number < writer.board->reached(); ++number) {

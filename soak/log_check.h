@@ -19,12 +19,12 @@ struct LogRules {
 
 struct LogFindings {
     std::uint64_t acknowledged = 0;
-    std::uint64_t dropped = 0;      ///< missing, but for a reason
-    std::uint64_t lost = 0;         ///< missing
-    std::uint64_t torn = 0;         ///< in part, of calls that never returned or failed
-    std::uint64_t broken = 0;       ///< in part, of calls that had returned
-    std::uint64_t continued = 0;    ///< an entry in the line of one that was torn
-    std::uint64_t wrong = 0;        ///< there twice, in the wrong order, or nobody's
+    std::uint64_t dropped = 0;    ///< missing, but for a reason
+    std::uint64_t lost = 0;       ///< missing
+    std::uint64_t torn = 0;       ///< in part, of calls that never returned, failed or tried again
+    std::uint64_t broken = 0;     ///< in part only, of calls that had returned
+    std::uint64_t continued = 0;  ///< an entry in the line of one that was torn
+    std::uint64_t wrong = 0;      ///< there twice, in the wrong order, or nobody's
     std::vector<std::string> told;  ///< the first ones for a person
 
     std::uint64_t faults() const { return lost + broken + continued + wrong; }

@@ -27,6 +27,11 @@ class AsOwnerOf {
         if (geteuid() != 0 || fstat(folder, &around) != 0 || around.st_uid == 0) return;
         group_ = setfsgid(around.st_gid);
         user_ = setfsuid(around.st_uid);
+        // They report no failure; a number that nobody has asks for the one in force.
+        constexpr auto ask = static_cast<uid_t>(-1);
+        may_ = static_cast<uid_t>(setfsuid(ask)) == around.st_uid &&
+               static_cast<gid_t>(setfsgid(ask)) == around.st_gid;
+        if (!may_) errno = EPERM;
     }
     ~AsOwnerOf() {
         if (user_ < 0) return;
@@ -36,7 +41,11 @@ class AsOwnerOf {
     AsOwnerOf(const AsOwnerOf&) = delete;
     AsOwnerOf& operator=(const AsOwnerOf&) = delete;
 
+    /// False, with errno, where this process may not be the owner, as one within a container.
+    explicit operator bool() const { return may_; }
+
    private:
+    bool may_ = true;
     int user_ = -1;
     int group_ = -1;
 };
@@ -53,6 +62,7 @@ Descriptor withRights(Descriptor made, mode_t rights) {
 /// Opens a file that must not be there yet.
 Descriptor makeFile(int folder, const char* name, mode_t rights) {
     const AsOwnerOf owner(folder);
+    if (!owner) return Descriptor();
     return withRights(
         Descriptor(openat(folder, name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | kQuietly, rights)),
         rights);
@@ -63,7 +73,7 @@ Descriptor makeFolder(const std::string& parent, const std::string& name, mode_t
     const Descriptor around = openFolder(parent);
     if (!around) return Descriptor();
     const AsOwnerOf owner(around.get());
-    if (mkdirat(around.get(), name.c_str(), rights) != 0) return Descriptor();
+    if (!owner || mkdirat(around.get(), name.c_str(), rights) != 0) return Descriptor();
     return withRights(Descriptor(openat(around.get(), name.c_str(),
                                         O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)),
                       rights);

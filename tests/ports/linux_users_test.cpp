@@ -2,6 +2,7 @@
 #ifdef __linux__
 #include <gmock/gmock.h>
 #include <grp.h>
+#include <linux/capability.h>
 #include <quorkit/GQuorFile.h>
 #include <quorkit/QuorInifile.h>
 #include <quorkit/QuorLogFile.h>
@@ -11,10 +12,12 @@
 #include <sys/mount.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <filesystem>
 
+#include "linux/folder_hive.h"
 #include "linux/linux_names.h"
 #include "support/child.h"
 #include "support/errors.h"
@@ -57,6 +60,18 @@ int saveAsUser(const std::vector<std::string>& names) {
     return 0;
 }
 const PartName saveAsUserPart("saveAsUser", saveAsUser);
+
+/// Makes a key in the store of that folder as a superuser who lacks one of his rights.
+int makeKeyWithout(const std::vector<std::string>& arguments) {
+    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct rights[2] = {};
+    if (syscall(SYS_capget, &header, rights) != 0) return 98;
+    rights[0].effective &= ~(1u << std::stoi(arguments[1]));
+    if (syscall(SYS_capset, &header, rights) != 0) return 99;
+    native::FolderHive hive([&] { return arguments[0]; }, native::kForUser);
+    return static_cast<int>(hive.create({u"Acme"}));
+}
+const PartName makeKeyWithoutPart("makeKeyWithout", makeKeyWithout);
 
 class LinuxUsers : public testing::Test {
    protected:
@@ -183,6 +198,20 @@ int saveMountPoint(const std::vector<std::string>& names) {
     return static_cast<int>(saveAs(fs::path(path).u16string()));
 }
 const PartName saveMountPointPart("saveMountPoint", saveMountPoint);
+
+// Keys are not given away when they are made: until then the user would be kept out, and for good
+// after a kill.
+TEST_F(LinuxUsers, OwnFromTheStartTheKeysThatTheSuperuserMakes) {
+    const auto make = [&](int without) {
+        const std::string store = scratch.path("store").string();
+        return Child("makeKeyWithout", {store, std::to_string(without)}).wait();
+    };
+    EXPECT_EQ(make(CAP_SETUID), static_cast<int>(kAccessDenied));
+    EXPECT_EQ(scratch.count(), 0u);
+    EXPECT_EQ(make(CAP_CHOWN), static_cast<int>(kSuccess));
+    for (const char* name : {"store", "store/@lock", "store/acme", "store/acme/@values"})
+        EXPECT_EQ(about(name).st_uid, kUser) << name;
+}
 
 TEST_F(LinuxUsers, SaveAFileThatIsAMountPoint) {
     put(0, 0, 0644);
