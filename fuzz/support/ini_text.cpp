@@ -148,7 +148,7 @@ IniLines IniText::outside(std::size_t header) const {
 bool IniText::holds(StringView text) const {
     if (encoding == Utf16 || encoding == Utf16Reversed) return true;
     if (encoding == Ansi) return base::fromAnsi(base::toAnsi(text)) == text;
-    return base::isUtf8(base::toUtf8(text, base::Malformed::Keep));
+    return base::isUtf8(base::toUtf8(text, Malformed::Keep));
 }
 
 bool IniText::looksForeign() const {

@@ -47,7 +47,7 @@ std::string shown(std::string_view bytes) {
 }
 
 std::string shown(StringView text) {
-    return "u" + shown(base::toUtf8(text, base::Malformed::Keep));
+    return "u" + shown(base::toUtf8(text, Malformed::Keep));
 }
 
 void promise(bool holds, const char* what) {

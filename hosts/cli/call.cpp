@@ -1,6 +1,7 @@
 #include "cli/call.h"
 
 #include <quorkit/dispatch.h>
+#include <quorkit/utf8.h>
 
 #include <optional>
 #include <vector>
@@ -11,7 +12,6 @@
 #include "cli/usage.h"
 #include "describe/signature.h"
 #include "json/plain_text.h"
-#include "json/utf8.h"
 #include "json/value_json.h"
 
 namespace quorkit::cli {
@@ -33,8 +33,7 @@ struct CallLine {
 
 Assignment assignment(const String& text) {
     const std::size_t mark = text.find(u'=');
-    if (mark == 0 || mark == String::npos)
-        throw UsageError("name=value expected: " + json::toUtf8(text));
+    if (mark == 0 || mark == String::npos) throw UsageError("name=value expected: " + toUtf8(text));
     return {text.substr(0, mark), text.substr(mark + 1)};
 }
 
@@ -57,7 +56,7 @@ CallLine parseCall(std::span<const String> arguments) {
         } else if ((word == u"--arg" || word == u"--set") && i + 1 < arguments.size()) {
             (word == u"--arg" ? line.named : line.properties).push_back(assignment(arguments[++i]));
         } else {
-            throw UsageError("no such option, or nothing behind it: " + json::toUtf8(word));
+            throw UsageError("no such option, or nothing behind it: " + toUtf8(word));
         }
     }
     const std::size_t dot = texts.empty() ? String::npos : texts[0].find(u'.');
@@ -83,7 +82,7 @@ bool holdsStructures(Type type) {
 Variant valueOf(const String& text, Type type) {
     if (holdsStructures(type) && (text.starts_with(u'{') || text.starts_with(u'['))) {
         try {
-            return json::fromJson(json::readJson(json::toUtf8(text)), json::ObjectTable());
+            return json::fromJson(json::readJson(toUtf8(text)), json::ObjectTable());
         } catch (const json::JsonError&) {
         } catch (const json::BadValue&) {
         }

@@ -1,5 +1,7 @@
 #include "cli/describe_command.h"
 
+#include <quorkit/utf8.h>
+
 #include <algorithm>
 #include <optional>
 #include <vector>
@@ -7,7 +9,6 @@
 #include "cli/usage.h"
 #include "describe/describe.h"
 #include "describe/signature.h"
-#include "json/utf8.h"
 
 namespace quorkit::cli {
 namespace {
@@ -29,7 +30,7 @@ DescribeLine parseDescribe(std::span<const String> arguments) {
         else if (word == u"--idl")
             line.form = Form::Idl;
         else if (word.starts_with(u"-"))
-            throw UsageError("no such option: " + json::toUtf8(word));
+            throw UsageError("no such option: " + toUtf8(word));
         else if (line.name)
             throw UsageError("more than one name");
         else

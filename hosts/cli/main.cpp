@@ -1,4 +1,6 @@
 // The process around the command line: its arguments as UTF-16, its streams as UTF-8 bytes.
+#include <quorkit/utf8.h>
+
 #include <ext/stdio_filebuf.h>
 #include <iostream>
 
@@ -15,7 +17,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "json/utf8.h"
 #endif
 
 namespace {
@@ -62,7 +63,7 @@ int openNothing() {
 #else
 std::vector<quorkit::String> arguments(int count, char** words) {
     std::vector<quorkit::String> result;
-    for (int i = 1; i < count; ++i) result.push_back(quorkit::json::fromUtf8(words[i]));
+    for (int i = 1; i < count; ++i) result.push_back(quorkit::fromUtf8(words[i]));
     return result;
 }
 

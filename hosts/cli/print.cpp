@@ -3,9 +3,9 @@
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
 #include <quorkit/picture.h>
+#include <quorkit/utf8.h>
 
 #include "json/plain_text.h"
-#include "json/utf8.h"
 
 namespace quorkit::cli {
 namespace {
@@ -28,7 +28,7 @@ bool printContent(std::ostream& out, const ObjectRef& object) {
     if (const auto* collection = dynamic_cast<const Collection*>(object.get())) {
         for (Long i = 1; i <= collection->count(); ++i) {
             const Collection::Entry& entry = collection->entry(i);
-            if (!entry.key.empty()) out << json::toUtf8(entry.key) << '\t';
+            if (!entry.key.empty()) out << toUtf8(entry.key) << '\t';
             out << json::plainText(entry.item) << '\n';
         }
         return true;

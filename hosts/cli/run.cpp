@@ -1,6 +1,7 @@
 #include "cli/run.h"
 
 #include <quorkit/ports/ports.h>
+#include <quorkit/utf8.h>
 
 #include <exception>
 #include <span>
@@ -11,7 +12,6 @@
 #include "cli/list.h"
 #include "cli/registry.h"
 #include "cli/usage.h"
-#include "json/utf8.h"
 #include "rpc/rpc.h"
 
 namespace quorkit::cli {
@@ -62,7 +62,7 @@ void runCommand(std::span<const String> words, std::istream& in, std::ostream& o
     if (command == u"call") return callMember(rest, out, err, ports);
     if (command == u"describe") return describeCommand(rest, out);
     if (command == u"registry") return registry(rest, in, out, ports);
-    if (!rest.empty()) throw UsageError(json::toUtf8(command) + " takes no arguments");
+    if (!rest.empty()) throw UsageError(toUtf8(command) + " takes no arguments");
     if (command == u"list") return list(out);
     if (command == u"rpc") return rpc::serve(in, out, ports);
     if (command == u"--help") {
@@ -70,7 +70,7 @@ void runCommand(std::span<const String> words, std::istream& in, std::ostream& o
     } else if (command == u"--version") {
         out << "quorkit " QUORKIT_VERSION "\n";
     } else {
-        throw UsageError("no such command: " + json::toUtf8(command));
+        throw UsageError("no such command: " + toUtf8(command));
     }
 }
 

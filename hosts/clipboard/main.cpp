@@ -1,5 +1,5 @@
 // quorkit-clipboard: owns the content of the clipboard until it is another's. The library starts
-// it; see linux/x11/owner_program.h.
+// it; see quorkit/ports/clipboard_owner.h.
 //
 //     quorkit-clipboard FORMAT <CONTENT
 //
@@ -7,16 +7,16 @@
 // put the content on the clipboard; a child of it goes on in the background. Otherwise it ends
 // within five seconds of having read the content.
 #include <fcntl.h>
+#include <quorkit/ports/clipboard_owner.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <iostream>
+#include <iterator>
+#include <string>
 #include <utility>
-
-#include "linux/run_tool.h"
-#include "linux/x11/owner_program.h"
-#include "linux/x11/selection_owner.h"
 
 namespace {
 
@@ -36,19 +36,18 @@ void detach() {
 
 /// Owns the clipboard to the end; tells `parent` when it does.
 int own(ClipboardFormat format, int parent) {
-    std::string content;
-    if (!native::readAll(STDIN_FILENO, content)) return 1;
-    auto offers = x11::offersOf(format, std::move(content));
-    alarm(x11::kLongestStart);
-    const auto connection = x11::Connection::open();
-    if (connection == nullptr || offers.empty()) return 1;
-    x11::SelectionOwner owner(*connection, std::move(offers));
-    if (!owner.hasTaken() || write(parent, &x11::kOwns, 1) != 1) return 1;
-    close(parent);
-    alarm(0);
-    detach();
-    owner.serve();
-    return 0;
+    constexpr unsigned longestStart = 5;  // seconds
+    std::string content(std::istreambuf_iterator<char>(std::cin), {});
+    if (std::cin.bad()) return 1;
+    alarm(longestStart);
+    const bool owned = ports::ownClipboard(format, std::move(content), [parent] {
+        if (write(parent, &ports::kOwnsClipboard, 1) != 1) return false;
+        close(parent);
+        alarm(0);
+        detach();
+        return true;
+    });
+    return owned ? 0 : 1;
 }
 
 }  // namespace

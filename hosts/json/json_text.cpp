@@ -1,34 +1,74 @@
 #include "json/json_text.h"
 
+#include <quorkit/utf8.h>
+
 #include <algorithm>
 #include <charconv>
+#include <cstdio>
+#include <functional>
 #include <optional>
 
-#include "json/utf8.h"
-
-// JSON values hold UTF-8, which has no lone surrogates. They are carried through it as the
-// noncharacter U+10FFFF, followed by the surrogate moved up into the private-use area; U+10FFFF
+// JSON values hold UTF-8, which has no surrogates. One without its partner is carried through it as
+// the noncharacter U+10FFFF, followed by the surrogate moved up into the private-use area; U+10FFFF
 // itself is doubled.
 
 namespace quorkit::json {
 namespace {
 
 constexpr int kDeepest = 200;
-constexpr char32_t kMark = 0x10FFFF;
-constexpr std::string_view kMarkBytes = "\xF4\x8F\xBF\xBF";
-constexpr char32_t kMoved = 0xE000 - 0xD800;
+constexpr std::string_view kMark = "\xF4\x8F\xBF\xBF";
 
-void appendCarried(std::string& bytes, char32_t codePoint) {
-    if (base::isSurrogate(codePoint) || codePoint == kMark) base::appendUtf8(bytes, kMark);
-    base::appendUtf8(bytes, base::isSurrogate(codePoint) ? codePoint + kMoved : codePoint);
+/// A surrogate takes three bytes, of which the first is \xED and the second begins at \xA0; moved
+/// up by 0x800 these two are \xEE and begin at \x80.
+constexpr char kFirst = '\xED';
+constexpr char kMovedFirst = '\xEE';
+constexpr char kMoved = 0x20;
+bool isSurrogate(std::string_view bytes) {
+    return bytes.size() >= 3 && bytes[0] == kFirst && (bytes[1] & kMoved) != 0;
 }
 
+void appendCarried(std::string& bytes, StringView text) {
+    const std::string plain = toUtf8(text, Malformed::Keep);
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        const std::string_view rest = std::string_view(plain).substr(i);
+        if (rest.starts_with(kMark)) bytes += kMark;
+        if (isSurrogate(rest)) {
+            bytes.append(kMark).append({kMovedFirst, static_cast<char>(rest[1] ^ kMoved)});
+            ++i;
+        } else {
+            bytes += rest[0];
+        }
+    }
+}
+
+/// Undoes it, and hands what was a surrogate to `surrogate` for its own form.
+template <class Surrogate>
+std::string uncarried(std::string_view bytes, Surrogate surrogate) {
+    std::string result;
+    result.reserve(bytes.size());
+    for (std::size_t mark; (mark = bytes.find(kMark)) != std::string::npos;) {
+        result += bytes.substr(0, mark);
+        bytes.remove_prefix(mark + kMark.size());
+        if (bytes.starts_with(kMark)) {
+            result += kMark;
+            bytes.remove_prefix(kMark.size());
+        } else {
+            result +=
+                surrogate(std::string{kFirst, static_cast<char>(bytes[1] ^ kMoved), bytes[2]});
+            bytes.remove_prefix(3);
+        }
+    }
+    return result.append(bytes);
+}
+
+constexpr std::size_t kEscapeLength = 6;
 /// The code unit of an escape like \u00E9 at `position`.
 std::optional<char16_t> escapedUnit(std::string_view text, std::size_t position) {
-    constexpr std::size_t kLength = 6;
-    if (text.size() - position < kLength || text.substr(position, 2) != "\\u") return {};
+    if (position > text.size() || text.size() - position < kEscapeLength ||
+        text.substr(position, 2) != "\\u")
+        return {};
     unsigned unit = 0;
-    const char* end = text.data() + position + kLength;
+    const char* end = text.data() + position + kEscapeLength;
     if (std::from_chars(text.data() + position + 2, end, unit, 16).ptr != end) return {};
     return static_cast<char16_t>(unit);
 }
@@ -42,18 +82,20 @@ std::string carried(std::string_view text) {
             std::min(text.find_first_of("\\\xF4", position), text.size()) - position;
         result += text.substr(position, plain);
         position += plain;
-        if (text.substr(position, kMarkBytes.size()) == kMarkBytes) {
-            appendCarried(result, kMark);
-            position += kMarkBytes.size();
+        if (text.substr(position, kMark.size()) == kMark) {
+            result.append(kMark).append(kMark);
+            position += kMark.size();
             continue;
         }
-        const auto unit = escapedUnit(text, position);
-        if (unit && base::isSurrogate(*unit)) {
-            String units(1, *unit);
-            if (const auto second = escapedUnit(text, position + 6)) units += *second;
-            std::size_t used = 0;
-            appendCarried(result, base::nextCodePoint(units, used));
-            position += 6 * used;
+        // The parser reads all other escapes.
+        String units;
+        for (auto unit = escapedUnit(text, position); unit && (*unit & 0xF800) == 0xD800;
+             unit = escapedUnit(text, position)) {
+            units += *unit;
+            position += kEscapeLength;
+        }
+        if (!units.empty()) {
+            appendCarried(result, units);
         } else {
             const std::string_view one = text.substr(position, text[position] == '\\' ? 2 : 1);
             result += one;
@@ -77,51 +119,25 @@ Json readJson(std::string_view text) {
 }
 
 std::string writeJson(const Json& value) {
-    const std::string text = value.dump(-1, ' ', false, Json::error_handler_t::replace);
-    std::string result;
-    result.reserve(text.size());
-    std::size_t position = 0;
-    for (std::size_t mark; (mark = text.find(kMarkBytes, position)) != std::string::npos;) {
-        result.append(text, position, mark - position);
-        position = mark + kMarkBytes.size();
-        if (text.compare(position, kMarkBytes.size(), kMarkBytes) == 0) {
-            result += kMarkBytes;
-            position += kMarkBytes.size();
-        } else {
-            const char32_t surrogate = fromUtf8(text.substr(position, 3))[0] - kMoved;
-            char digits[4];
-            std::to_chars(digits, std::end(digits), static_cast<unsigned>(surrogate), 16);
-            result.append("\\u").append(digits, 4);
-            position += 3;
-        }
-    }
-    return result.append(text, position);
+    return uncarried(value.dump(-1, ' ', false, Json::error_handler_t::replace),
+                     [](const std::string& surrogate) {
+                         char text[8];
+                         std::snprintf(text, sizeof text, "\\u%04x",
+                                       unsigned{fromUtf8(surrogate, Malformed::Keep)[0]});
+                         return std::string(text);
+                     });
 }
 
 Json jsonString(StringView text) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t position = 0; position < text.size();)
-        appendCarried(bytes, base::nextCodePoint(text, position));
+    appendCarried(bytes, text);
     return bytes;
 }
 
 String textOf(const Json& string) {
-    const String held = fromUtf8(string.get_ref<const std::string&>());
-    String text;
-    text.reserve(held.size());
-    for (std::size_t position = 0; position < held.size();) {
-        std::size_t start = position;
-        if (base::nextCodePoint(held, position) == kMark) {
-            start = position;
-            if (base::nextCodePoint(held, position) != kMark) {
-                text += static_cast<char16_t>(held[start] - kMoved);
-                continue;
-            }
-        }
-        text.append(held, start, position - start);
-    }
-    return text;
+    return fromUtf8(uncarried(string.get_ref<const std::string&>(), std::identity()),
+                    Malformed::Keep);
 }
 
 }  // namespace quorkit::json

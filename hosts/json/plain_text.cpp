@@ -1,9 +1,10 @@
 #include "json/plain_text.h"
 
+#include <quorkit/utf8.h>
+
 #include <charconv>
 
 #include "json/iso_date.h"
-#include "json/utf8.h"
 #include "json/value_json.h"
 
 namespace quorkit::json {

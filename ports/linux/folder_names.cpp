@@ -44,7 +44,7 @@ std::string_view startOf(std::string_view name) {
 }  // namespace
 
 std::string spelledNameOf(const String& name) {
-    const std::string bytes = base::toUtf8(name, base::Malformed::Keep);
+    const std::string bytes = base::toUtf8(name, Malformed::Keep);
     std::string result;
     std::size_t halves = 0;  // bytes that follow of half a character
     for (std::size_t i = 0; i < bytes.size(); ++i) {

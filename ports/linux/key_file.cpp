@@ -97,7 +97,7 @@ bool mayBeNamed(std::string_view line, std::string_view wanted) {
 }
 
 std::optional<base::ValueLine> lineOf(const std::string& text, const String& name) {
-    const std::string wanted = base::toUtf8(name, base::Malformed::Keep);
+    const std::string wanted = base::toUtf8(name, Malformed::Keep);
     std::optional<base::ValueLine> found;
     forEachLine(text, [&](const Line& line) {
         if (!mayBeNamed(line.says, wanted)) return true;
@@ -183,7 +183,7 @@ void KeyFile::set(std::span<const NamedValue> values) {
         if (!changed.empty() && !changed.ends_with('\n')) changed += lineEnd;
         changed +=
             base::toUtf8(base::printValue({place.name, *place.value}, base::RegTexts::Readable),
-                         base::Malformed::Keep);
+                         Malformed::Keep);
         changed += lineEnd;
     }
     changed.append(text_, copied);
@@ -220,7 +220,7 @@ std::vector<KeyFile::Damage> KeyFile::damage() const {
         }
         if (line.saysNothing()) return true;
         const String text = line.text();
-        if (base::toUtf8(text, base::Malformed::Keep) != line.says) say(u"is no UTF-8");
+        if (base::toUtf8(text, Malformed::Keep) != line.says) say(u"is no UTF-8");
         if (line.isName()) {
             if (named) say(u"is a second name");
             named = true;

@@ -78,7 +78,7 @@ ErrorCode NativeFiles::FinalName(const String& name, String& target) {
     return code;
 }
 
-ErrorCode NativeFiles::LockForChange(const String& name, Handle& lock, Wait wait) {
+ErrorCode NativeFiles::LockForChange(const String& name, Handle& handle, Wait wait) {
     std::string path;
     if (const ErrorCode code = pathOf(name, path)) return code;
     for (;;) {
@@ -88,14 +88,14 @@ ErrorCode NativeFiles::LockForChange(const String& name, Handle& lock, Wait wait
         if (code == kFileNotFound) {
             // There is nothing to lock. Whoever else makes it first wins, see Replace.
             code = mayMakeBeside(path);
-            if (code == kSuccess) lock = handOut(std::move(held));
+            if (code == kSuccess) handle = handOut(std::move(held));
             return code;
         }
         if (code == kSuccess && !writableByAnyone(held->about)) code = kAccessDenied;
         if (code == kSuccess) code = held->lock(LOCK_EX, wait);
         if (code != kSuccess) return code;
         if (fstat(held->descriptor, &held->about) == 0 && held->keepsItsName()) {
-            lock = handOut(std::move(held));
+            handle = handOut(std::move(held));
             return kSuccess;
         }
         // While this process waited, the holder replaced or removed the file it had locked.

@@ -19,12 +19,12 @@ bool appendBytes(StringView text, std::string& bytes) {
         if (unit != kBackslash && !base::standsForByte(unit)) return false;
         if (unit == kBackslash) unit = u'\\';
     }
-    bytes += base::toUtf8(name, base::Malformed::AsBytes);
+    bytes += base::toUtf8(name, Malformed::AsBytes);
     return true;
 }
 
 String textOf(std::string_view bytes) {
-    String text = base::fromUtf8(bytes, base::Malformed::AsBytes);
+    String text = base::fromUtf8(bytes, Malformed::AsBytes);
     std::ranges::replace(text, u'\\', kBackslash);
     return text;
 }

@@ -12,6 +12,18 @@ namespace quorkit::native {
 
 // The output goes to a file, as the end of a pipe need never come: a process that another thread
 // forks meanwhile keeps it open too.
+namespace {
+
+void readRest(int file, std::string& content) {
+    std::vector<char> buffer(1 << 16);
+    for (ssize_t count = 1; count > 0;) {
+        count = unlessInterrupted([&] { return read(file, buffer.data(), buffer.size()); });
+        if (count > 0) content.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+}
+
+}  // namespace
+
 ToolResult runTool(const std::vector<std::string>& words, int input) {
     ToolResult result;
     const Descriptor output(memfd_create("output", MFD_CLOEXEC));
@@ -25,21 +37,11 @@ ToolResult runTool(const std::vector<std::string>& words, int input) {
     if (!result.started) return result;
     int status = 0;
     const pid_t ended = unlessInterrupted([&] { return waitpid(process, &status, 0); });
-    if (lseek(output.get(), 0, SEEK_SET) == 0) readAll(output.get(), result.output);
+    if (lseek(output.get(), 0, SEEK_SET) == 0) readRest(output.get(), result.output);
     if (ended == process && WIFEXITED(status)) result.status = WEXITSTATUS(status);
     // Where this program takes no notice of its children, nobody learns how they ended.
     if (ended == -1) result.status = result.output.empty() ? 1 : 0;
     return result;
-}
-
-bool readAll(int file, std::string& content) {
-    std::vector<char> buffer(1 << 16);
-    for (;;) {
-        const ssize_t count =
-            unlessInterrupted([&] { return read(file, buffer.data(), buffer.size()); });
-        if (count <= 0) return count == 0;
-        content.append(buffer.data(), static_cast<std::size_t>(count));
-    }
 }
 
 }  // namespace quorkit::native

@@ -17,7 +17,4 @@ struct ToolResult {
 /// program does, and inherits no other handle. What it leaves in the background is not waited for.
 ToolResult runTool(const std::vector<std::string>& words, int input = -1);
 
-/// Appends what a file holds from where it stands; false when it cannot be read to its end.
-bool readAll(int file, std::string& content);
-
 }  // namespace quorkit::native

@@ -1,3 +1,5 @@
+#include <quorkit/ports/clipboard_owner.h>
+
 #include "native/native_desktop.h"
 #include "win32/clipboard_data.h"
 
@@ -60,3 +62,11 @@ bool NativeClipboard::GetClipboardData(ClipboardFormat format, std::string& data
 }
 
 }  // namespace quorkit::native
+
+namespace quorkit {
+
+bool ports::ownClipboard(ClipboardFormat, std::string, const std::function<bool()>&) {
+    return false;
+}
+
+}  // namespace quorkit

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <quorkit/values.h>
+#include <quorkit/values/malformed.h>
 
 #include <cstddef>
 #include <string>
@@ -31,16 +32,6 @@ std::size_t findLoneSurrogate(StringView text, std::size_t start = 0);
 /// The code point at `position`, which moves behind it. A surrogate without its partner is returned
 /// as it is. `position` must be inside the text.
 char32_t nextCodePoint(StringView text, std::size_t& position);
-
-/// What becomes of a surrogate without its partner in a text, and of bytes that are no UTF-8, such
-/// as over-long forms. Neither has a place on the other side.
-enum class Malformed {
-    Replace,  ///< U+FFFD for a surrogate, and for each of the bytes
-    Keep,  ///< a surrogate is three bytes, as any other unit, and comes back: every text survives
-           ///< a round trip. U+FFFD for each other byte
-    AsBytes,  ///< a byte is the surrogate U+DC00 + byte, and comes back: all bytes survive a round
-              ///< trip. U+FFFD for each other surrogate
-};
 
 /// Valid UTF-8 by default; what is read keeps what it can.
 std::string toUtf8(StringView text, Malformed malformed = Malformed::Replace);

@@ -17,6 +17,7 @@
 #include <quorkit/catalogue.h>
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
+#include <quorkit/errors.h>
 #include <quorkit/picture.h>
 
 #include <algorithm>
@@ -142,18 +143,13 @@ bool reaches(CallKind kind, const MemberInfo& member) {
 
 }  // namespace
 
-template <class C>
-const ClassInfo& frame::classInfo() {
-    static const ClassInfo& info = *std::ranges::find(
-        std::is_base_of_v<Object, C> ? std::span<const ClassInfo>(kRuntimeClasses)
-                                     : std::span<const ClassInfo>(kClasses),
-        &frame::memberRows<C>, &ClassInfo::members);
-    return info;
+const ClassInfo& frame::classOfRows(std::span<const MemberInfo> (*rows)()) {
+    for (const auto all : {classes(), runtimeClasses()})
+        if (const auto found = std::ranges::find(all, rows, &ClassInfo::members);
+            found != all.end())
+            return *found;
+    raise(ErrorNumber::InternalError);
 }
-
-template const ClassInfo& frame::classInfo<Collection>();
-template const ClassInfo& frame::classInfo<Dictionary>();
-template const ClassInfo& frame::classInfo<Picture>();
 
 std::span<const ClassInfo> classes() {
     return kClasses;

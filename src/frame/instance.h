@@ -13,9 +13,14 @@ namespace quorkit::frame {
 /// The rows of a class, specialised in its <class>_members.cpp.
 template <class C>
 std::span<const MemberInfo> memberRows();
+/// The class with these rows; it is in the catalogue.
+const ClassInfo& classOfRows(std::span<const MemberInfo> (*rows)());
 /// The class's place in the catalogue.
 template <class C>
-const ClassInfo& classInfo();
+const ClassInfo& classInfo() {
+    static const ClassInfo& info = classOfRows(&memberRows<C>);
+    return info;
+}
 
 template <class C>
 class Instance final : public CatalogueObject {

@@ -50,7 +50,7 @@ FileText takeApart(std::string content) {
         if (begins(mark))
             return {.mark = mark,
                     .text = base::toUtf8(base::fromUtf16(inOrder(mark, view.substr(mark.size()))),
-                                         base::Malformed::Keep),
+                                         Malformed::Keep),
                     .tail = std::string(view.substr(view.size() - view.size() % 2))};
     if (isBareUtf16(view)) return {.refused = true};
     return {.text = std::move(content)};
@@ -105,7 +105,7 @@ std::optional<std::string> encode(StringView text, Encoding encoding) {
         if (base::fromAnsi(bytes) != text) return std::nullopt;
         return bytes;
     }
-    std::string bytes = base::toUtf8(text, base::Malformed::Keep);
+    std::string bytes = base::toUtf8(text, Malformed::Keep);
     if (encoding != Encoding::Utf16 && !base::isUtf8(bytes)) return std::nullopt;
     return bytes;
 }

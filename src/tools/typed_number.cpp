@@ -1,5 +1,6 @@
 #include "tools/typed_number.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "convert/number_marks.h"
@@ -14,37 +15,45 @@ bool marksThousands(char16_t unit, char16_t decimal) {
            (convert::isOneOf(unit, convert::kPoints) && unit != decimal);
 }
 
-/// The number without its thousands marks, and with a full stop for the decimal mark. Nothing when
-/// these marks are not where they belong.
-std::optional<String> plain(StringView text, char16_t decimal) {
-    String result;
-    char16_t group = u'\0';
+/// Adds the whole number that begins at `at` without its thousands marks, and goes behind it. False
+/// when these marks are not where they belong.
+bool addWhole(StringView text, std::size_t& at, char16_t decimal, String& result) {
+    char16_t mark = u'\0';
     std::size_t digits = 0;  // behind the last mark
-    bool whole = true;       // still in front of the decimal mark and the exponent
-    const auto groupIsFull = [&] { return group == u'\0' || digits == 3; };
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i];
+    for (; at < text.size(); ++at) {
+        const char16_t unit = text[at];
         if (convert::isDigit(unit)) {
             ++digits;
             result += unit;
             continue;
         }
-        const bool between =
-            whole && digits > 0 && i + 1 < text.size() && convert::isDigit(text[i + 1]);
-        if (between && marksThousands(unit, decimal)) {
-            if (group == u'\0' ? digits > 3 : (digits != 3 || unit != group)) return {};
-            group = unit;
-            digits = 0;
-            continue;
-        }
-        if (whole && digits > 0) {
-            if (!groupIsFull()) return {};
-            whole = false;
-        }
-        if (convert::isOneOf(unit, convert::kPoints) && unit != decimal) return {};
+        const bool between = at + 1 < text.size() && convert::isDigit(text[at + 1]);
+        if (!between || !marksThousands(unit, decimal)) break;
+        if (mark == u'\0' ? digits > 3 : (digits != 3 || unit != mark)) return false;
+        mark = unit;
+        digits = 0;
+    }
+    return mark == u'\0' || digits == 3;
+}
+
+/// Adds what stands around a whole number, with a full stop for the decimal mark. False when there
+/// is a point that is none.
+bool addAround(StringView text, char16_t decimal, String& result) {
+    for (const char16_t unit : text) {
+        if (convert::isOneOf(unit, convert::kPoints) && unit != decimal) return false;
         result += unit == decimal ? u'.' : unit;
     }
-    if (whole && !groupIsFull()) return {};
+    return true;
+}
+
+/// The number as the runtime reads it. Nothing when its marks are not where they belong.
+std::optional<String> plain(StringView text, char16_t decimal) {
+    String result;
+    std::size_t at =
+        static_cast<std::size_t>(std::ranges::find_if(text, convert::isDigit) - text.begin());
+    if (!addAround(text.substr(0, at), decimal, result)) return {};
+    if (!addWhole(text, at, decimal, result)) return {};
+    if (!addAround(text.substr(at), decimal, result)) return {};
     return result;
 }
 

@@ -6,6 +6,7 @@
 #include <quorkit/enumerations.h>
 #include <quorkit/picture.h>
 #include <quorkit/ports/faults.h>
+#include <quorkit/utf8.h>
 
 #include <algorithm>
 #include <iterator>
@@ -14,7 +15,6 @@
 #include "base/unicode.h"
 #include "clipboard/samples.h"
 #include "hosts/command.h"
-#include "json/utf8.h"
 #include "rpc/property_object.h"
 #include "support/errors.h"
 #include "support/late.h"
@@ -60,7 +60,7 @@ struct World : MemoryPorts {
 using Things = std::multiset<std::string>;
 
 void addFolder(Things& things, Ports& world, const String& folder) {
-    things.insert(json::toUtf8(folder));
+    things.insert(toUtf8(folder));
     Array<String> names;
     if (GQuorFile(world).GetAllSubDirectories(folder, names) > 0)
         for (const String& name : names.elements()) addFolder(things, world, name);
@@ -69,14 +69,14 @@ void addFolder(Things& things, Ports& world, const String& folder) {
 Things thingsIn(World& world) {
     Things things;
     const auto add = [&](const String& what, auto... numbers) {
-        std::string thing = json::toUtf8(what);
+        std::string thing = toUtf8(what);
         ((thing += " " + std::to_string(static_cast<int>(numbers))), ...);
         things.insert(thing);
     };
     const auto addLines = [&](const String& name, const std::string& text) {
         std::istringstream lines(text);
         for (std::string line; std::getline(lines, line);)
-            if (line != "\r") things.insert(json::toUtf8(name) + ": " + line);
+            if (line != "\r") things.insert(toUtf8(name) + ": " + line);
     };
     addFolder(things, world, u"C:\\");
     Array<String> names;
@@ -265,7 +265,7 @@ TEST(FailingCalls, LeaveTheOldOrTheNew) {
         // Not yet GQuorKeyboard.SetKeyState: its port cannot tell that the table was not read.
     };
     for (const Writer& writer : writers) {
-        SCOPED_TRACE(json::toUtf8(writer.member) + testing::PrintToString(writer.arguments));
+        SCOPED_TRACE(toUtf8(writer.member) + testing::PrintToString(writer.arguments));
         expectPromise(writer);
     }
 }

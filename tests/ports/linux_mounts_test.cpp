@@ -2,9 +2,9 @@
 #ifdef __linux__
 #include <gtest/gtest.h>
 #include <quorkit/ports/drives.h>
+#include <quorkit/utf8.h>
 
 #include "base/name_parts.h"
-#include "json/utf8.h"
 #include "linux/drive_table.h"
 #include "linux/remote_name.h"
 #include "linux/volumes.h"
@@ -26,9 +26,9 @@ std::string drivesIn(const char* mountinfo) {
     std::string text;
     for (const native::Drive& drive : drives.all()) {
         const int type = native::driveTypeOf(drive.kind, drive.mount.device.starts_with("8:"));
-        text += (text.empty() ? "" : " | ") + json::toUtf8(String(1, drive.letter)) + ":" +
+        text += (text.empty() ? "" : " | ") + toUtf8(String(1, drive.letter)) + ":" +
                 drive.mount.point + " " + std::to_string(type);
-        if (!drive.remote.empty()) text += " " + json::toUtf8(drive.remote);
+        if (!drive.remote.empty()) text += " " + toUtf8(drive.remote);
     }
     return text;
 }

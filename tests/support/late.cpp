@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 #include <quorkit/collection.h>
+#include <quorkit/utf8.h>
 
 #include <algorithm>
 #include <ostream>
 #include <stdexcept>
 
-#include "json/utf8.h"
 #include "json/value_json.h"
 #include "support/errors.h"
 
@@ -95,8 +95,7 @@ void Late::expect(const std::vector<const char16_t*>& members, const std::vector
                  i != outcome.arguments.end(); ++i)
                 found.push_back(flat(*i));
         }
-        EXPECT_EQ(found, expected)
-            << json::toUtf8(members[0]) << testing::PrintToString(row.arguments);
+        EXPECT_EQ(found, expected) << toUtf8(members[0]) << testing::PrintToString(row.arguments);
     }
 }
 

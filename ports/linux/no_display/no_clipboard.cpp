@@ -1,4 +1,6 @@
 // A build that knows no display has no clipboard.
+#include <quorkit/ports/clipboard_owner.h>
+
 #include "linux/no_display/no_display.h"
 #include "native/native_desktop.h"
 
@@ -17,3 +19,11 @@ bool NativeClipboard::GetClipboardData(ClipboardFormat, std::string&) {
 }
 
 }  // namespace quorkit::native
+
+namespace quorkit {
+
+bool ports::ownClipboard(ClipboardFormat, std::string, const std::function<bool()>&) {
+    return native::nothing<bool>();
+}
+
+}  // namespace quorkit

@@ -1,5 +1,6 @@
 #include "linux/x11/owner_program.h"
 
+#include <quorkit/ports/clipboard_owner.h>
 #include <quorkit/ports/ports.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -64,7 +65,7 @@ bool startOwner(ClipboardFormat format, const std::string& content) {
         return false;
     const auto result =
         native::runTool({program().string(), std::to_string(static_cast<int>(format))}, file.get());
-    const bool owns = result.output == std::string(1, kOwns);
+    const bool owns = result.output == std::string(1, ports::kOwnsClipboard);
     if (!owns)
         ports::giveReason(std::string("the program ") + kName +
                           " is not there, or could not put the content there");

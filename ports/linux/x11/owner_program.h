@@ -8,11 +8,6 @@
 
 namespace quorkit::x11 {
 
-/// What the program answers once the content is on the clipboard.
-inline constexpr char kOwns = '+';
-/// So many seconds after it has read the content it gives up.
-inline constexpr unsigned kLongestStart = 5;
-
 /// Starts the program with a content. True when it has it on the clipboard.
 ///
 /// It is looked for in the folder that the environment variable QUORKIT_LIBEXEC names, unless this

@@ -1,11 +1,14 @@
 // The clipboard is the selection CLIPBOARD. What is put there is given to a program of its own,
 // which owns it.
+#include <quorkit/ports/clipboard_owner.h>
+
 #include <algorithm>
 #include <utility>
 
 #include "base/picture_kind.h"
 #include "base/unicode.h"
 #include "linux/x11/owner_program.h"
+#include "linux/x11/selection_owner.h"
 #include "linux/x11/selection_reader.h"
 #include "linux/x11/selection_types.h"
 #include "native/native_desktop.h"
@@ -76,3 +79,18 @@ bool NativeClipboard::GetClipboardData(ClipboardFormat format, std::string& data
 }
 
 }  // namespace quorkit::native
+
+namespace quorkit {
+
+bool ports::ownClipboard(ClipboardFormat format, std::string content,
+                         const std::function<bool()>& taken) {
+    auto offers = x11::offersOf(format, std::move(content));
+    const auto connection = x11::Connection::open();
+    if (connection == nullptr || offers.empty()) return false;
+    x11::SelectionOwner owner(*connection, std::move(offers));
+    if (!owner.hasTaken()) return false;
+    if (taken()) owner.serve();
+    return true;
+}
+
+}  // namespace quorkit
