@@ -29,7 +29,7 @@ install(FILES ${PROJECT_BINARY_DIR}/quorkit-config-version.cmake DESTINATION ${p
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig
            OUTPUT_VARIABLE prefix_from_pkgconfig)
 # Without --static, pkg-config tells nobody what a static library needs.
-if(NOT BUILD_SHARED_LIBS)
+if(NOT QUORKIT_SHARED)
   set(pkgconfig_static ${pkgconfig_libraries})
 endif()
 configure_file(cmake/quorkit.pc.in quorkit.pc @ONLY)

@@ -16,23 +16,25 @@ namespace quorkit::frame {
 #undef CONSTANT
 #undef END
 
-inline constexpr EnumerationInfo kEnumerations[] = {
-#define ENUMERATION(name, sentence) {#name, sentence, constantsOf_##name},
 #define CONSTANT(name, value)
 #define END(name)
+
+inline constexpr EnumerationInfo kEnumerations[] = {
+#define ENUMERATION(name, sentence) {#name, sentence, constantsOf_##name},
 #include <quorkit/enumerations.def>
 #undef ENUMERATION
 };
 
-constexpr const EnumerationInfo* enumerationWith(const ConstantInfo* constants) {
-    for (const EnumerationInfo& one : kEnumerations)
-        if (one.constants.data() == constants) return &one;
-    return nullptr;
-}
+/// Their places there.
+enum EnumerationPlace {
+#define ENUMERATION(name, sentence) placeOf_##name,
+#include <quorkit/enumerations.def>
+#undef ENUMERATION
+};
 
 #define ENUMERATION(name, sentence)                        \
     constexpr const EnumerationInfo* enumerationOf(name) { \
-        return enumerationWith(constantsOf_##name);        \
+        return &kEnumerations[placeOf_##name];             \
     }
 #include <quorkit/enumerations.def>
 #undef ENUMERATION

@@ -30,12 +30,9 @@ TEST(Describe, WritesAnInterfaceDefinition) {
         "[uuid(673d863f-04b8-44f9-aadf-94b1a8221c8d), appobject, helpstring(\"string helpers",
         "coclass GQuorLanguage { [default] dispinterface _GQuorLanguage; };",
         "        eLogEntryType_BlankLine = -2,\n",
-        "[id(0x68030000), propget, helpstring(\"The name of the file that all members work "
-        "on.\")]\n"
-        "        BSTR IniFileName();\n",
+        "work on.\")]\n        BSTR IniFileName();\n",
         "void IniFileName([in] BSTR newValue);\n",
-        "long DeleteKeys([in, out] BSTR* sSection, [in, out] SAFEARRAY(BSTR)* sKeyNames, "
-        "[in, optional] VARIANT lSectionSizeInByte);\n",
+        "[in, out] SAFEARRAY(BSTR)* sKeyNames, [in, optional] VARIANT lSectionSizeInByte);\n",
         "[in, out] _Collection** c);\n",
         "eLanguage WindowsLanguageIDToLanguageID([in] short iLanguage);\n",
         "[in, defaultvalue(0)] short iMinLength);\n",

@@ -37,10 +37,10 @@ TEST(Compare, KnowsWhatIsEqualAndWhatIsNeither) {
 TEST(Compare, RefusesWhatIsNoScalar) {
     const std::pair<Variant, Long> cases[] = {
         {Array<Variant>(), 13}, {ErrorValue{1}, 13}, {Collection::make(), 438}, {ObjectRef(), 91}};
-    for (const auto& [value, error] : cases)
-        for (const Variant& other : {value, Variant(1.0), Variant(Null{})}) {
-            EXPECT_EQ(test::errorOf([&] { compare(value, other); }), error);
-            EXPECT_EQ(test::errorOf([&] { compare(other, value); }), error);
+    for (const auto& one : cases)
+        for (const Variant& other : {one.first, Variant(1.0), Variant(Null{})}) {
+            EXPECT_EQ(test::errorOf([&] { compare(one.first, other); }), one.second);
+            EXPECT_EQ(test::errorOf([&] { compare(other, one.first); }), one.second);
         }
 }
 
