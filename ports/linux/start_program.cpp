@@ -31,7 +31,7 @@ ErrorCode codeOf(int error) {
     }
 }
 
-/// No signal reaches this thread, or a process that it forks, until the end.
+/// Blocks all signals for this thread, and for a process that it forks, while this object lives.
 class Deaf {
    public:
     Deaf() {
@@ -49,7 +49,7 @@ class Deaf {
 
 }  // namespace
 
-/// What a program is started with.
+/// Everything that a program is started with.
 class Start::Line {
    public:
     explicit Line(std::span<const std::string> words) {
@@ -87,7 +87,7 @@ class Start::Line {
 
 Start::Start(const Streams& streams, Session session) {
     posix_spawn_file_actions_init(&files_);
-    // First the output that is given, which may itself have one of the first numbers.
+    // The output comes first, because the given descriptor may be one of the three standard ones.
     if (streams.outputTo != -1)
         note(posix_spawn_file_actions_adddup2(&files_, streams.outputTo, STDOUT_FILENO));
     else if (streams.output == Streams::Nothing)

@@ -14,13 +14,13 @@ bool marksThousands(char16_t unit, char16_t decimal) {
            (convert::isOneOf(unit, convert::kPoints) && unit != decimal);
 }
 
-/// The number without its thousands marks, and with a full stop for the decimal mark. Nothing when
-/// these marks are not where they belong.
+/// The number without thousands marks and with a full stop as decimal mark. Nothing when a mark is
+/// in a wrong place.
 std::optional<String> plain(StringView text, char16_t decimal) {
     String result;
     char16_t group = u'\0';
-    std::size_t digits = 0;  // behind the last mark
-    bool whole = true;       // still in front of the decimal mark and the exponent
+    std::size_t digits = 0;  // since the last mark
+    bool whole = true;       // before the decimal mark and the exponent
     const auto groupIsFull = [&] { return group == u'\0' || digits == 3; };
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i];

@@ -1,4 +1,4 @@
-// A build that knows no display has no clipboard.
+// The clipboard of a build without display: there is none.
 #include "linux/no_display/no_display.h"
 #include "native/native_desktop.h"
 
