@@ -1,5 +1,5 @@
-// UTF-8, which the command line and JSON speak. Bytes that are none pass through a text and back,
-// as in the names of files: a name from the command line or to it opens, whatever it is made of.
+// UTF-8 for the command line and JSON. Bytes that are not valid UTF-8 survive a round trip, as in
+// names of files: the file opens, whatever bytes its name has.
 #pragma once
 
 #include "base/unicode.h"

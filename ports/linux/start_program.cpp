@@ -87,7 +87,8 @@ class Start::Line {
 
 Start::Start(const Streams& streams, Session session) {
     posix_spawn_file_actions_init(&files_);
-    // The output comes first, because the given descriptor may be one of the three standard ones.
+    // The output comes first, because `outputTo` may be one of the standard descriptors, which
+    // change below.
     if (streams.outputTo != -1)
         note(posix_spawn_file_actions_adddup2(&files_, streams.outputTo, STDOUT_FILENO));
     else if (streams.output == Streams::Nothing)
@@ -138,15 +139,15 @@ ErrorCode Start::run(std::span<const std::string> words, pid_t& process) const {
 
 ErrorCode Start::runDetached(std::span<const std::string> words) const {
     if (failure_ != 0) return codeOf(failure_);
-    // Its end need never come, as a process that another thread forks meanwhile keeps it open too.
+    // This pipe may have no end, because a process that another thread forks meanwhile keeps it
+    // open too.
     int ends[2] = {};
     if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return lastError();
     const Descriptor answers(ends[0]);
     const Descriptor answer(ends[1]);
     const Line line(words);
-    // Between, there is a process that does nothing but start the program and end. Other threads
-    // of this one may hold any lock, so it does nothing else; nor does it run this one's handlers
-    // of signals.
+    // A process in between starts the program and ends. It does nothing else, because other threads
+    // of this program may hold any lock, and it does not run this program's signal handlers.
     pid_t between = -1;
     {
         const Deaf deaf;

@@ -33,11 +33,11 @@ ErrorCode MemoryFiles::Open(const String& name, FileAccess access, Handle& handl
     ErrorCode code = state_->findFile(name, place);
     if (code == kSuccess && access == FileAccess::Append) {
         state_->waitToAdd(guard, memory::Key(place.key));
-        code = state_->findFile(name, place);  // much may have happened meanwhile
+        code = state_->findFile(name, place);  // the file may have changed meanwhile
     }
     if (code != kSuccess) return code;
     if (access == FileAccess::CreateNew) {
-        Place asSpelled;  // a link is in the way, wherever it leads to
+        Place asSpelled;  // a link is in the way, whatever its target
         state_->tree.find(name, asSpelled, {.followLast = false});
         if (asSpelled.entry != nullptr) return kFileExists;
     }

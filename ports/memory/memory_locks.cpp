@@ -1,4 +1,4 @@
-// Changing a file whole: locks and replacement in memory.
+// Locks and replacement of files in memory.
 #include <chrono>
 
 #include "memory/memory_state.h"
@@ -89,7 +89,7 @@ ErrorCode MemoryFiles::Replace(Handle lock, Handle file, Wait) {
     else
         made->item->attributes = to.entry->item->attributes;
     to.entry->item = made->item;
-    if (made->key != to.key) state_->tree.remove(made->key);  // left there by somebody
+    if (made->key != to.key) state_->tree.remove(made->key);  // somebody has left it at that name
     return kSuccess;
 }
 

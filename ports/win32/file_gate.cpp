@@ -9,13 +9,13 @@
 namespace quorkit::native {
 namespace {
 
-/// One name for one file, however its own is spelled.
+/// The same name for one file, however the file's name is spelled.
 std::wstring objectName(String name) {
     ::CharLowerBuffW(wide(name), static_cast<DWORD>(name.size()));
     return L"Global\\quorkit-" + std::to_wstring(base::hashOf(StringView(name)));
 }
 
-/// Users who share the file share its objects, so everyone may open them.
+/// Users who share the file also share its kernel objects, so everyone may open them.
 template <class Make>
 HANDLE makeForEveryone(Make make) {
     SECURITY_DESCRIPTOR everyone = {};

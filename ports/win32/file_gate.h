@@ -1,7 +1,6 @@
-// Who may change a file. Two kernel objects stand for its name: a mutex, the gate, which is passed
-// for each change, and a mark, which exists for as long as somebody holds a lock or keeps the file
-// from being locked. The kernel takes both back when their process dies, and neither stands in the
-// way of replacing the file.
+// The right to change a file. Two kernel objects belong to its name. The mutex is entered for each
+// change. The mark exists while somebody holds a lock, or keeps the file from being locked. The
+// kernel removes both when their process dies, and neither prevents the file from being replaced.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -13,7 +12,7 @@ namespace quorkit::native {
 
 class Gate {
    public:
-    /// For a final name; see `status` for how it went.
+    /// For a final name; `status` gives the outcome.
     explicit Gate(const String& name);
     ~Gate();
     Gate(const Gate&) = delete;
@@ -21,12 +20,12 @@ class Gate {
 
     ErrorCode status() const { return status_; }
 
-    /// Waits for at most so long; kLockViolation and a reason when that was too short.
+    /// Waits up to `most`; kLockViolation and a reason when that was too short.
     ErrorCode enter(std::chrono::milliseconds most = longest(Wait::Patiently));
-    /// For the thread that has entered.
+    /// Only for the thread that has entered.
     void leave();
 
-    /// Called inside.
+    /// Only after entering.
     bool marked() const;
     ErrorCode mark();
     void unmark();

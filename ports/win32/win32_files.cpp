@@ -34,7 +34,7 @@ ErrorCode open(const String& name, DWORD access, DWORD how, HANDLE& file) {
         ::CreateFileW(wide(name), access, kShareAll, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return lastError();
     if (::GetFileType(file) == FILE_TYPE_DISK) return kSuccess;
-    ::CloseHandle(file);  // NUL, CON and their like
+    ::CloseHandle(file);  // NUL, CON and similar names
     return kAccessDenied;
 }
 
@@ -54,8 +54,8 @@ std::uint64_t numberOf(HANDLE file) {
     return (std::uint64_t{about.nFileIndexHigh} << 32) | about.nFileIndexLow;
 }
 
-/// Enters the gate of a file for adding. Whoever stands in it for ever stops no log: once the wait
-/// was in vain, this process adds from outside, and tries each time.
+/// Enters the mutex of a file for adding. A process that holds it for ever stops no log: once the
+/// wait was in vain, this process adds without it, and tries it again each time without waiting.
 ErrorCode enterToAdd(const Opened& file, bool& inside) {
     static lines::GivenUp<String> givenUp;
     const auto most = longest(Wait::Patiently);
@@ -98,7 +98,7 @@ ErrorCode with(const Opened& opened, Use use) {
     return code;
 }
 
-/// Runs `change` on a file for adding, and tells it whether nobody else changes the file meanwhile.
+/// Runs `change` on a file for adding, and tells it whether others are kept from changing the file.
 template <class Change>
 ErrorCode whileNamed(const Opened& opened, Change change) {
     bool inside = false;
@@ -141,8 +141,8 @@ bool isTorn(HANDLE file, std::uint64_t size, std::string_view feed) {
            !lines::endAt(size, {end, wanted}, feed);
 }
 
-/// Adds `bytes` in one piece, or takes back what a full disk has taken of them, if nobody else can
-/// have added something behind it.
+/// Adds `bytes` in one piece. When a full disk has taken only a part, that part is removed again,
+/// if nobody else can have added behind it.
 ErrorCode add(HANDLE file, std::string_view bytes, std::string_view lineBreak, bool alone) {
     std::uint64_t size = 0;
     if (const ErrorCode code = sizeOf(file, size)) return code;

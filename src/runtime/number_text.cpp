@@ -46,8 +46,9 @@ bool isSign(char16_t unit) {
     return kSigns.find(unit) != StringView::npos;
 }
 
-/// Takes the sign off `text`: one in front or behind, or the parentheses that mean a minus. Blanks
-/// around the rest are removed too; `text` has none at the start. U+0000 when there is no sign.
+/// Takes the sign off `text`, which has no blanks at its ends, and then the blanks next to the
+/// sign. The sign is in front or behind, or parentheses that mean a minus. U+0000 when there is
+/// none.
 char16_t takeSign(StringView& text) {
     if (text.size() < 2) return u'\0';
     char16_t sign = u'\0';
