@@ -56,7 +56,7 @@ struct HiveRegistry::OpenKey {
     bool writes;
 
     static const OpenKey& of(Handle key) { return *reinterpret_cast<const OpenKey*>(key); }
-    static Handle handOut(OpenKey key) {
+    static Handle toHandle(OpenKey key) {
         return Handle(reinterpret_cast<std::intptr_t>(new OpenKey(std::move(key))));
     }
 };
@@ -84,7 +84,7 @@ ErrorCode HiveRegistry::RegOpenKeyExA(RegistryRoot root, const String& path, Reg
     const bool isRoot = path.empty();
     // The classes root exists even before anybody has put a class into it.
     if (code == kFileNotFound && isRoot && reads) code = kSuccess;
-    if (code == kSuccess) key = OpenKey::handOut({std::move(places), isRoot, reads, !reads});
+    if (code == kSuccess) key = OpenKey::toHandle({std::move(places), isRoot, reads, !reads});
     return code;
 }
 
@@ -96,7 +96,7 @@ ErrorCode HiveRegistry::RegCreateKeyA(RegistryRoot root, const String& path, Han
         return place.hive->open(place.path, RegistryAccess::Write);
     });
     if (code == kFileNotFound) code = places.back().hive->create(places.back().path);
-    if (code == kSuccess) key = OpenKey::handOut({std::move(places), path.empty(), true, true});
+    if (code == kSuccess) key = OpenKey::toHandle({std::move(places), path.empty(), true, true});
     return code;
 }
 

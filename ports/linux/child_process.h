@@ -50,7 +50,7 @@ class Process {
 inline Process& processOf(Handle handle) {
     return *reinterpret_cast<Process*>(handle);
 }
-inline Handle handOut(std::unique_ptr<Process> process) {
+inline Handle toHandle(std::unique_ptr<Process> process) {
     return Handle(reinterpret_cast<std::intptr_t>(process.release()));
 }
 

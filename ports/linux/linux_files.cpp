@@ -36,7 +36,7 @@ ErrorCode NativeFiles::Open(const String& name, FileAccess access, Handle& handl
             code = openToAdd(*file);
             break;
     }
-    if (code == kSuccess) handle = handOut(std::move(file));
+    if (code == kSuccess) handle = toHandle(std::move(file));
     return code;
 }
 

@@ -55,7 +55,7 @@ struct Opened {
 inline Opened& openedOf(Handle handle) {
     return *reinterpret_cast<Opened*>(handle);
 }
-inline Handle handOut(std::unique_ptr<Opened> file) {
+inline Handle toHandle(std::unique_ptr<Opened> file) {
     return Handle(reinterpret_cast<std::intptr_t>(file.release()));
 }
 

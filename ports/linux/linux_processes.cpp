@@ -77,7 +77,7 @@ ErrorCode NativeProcesses::CreateProcessA(const String& commandLine, const Strin
         pid_t number = 0;
         const ErrorCode code = start(how, program.name(), line, number);
         if (code == kSuccess) {
-            process = handOut(std::make_unique<Process>(number, ending));
+            process = toHandle(std::make_unique<Process>(number, ending));
             return kSuccess;
         }
         if (code != kFileNotFound) answer = code;

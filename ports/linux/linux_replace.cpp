@@ -89,14 +89,14 @@ ErrorCode NativeFiles::LockForChange(const String& name, Handle& lock, Wait wait
         if (code == kFileNotFound) {
             // There is nothing to lock. The process that makes the file first wins, see Replace.
             code = mayMakeBeside(path);
-            if (code == kSuccess) lock = handOut(std::move(held));
+            if (code == kSuccess) lock = toHandle(std::move(held));
             return code;
         }
         if (code == kSuccess && !writableByAnyone(held->about)) code = kAccessDenied;
         if (code == kSuccess) code = held->lock(LOCK_EX, wait);
         if (code != kSuccess) return code;
         if (fstat(held->descriptor, &held->about) == 0 && held->keepsItsName()) {
-            lock = handOut(std::move(held));
+            lock = toHandle(std::move(held));
             return kSuccess;
         }
         // While this process waited, the holder has replaced or removed the file.
@@ -120,7 +120,7 @@ ErrorCode NativeFiles::CreateReplacement(Handle lock, const String& beside, Hand
             return made->descriptor != -1;
         });
     if (code == kSuccess && fstat(made->descriptor, &made->about) != 0) code = lastError();
-    if (code == kSuccess) file = handOut(std::move(made));
+    if (code == kSuccess) file = toHandle(std::move(made));
     return code;
 }
 

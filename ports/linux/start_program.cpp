@@ -32,16 +32,16 @@ ErrorCode codeOf(int error) {
 }
 
 /// Blocks all signals for this thread, and for a process that it forks, while this object lives.
-class Deaf {
+class SignalsBlocked {
    public:
-    Deaf() {
+    SignalsBlocked() {
         sigset_t all;
         sigfillset(&all);
         pthread_sigmask(SIG_SETMASK, &all, &before_);
     }
-    ~Deaf() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-    Deaf(const Deaf&) = delete;
-    Deaf& operator=(const Deaf&) = delete;
+    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsBlocked(const SignalsBlocked&) = delete;
+    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
 
    private:
     sigset_t before_;
@@ -150,7 +150,7 @@ ErrorCode Start::runDetached(std::span<const std::string> words) const {
     // of this program may hold any lock, and it does not run this program's signal handlers.
     pid_t between = -1;
     {
-        const Deaf deaf;
+        const SignalsBlocked blocked;
         between = _Fork();
         if (between == 0) {
             pid_t process = 0;

@@ -15,7 +15,7 @@ MemoryFiles::State::Opened* MemoryFiles::State::find(Handle handle) {
     return found == opened.end() || found->second.lock ? nullptr : &found->second;
 }
 
-Handle MemoryFiles::State::handOut(Opened file) {
+Handle MemoryFiles::State::toHandle(Opened file) {
     const std::intptr_t number = nextHandle++;
     opened[number] = std::move(file);
     return Handle(number);
@@ -48,7 +48,7 @@ ErrorCode MemoryFiles::Open(const String& name, FileAccess access, Handle& handl
     }
     if (isForAdding(access) && place.entry->readOnly()) return kAccessDenied;
     if (access == FileAccess::Append) state_->adding.insert(place.key);
-    handle = state_->handOut({place.entry->item, access, place.key});
+    handle = state_->toHandle({place.entry->item, access, place.key});
     return kSuccess;
 }
 

@@ -51,7 +51,7 @@ struct MemoryFiles::State {
     Opened* findLock(Handle handle);
     /// Finds the locked file; kFileReplaced when it has changed since.
     ErrorCode findLocked(const Opened& lock, memory::Place& place);
-    Handle handOut(Opened file);
+    Handle toHandle(Opened file);
     /// Follows links to the place of a file, which need not exist; kAccessDenied for a folder.
     ErrorCode findFile(const String& name, memory::Place& place);
     /// Waits until no lock keeps others from adding to the file, see Files.

@@ -60,7 +60,7 @@ ErrorCode enterToAdd(const Opened& file, bool& inside) {
     static lines::GivenUp<String> givenUp;
     const auto most = longest(Wait::Patiently);
     const ErrorCode code =
-        file.gate->enter(givenUp.contains(file.name) ? std::chrono::milliseconds(0) : most);
+        file.mutex->enter(givenUp.contains(file.name) ? std::chrono::milliseconds(0) : most);
     inside = code == kSuccess;
     givenUp.set(file.name, code == kLockViolation);
     return code == kLockViolation ? kSuccess : code;
@@ -68,20 +68,20 @@ ErrorCode enterToAdd(const Opened& file, bool& inside) {
 
 ErrorCode openToAdd(const String& name, Opened& made) {
     made.name = finalName(name);
-    made.gate = std::make_unique<Gate>(made.name);
-    ErrorCode code = made.gate->status();
+    made.mutex = std::make_unique<FileMutex>(made.name);
+    ErrorCode code = made.mutex->status();
     bool inside = false;
     if (code == kSuccess) code = enterToAdd(made, inside);
     if (code != kSuccess) return code;
     code = mayBeWritten(made.name);
-    if (code == kSuccess && made.access == FileAccess::Append) code = made.gate->mark();
+    if (code == kSuccess && made.access == FileAccess::Append) code = made.mutex->mark();
     if (code == kSuccess) code = openToChange(made.name, OPEN_ALWAYS, made.file);
     if (code == kSuccess) made.number = numberOf(made.file);
     if (code == kSuccess && made.access == FileAccess::AppendYielding) {
         ::CloseHandle(made.file);
         made.file = nullptr;
     }
-    if (inside) made.gate->leave();
+    if (inside) made.mutex->leave();
     return code;
 }
 
@@ -108,7 +108,7 @@ ErrorCode whileNamed(const Opened& opened, Change change) {
         const ErrorCode changed = leadsHere() ? change(file, inside) : kFileReplaced;
         return changed != kSuccess || inside || leadsHere() ? changed : kFileReplaced;
     });
-    if (inside) opened.gate->leave();
+    if (inside) opened.mutex->leave();
     return code;
 }
 
@@ -169,7 +169,7 @@ ErrorCode NativeFiles::Open(const String& name, FileAccess access, Handle& handl
         code = open(name, GENERIC_READ, OPEN_EXISTING, made->file);
     else
         code = open(name, GENERIC_WRITE, CREATE_NEW, made->file);
-    if (code == kSuccess) handle = handOut(std::move(made));
+    if (code == kSuccess) handle = toHandle(std::move(made));
     return code;
 }
 
@@ -219,8 +219,8 @@ ErrorCode NativeFiles::FlushFileBuffers(Handle handle) {
 ErrorCode NativeFiles::CloseHandle(Handle handle) {
     const std::unique_ptr<Opened> closing(&opened(handle));
     if (closing->lock) {
-        closing->gate->unmark();
-        closing->gate->leave();
+        closing->mutex->unmark();
+        closing->mutex->leave();
     }
     ErrorCode code = kSuccess;
     if (closing->file != nullptr) code = resultOf(::CloseHandle(closing->file));

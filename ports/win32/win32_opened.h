@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "win32/file_gate.h"
+#include "win32/file_mutex.h"
 
 namespace quorkit::native {
 
@@ -24,8 +24,8 @@ struct Look {
 struct Opened {
     HANDLE file = nullptr;  ///< null for a lock, and for FileAccess::AppendYielding
     FileAccess access = FileAccess::Read;
-    std::uint64_t position = 0;  ///< start of the next read
-    std::unique_ptr<Gate> gate;  ///< for a lock, and for a file for adding
+    std::uint64_t position = 0;        ///< start of the next read
+    std::unique_ptr<FileMutex> mutex;  ///< for a lock, and for a file for adding
     bool lock = false;
     Look look;             ///< for a lock: when it was locked
     bool forWork = false;  ///< for a replacement: it is not in place yet
@@ -44,7 +44,7 @@ inline Opened& opened(Handle handle) {
     return *reinterpret_cast<Opened*>(handle);
 }
 
-inline Handle handOut(std::unique_ptr<Opened> file) {
+inline Handle toHandle(std::unique_ptr<Opened> file) {
     return Handle(reinterpret_cast<std::intptr_t>(file.release()));
 }
 

@@ -56,26 +56,26 @@ ErrorCode NativeFiles::LockForChange(const String& name, Handle& handle, Wait wa
     lock->lock = true;
     lock->name = finalName(name);
     if (const ErrorCode code = mayBeWritten(lock->name)) return code;
-    lock->gate = std::make_unique<Gate>(lock->name);
-    if (const ErrorCode code = lock->gate->status()) return code;
+    lock->mutex = std::make_unique<FileMutex>(lock->name);
+    if (const ErrorCode code = lock->mutex->status()) return code;
     const auto end = steady_clock::now() + longest(wait);
     for (;;) {
         const auto rest = std::chrono::duration_cast<std::chrono::milliseconds>(
             std::max(end - steady_clock::now(), steady_clock::duration::zero()));
-        ErrorCode code = lock->gate->enter(rest);
+        ErrorCode code = lock->mutex->enter(rest);
         if (code != kSuccess) return code;
         // A mark found here belongs to somebody who adds, or to a lock that this same thread holds.
-        if (!lock->gate->marked()) {
-            code = lock->gate->mark();
+        if (!lock->mutex->marked()) {
+            code = lock->mutex->mark();
             if (code != kSuccess) {
-                lock->gate->leave();
+                lock->mutex->leave();
                 return code;
             }
             lock->look = Look::at(lock->name);
-            handle = handOut(std::move(lock));
+            handle = toHandle(std::move(lock));
             return kSuccess;
         }
-        lock->gate->leave();
+        lock->mutex->leave();
         if (rest.count() == 0) return kLockViolation;
         ::Sleep(1);
     }
@@ -95,7 +95,7 @@ ErrorCode NativeFiles::CreateReplacement(Handle, const String& beside, Handle& f
                                    FILE_ATTRIBUTE_NORMAL, nullptr);
         made->forWork = made->file != INVALID_HANDLE_VALUE;
         if (made->forWork) {
-            file = handOut(std::move(made));
+            file = toHandle(std::move(made));
             return kSuccess;
         }
         if (::GetLastError() != ERROR_FILE_EXISTS) break;

@@ -73,7 +73,7 @@ class Decorator : public Port, public Faults {
 
 /// A complete set of ports under one order, which counts the calls of all of them:
 ///
-///     FaultyPorts faulty(world);
+///     FaultyPorts faulty(ports);
 ///     faulty.answer(3, kDiskFull);  // the third call of any port
 ///     QuorInifile ini(faulty);
 class FaultyPorts : public Faults {
@@ -87,8 +87,8 @@ class FaultyPorts : public Faults {
     operator Ports&();  // NOLINT(google-explicit-constructor): as the ports
 
    private:
-    struct World;
-    std::unique_ptr<World> world_;
+    struct Decorators;
+    std::unique_ptr<Decorators> decorators_;
 };
 
 }  // namespace quorkit

@@ -10,13 +10,13 @@
 
 namespace quorkit::native {
 
-class Gate {
+class FileMutex {
    public:
     /// For a final name; `status` gives the outcome.
-    explicit Gate(const String& name);
-    ~Gate();
-    Gate(const Gate&) = delete;
-    Gate& operator=(const Gate&) = delete;
+    explicit FileMutex(const String& name);
+    ~FileMutex();
+    FileMutex(const FileMutex&) = delete;
+    FileMutex& operator=(const FileMutex&) = delete;
 
     ErrorCode status() const { return status_; }
 
