@@ -61,10 +61,9 @@ constexpr std::chrono::milliseconds longest(Wait wait) {
 /// that the name leads to now. An append that has waited for a lock returns kFileReplaced too if
 /// the file was replaced under that lock.
 ///
-/// Waiting to lock fails with kLockViolation when the wait was too short. Waiting to add is
-/// Patiently; if that is in vain, the append goes ahead without the lock, and later appends do not
-/// wait again until the lock was free once. The kernel holds the locks and takes them back when a
-/// process dies.
+/// A lock gives kLockViolation when the wait was too short. An append waits Patiently; if that is
+/// in vain it goes ahead without the lock, and later appends do not wait until the lock was free
+/// once. The kernel holds the locks and takes them back when a process dies.
 ///
 /// (1) On Windows nobody can replace the file. (2) With AppendYielding Linux waits only when
 /// appending. (3) Linux cannot lock a file that does not exist: there everything happens at once,

@@ -131,7 +131,7 @@ class MemoryHost final : public Host {
     bool answer(const FileDialog& dialog, String& name);
 };
 
-/// Programs that do no more than end as they are told.
+/// Programs that only run for a set time and end with a set exit code.
 class MemoryProcesses final : public Processes {
    public:
     struct Program {
