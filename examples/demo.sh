@@ -1,6 +1,6 @@
 #!/bin/sh
-# Works on one INI file: reads, writes, adds, deletes, merges, stores a value of several lines. Each time
-# `diff` shows that only the lines concerned have changed.
+# Works on one INI file: reads, writes, adds, deletes, merges, stores a value of several lines. Each
+# time `diff` shows that only the lines concerned have changed.
 #
 #     examples/demo.sh [INI-FILE]
 #

@@ -1,7 +1,8 @@
 #!/bin/sh
 # run.sh BUILD [SECONDS] [TARGET...]: runs each fuzz target for SECONDS, by default 60, two at once.
-# Useful inputs stay in BUILD/corpus, where the next run begins. An input that breaks a promise stays
-# in BUILD/findings/TARGET, and BUILD/fuzz/fuzz_TARGET FILE shows it again; then this script fails.
+# Useful inputs stay in BUILD/corpus, where the next run begins. An input that breaks a promise
+# stays in BUILD/findings/TARGET, and BUILD/fuzz/fuzz_TARGET FILE shows it again; this script then
+# fails.
 set -eu
 seeds=$(cd "$(dirname "$0")" && pwd)/seeds
 build=$(cd "$1" && pwd)
