@@ -1,5 +1,5 @@
-// The keyed collection against a hash table beside a vector, which find and keep the same, except
-// that their letter case is ASCII's alone.
+// The keyed collection against a hash table and a vector that do the same, except that they fold
+// only ASCII letters.
 #include <benchmark/benchmark.h>
 #include <quorkit/QuorCollection.h>
 
@@ -67,7 +67,7 @@ const std::vector<String>& keys() {
     static const auto all = makeKeys(kMillion, "Customer");
     return all;
 }
-/// The same in other letters and in no order.
+/// The same keys in another letter case and in random order.
 const std::vector<String>& soughtKeys() {
     static const auto all = [] {
         auto made = makeKeys(kMillion, "cUSTOMER");
@@ -133,7 +133,7 @@ PAIR(
         for (Long i = 1; i <= kMillion; ++i) benchmark::DoNotOptimize(c.getKey(i));
     })
 
-/// Every tenth element is gone, so that a position has to be searched for.
+/// Every tenth element is removed, so positions must be searched for.
 void CollectionIndex_gaps(benchmark::State& state) {
     auto c = filled<QuorCollection>();
     for (Long i = kMillion; i > 0; i -= 10) c.removeByIndex(i);

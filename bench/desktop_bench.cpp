@@ -1,5 +1,5 @@
-// Searching the windows of an X server against plain requests sent in one go, and the clipboard
-// against a program that people have for it. The server is started here.
+// Searching the windows of an X server against plain requests sent together; and the clipboard
+// against a common program for it. The server is started here.
 #include <benchmark/benchmark.h>
 #include <quorkit/GQuorClipboard.h>
 #include <quorkit/GQuorWindows.h>
@@ -39,7 +39,7 @@ class Screen {
     }
     xcb_get_property_cookie_t askList() { return ask(root_, "_NET_CLIENT_LIST_STACKING"); }
 
-    /// How many bytes the property has.
+    /// The number of bytes in the property.
     int take(xcb_get_property_cookie_t cookie, std::vector<xcb_window_t>* words = nullptr) {
         xcb_get_property_reply_t* const reply =
             xcb_get_property_reply(connection_, cookie, nullptr);
@@ -72,7 +72,7 @@ class Screen {
         }
         set(root_, "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, 32, windows.data(),
             windows.size());
-        for (const xcb_window_t window : {root_, windows.front()})  // which says it keeps the list
+        for (const xcb_window_t window : {root_, windows.front()})  // says that it keeps the list
             set(window, "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, 32, windows.data(), 1);
         take(askList());
     }
@@ -110,7 +110,7 @@ void SearchTitle(benchmark::State& state) {
 }
 BENCHMARK(SearchTitle)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
-/// The list, and then every title in one go.
+/// Requests the list, then every title together.
 void SearchTitle_pipelined(benchmark::State& state) {
     Screen& screen = Screen::get();
     for (auto _ : state) {

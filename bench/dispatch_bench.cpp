@@ -1,4 +1,4 @@
-// What a late-bound call costs over the direct one.
+// The cost of a late-bound call over the direct one.
 #include <benchmark/benchmark.h>
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/dispatch.h>

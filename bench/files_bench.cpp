@@ -30,7 +30,7 @@ constexpr int kFiles = 100'000;
 constexpr int kFolders = 1'000;
 constexpr Long kListed = kFiles / 2;
 
-/// A flat folder and a tree of as many files, every other one a text; gone when the program ends.
+/// A flat folder and a tree with equally many files, half of them texts; deleted at the end.
 struct Disk {
     Disk() {
         std::string pattern = (fs::temp_directory_path() / "quorkit-bench-XXXXXX").string();

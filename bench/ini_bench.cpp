@@ -1,4 +1,4 @@
-// INI files against GLib's GKeyFile, inih, and the least work that could do.
+// INI files against GLib's GKeyFile, inih, and the minimum of work.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <glib.h>
@@ -154,7 +154,8 @@ void ChangeOneKey_flushed(benchmark::State& state) {
 }
 BENCHMARK(ChangeOneKey_flushed);
 
-/// Writes beside the file and renames, without a flush: what our unflushed save does, but no lock.
+/// Writes another file and renames it, without a flush. Our unflushed save does this too, plus a
+/// lock.
 void save(GKeyFile* keyFile, const std::string& name) {
     gsize size = 0;
     char* data = g_key_file_to_data(keyFile, &size, nullptr);
@@ -182,7 +183,7 @@ void ChangeOneKey_GKeyFile(benchmark::State& state) {
 }
 BENCHMARK(ChangeOneKey_GKeyFile);
 
-/// Every other key is new, every other one is there.
+/// Half of the keys are new.
 void merge(benchmark::State& state, int count) {
     Array<String> table({0, 2}, {0, count});
     for (Long i = 0; i < count; ++i) {

@@ -1,4 +1,4 @@
-// The log file against spdlog, both handing each line to the system before they return, and against
+// The log file against spdlog, both passing each line to the system before they return; and against
 // opening, writing and closing by hand.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-// Runs the benchmarks and prints, behind their times, the ratios to the peers of the same run.
+// Runs the benchmarks, then prints their ratios to the peers of the same run.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// Pairs of benchmarks of one run, reported as ratios at its end.
+// Pairs of benchmarks of one run, reported as ratios at the end.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace quorkit::bench {
 
-/// "ours" against "peer", both by benchmark name, and what we want of them.
+/// The names of two benchmarks, "ours" and "peer", and the ratio wanted.
 struct Ratio {
     std::string ours;
     std::string peer;
@@ -15,7 +15,7 @@ struct Ratio {
 
 std::vector<Ratio>& ratios();
 
-/// Announces ratios; used in static initializers.
+/// Registers ratios; used in static initializers.
 struct Report {
     Report(std::initializer_list<Ratio> more) {
         ratios().insert(ratios().end(), more.begin(), more.end());

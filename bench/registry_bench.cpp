@@ -1,5 +1,5 @@
-// The registry against plain files, against SQLite doing the same, and against Wine's registry
-// through the Windows build of the library.
+// The registry against plain files, against SQLite, and against Wine's registry, which the Windows
+// build of the library uses.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -35,7 +35,7 @@ const Report kReport({
     {"RegistryListKeys", "RegistryListKeys_wine", ""},
 });
 
-/// A store of its own on this disk, gone when the program ends.
+/// A store of its own on this disk, deleted at the end.
 struct Disk {
     Disk() {
         std::string pattern = (fs::temp_directory_path() / "quorkit-bench-XXXXXX").string();
@@ -109,7 +109,7 @@ void RegistryWriteDWord_flushed(benchmark::State& state) {
 }
 BENCHMARK(RegistryWriteDWord_flushed)->UseRealTime();
 
-// --- SQLite: one table, write-ahead log, otherwise as it comes ---
+// --- SQLite: one table, write-ahead log, otherwise the default settings ---
 
 class Table {
    public:
@@ -203,7 +203,7 @@ BENCHMARK(measureTable<&Table::listValues>)->Name("RegistryListValues_sqlite");
 
 // --- Wine ---
 
-/// What registry_probe prints under Wine: nanoseconds by case. QUORKIT_REGISTRY_PROBE is the
+/// The output of registry_probe under Wine: nanoseconds by case. QUORKIT_REGISTRY_PROBE is the
 /// command that runs it.
 const std::map<std::string, double>& probed() {
     static const std::map<std::string, double> all = [] {

@@ -1,4 +1,4 @@
-// What is done with the registry to measure it, on whatever system.
+// The operations on a registry that are measured, on any system.
 #pragma once
 
 #include <quorkit/GQuorRegistry.h>
@@ -28,7 +28,7 @@ class RegistryCases {
     bool readDWord() { return registry_.Reg_ReadDWordValue(kDeep, u"Left") >= 0; }
     bool writeDWord() { return registry_.Reg_WriteDWordValue(kDeep, u"Left", number(++count_)); }
     bool writeBulk() {
-        // What is there already would not be written again.
+        // Equal values would not be written again.
         static const DictionaryRef both[] = {values(kBulk, 0), values(kBulk, 1)};
         registry_.Reg_WriteKeyValuesEx(kBulkKey, both[++count_ % 2]);
         return true;

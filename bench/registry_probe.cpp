@@ -1,5 +1,4 @@
-// Prints how many nanoseconds each case takes, one a line: what the benchmarks of another system
-// ask for.
+// Prints the nanoseconds of each case, one a line, for the benchmarks on another system.
 #include <chrono>
 #include <cstdio>
 

@@ -184,7 +184,7 @@ void Fields1MB(benchmark::State& state) {
     fields(state, kMegabyte);
 }
 BENCHMARK(Fields1MB);
-/// Compares with regard to letter case, but makes the same collection.
+/// Compares with letter case, but makes the same collection.
 void Fields1MB_loop(benchmark::State& state) {
     const String text = wide(repeated("Dear @#FirstName#@, "));
     for (auto _ : state) {

@@ -1,4 +1,4 @@
-// Sorting a million Variants, against the standard library's sort of the same ones.
+// Sorting a million Variants against the standard library's sort.
 #include <benchmark/benchmark.h>
 #include <quorkit/GQuorTools.h>
 
@@ -33,7 +33,7 @@ Values shuffled() {
 Values equal() {
     return Values(kCount, Variant(1.5));
 }
-/// Half of them numbers of another type, so that equal ones differ.
+/// Half of the numbers have another type, so equal ones differ.
 Values twoTypes() {
     Values values = shuffled();
     for (int i = 0; i < kCount; i += 2) values[static_cast<std::size_t>(i)] = Long{i};

@@ -1,10 +1,10 @@
 #!/bin/sh
-# A walk over one INI file: read, write, add, delete, merge, a value of several lines, each time with
-# `diff` as the witness that only the touched lines changed.
+# Works on one INI file: reads, writes, adds, deletes, merges, stores a value of several lines. Each
+# time `diff` shows that only the lines concerned have changed.
 #
 #     examples/demo.sh [INI-FILE]
 #
-# Uses the `quorkit` on the PATH. Works on a copy; without a file, on the demo's own settings.
+# Uses the `quorkit` on the PATH, and a copy of the file; without a file, the demo's own settings.
 set -eu
 command -v quorkit >/dev/null || { echo "quorkit is not on the PATH" >&2 && exit 1; }
 here=$(cd "$(dirname "$0")" && pwd)
@@ -26,7 +26,7 @@ ini() {
     quorkit call "QuorInifile.$member" --set IniFileName="$file" "$@"
     diff "$scratch/before" "$file" || true
 }
-# The same, without a word.
+# The same without output.
 ask() {
     member=$1
     shift

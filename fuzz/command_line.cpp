@@ -1,6 +1,6 @@
-// Fields: a command line and, from the second on, words. Finds: words that do not come back from
-// the line that quotes them, names of programs that take more than their words, shortcuts whose
-// parts do not fit together.
+// Command lines. Fields: a command line, then words. Finds: words that a quoting line does not
+// return; names of programs that take more than their words; shortcuts whose parts do not fit
+// together.
 #include "base/command_line.h"
 
 #include <vector>
@@ -12,7 +12,7 @@
 namespace quorkit::fuzz {
 namespace {
 
-/// The word as programs quote it that want it back.
+/// The word as programs quote it when they want it back unchanged.
 String quoted(const String& word) {
     String line = u"\"";
     std::size_t backslashes = 0;

@@ -1,6 +1,5 @@
 // Texts as dates, and formats. Fields: a text, a format, a number of seconds, a language. Finds:
-// dates that are not read back from what they are written as, in any language, and formats that
-// fail or lose characters.
+// dates whose text is not read back, in any language; formats that fail or lose characters.
 #include <array>
 #include <cmath>
 
@@ -41,7 +40,7 @@ void checkDate(Date date) {
     promise(iso && json::fromIsoDate(*iso) == std::optional(date), "a date comes back from JSON");
 }
 
-/// What a format puts out when nothing in it stands for anything.
+/// The output of a format that contains no tokens.
 void checkCopied(const String& text, Date date, eLanguage language) {
     String escaped;
     for (const char16_t unit : text) escaped.append({u'\\', unit});

@@ -63,7 +63,7 @@ std::vector<Assignment> assignmentsIn(StringView text, StringView equals, String
 
 enum class Repeats { None, Perhaps, Surely };
 
-/// Whether a name comes twice. What letters beyond ASCII count as the same is not the matter here.
+/// Whether a name comes twice. The letter case of characters beyond ASCII is not tested here.
 Repeats repeats(const std::vector<Assignment>& all) {
     Repeats found = Repeats::None;
     for (std::size_t i = 0; i < all.size(); ++i)

@@ -1,8 +1,7 @@
-// An INI file as it came, and a sequence of changes, each checked against a model of the lines.
-// Fields: the content; a number of keys put behind it, so that sections grow beyond every buffer;
-// then for each change a letter and what it takes, see `step`. Finds: lines changed or lost that
-// no change was asked for, values that are not read as they were written, writes that were refused
-// and left something behind, or refused without a reason.
+// An INI file and a sequence of changes, each checked against a model of the lines. Fields: the
+// content; the number of keys appended to it, so that sections outgrow every buffer; then for each
+// change a letter and its parameters, see `step`. Finds: lines changed or lost without being asked
+// for; values that are not read as written; refused writes that left a trace or gave no reason.
 #include <quorkit/QuorInifile.h>
 #include <quorkit/ports/memory.h>
 
@@ -37,7 +36,7 @@ class Session {
         now_ = IniText::of(bytes_.value_or(""));
     }
 
-    /// Takes the state after a change; false when it was refused, which must have left everything.
+    /// Reads the state after a change. False when it was refused; then nothing may have changed.
     bool changed(bool done, bool mayBeRefused) {
         before_ = std::move(now_);
         const auto bytes = std::move(bytes_);
@@ -56,7 +55,7 @@ class Session {
         return true;
     }
 
-    /// Whether the file's encoding may stand in the way of a change that brings or takes `text`.
+    /// Whether the file's encoding may prevent a change that adds or removes `text`.
     bool encodingForbids(const String& text) const {
         const bool ascii = std::ranges::all_of(text, [](char16_t unit) { return unit < 0x80; });
         return !now_.holds(text) || (now_.encoding == IniText::Ansi && !ascii);
@@ -70,7 +69,7 @@ class Session {
     void writeLines(const String& section, const Entries& table);
     void deleteKeys(const String& section, const std::vector<String>& names, bool withLines);
 
-    /// Lines outside a section that was written anew, wherever it stands now.
+    /// Checks the lines outside a section that was written anew, wherever it is now.
     void checkOutside(const String& section) const {
         const std::size_t old = before_.findSection(section);
         promiseSameLines(withoutBlanks(now_.outside(now_.findSection(section))),
@@ -215,7 +214,7 @@ void Session::writeLines(const String& section, const Entries& table) {
     if (forbidden || odd) return;
     promiseEqual(written, accepted, "entries that a line carries");
     if (!old || hasTwice(wanted)) return;
-    const bool twice = hasTwice(*old);  // then nothing is taken away
+    const bool twice = hasTwice(*old);  // then nothing is removed
     for (const Entry& one : *old)
         if (twice || !keys.contains(comparable(withoutDigits(one.key)))) wanted.push_back(one);
     promiseKeys(keysOf(now_, now_.findSection(section)), wanted);
@@ -258,7 +257,7 @@ void Session::deleteKeys(const String& section, const std::vector<String>& names
 void Session::step(Fields& fields) {
     const std::string order = fields.bytes();
     const char letter = order.empty() ? 'W' : order[0];
-    if (letter == 'F' || letter == 'R') {  // a disk that is nearly full; a read-only file
+    if (letter == 'F' || letter == 'R') {  // a disk that is nearly full, or a read-only file
         limited_ = true;
         if (letter == 'F') ports_.files.setFreeSpace(std::size_t(std::abs(fields.number() % 5000)));
         if (letter == 'R' && bytes_) ports_.files.setReadOnly(kFile);
@@ -270,7 +269,7 @@ void Session::step(Fields& fields) {
     Entries table = {{fields.text(), {}}};
     if (letter == 'D') return deleteKey(section, table[0].key);
     table[0].value = fields.text();
-    // A digit behind the letter: how many more.
+    // A digit behind the letter means so many more.
     const int more = order.size() > 1 && order[1] >= '0' && order[1] <= '9' ? order[1] - '0' : 0;
     for (int i = 0; i < more; ++i) {
         const String key = fields.text();

@@ -1,6 +1,6 @@
-// The file of a key's values, as it came, and changes to it. Fields: the text; then for each change
-// a name, a type and bytes, or a name and "-". Finds: values that are not read as they were set,
-// changes to other values, comments that are lost.
+// The file of a key's values, and changes to it. Fields: the text; then for each change a name, a
+// type and bytes, or a name and "-". Finds: values that are not read as set; changes to other
+// values; comments that are lost.
 #include "linux/key_file.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace {
 
 using native::KeyFile;
 
-/// The values by their names without letter case.
+/// The values by their folded names.
 std::map<String, RegistryValue> valuesOf(const KeyFile& file) {
     std::vector<NamedValue> list;
     file.list(list);
@@ -28,7 +28,7 @@ std::map<String, RegistryValue> valuesOf(const KeyFile& file) {
     return values;
 }
 
-/// The lines that surely say nothing, without blanks at the end.
+/// The lines that certainly hold no value, without blanks at the end.
 std::vector<std::string> commentsOf(std::string_view text) {
     std::vector<std::string> comments;
     for (std::size_t at = 0; at < text.size();) {

@@ -1,7 +1,7 @@
-// A log file as it came, written and shortened by two objects in turn. Fields: the content; then
-// for each step a letter and a number in one, "E5", and a text: see `step`. Finds: entries that are
-// lost, cut or torn into others, shortening that takes newer lines and leaves older ones, files
-// that are not as they were when it fails.
+// A log file, written and shortened by two objects in turn. Fields: the content; then for each step
+// a letter and a number in one, "E5", and a text, see `step`. Finds: entries that are lost, cut or
+// torn apart; shortening that removes newer lines and keeps older ones; failures that change the
+// file.
 #include <quorkit/QuorLogFile.h>
 #include <quorkit/ports/memory.h>
 
@@ -40,8 +40,8 @@ bool isUnfinished(const std::string& content) {
     return !text.empty() && !text.ends_with(end);
 }
 
-/// Whether `kept` is what shortening may leave of `old`: the newest lines, from the start of a line
-/// on, without the last two bytes; all that fit, unless the disk is full.
+/// Whether shortening may leave `kept` of `old`: the newest lines, from the start of a line on,
+/// without the last two bytes; all that fit, unless the disk is full.
 bool isShortened(const std::string& kept, const std::string& old, Long limit, bool fullDisk) {
     const auto mark = markOf(old);
     if (mark == base::kUtf16Mark)
@@ -56,14 +56,14 @@ bool isShortened(const std::string& kept, const std::string& old, Long limit, bo
         old.compare(begin, size - 2, kept, mark.size(), std::string::npos) != 0)
         return false;
     const double share = 0.8 * limit;
-    // A mark may count or not.
+    // The mark may be included or not.
     return static_cast<double>(size) <= share + 3 &&
            (fullDisk || old.find('\n', old.size() - static_cast<std::size_t>(std::max(0.0, share)) +
                                            4) >= begin - 1);
 }
 
-/// The same for an entry on a full disk, which shortens twice: what the first time leaves of UTF-16
-/// has no mark, and may still be too large.
+/// The same for an entry on a full disk, which shortens twice: what is left of UTF-16 after the
+/// first time has no mark, and may still be too large.
 bool isShortenedTwice(const std::string& kept, const std::string& old, Long limit) {
     if (markOf(old) != base::kUtf16Mark) return false;
     for (std::size_t half = old.size() / 2 - 2; half <= old.size() / 2 + 2; ++half)
@@ -89,17 +89,17 @@ class Session {
    private:
     std::string content() const { return ports_.files.content(kFile).value_or(""); }
 
-    /// Whether the file can have become this by one entry: the old lines, or the newest of them,
-    /// and the entry behind them. A line that somebody left unfinished is not continued.
+    /// Whether one entry can have made the file like this: the old lines, or the newest of them,
+    /// then the entry. A line that somebody left unfinished is not continued.
     bool isAdded(const std::string& old, const String& text, Long limit, bool continues) const {
         const std::string line = lineIn(old, text);
         const std::string lineEnd = lineIn(old, u"");
         const bool unfinished = isUnfinished(old);
         if (now_ == old + (unfinished && !continues ? lineEnd : "") + line) return true;
-        // Half a character of UTF-16 is made a whole one, so that the others are read.
+        // An odd byte at the end of UTF-16 is completed, so that the text behind it can be read.
         if (old.size() % 2 != 0 && now_ == old + '\0' + lineEnd + line) return true;
         if (limit <= 0 || old.size() <= static_cast<std::size_t>(limit)) return false;
-        // What stays of UTF-16 has no mark, or a chance one.
+        // The rest of a shortened UTF-16 file has no mark, or one by chance.
         for (const std::string& one :
              {line, base::toAnsi(text + u"\r\n"), base::toUtf8(text + u"\r\n")})
             for (const std::string& added : {one, lineEnd + one})
@@ -142,7 +142,7 @@ class Session {
         noteShortened(which, old);
     }
 
-    /// A line that had no end before is somebody's torn one, in which nobody goes on.
+    /// A line that had no end before was torn by somebody; nobody continues it.
     void noteShortened(std::size_t which, const std::string& old) {
         unfinishedAt_[which].reset();
         if (old.ends_with('\n') || markOf(old) == base::kUtf16Mark)
@@ -152,7 +152,7 @@ class Session {
     MemoryPorts ports_;
     QuorLogFile logs_[2] = {QuorLogFile(ports_), QuorLogFile(ports_)};
     std::string now_;
-    std::optional<std::size_t> unfinishedAt_[2];  ///< where one may go on in the last line
+    std::optional<std::size_t> unfinishedAt_[2];  ///< size at which the last line may go on
     bool fullDisk_ = false;
 };
 
@@ -161,7 +161,7 @@ void Session::step(const std::string& order, const String& text) {
     if (order.size() > 1) std::from_chars(order.data() + 1, order.data() + order.size(), number);
     const char letter = order.empty() ? 'E' : order[0];
     switch (letter) {
-        case 'e':  // entries of the other object
+        case 'e':  // an entry of the other object
         case 'E':
             for (Long i = 0; i < 1 + std::abs(number % 120); ++i)
                 write(letter == 'E' ? 0 : 1, text);
@@ -170,7 +170,7 @@ void Session::step(const std::string& order, const String& text) {
         case 'L':
             limit(letter == 'L' ? 0 : 1, number);
             break;
-        case 'S':  // the size at which the first one shortens by itself
+        case 'S':  // the size at which the first object shortens the file
             logs_[0].setMaxFileSize(number);
             break;
         case 'O':
@@ -186,7 +186,7 @@ void Session::step(const std::string& order, const String& text) {
             ports_.files.setFreeSpace(static_cast<std::size_t>(std::abs(number % 10'000)));
             fullDisk_ = true;
             break;
-        case 'T':  // another program, or what is left of one that was ended: half a line
+        case 'T':  // half a line by another program, or by one that was killed
             if (logs_[0].isFileOpen()) break;
             ports_.files.put(kFile, now_ + base::toUtf8(text));
             now_ = content();

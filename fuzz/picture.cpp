@@ -1,6 +1,5 @@
-// Bytes as a picture file and as a packed bitmap. Finds: sizes beyond the bytes, sizes that change
-// with what stands behind the picture, bitmaps that do not come back from the clipboard as they
-// were.
+// Bytes as a picture file and as a packed bitmap. Finds: sizes beyond the bytes; sizes that depend
+// on the bytes behind the picture; bitmaps that change on their way through the clipboard.
 #include <quorkit/GQuorClipboard.h>
 #include <quorkit/errors.h>
 #include <quorkit/picture.h>

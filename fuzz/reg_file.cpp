@@ -1,5 +1,5 @@
-// A .reg file, read, applied to an empty registry, printed and read again. Finds: values that do
-// not come back, files that we print and do not read, line numbers beyond the file.
+// A .reg file: read, applied to an empty registry, printed and read again. Finds: values that
+// change; files that we print but cannot read; line numbers beyond the file.
 #include "registry/reg_file.h"
 
 #include <quorkit/ports/memory.h>
@@ -28,7 +28,7 @@ void addKeys(std::vector<Key>& all, Registry& registry, const registry::RegPath&
         addKeys(all, registry, {path.root, path.path + (path.path.empty() ? u"" : u"\\") + name});
 }
 
-/// All that a registry has, in its own order.
+/// Everything in a registry, in its own order.
 std::vector<Key> keysOf(Registry& registry) {
     std::vector<Key> all;
     for (const auto root : {RegistryRoot::CurrentUser, RegistryRoot::LocalMachine})
@@ -37,7 +37,7 @@ std::vector<Key> keysOf(Registry& registry) {
 }
 
 bool sameKeys(const std::vector<Key>& a, const std::vector<Key>& b) {
-    // Which value was set first may differ: the default value is printed in front.
+    // The order of values may differ, because the default value is printed first.
     const auto sorted = [](std::vector<NamedValue> values) {
         std::ranges::sort(values, {}, &NamedValue::name);
         return values;

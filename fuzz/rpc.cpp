@@ -1,8 +1,7 @@
-// A session over JSON-RPC in a world of memory, one message a line. A line that begins with a
-// number calls the member with that place in the catalogue; the arguments stand behind it in JSON.
-// So every member is called with whatever values. Finds: answers that are no answers or not one
-// line, members that fail otherwise than with an error of the runtime, values that do not come back
-// from their notation.
+// A session over JSON-RPC on ports in memory, one message a line. A line that begins with a number
+// calls the member at that place in the catalogue with the arguments behind it, in JSON; so every
+// member is called with any values. Finds: invalid answers, or of several lines; members that fail
+// without an error of the runtime; values that their notation does not return.
 #include "rpc/rpc.h"
 
 #include <quorkit/catalogue.h>
@@ -19,7 +18,7 @@ namespace {
 
 using json::Json;
 
-/// Members that take as long, or as much memory, as they are asked to.
+/// Members that use as much time or memory as they are asked to.
 constexpr std::string_view kUnbounded[] = {"lpad", "rpad", "delay", "quicksortvariantarray"};
 
 bool isBounded(const std::string& member) {
@@ -53,7 +52,7 @@ const std::vector<Place>& places() {
     return all;
 }
 
-/// The message that a short line stands for.
+/// The message for a short line.
 std::string message(std::string_view line) {
     std::size_t number = 0;
     const auto end = std::from_chars(line.data(), line.data() + line.size(), number);
@@ -67,7 +66,7 @@ std::string message(std::string_view line) {
            R"(","args":[)" + std::string(end.ptr, line.data() + line.size()) + "]}}";
 }
 
-/// A value in an answer is read as what it was.
+/// Checks that a value in an answer is read back as the same value.
 void checkValue(const Json& value) {
     json::ObjectTable objects;
     Variant read;
@@ -75,7 +74,7 @@ void checkValue(const Json& value) {
         read = json::fromJson(value, objects);
     } catch (const AutomationError& error) {
         promise(error.number() == 424, "an answer's values can be read");
-        return;  // an object of the session
+        return;  // an object in the session
     }
     promiseEqual(json::toJson(read, objects).dump(), value.dump(), "a value comes back from JSON");
 }

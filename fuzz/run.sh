@@ -1,8 +1,8 @@
 #!/bin/sh
-# run.sh BUILD [SECONDS] [TARGET...]: gives each fuzz target so many seconds, 60 when none are
-# given, two at once. What was of use is kept in BUILD/corpus and is where the next run begins; an
-# input that broke a promise is kept in BUILD/findings/TARGET, and BUILD/fuzz/fuzz_TARGET FILE shows
-# it again. Fails when there was one.
+# run.sh BUILD [SECONDS] [TARGET...]: runs each fuzz target for SECONDS, by default 60, two at once.
+# Useful inputs stay in BUILD/corpus, where the next run begins. An input that breaks a promise
+# stays in BUILD/findings/TARGET, and BUILD/fuzz/fuzz_TARGET FILE shows it again; this script then
+# fails.
 set -eu
 seeds=$(cd "$(dirname "$0")" && pwd)/seeds
 build=$(cd "$1" && pwd)
@@ -15,14 +15,14 @@ if [ $# = 0 ]; then
     set -- "$@" "${name%.dict}"
   done
 fi
-# A glance makes the same choices each time, so that no change fails for the luck of another.
+# A short run makes the same choices each time, so that no change fails by chance.
 seed=0
 [ "$seconds" -ge 60 ] || seed=1
 # UBSan stops at the first finding anyway; the rest is as in the tests with sanitizers.
 export ASAN_OPTIONS="${ASAN_OPTIONS-detect_stack_use_after_return=1:strict_string_checks=1}"
 export UBSAN_OPTIONS="${UBSAN_OPTIONS-print_stacktrace=1}"
 
-# Gives one target its time: one line when it finds nothing, all it has to say otherwise.
+# Runs one target. Prints one line when it finds nothing, otherwise all of its output.
 fuzz() {
   log=$build/log/$1
   mkdir -p "$build/corpus/$1" "$build/findings/$1" "$build/log"

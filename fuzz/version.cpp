@@ -1,5 +1,4 @@
-// Bytes as a Windows program. Finds: versions that stand nowhere in the file, reading that does not
-// end.
+// Bytes as a Windows program. Finds: versions that are not in the file; reading that does not end.
 #include <quorkit/GQuorFile.h>
 #include <quorkit/ports/memory.h>
 
@@ -9,7 +8,7 @@
 namespace quorkit::fuzz {
 namespace {
 
-/// Whether a fixed version block with this version stands anywhere in the file.
+/// Whether a fixed version block with this version is anywhere in the file.
 bool holds(std::string_view file, const file::FileVersion& version) {
     std::string numbers;
     for (const int part : {1, 0, 3, 2}) {

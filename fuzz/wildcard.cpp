@@ -1,5 +1,5 @@
-// A pattern against names. Finds: answers that differ from those of the plain definition, which
-// tries every way through the pattern.
+// A pattern and names. Finds: answers that differ from the plain definition, which tries every way
+// through the pattern.
 #include "file/wildcard.h"
 
 #include <algorithm>
@@ -38,7 +38,7 @@ bool matches(StringView pattern, const Name& name, std::size_t at) {
     return !end && base::toUpper(pattern[0]) == base::toUpper(unit) && matches(rest, name, at + 1);
 }
 
-/// As Windows cuts a pattern before anything is matched. Only "*." is told from "*" even so.
+/// The pattern as Windows cuts it before it matches. Only "*." still differs from "*".
 String cut(const String& asked) {
     const String kept = asked.substr(0, asked.find_last_not_of(u". ") + 1);
     if (kept == u"*.*") return u"*";
@@ -48,7 +48,7 @@ String cut(const String& asked) {
 }  // namespace
 
 void run(std::string_view input) {
-    // What is tried grows with the length to the power of the stars.
+    // The number of ways grows with the length to the power of the number of stars.
     constexpr std::size_t longest = 24;
     constexpr std::ptrdiff_t mostStars = 5;
     Fields fields(input);

@@ -20,8 +20,8 @@ String number(std::uint64_t value) {
     return String(digits.begin(), digits.end());
 }
 
-/// The places of a worker: one that all share, one for changes of many keys where the kind of store
-/// tells such apart, and its own.
+/// The places that a worker changes: one that all share, one for changes of many keys if the kind
+/// of store has such changes, and its own.
 std::vector<String> placesOf(Role role, std::uint32_t worker) {
     const String own = u"Own " + number(worker);
     if (role == Role::Ini) return {u"Shared", u"Bulk", own};
@@ -29,7 +29,7 @@ std::vector<String> placesOf(Role role, std::uint32_t worker) {
             String(kRegistry) + own + String(kDeeper)};
 }
 
-/// No name ends in a digit: values of several lines could not have it.
+/// No name ends in a digit, which values of several lines do not allow.
 String keyOf(std::uint32_t worker, std::uint32_t key) {
     return u"w" + number(worker) + u".k" + number(key) + u"x";
 }
@@ -38,7 +38,7 @@ String linesKeyOf(std::uint32_t worker, std::uint32_t key) {
     return u"w" + number(worker) + String(kLinesKey) + static_cast<char16_t>(u'a' + key);
 }
 
-/// A value with everything that a file might trip over. It differs from step to step.
+/// A value with everything that may be difficult in a file. It is different at each step.
 String valueOf(const Job& job, std::uint32_t step, Random& random) {
     constexpr StringView odd = u"aZ09 ;=[]\"'\\/#,%!\t\u00E9\u00FC";
     String value = number(job.incarnation) + u"." + number(step) + u" ";
@@ -72,7 +72,7 @@ Kind kindOf(Role role, std::size_t place, Random& random) {
     constexpr Kind keys[] = {Kind::Put,    Kind::Put,     Kind::PutNumber,
                              Kind::Remove, Kind::PutMany, Kind::RemovePlace};
     if (role == Role::Registry) {
-        // The place that all share is nobody's to remove.
+        // Nobody removes the place that all share.
         return keys[random.below(static_cast<std::uint32_t>(std::size(keys)) - (place == 0))];
     }
     if (place == 0) return onlyOne[random.below(static_cast<std::uint32_t>(std::size(onlyOne)))];

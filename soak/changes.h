@@ -1,4 +1,4 @@
-// What a worker does to a store of keys and values, and what must be in the store then.
+// A worker's changes to a store of keys and values, and the content that the store must then have.
 #pragma once
 
 #include <quorkit/values.h>
@@ -16,7 +16,7 @@
 
 namespace quorkit::soak {
 
-/// A section, or the path of a registry key, and the name of a value in it.
+/// A section or the path of a registry key, and the name of a value in it.
 struct Name {
     String place;
     String key;
@@ -36,35 +36,35 @@ struct Change {
     };
     Kind kind = Kind::Put;
     String place;
-    std::vector<std::pair<String, String>> entries;  ///< keys and values
+    std::vector<std::pair<String, String>> entries;  ///< pairs of key and value
 };
 
 /// The values of one worker.
 struct State {
     std::map<Name, String> values;
-    std::set<Name> loose;  ///< of a removal in several steps that was not ended: may be gone
+    std::set<Name> loose;  ///< may be gone: a removal in several steps did not end
 };
 
-/// What the worker changes at a step. It keeps to names of its own, in places that all share too.
+/// The change of a worker at a step. It concerns only the worker's own names, in shared places too.
 Change changeOf(const Job& job, std::uint32_t step);
-/// All names that this worker's changes may be about.
+/// All names that this worker may change.
 std::vector<Name> namesOf(Role role, std::uint32_t worker);
-/// Whether all of the change happens in one step: a kill leaves the old state or the new one.
+/// Whether the change is one step, so that a kill leaves the old state or the new one.
 bool inOneStep(Role role, const Change& change);
 void apply(const Change& change, State& state);
-/// The change may have got anywhere.
+/// Notes that the change may have been made in part.
 void loosen(const Change& change, State& state);
-/// What differs between what is there and what must be, for a person; "" for nothing.
+/// The differences between the actual and the expected content, for a person; "" for none.
 std::string difference(const State& expected, const std::map<Name, String>& actual);
 std::string describe(const Change& change);
 
 enum class Answer {
     Yes,
     No,
-    Unsaid,  ///< as a log entry, whose result is True whatever happens
+    Unsaid,  ///< like a log entry, whose result is always True
 };
 
-/// Where the changes go.
+/// A store that takes the changes.
 class Store {
    public:
     virtual ~Store() = default;
@@ -72,7 +72,7 @@ class Store {
     virtual std::optional<String> read(const Name& name) = 0;
 };
 
-/// For Role::Ini `file` is the file; the registry is where the environment says.
+/// For Role::Ini `file` is the file. The registry is in the folder that the environment names.
 std::unique_ptr<Store> storeOf(Role role, const std::string& file);
 
 }  // namespace quorkit::soak

@@ -10,7 +10,7 @@ import sys
 import time
 
 UNDER_WAY, DONE = 1, 2
-PAGE, STEP = 2048, 24  # where steps begin, and how large each is
+PAGE, STEP = 2048, 24  # the offset of the first step, and the size of each
 
 
 def main():
@@ -34,7 +34,7 @@ def add(file, key, value):
     try:
         config.read(file)
     except configparser.Error:
-        pass  # half a file: what could be read of it is there
+        pass  # half a file; the part that could be read is used
     if not config.has_section("Shared"):
         config.add_section("Shared")
     config.set("Shared", key, value)

@@ -10,7 +10,7 @@
 namespace quorkit::soak {
 namespace {
 
-/// Sections that writing many keys at once moves to the end; blanks and line ends are made anew.
+/// The section that writing many keys at once moves to the end, with new blanks and line ends.
 constexpr std::string_view kMoved = "Bulk";
 constexpr std::string_view kOfWorkers = "Own ";
 
@@ -21,9 +21,9 @@ struct Section {
 
 struct Layout {
     std::string_view mark;
-    std::vector<std::string> order;  ///< of sections, without those that are moved
+    std::vector<std::string> order;  ///< of the sections that are not moved
     std::map<std::string, Section> sections;
-    std::string twice;  ///< keys of workers
+    std::string twice;  ///< keys of workers that are there twice
 };
 
 std::string withoutEnd(std::string line) {
@@ -72,7 +72,7 @@ Layout layoutOf(std::string_view content) {
     return layout;
 }
 
-/// The last line of a file may have got an end.
+/// The last line of a file may have got a line end.
 bool sameLine(const std::string& before, const std::string& after) {
     return before == after || (!before.ends_with('\n') && before == withoutEnd(after));
 }

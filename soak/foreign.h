@@ -1,4 +1,4 @@
-// What others have written into a file, by hand: no worker may touch it.
+// Content that others have written into a file by hand; no worker may change it.
 #pragma once
 
 #include <string>
@@ -8,16 +8,16 @@
 
 namespace quorkit::soak {
 
-/// An INI file with comments, odd lines, line ends of both kinds, in an encoding and of a size that
-/// `random` chooses.
+/// An INI file with comments, odd lines and both kinds of line ends; `random` chooses its encoding
+/// and its size.
 std::string foreignIni(Random& random);
-/// What of it is not in the file any more, and lines that are no line of a worker or there twice;
-/// "" when all is well.
+/// Reports foreign content that is missing, and lines that are no worker's or are there twice; ""
+/// when all is well.
 std::string iniDamage(std::string_view before, std::string_view after);
 
 /// Lines for the values of a registry key.
 std::string foreignValues();
-/// As above; a file of values.
+/// The same for a file of values.
 std::string valuesDamage(std::string_view before, std::string_view after);
 
 }  // namespace quorkit::soak

@@ -1,4 +1,4 @@
-// How long is too long, in nanoseconds.
+// Limits of times, in nanoseconds.
 #pragma once
 
 #include <cstdint>
@@ -6,9 +6,9 @@
 namespace quorkit::soak {
 
 inline constexpr std::uint64_t kMillisecond = 1'000'000;
-/// A call that takes longer waits for ever: what the documents promise is a few seconds.
+/// A call that takes longer counts as endless; the documents promise a few seconds.
 inline constexpr std::uint64_t kLongestWait = 20'000 * kMillisecond;
-/// A call that takes longer is waiting for somebody.
+/// A call that takes longer is waiting for another process.
 inline constexpr std::uint64_t kNoticeable = 500 * kMillisecond;
 
 }  // namespace quorkit::soak

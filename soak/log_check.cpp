@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kPrefixes = "dd.mm.yyyy hh:mm:ss  Info       ";
 
-/// Whether `text` is the start of what stands in front of entries, or all of it.
+/// Whether `text` is a prefix of an entry, or the start of one.
 bool isPrefix(std::string_view text) {
     if (text.size() > kPrefixes.size()) return false;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -32,7 +32,7 @@ struct Id {
     std::uint32_t worker, incarnation, step;
 };
 
-/// What "<1.2.3:" says; the length of that, 0 when it is no more than a part.
+/// Reads an identity "<1.2.3:" and returns its length; 0 when it is not complete.
 std::size_t readId(std::string_view text, Id& id) {
     std::size_t at = 1;
     for (const auto& [number, end] :
@@ -63,7 +63,7 @@ class Check {
         std::vector<bool> found;
         std::int64_t last = -1;
     };
-    /// An entry that is there in part.
+    /// An entry of which only a part is there.
     struct Part {
         const Writer& writer;
         std::uint32_t step;
@@ -84,7 +84,7 @@ class Check {
     std::vector<Part> parts_;
     LogFindings findings_;
     bool lineBegins_ = true;
-    std::uint64_t oldestStaying_ = UINT64_MAX;  ///< when the oldest entry that is there had ended
+    std::uint64_t oldestStaying_ = UINT64_MAX;  ///< when the oldest entry that stays had ended
 };
 
 void Check::read(std::string_view bytes) {
@@ -110,7 +110,7 @@ void Check::read(std::string_view bytes) {
     }
 }
 
-/// Reads what begins with "<"; its length.
+/// Reads an entry, which begins with "<", and returns its length.
 std::size_t Check::readEntry(std::string_view rest) {
     Id id = {};
     const std::size_t header = readId(rest, id);
@@ -139,7 +139,7 @@ std::size_t Check::readEntry(std::string_view rest) {
     return length;
 }
 
-/// The first `length` bytes are a part of an entry.
+/// Notes that the first `length` bytes are a part of an entry.
 std::size_t Check::torn(std::string_view rest, std::size_t length, const std::string& who) {
     ++findings_.torn;
     lineBegins_ = false;
@@ -159,7 +159,7 @@ LogFindings Check::result() {
     for (const auto& [writer, number, who] : parts_) {
         const Step& step = writer.board->step(number);
         if (step.outcome != Outcome::Done || excused(step)) continue;
-        // A full disk may take a part of what a second attempt then writes behind it.
+        // A full disk may take a part of an entry, which a second attempt then repeats behind it.
         if (writer.found[number]) continue;
         --findings_.torn;
         tell(findings_.broken, who + " had been written and is there in part");
@@ -173,7 +173,7 @@ LogFindings Check::result() {
             if (outcome == Outcome::UnderWay || outcome == Outcome::NotBegun) continue;
             ++findings_.acknowledged;
             if (writer.found[number] || excused(step)) continue;
-            // What is cut off is older than what stays.
+            // An entry that was cut off is older than the entries that stay.
             if (rules_.limited && step.begun < oldestStaying_) continue;
             if (step.begun < rules_.calm && outcome != Outcome::Done) {
                 ++findings_.dropped;

@@ -14,7 +14,7 @@ String entryOf(const Job& job, std::uint32_t step) {
     String text(start.begin(), start.end());
     const bool isLong = job.longOneIn != 0 && random.oneIn(job.longOneIn);
     const std::uint32_t length = isLong ? random.below(longest) : 20 + random.below(180);
-    // A generator for each letter of long entries would be what takes the time.
+    // A random number for each letter of a long entry would take most of the time.
     const std::uint32_t shift = random.below(26);
     for (std::uint32_t i = 0; i < length; ++i)
         text +=

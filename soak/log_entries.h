@@ -1,4 +1,4 @@
-// The entries of log workers: texts that tell who wrote them and can be made again for comparison.
+// The entries of log workers. Each text names its writer, and can be made again for comparison.
 #pragma once
 
 #include <quorkit/values.h>
@@ -9,13 +9,13 @@
 
 namespace quorkit::soak {
 
-/// "<worker.incarnation.step:letters>"; the letters depend on job and step. No entry has "<", ">"
-/// or line ends within.
+/// "<worker.incarnation.step:letters>". The letters depend on job and step. An entry has no "<",
+/// ">" or line end inside.
 String entryOf(const Job& job, std::uint32_t step);
-/// The same as the bytes that the file must have.
+/// The same as bytes of the file.
 std::string entryBytesOf(const Job& job, std::uint32_t step);
 
-/// A log that is kept open is opened in its first step.
+/// Whether the first step only opens the log, because it is kept open.
 inline bool opensFirst(const Job& job) {
     return job.role == Role::Log && !job.autoOpenClose;
 }

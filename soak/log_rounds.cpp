@@ -21,11 +21,11 @@ namespace fs = std::filesystem;
 constexpr std::int32_t kLimit = 50'000;
 constexpr std::uint32_t kSmallDisk = 65'536;
 constexpr std::uint32_t kDisk = 8 << 20;
-/// In a round; much less than a disk on which there shall be room again.
+/// In one round; far less than the disk has.
 constexpr std::uintmax_t kMostWritten = 64 << 20;
 constexpr std::uintmax_t kMostWrittenToDisk = 2 << 20;
 
-/// The writers of a log, of whom the past ones count too.
+/// The writers of a log, including those that have ended.
 class LogCrew {
    public:
     LogCrew(Round& round, Trouble trouble)
@@ -46,7 +46,7 @@ class LogCrew {
     void finish();
 
    private:
-    /// Who empties the file takes its mark off, which the others need not notice.
+    /// Emptying the file removes its mark, which the other writers need not notice.
     bool mayBeMarked() const {
         return trouble_ == Trouble::None || trouble_ == Trouble::Kills || limited_;
     }
@@ -57,7 +57,7 @@ class LogCrew {
     void killOne();
     void restartEnded();
     void stopOne();
-    /// As StoreCrew's.
+    /// As StoreCrew::settle.
     void settle(const Process* stopped = nullptr);
     void replace();
     void rotate();
@@ -68,7 +68,7 @@ class LogCrew {
     bool limited_;
     bool marked_;
     std::vector<Process*> workers_;              ///< the present ones
-    std::vector<std::unique_ptr<Process>> all_;  ///< and the past ones
+    std::vector<std::unique_ptr<Process>> all_;  ///< these and the past ones
     std::vector<std::string> rotated_;
     LogRules rules_;
 };
@@ -94,7 +94,7 @@ Process& LogCrew::start(std::uint32_t worker, bool append) {
 }
 
 void LogCrew::killOne() {
-    // The one that forks is the first.
+    // The worker that forks is the first one.
     const std::uint32_t spared = trouble_ == Trouble::Forks ? 1 : 0;
     const std::uint32_t worker = spared + round_.random().below(size() - spared);
     workers_[worker]->awaitStart();
@@ -126,7 +126,7 @@ void LogCrew::stopOne() {
     stopped.resume();
 }
 
-/// As an editor does that saves: another file, here an empty one, takes the place of the log.
+/// Replaces the log by another file, here an empty one, as an editor does when it saves.
 void LogCrew::replace() {
     const std::string beside = round_.file("beside");
     std::ofstream(beside, std::ios::binary).close();
@@ -141,7 +141,7 @@ void LogCrew::rotate() {
     if (error) rotated_.pop_back();  // nobody has made it again yet
 }
 
-/// A new worker with Append False empties the file in its first step.
+/// Starts a worker with Append False, which empties the file in its first step.
 void LogCrew::empty() {
     const std::uint32_t worker = round_.random().below(size());
     if (workers_[worker]->kill()) ++round_.tally().kills;
@@ -155,7 +155,7 @@ void LogCrew::empty() {
 
 void LogCrew::run() {
     if (trouble_ == Trouble::Emptying || trouble_ == Trouble::Replacing) {
-        // Once: what was written before may be gone, so that only what follows is checked.
+        // Only once: older entries may be gone afterwards, so only the newer ones are checked.
         round_.sleep(50'000);
         for (Process* process : workers_) process->awaitStart();
         trouble_ == Trouble::Emptying ? empty() : replace();
@@ -188,7 +188,7 @@ void LogCrew::run() {
         }
         restartEnded();
     }
-    // From now on there is room, and nobody stands in the way.
+    // From now on there is space on the disk, and no process is stopped.
     if (trouble_ == Trouble::FullDisk || trouble_ == Trouble::Stops) rules_.calm = now();
     if (trouble_ == Trouble::SmallDisk) rules_.calm = UINT64_MAX;
     round_.sleep(50'000);

@@ -1,5 +1,5 @@
-// Processes write, are killed and checked against a model, at random, until the time is up. The
-// tables at the end are for docs/reliability.md.
+// Runs processes that write, kills them at random and checks the result against a model, until the
+// time is up. The tables at the end are for docs/reliability.md.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -107,7 +107,7 @@ int soak(const Options& options) {
     for (std::size_t number = 0; !kinds.empty() && (number < kinds.size() || now() < end);
          ++number) {
         const Kind& kind = *kinds[number % kinds.size()];
-        // A round tells its seed when it fails, and has the same one again when that is given.
+        // A failing round prints its seed, which repeats the round when it is given as an option.
         const std::uint64_t seed = options.seedGiven ? options.seed : random.next() >> 32;
         Round round(report.of(kind.what), seed, forRound);
         kind.run(round);

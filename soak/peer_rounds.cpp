@@ -1,5 +1,5 @@
-// The peers and this library on the same work: four processes that add keys to one file, and four
-// that write one log; undisturbed, and all killed at once again and again.
+// The peers and this library at the same work: four processes add keys to one file, or write one
+// log. They run undisturbed, and then they are all killed at once, again and again.
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -28,7 +28,7 @@ std::set<std::string> linesOf(const std::string& file) {
     std::ifstream in(file, std::ios::binary);
     for (std::string line; std::getline(in, line);) {
         while (!line.empty() && (line.back() == '\r' || line.back() == ' ')) line.pop_back();
-        // Not every writer puts no blanks there.
+        // Some writers put blanks around "=".
         if (const std::size_t blanks = line.find(" = "); blanks != std::string::npos)
             line.replace(blanks, 3, "=");
         lines.insert(line);
@@ -36,7 +36,7 @@ std::set<std::string> linesOf(const std::string& file) {
     return lines;
 }
 
-/// What stands in the file of keys at first: lines that every peer can read.
+/// The first content of the file of keys: lines that every peer can read.
 constexpr std::array kComments = {"# a comment by hand", "# another one"};
 constexpr std::uint32_t kForeignKeys = 200;
 
@@ -57,7 +57,7 @@ std::string numberOf(std::uint64_t number) {
     return std::to_string(number);
 }
 
-/// What became of the keys of one peer.
+/// The results for the keys of one peer.
 struct Keys {
     std::uint64_t written = 0, lost = 0, kills = 0, broken = 0;
     bool commentsKept = true;
@@ -108,7 +108,7 @@ class KeyRound {
         return writers;
     }
 
-    /// What was told to be written, and where each goes on.
+    /// Notes the keys reported as written, and the step at which each writer continues.
     void note(const std::vector<std::unique_ptr<Process>>& writers) {
         for (const auto& writer : writers)
             for (std::uint32_t& step = next_[writer->job().worker];
@@ -148,7 +148,7 @@ LogFindings runLog(Round& round, Job job, std::uint32_t kills) {
 }  // namespace
 
 void runPeers(Report& report, std::uint64_t seed) {
-    Tally nobodys;  // what peers do is no fault
+    Tally nobodys;  // what peers lose is no fault of ours
     struct Peer {
         const char* name;
         Role role;

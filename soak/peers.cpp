@@ -1,5 +1,5 @@
-// The same work done by others: a new key by reading, changing and saving the whole file, and
-// entries of a log.
+// The same work by others: adding a key by reading, changing and saving the whole file; and writing
+// the entries of a log.
 #include <glib.h>
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
@@ -12,7 +12,7 @@ namespace quorkit::soak {
 Perform keyFileWriter(const Job& job) {
     return [job](std::uint32_t step) {
         GKeyFile* keys = g_key_file_new();
-        // A file that cannot be read has no keys.
+        // A file that cannot be read counts as empty.
         g_key_file_load_from_file(keys, job.file, G_KEY_FILE_KEEP_COMMENTS, nullptr);
         g_key_file_set_value(keys, "Shared", newKeyOf(job.worker, step).c_str(),
                              newValueOf(step).c_str());

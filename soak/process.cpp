@@ -44,13 +44,13 @@ bool become(uid_t user) {
 Process::Process(const Job& job) : board_(std::make_unique<Board>(job)), process_(fork()) {
     if (process_ == -1) throw std::system_error(errno, std::generic_category(), "fork");
     if (process_ == 0) run(job, board_->descriptor());
-    setpgid(process_, process_);  // whoever is first
+    setpgid(process_, process_);  // parent and child both do this; the first one succeeds
     board_->closeDescriptor();
 }
 
 Process::~Process() {
     kill();
-    // Its children outlive it.
+    // Its children would outlive it.
     if (job().forks) ::kill(-process_, SIGKILL);
 }
 

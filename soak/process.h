@@ -1,4 +1,4 @@
-// A worker's process, as its controller sees it.
+// The process of a worker, as its controller uses it.
 #pragma once
 
 #include <sys/types.h>
@@ -12,7 +12,7 @@ namespace quorkit::soak {
 
 class Process {
    public:
-    /// Starts the worker; it ends with this object at the latest, and with its controller.
+    /// Starts the worker. It ends when this object or its controller does, at the latest.
     explicit Process(const Job& job);
     ~Process();
     Process(const Process&) = delete;
@@ -21,25 +21,25 @@ class Process {
     Board& board() const { return *board_; }
     const Job& job() const { return board_->job(); }
 
-    /// Returns when it has begun to work.
+    /// Returns when the worker has begun.
     void awaitStart();
-    /// kill -9, at whatever it is just doing. False when it had ended before.
+    /// Kills the worker (kill -9), whatever it is doing. False when it had ended before.
     bool kill();
     void stop();
     void resume();
-    /// Whether it has not ended.
+    /// Whether the worker is still running.
     bool runs();
-    /// Whether it has ended otherwise than by what was asked of it.
+    /// Whether the worker has ended without being told to.
     bool failed() const { return failed_; }
-    /// Returns when it is not waiting for anybody; false when it would wait without end.
+    /// Returns when the worker waits for nobody; false when it would wait for ever.
     bool moves();
     enum Steps { kThisOne, kAll };
-    /// Waits until it has taken this step or all its steps; false when it would not end.
+    /// Waits until the worker has ended this step or all its steps; false when it does not end.
     bool end(Steps steps = kThisOne);
 
    private:
     void reap(bool wait);
-    /// For how many nanoseconds it has been at the same step; 0 for one that has ended.
+    /// The nanoseconds since the worker began its present step; 0 when it has ended.
     std::uint64_t busy();
 
     std::unique_ptr<Board> board_;

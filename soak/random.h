@@ -1,4 +1,4 @@
-// Numbers that depend on a seed alone, so that a writer and its controller make the same ones.
+// Numbers that depend only on a seed, so that a writer and its controller get the same ones.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@ namespace quorkit::soak {
 
 class Random {
    public:
-    /// What follows is the same for the same seeds in the same order.
+    /// The sequence is the same for the same seeds in the same order.
     Random(std::initializer_list<std::uint64_t> seeds) {
         for (const std::uint64_t seed : seeds) state_ = mixed(state_ ^ mixed(seed));
     }

@@ -1,4 +1,4 @@
-// What was tried and what was found.
+// The attempts and the findings.
 #pragma once
 
 #include <cstdint>
@@ -8,19 +8,19 @@
 
 namespace quorkit::soak {
 
-/// Of all rounds of one kind.
+/// The sum of all rounds of one kind.
 struct Tally {
     std::string what;
     std::uint64_t rounds = 0;
-    std::uint64_t calls = 0;    ///< that returned
-    std::uint64_t refused = 0;  ///< of these, as failed
+    std::uint64_t calls = 0;    ///< calls that returned
+    std::uint64_t refused = 0;  ///< calls that returned a failure
     std::uint64_t kills = 0;
-    std::uint64_t torn = 0;    ///< ends of log entries that kills or full disks cost
-    std::uint64_t faults = 0;  ///< anything that was promised and did not come true
-    std::string skipped = {};  ///< why it could not be tried
+    std::uint64_t torn = 0;    ///< ends of log entries lost through kills or full disks
+    std::uint64_t faults = 0;  ///< broken promises
+    std::string skipped = {};  ///< the reason, if it could not be tried
 };
 
-/// One peer on the work of a table.
+/// A row of a table: one peer.
 using Row = std::vector<std::string>;
 
 class Report {
@@ -43,7 +43,7 @@ class Report {
         std::vector<Row> rows;
     };
 
-    std::deque<Tally> tallies_;  // which keep their address
+    std::deque<Tally> tallies_;  // their addresses do not change
     std::vector<Table> tables_;
 };
 

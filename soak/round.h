@@ -1,4 +1,4 @@
-// One round: a folder of its own, a seed, and a time to go on.
+// One round: a folder of its own, a seed, and a time limit.
 #pragma once
 
 #include <sys/types.h>
@@ -28,18 +28,18 @@ class Round {
     /// Sleeps for a random time.
     void sleep(std::uint32_t mostMicroseconds);
 
-    /// For a worker that works on the file `name` of this round.
+    /// Orders for a worker on the file `name` of this round.
     Job job(Role role, const std::string& name) const;
     const std::string& folder() const { return folder_; }
     std::string file(const std::string& name) const { return folder_ + "/" + name; }
-    /// Has the folder be a memory file system of so many bytes; false when that is not allowed.
+    /// Makes the folder a memory file system of `size` bytes; false when that is not allowed.
     bool mountDisk(std::uint32_t size);
-    /// Takes all room on the disk of the folder, or gives it back.
+    /// Fills the disk of the folder, or frees it again.
     void fillDisk(bool full);
-    /// Gives the folder and all that is in it to a user.
+    /// Gives the folder and all in it to a user.
     void giveTo(uid_t user);
 
-    /// Tells of something that was promised and did not come true.
+    /// Reports a broken promise.
     void fault(const std::string& what);
     bool faulty() const { return faults_ != 0; }
 
@@ -53,7 +53,7 @@ class Round {
     int faults_ = 0;
 };
 
-/// All bytes of a file; none when it is not there.
+/// All bytes of a file; none when it does not exist.
 std::string contentOf(const std::string& file);
 
 }  // namespace quorkit::soak

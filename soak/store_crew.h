@@ -1,4 +1,4 @@
-// The writers of a store of keys and values, and the model of what must be in it.
+// The writers of a store of keys and values, and the model of its expected content.
 #pragma once
 
 #include <memory>
@@ -17,14 +17,14 @@ class StoreCrew {
     std::uint32_t size() const { return static_cast<std::uint32_t>(members_.size()); }
     Process& process(std::uint32_t worker) { return *members_[worker].process; }
 
-    /// Ends a worker at whatever it does, checks what it has left, and starts it again.
+    /// Kills a worker at whatever it does, checks the store, and starts the worker again.
     void killAndCheck(std::uint32_t worker);
-    /// Waits until none but `stopped` has been at one step for long; a fault when that does not
-    /// come true.
+    /// Waits until no worker except `stopped` is at one step for long; if that never happens, it is
+    /// a fault.
     void settle(const Process* stopped = nullptr);
-    /// From now on nothing stands in the way of the writers.
+    /// Tells that from now on nothing hinders the writers.
     void calmDown() { calm_ = now(); }
-    /// Ends all and checks.
+    /// Ends all workers and checks the store.
     void end();
 
    private:
@@ -36,7 +36,8 @@ class StoreCrew {
 
     void start(Member& member);
     void check(Member& member);
-    /// Brings the model up to what has been told. The change under way, if there is one.
+    /// Updates the model from what the worker has recorded. Returns the change under way, if there
+    /// is one.
     std::optional<Change> replay(Member& member);
     void compare(Member& member, const std::optional<Change>& underWay);
     bool expected(const Step& step) const;

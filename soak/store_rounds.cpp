@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 constexpr std::uint32_t kDiskSize = 1 << 20;
 
-/// What stands in the store before anybody writes, and what must be left of it.
+/// The content of the store before anybody writes; all of it must stay.
 class Surroundings {
    public:
     virtual ~Surroundings() = default;
@@ -39,7 +39,7 @@ class IniSurroundings final : public Surroundings {
     }
 
     void check() override {
-        // What a killed process has left beside the file the next change puts away.
+        // The next change removes what a killed process has left beside the file.
         QuorInifile ini;
         ini.setIniFileName(base::fromUtf8(file_));
         if (ini.WriteKeyValue(u"Shared", u"w9.last", u"1") == 0)
@@ -84,7 +84,7 @@ class RegistrySurroundings final : public Surroundings {
     static String shared() { return u"HKCU\\Software\\Soak\\Shared"; }
     std::string values() const { return root_ + "/software/soak/shared/@values"; }
 
-    /// Changes something in every key: that puts away what killed processes have left there.
+    /// Changes something in every key, which removes what killed processes have left there.
     void touch(const String& path) {
         GQuorRegistry registry;
         if (!registry.Reg_WriteStringValue(path + u"\\z", u"w9.last", u"1"))
@@ -102,14 +102,14 @@ class RegistrySurroundings final : public Surroundings {
     std::string before_;
 };
 
-/// Where the file system can do that, a killed process leaves nothing of a file that it makes.
+/// Whether the file system can make files without names; then a killed process leaves none.
 bool makesFilesWithoutNames(const std::string& folder) {
     const int descriptor = open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
     if (descriptor != -1) close(descriptor);
     return descriptor != -1;
 }
 
-/// Stops a worker in the middle of a step. Whoever waits for it must be told so in the end.
+/// Stops a worker in the middle of a step. Workers that wait for it must finally be told so.
 void stopOne(Round& round, StoreCrew& crew) {
     const std::uint32_t stopped = round.random().below(crew.size());
     crew.process(stopped).awaitStart();
@@ -152,7 +152,7 @@ void runStoreRound(Round& round, Role role, Trouble trouble) {
             default:
                 break;
         }
-        // The one that forks is the first.
+        // The worker that forks is the first one.
         const std::uint32_t spared = trouble == Trouble::Forks ? 1 : 0;
         crew.killAndCheck(spared + round.random().below(crew.size() - spared));
     }

@@ -1,4 +1,4 @@
-// INI files and the registry as stores of changes.
+// INI files and the registry as stores for changes.
 #include <quorkit/GQuorRegistry.h>
 #include <quorkit/QuorInifile.h>
 
@@ -12,7 +12,7 @@ namespace {
 
 using Kind = Change::Kind;
 
-/// No value is this text.
+/// A text that no value has.
 constexpr StringView kNone = u"(none)";
 
 std::optional<String> unlessNone(const String& value) {
@@ -83,8 +83,8 @@ class IniStore final : public Store {
         return Array<String>(std::move(result));
     }
 
-    /// A removal of what is not there gives 0 or less too. These are the keys of this worker alone,
-    /// so nobody else can have put them there meanwhile.
+    /// A removal of something that is not there gives 0 or less too. Only this worker uses these
+    /// keys, so nobody else can have added them meanwhile.
     bool removed(Long result, const Change& change) {
         if (result > 0) return true;
         for (const auto& [key, value] : change.entries)
@@ -114,7 +114,7 @@ class RegistryStore final : public Store {
             case Kind::PutNumber:
                 return answerOf(registry_.Reg_WriteDWordValue(change.place, entries[0].first,
                                                               entries[0].second));
-            // These do not say whether they have succeeded, but anybody can look.
+            // These members do not tell whether they have succeeded, but reading back shows it.
             case Kind::PutMany: {
                 const auto values = Dictionary::make();
                 for (const auto& [key, value] : entries) values->set(key, value);

@@ -24,7 +24,7 @@ Perform storeWriter(const Job& job) {
     return [store, job](std::uint32_t step) { return store->perform(changeOf(job, step)); };
 }
 
-/// Writes a new key with each step, into one file or into a new one.
+/// Writes a new key at each step, into one file or into a new one.
 Perform newKeyWriter(const Job& job) {
     const auto ini = std::make_shared<QuorInifile>();
     ini->setIniFileName(base::fromUtf8(job.file));
@@ -75,7 +75,7 @@ void takeSteps(Board& board) {
     }
 }
 
-/// Children that do nothing but have what this process has open, until all of its group are killed.
+/// Makes children that only keep open what this process has open, until its group is killed.
 void makeChildren(const std::atomic<bool>& finished, std::uint64_t seed) {
     constexpr int most = 100;
     Random random{seed};

@@ -16,13 +16,13 @@ Perform logWriter(const Job& job);
 Perform spdlogWriter(const Job& job);
 Perform keyFileWriter(const Job& job);
 
-/// The key and value of a step of those that write new keys alone: "w1.k7x" and "v7".
+/// The key and value of a step of a worker that only writes new keys: "w1.k7x" and "v7".
 std::string newKeyOf(std::uint32_t worker, std::uint32_t step);
 std::string newValueOf(std::uint32_t step);
 /// The file of a step of Role::NewFiles.
 std::string newFileOf(const Job& job, std::uint32_t step);
 
-/// Does what the board behind the descriptor says. The process's exit status.
+/// Follows the orders on the board behind the descriptor. Returns the process's exit status.
 int work(int board);
 
 }  // namespace quorkit::soak

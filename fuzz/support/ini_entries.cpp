@@ -77,7 +77,7 @@ IniLines withoutBlanks(IniLines lines) {
 }
 
 void promiseSameLines(const IniLines& got, const IniLines& wanted) {
-    // A "\r" that ends a file becomes part of the line end that is put behind it.
+    // A "\r" at the end of a file becomes part of the line end that is appended.
     const auto textOf = [](const IniLine& line, bool last) {
         return last && line.text.ends_with(u'\r') ? line.text.substr(0, line.text.size() - 1)
                                                   : line.text;

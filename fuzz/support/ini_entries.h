@@ -1,4 +1,4 @@
-// Keys and values of a section as a model has them, and what is promised of lines and keys.
+// Keys and values of a section in a model, and the promises about lines and keys.
 #pragma once
 
 #include <quorkit/QuorInifile.h>
@@ -17,30 +17,33 @@ struct Entry {
 };
 using Entries = std::vector<Entry>;
 
-/// Stands for a value of several lines.
+/// The marker of a value of several lines.
 inline constexpr StringView kMarker = u"$!MULTILINEFIELD@#";
 
-/// The keys of a section, when it has nothing else that counts as one, as other lines are lost and
-/// changed on purpose.
+/// The keys of a section; nothing when it has other lines too, because those are lost or changed on
+/// purpose.
 std::optional<Entries> keysOf(const IniText& ini, std::size_t header);
 /// Whether a key is there twice.
 bool hasTwice(const Entries& keys);
 
-/// Whether it may stand in a table: what a line can carry, and comments.
+/// Whether an entry may be in a table: a line can hold it, or it is a comment.
 bool isEntry(const Entry& one);
-/// Whether it is a comment or begins as a header does: a table may bring it, though no single key.
+/// Whether it is a comment or begins like a header: a table may contain it, but a single key may
+/// not.
 bool isOdd(const Entry& one);
 Variant tableOf(const Entries& entries);
-/// The lines that an entry becomes whose value may have several.
+/// The lines of an entry whose value may have several.
 Entries linesOf(const Entry& entry);
-/// A value of several lines as it is read: the members lose a line break at its end.
+/// A value of several lines as it is read; the members lose a line break at its end.
 String withoutLastBreak(const String& value);
 String withoutDigits(String key);
 
 IniLines withoutBlanks(IniLines lines);
-/// The same lines; only the last one of a file may have lost or got a line end.
+/// Promises that the lines are the same; only the last one of a file may have lost or got a line
+/// end.
 void promiseSameLines(const IniLines& got, const IniLines& wanted);
-/// Sections, keys and values are read as they stand; lists that are cut are left out.
+/// Promises that sections, keys and values are read as they are in the file; cut lists are left
+/// out.
 void promiseReading(QuorInifile& file, const IniText& ini);
 void promiseKeys(const std::optional<Entries>& got, const Entries& wanted);
 

@@ -61,7 +61,7 @@ IniLine lineOf(String text, String end) {
     return line;
 }
 
-/// Lines of one unit after the other; `decode` makes text of a line.
+/// The lines of a text; `decode` converts a line to text.
 template <class Text, class Decode>
 IniLines linesOf(const Text& text, Decode decode) {
     IniLines lines;

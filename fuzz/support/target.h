@@ -1,4 +1,4 @@
-// What a fuzz target is made of: a function `run` that gets the input, and promises that it checks.
+// A fuzz target: a function `run` that gets the input, and the promises that it checks.
 #pragma once
 
 #include <quorkit/values.h>
@@ -8,10 +8,10 @@
 
 namespace quorkit::fuzz {
 
-/// Defined by each target; called once for each input.
+/// Each target defines it; it is called once for each input.
 void run(std::string_view input);
 
-/// An input as fields, each up to the next byte 1F, so that people can read and write seeds.
+/// An input split into fields at each byte 1F, so that people can read and write seeds.
 class Fields {
    public:
     explicit Fields(std::string_view input) : rest_(input) {}
@@ -19,9 +19,9 @@ class Fields {
     bool done() const { return done_; }
     /// The next field; "" behind the last.
     std::string bytes();
-    /// The same as UTF-8, in which surrogates may stand alone.
+    /// The next field as UTF-8, which may hold lone surrogates.
     String text();
-    /// The number that the next field begins with, 0 for none.
+    /// The number at the start of the next field; 0 when there is none.
     Long number();
 
    private:
@@ -29,10 +29,10 @@ class Fields {
     bool done_ = false;
 };
 
-/// Ends the program, which is a finding, unless `holds`.
+/// Ends the program, which counts as a finding, unless `holds`.
 void promise(bool holds, const char* what);
 
-/// A value as it can be read in a report: bytes and texts with escapes for what does not print.
+/// A value for a report, with escapes for characters that cannot be printed.
 std::string shown(std::string_view bytes);
 std::string shown(StringView text);
 inline std::string shown(const std::string& bytes) {

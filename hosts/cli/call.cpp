@@ -37,7 +37,7 @@ Assignment assignment(const String& text) {
     return {text.substr(0, mark), text.substr(mark + 1)};
 }
 
-/// Options may stand anywhere, until "--". A text like -5 is no option.
+/// Options may be anywhere before "--". A text like -5 is no option.
 CallLine parseCall(std::span<const String> arguments) {
     CallLine line;
     std::vector<String> texts;
@@ -77,8 +77,8 @@ bool holdsStructures(Type type) {
            type == Type::VariantArray || type == Type::Object;
 }
 
-/// What a typed text means for a parameter of that type: itself, or the value whose JSON notation
-/// it is. The call converts it further.
+/// The value of a typed text for a parameter of that type: the text itself, or the value whose JSON
+/// notation it is. The call converts it further.
 Variant valueOf(const String& text, Type type) {
     if (holdsStructures(type) && (text.starts_with(u'{') || text.starts_with(u'['))) {
         try {
@@ -90,7 +90,8 @@ Variant valueOf(const String& text, Type type) {
     return text;
 }
 
-/// The type of a parameter; of one that is not there any: the call says what is wrong.
+/// The type of a parameter. Any other position is accepted too, because the call reports what is
+/// wrong.
 Type typeOf(const MemberInfo* member, std::optional<std::size_t> parameter) {
     const bool known = member != nullptr && parameter && *parameter < member->parameterCount;
     return known ? member->parameterRow[*parameter].type.type : Type::Variant;
@@ -108,7 +109,7 @@ void setProperty(Object& target, const ClassInfo& info, const Assignment& proper
                                    .constantsByName = true}));
 }
 
-/// What a person typed for a call, and which parameters it is for.
+/// The call that a person typed, with the position of each argument.
 Call requestOf(const CallLine& line, const MemberInfo* member) {
     Call request{.member = line.member, .variablesMayBeOmitted = true, .constantsByName = true};
     for (std::size_t i = 0; i < line.positional.size(); ++i)

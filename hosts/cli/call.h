@@ -1,4 +1,4 @@
-// quorkit call: one member, once.
+// quorkit call: calls one member once.
 #pragma once
 
 #include <quorkit/ports/ports.h>
@@ -10,8 +10,8 @@
 
 namespace quorkit::cli {
 
-/// Calls the member that the arguments behind "call" name and prints what it gives back. Returns
-/// why the system refused something, "" when it did not. Failure with what the member raises;
+/// Calls the member that the arguments behind "call" name, and prints its results. Returns the
+/// reason why the system refused something, or "". Raises Failure for an error of the member, and
 /// UsageError.
 std::string call(std::span<const String> arguments, std::ostream& out, Ports& ports);
 

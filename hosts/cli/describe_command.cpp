@@ -59,7 +59,7 @@ void write(std::ostream& out, Form form, const What&... what) {
     }
 }
 
-/// A property's get and let are described both.
+/// A property has two rows, one for its get and one for its let.
 std::vector<const MemberInfo*> membersNamed(const ClassInfo& info, StringView name) {
     std::vector<const MemberInfo*> members;
     for (const CallKind kind : {CallKind::Call, CallKind::Let})

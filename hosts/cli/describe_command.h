@@ -1,5 +1,5 @@
-// quorkit describe: classes, members and enumerations, for a person, a program, a type library or a
-// page.
+// quorkit describe: prints classes, members and enumerations for a person, a program, a type
+// library or a page.
 #pragma once
 
 #include <quorkit/values.h>
@@ -9,8 +9,8 @@
 
 namespace quorkit::cli {
 
-/// Runs the command with the arguments behind "describe". Error 429 when nothing is published under
-/// the name, 438 for an unknown member; UsageError.
+/// Runs the command with the arguments behind "describe". Error 429 when nothing of that name is
+/// published, 438 for an unknown member; UsageError.
 void describeCommand(std::span<const String> arguments, std::ostream& out);
 
 }  // namespace quorkit::cli

@@ -5,8 +5,8 @@
 
 namespace quorkit::cli {
 
-/// The text with \r \n \t \0 \\ and \uXXXX (four hexadecimal digits, one code unit) replaced by
-/// what they stand for. A backslash before anything else stays.
+/// The text with \r \n \t \0 \\ and \uXXXX (four hexadecimal digits, one code unit) replaced by the
+/// characters they mean. A backslash before anything else stays.
 String unescape(StringView text);
 
 }  // namespace quorkit::cli

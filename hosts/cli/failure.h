@@ -1,4 +1,4 @@
-// A command that was understood and failed.
+// The failure of a valid command.
 #pragma once
 
 #include <quorkit/dispatch.h>
@@ -8,7 +8,7 @@
 
 namespace quorkit::cli {
 
-/// Where and what, in words that follow "quorkit: ".
+/// The place and the failure, in words that follow "quorkit: ".
 struct Failure : std::runtime_error {
     using runtime_error::runtime_error;
     explicit Failure(const CallError& error)

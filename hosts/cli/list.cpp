@@ -17,7 +17,7 @@ void listMembers(std::ostream& out, const ClassInfo& info) {
     std::string line = "   ";
     std::string previous;
     for (const MemberInfo& member : info.members()) {
-        if (member.name == previous) continue;  // the let behind its get
+        if (member.name == previous) continue;  // the let that follows its get
         previous = member.name;
         if (line.size() + 1 + previous.size() > kWidth) {
             out << line << '\n';

@@ -1,12 +1,12 @@
-// quorkit list: what there is, at a glance.
+// quorkit list: an overview of all classes.
 #pragma once
 
 #include <ostream>
 
 namespace quorkit::cli {
 
-/// Every class with its kind, how many of its members are there of how many published, and their
-/// names; the totals last.
+/// Prints every class with its kind, the number of its members out of those published, and their
+/// names; the totals come last.
 void list(std::ostream& out);
 
 }  // namespace quorkit::cli

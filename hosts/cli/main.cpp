@@ -1,4 +1,4 @@
-// The process around the command line: its arguments as UTF-16, its streams as UTF-8 bytes.
+// The process around the command line: arguments become UTF-16, output UTF-8.
 #include <quorkit/utf8.h>
 
 #include <ext/stdio_filebuf.h>
@@ -8,7 +8,7 @@
 
 #ifdef _WIN32
 #include <windows.h>
-// Behind windows.h, which it needs.
+// <shellapi.h> needs <windows.h> first.
 #include <fcntl.h>
 #include <io.h>
 #include <shellapi.h>
@@ -36,7 +36,8 @@ std::vector<quorkit::String> arguments(int, char**) {
     return result;
 }
 
-/// Bytes go through as they are, and a console shows them as UTF-8 while the program runs.
+/// Standard streams that pass bytes unchanged; while the program runs, a console shows them as
+/// UTF-8.
 class Streams {
    public:
     Streams() {
@@ -82,8 +83,8 @@ int openNothing() {
 }
 #endif
 
-/// Standard input and output for this program alone: what it starts reads nothing, and writes where
-/// errors go.
+/// Reserves standard input and output for this program. Programs that it starts have no input, and
+/// their output goes to standard error.
 class Session {
    public:
     Session() : requests_(copyOf(0), std::ios::in), answers_(copyOf(1), std::ios::out) {

@@ -23,7 +23,7 @@ void printArray(std::ostream& out, const Array<T>& array) {
     }
 }
 
-/// False when it is an object of which nothing but its class can be told.
+/// False for an object of which only the class is known.
 bool printContent(std::ostream& out, const ObjectRef& object) {
     if (const auto* collection = dynamic_cast<const Collection*>(object.get())) {
         for (Long i = 1; i <= collection->count(); ++i) {

@@ -7,10 +7,10 @@
 
 namespace quorkit::cli {
 
-/// A value in lines: an array one element a line, a table one row a line with tabs between, a
-/// collection or dictionary one item a line behind its key and a tab, a picture its JSON notation,
-/// any other object the name of its class. Nothing, Empty and an array without elements print no
-/// line.
+/// Prints a value in lines: an array one element a line; a table one row a line with tabs between;
+/// a collection or dictionary one item a line, behind its key and a tab; a picture in its JSON
+/// notation; any other object as the name of its class. Nothing, Empty and an array without
+/// elements print no line.
 void printLines(std::ostream& out, const Variant& value);
 
 }  // namespace quorkit::cli

@@ -48,7 +48,7 @@ registry  works on the registry; a FILE of - is standard input or output
     check                 lists what is damaged in the store, if it is the library's own
 )";
 
-/// Also has the person told why something could not be done.
+/// Calls a member, and tells the person the reason when the system refused something.
 void callMember(std::span<const String> words, std::ostream& out, std::ostream& err, Ports& ports) {
     if (const std::string reason = call(words, out, ports); !reason.empty())
         err << "quorkit: " << reason << '\n';

@@ -10,9 +10,9 @@
 
 namespace quorkit::cli {
 
-/// Runs the command that the arguments (without the program's name) ask for. The exit status: 0;
-/// 1 after a failure, told on `err`, an automation error with its number; 2 after a command line
-/// that could not be understood.
+/// Runs the command in the arguments, which do not include the program's name. The exit status is
+/// 0; 1 after a failure, which `err` reports, for an automation error with its number; 2 for a
+/// command line that could not be understood.
 int run(const std::vector<String>& arguments, std::istream& in, std::ostream& out,
         std::ostream& err, Ports& ports = ports::native());
 

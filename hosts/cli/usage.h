@@ -5,7 +5,7 @@
 
 namespace quorkit::cli {
 
-/// What is wrong, in words that follow "quorkit: ".
+/// The mistake, in words that follow "quorkit: ".
 struct UsageError : std::runtime_error {
     using runtime_error::runtime_error;
 };

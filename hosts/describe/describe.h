@@ -1,4 +1,4 @@
-// The catalogue, written out for a person, a program, a type library or a page.
+// Descriptions of the catalogue for a person, a program, a type library or a page.
 #pragma once
 
 #include <quorkit/catalogue.h>
@@ -16,7 +16,8 @@ std::string asText(const MemberInfo& member);
 std::string asText(const EnumerationInfo& enumeration);
 std::string asText(const RecordInfo& record);
 
-/// The machine-readable contract, in the catalogue's order. A member's get and let are two.
+/// The machine-readable contract, in the catalogue's order. A property's get and let are two
+/// members.
 using OrderedJson = nlohmann::ordered_json;
 OrderedJson asJson();
 OrderedJson asJson(const ClassInfo& info);
@@ -24,7 +25,7 @@ OrderedJson asJson(const MemberInfo& member);
 OrderedJson asJson(const EnumerationInfo& enumeration);
 OrderedJson asJson(const RecordInfo& record);
 
-/// The reference page, and a class's or member's part of it.
+/// The reference page, and the part of it for a class or a member.
 std::string asMarkdown();
 std::string asMarkdown(const ClassInfo& info);
 std::string asMarkdown(const MemberInfo& member);

@@ -2,8 +2,8 @@
 #include "describe/signature.h"
 #include "json/plain_text.h"
 
-// The text stands alone: the automation types that it needs are declared in it, so that no other
-// interface definition has to be at hand when a type library is made of it.
+// The text is complete: it declares the automation types that it needs, so that a type library can
+// be made of it without any other interface definition.
 
 namespace quorkit::describe {
 namespace {
@@ -25,7 +25,7 @@ std::string quote(std::string_view text) {
 
 /// The name of a class's interface.
 std::string interfaceName(const ClassInfo& info) {
-    const std::string name = info.name;  // those of the runtime's own are as its clients know them
+    const std::string name = info.name;  // the runtime's own have the names that clients know
     return name == "Dictionary" ? "IDictionary" : name == "Picture" ? "IPictureDisp" : "_" + name;
 }
 
@@ -59,7 +59,8 @@ std::string typeName(const TypeInfo& type) {
     return (type.classOf == nullptr ? "IDispatch" : interfaceName(type.classOf())) + "*";
 }
 
-/// The default as widl can store it; empty when it cannot, then the parameter is just optional.
+/// The default in the form that widl can store. If it cannot store the default, the text is empty
+/// and the parameter is just optional.
 std::string defaultValue(const ParameterInfo& parameter) {
     const Variant value = parameter.defaultValue();
     switch (parameter.type.type) {

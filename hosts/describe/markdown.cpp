@@ -6,7 +6,7 @@
 namespace quorkit::describe {
 namespace {
 
-/// A vertical bar would end the cell.
+/// Escapes vertical bars, which would end the cell.
 std::string cell(std::string_view text) {
     std::string result;
     for (const char one : text) result.append(one == '|' ? "\\" : "") += one;

@@ -1,4 +1,4 @@
-// A catalogue row in words.
+// The signature of a catalogue row as text.
 #pragma once
 
 #include <quorkit/catalogue.h>
@@ -7,8 +7,8 @@
 
 namespace quorkit::describe {
 
-/// "Function LPad(sPadChar As String, s As String, maxLen As Long) As String"; parameters are by
-/// value unless they say ByRef.
+/// "Function LPad(sPadChar As String, s As String, maxLen As Long) As String". Parameters are by
+/// value unless ByRef stands in front of them.
 std::string signature(const MemberInfo& member);
 
 /// "global", "creatable" or "runtime".

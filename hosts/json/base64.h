@@ -1,4 +1,4 @@
-// Bytes as text: the base 64 of RFC 4648, section 4, with padding.
+// Bytes as base 64 (RFC 4648, section 4, with padding).
 #pragma once
 
 #include <quorkit/values.h>

@@ -14,7 +14,7 @@ constexpr int kFirstDay = (sys_days(100y / January / 1) - kDayZero).count();
 constexpr int kLastDay = (sys_days(9999y / December / 31) - kDayZero).count();
 constexpr double kMillisecondsPerDay = 86'400'000;
 
-/// Whether `text` has the layout, in which 0 stands for any digit.
+/// Whether `text` has that layout, where 0 stands for any digit.
 bool hasLayout(std::string_view text, std::string_view layout) {
     if (text.size() != layout.size()) return false;
     for (std::size_t i = 0; i < text.size(); ++i)

@@ -9,9 +9,9 @@
 
 namespace quorkit::json {
 
-/// Rounded to milliseconds. Nothing outside the years 100 to 9999, which is all a date can be.
+/// Rounds to milliseconds. Nothing outside the years 100 to 9999, the range of a Date.
 std::optional<std::string> toIsoDate(Date date);
-/// Also reads a date without a time. Nothing when the text is no date of the years 100 to 9999.
+/// Accepts a date without a time too. Nothing when the text is no date of the years 100 to 9999.
 std::optional<Date> fromIsoDate(std::string_view text);
 
 }  // namespace quorkit::json

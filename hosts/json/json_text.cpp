@@ -8,9 +8,9 @@
 #include <functional>
 #include <optional>
 
-// JSON values hold UTF-8, which has no surrogates. One without its partner is carried through it as
-// the noncharacter U+10FFFF, followed by the surrogate moved up into the private-use area; U+10FFFF
-// itself is doubled.
+// JSON values hold UTF-8, which has no lone surrogates. A surrogate is written in them as the
+// noncharacter U+10FFFF, followed by the surrogate moved into the private-use area; U+10FFFF itself
+// is doubled.
 
 namespace quorkit::json {
 namespace {
@@ -73,7 +73,7 @@ std::optional<char16_t> escapedUnit(std::string_view text, std::size_t position)
     return static_cast<char16_t>(unit);
 }
 
-/// The JSON text with what the parser would refuse in its carried form.
+/// The JSON text, with everything that the parser would refuse written in that form.
 std::string carried(std::string_view text) {
     std::string result;
     result.reserve(text.size());

@@ -1,5 +1,5 @@
-// JSON as text, and texts in JSON. UTF-16 text can hold surrogates without a partner; they are
-// written as \uD800 escapes and read back from them, so that every text survives the way.
+// JSON as text, and texts in JSON. A surrogate without its partner is written as an escape such as
+// uD800 and read back from it, so that every text survives a round trip.
 #pragma once
 
 #include <quorkit/values.h>
@@ -17,13 +17,13 @@ struct JsonError : std::runtime_error {
     using runtime_error::runtime_error;
 };
 
-/// The one JSON value that the text is. JsonError when it is none, or is nested deeper than 200
-/// levels.
+/// The single JSON value in the text. JsonError when the text is not one JSON value, or is nested
+/// deeper than 200 levels.
 Json readJson(std::string_view text);
 /// The value as one line.
 std::string writeJson(const Json& value);
 
-/// A text as a JSON string, and the text of one that `readJson` or `jsonString` has made.
+/// A text as a JSON string, and the text of a string that `readJson` or `jsonString` has made.
 Json jsonString(StringView text);
 String textOf(const Json& string);
 

@@ -1,4 +1,4 @@
-// The objects that a client of the host holds, by number.
+// The objects that a client of the host holds, each with its number.
 #pragma once
 
 #include <quorkit/errors.h>
@@ -13,7 +13,8 @@
 
 namespace quorkit::json {
 
-/// An object has one number from the first time the client sees it until the client releases it.
+/// An object keeps its number from the moment the client first sees it until the client releases
+/// it.
 class ObjectTable {
    public:
     std::int64_t numberOf(const ObjectRef& object) {
@@ -36,15 +37,15 @@ class ObjectTable {
         objects_.erase(number);
     }
 
-    /// Has all objects that ever had a number let go of what they hold, so that those in circles go
-    /// too. For the end of a client: nobody can reach them any more.
+    /// Calls letGo on all objects that ever had a number, so that circles are released too. For the
+    /// end of a client, when nobody can reach the objects any more.
     void letGoOfAll() {
         for (const auto& one : seen_)
             if (const ObjectRef object = one.lock()) object->letGo();
     }
 
    private:
-    /// Those that have gone are taken off whenever the list has doubled.
+    /// Objects that no longer exist are removed whenever the list has doubled.
     void note(const ObjectRef& object) {
         if (seen_.size() >= mostSeen_) {
             std::erase_if(seen_, [](const auto& one) { return one.expired(); });

@@ -1,4 +1,4 @@
-// A value as plain text, in one piece.
+// A value as plain text in one piece.
 #pragma once
 
 #include <quorkit/variant.h>
@@ -7,8 +7,8 @@
 
 namespace quorkit::json {
 
-/// Texts and numbers as they are, True or False, a date as 2024-01-31T13:45:00, "" for Empty,
-/// missing and Nothing, the JSON notation for all else.
+/// Texts and numbers as they are, True or False, dates as 2024-01-31T13:45:00, "" for Empty,
+/// missing and Nothing, and JSON notation for everything else.
 std::string plainText(const Variant& value);
 
 }  // namespace quorkit::json

@@ -50,7 +50,7 @@ Bounds bounds(const Json& lower, std::size_t count) {
     return {first, static_cast<Long>(count)};
 }
 
-/// `make` gets texts when all elements are texts, and the elements as they are otherwise.
+/// `make` gets texts when all elements are texts; otherwise it gets the elements as they are.
 template <class Make>
 Variant ofElements(std::vector<Variant> elements, Make make) {
     if (!std::ranges::all_of(elements, [](const Variant& one) { return one.is<String>(); }))
@@ -65,7 +65,7 @@ Variant readArray(const Json& content, const Json& lower, const ObjectTable& obj
     std::vector<Variant> elements;
     for (const Json& item : array(content)) elements.push_back(fromJson(item, objects));
     const Long first = bounds(lower, elements.size()).lower;
-    // The one unallocated array that converts to every other array type.
+    // Only an unallocated array of Variants converts to every other type of array.
     if (elements.empty()) return Array<Variant>();
     return ofElements(std::move(elements), [&]<class T>(std::vector<T> all) -> Variant {
         return Array<T>(std::move(all), first);

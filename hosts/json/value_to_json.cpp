@@ -15,7 +15,7 @@ Json tagged(const char* tag, Json content) {
     return json;
 }
 
-/// Writes the value it is called with.
+/// Writes a value; one overload for each type.
 struct Writer {
     ObjectTable& objects;
 

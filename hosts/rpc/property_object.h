@@ -1,5 +1,5 @@
-// An object that is nothing but its properties: what a client without objects of its own hands to
-// members that expect some.
+// An object that consists of properties. A client without objects of its own passes it to members
+// that expect one.
 #pragma once
 
 #include <quorkit/QuorCollection.h>
@@ -15,15 +15,15 @@ class PropertyObject final : public Object {
    public:
     using Property = std::pair<String, Variant>;
 
-    /// Names match without regard to letter case; of two that are the same the second counts.
+    /// Names match without regard to letter case; of two equal names the second counts.
     explicit PropertyObject(std::vector<Property> properties) {
         for (auto& [name, value] : properties) properties_.setValueByKey(std::move(value), name);
     }
 
     const char* className() const override { return "Object"; }
-    /// Has no properties any more.
+    /// Removes all properties.
     void letGo() override { properties_.letGo(); }
-    /// Errors 438, 448 and 450 for what reads or writes no property.
+    /// Error 438, 448 or 450 for a call that does not read or write a property.
     Variant call(StringView name, CallKind kind, const Arguments& arguments) override;
 
    private:

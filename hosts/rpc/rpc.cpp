@@ -35,7 +35,7 @@ Fault faultOf(const CallError& error) {
     return {MemberFailed, error.text, {{"number", error.number}, {"text", error.text}}};
 }
 
-/// Every parameter must be known; null when one is left out.
+/// Fails on an unknown parameter; a parameter that is left out becomes null.
 void allowOnly(const json::Json& parameters, std::initializer_list<std::string_view> names) {
     for (const auto& [name, value] : parameters.items())
         if (std::ranges::find(names, name) == names.end())
@@ -148,7 +148,7 @@ json::Json Session::answerOne(const json::Json& request) {
         return {{"jsonrpc", "2.0"}, {"id", id}, {"result", std::move(result)}};
     } catch (const Fault& fault) {
         return wanted ? faultAnswer(id, fault) : nullptr;
-    } catch (const AutomationError&) {  // this host's own
+    } catch (const AutomationError&) {  // an error of this host
         const Fault fault = faultOf(errorOf(std::current_exception()));
         return wanted ? faultAnswer(id, fault) : nullptr;
     } catch (const json::BadValue& bad) {

@@ -1,5 +1,5 @@
-// quorkit rpc: JSON-RPC 2.0, one message a line, so that any language can drive the library and
-// keep objects. The methods and their values are told in docs/rpc.md.
+// quorkit rpc: JSON-RPC 2.0, one message a line, so that any language can use the library and keep
+// objects. docs/rpc.md describes the methods and their values.
 #pragma once
 
 #include <quorkit/dispatch.h>
@@ -15,7 +15,7 @@
 
 namespace quorkit::rpc {
 
-/// One client: its global objects and the objects it keeps.
+/// One client, with its global objects and the objects it keeps.
 class Session {
    public:
     explicit Session(Ports& ports) : library_(ports) {}
@@ -23,8 +23,8 @@ class Session {
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    /// The answer to a message or batch; nothing when it asks for none. Never fails: what is wrong
-    /// with the message, or went wrong in a member, is in the answer.
+    /// The answer to a message or a batch; nothing when none is expected. Never fails: an invalid
+    /// message and an error of a member are reported in the answer.
     std::optional<std::string> answer(std::string_view message);
 
    private:
@@ -38,7 +38,7 @@ class Session {
     json::ObjectTable objects_;
 };
 
-/// Answers line by line until the input ends. Blank lines are passed over.
+/// Answers each line until the input ends. Blank lines are skipped.
 void serve(std::istream& in, std::ostream& out, Ports& ports);
 
 }  // namespace quorkit::rpc

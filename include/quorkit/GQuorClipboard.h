@@ -1,11 +1,11 @@
 // Texts, rich texts and pictures on the clipboard. No state.
 //
-// Nothing raises an error. A step that fails is skipped and the member goes on with the next one:
-// another program keeps the clipboard to itself, a file is not there, there is no clipboard at all.
+// No member raises an error. When a step fails (another program holds the clipboard, a file is
+// missing, there is no clipboard at all), the member skips it and goes on with the next one.
 //
-// What is put on the clipboard takes the place of all that was there, in its one form: beside a
-// rich text there is no plain one. The old content is gone even where the new one cannot be put
-// there, unless another program puts it back. The new one stays when the program ends.
+// New content replaces everything on the clipboard, and is there in one form only: a rich text
+// brings no plain text with it. If the new content cannot be put there, the old content is lost all
+// the same, unless another program puts it back. The new content stays when the program ends.
 #pragma once
 
 #include <quorkit/parameters.h>
@@ -21,15 +21,17 @@ class GQuorClipboard {
 
     // --- Pictures ---
     //
-    // A picture is its file, byte by byte, where the clipboard allows it: on Windows a WMF comes
-    // back as an EMF. What counts is what the bytes are, not the file's name, nor what another
-    // program says they are. Of a picture in several forms a bitmap goes before a metafile.
+    // A picture is the bytes of its file. The clipboard keeps them unchanged, except that Windows
+    // returns a WMF as an EMF. The bytes decide what kind of picture it is; the file's extension
+    // and what another program declares do not count. If a picture is there in several forms, a
+    // bitmap is preferred to a metafile.
 
-    /// Puts the picture in a file on the clipboard, or empties it when that cannot be done.
+    /// Puts the picture in a file on the clipboard. When that fails, the clipboard is emptied.
     void LoadPictureToClipboard(const String& sFileName);
-    /// Writes the picture on the clipboard to a file as it is, whatever the extension says, in
-    /// place of its old content in one step: a failure leaves that. A file that may not be written
-    /// is deleted first, where its folder allows that. Nothing happens when there is no picture.
+    /// Writes the picture on the clipboard to a file, byte by byte, whatever the extension says.
+    /// The new content replaces the old one in one step, so a failure leaves the old file. A file
+    /// that may not be written is deleted first, if its folder allows that. Without a picture
+    /// nothing happens.
     void SavePictureFromClipboard(const String& sFileName);
     /// The picture on the clipboard; Nothing when there is none.
     PictureRef GetPictureFromClipboard();
@@ -39,18 +41,19 @@ class GQuorClipboard {
     // --- Texts ---
     //
     // Line ends stay as they are. A surrogate without its partner becomes U+FFFD. Windows ends a
-    // text and a rich text at its first U+0000; Linux keeps them whole, but the program that reads
-    // them may not.
+    // text and a rich text at its first U+0000. Linux keeps the whole text, but the program that
+    // reads it may not.
     //
-    // Of a rich text the clipboard holds bytes. They are those of code page 1252, or UTF-8 where a
-    // character has no place in that or would be read as another: bytes that are UTF-8 are read so,
-    // all others as code page 1252. Whether it is rich text nobody checks.
+    // The clipboard holds a rich text as bytes: code page 1252, or UTF-8 when the code page lacks a
+    // character or when the bytes would be read back as other characters. On reading, bytes that
+    // are valid UTF-8 are UTF-8, all others code page 1252. Nothing checks that the text is rich
+    // text.
 
     void SetTextToClipboard(const String& sText);
     void SetRTFTextToClipboard(const String& sRTFText);
     /// "" when there is no text.
     String GetTextFromClipboard();
-    /// "" when there is no rich text; a plain text is none.
+    /// "" when there is no rich text, even if there is a plain text.
     String GetRTFTextFromClipboard();
 
    private:

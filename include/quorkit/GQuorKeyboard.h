@@ -1,5 +1,5 @@
-// The state of Shift, Control and Scroll Lock, as the calling thread sees it. No state of its own;
-// what each system knows of its keys is in ports/keyboard.h.
+// The state of Shift, Control and Scroll Lock, as the calling thread sees it. The class has no
+// state of its own; ports/keyboard.h tells what each system knows of its keys.
 #pragma once
 
 #include <quorkit/parameters.h>
@@ -20,8 +20,8 @@ class GQuorKeyboard {
     Boolean ShiftKeyDown();
     /// Whether a Control key is held down.
     Boolean ControlKeyDown();
-    /// Sets the state of the virtual key `intKey` for the calling thread alone: on, or off and not
-    /// held down either way. Error 9 for a key out of 0 ... 255; then nothing is changed.
+    /// Sets the state of the virtual key `intKey` for the calling thread alone: on or off, and in
+    /// both cases not held down. Error 9, and no change, for a key outside 0 ... 255.
     void SetKeyState(Unchanged<Integer> intKey, Unchanged<Boolean> fTurnOn);
 
    private:

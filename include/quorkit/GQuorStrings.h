@@ -1,7 +1,7 @@
-// String helpers. No state; every call works on its own copy of its arguments.
+// String helpers. No state; no call changes its arguments unless it says so.
 //
-// White space is every character whose code in the code page 1252 is below 33: the control
-// characters and the space, but not the no-break space. A digit is one of "0" to "9", no other.
+// White space is every character whose code in code page 1252 is below 33: the control characters
+// and the space, but not the no-break space. A digit is one of "0" to "9".
 #pragma once
 
 #include <quorkit/collection.h>
@@ -29,16 +29,16 @@ class GQuorStrings {
     /// Whether the first character of `c` is white space; False for an empty `c`.
     Boolean isWhiteSpace(Unchanged<String> c);
 
-    /// `vsString` with the old pattern replaced by the new one: everywhere unless `vbReplaceAll`
-    /// is given and False, then only the first time. What was put in is not searched again. Letter
-    /// case counts unless `vbIgnoreCase` is given and True. An empty old pattern is never found.
-    /// Linear in the text. Error 13 when an option does not convert to Boolean, 94 for Null.
+    /// `vsString` with the old pattern replaced by the new one: everywhere, or with `vbReplaceAll`
+    /// False only once. Replaced text is not searched again. Letter case counts unless
+    /// `vbIgnoreCase` is True. An empty old pattern is never found. Linear in the text. Error 13
+    /// when an option does not convert to Boolean, 94 for Null.
     String StringReplace(const String& vsString, const String& vsOldPattern,
                          const String& vsNewPattern, const Optional<Variant>& vbReplaceAll = {},
                          const Optional<Variant>& vbIgnoreCase = {});
 
     /// `s` with the first character of `sPadChar` put in front until it is `maxLen` long. A text
-    /// that is long enough is returned as it is, never cut; an empty `sPadChar` adds nothing.
+    /// that is long enough is returned as it is, never cut. An empty `sPadChar` adds nothing.
     String LPad(const String& sPadChar, const String& s, Long maxLen);
     /// The same with the padding at the end.
     String RPad(const String& sPadChar, const String& s, Long maxLen);
@@ -60,17 +60,19 @@ class GQuorStrings {
 
     // --- Structured texts ---
 
-    /// The values of assignments such as `a=1, b = "x, y", c="""say "hi" ""now"""`, in their order,
-    /// each under its name; one without a name gets no key. The first step takes the blanks off
-    /// both ends of the caller's own `s`.
+    /// The values of assignments such as `a=1, b = "x, y", c="""say "hi" ""now"""`, in order, each
+    /// under its name; a value without a name gets no key. `s` itself changes: the caller's
+    /// variable loses the blanks at both ends.
     ///
-    /// A value reaches up to the next argument delimiter and loses the blanks around it. In one
-    /// text delimiter it keeps them, and argument delimiters too; in three also text delimiters.
-    /// What follows the closing one is ignored up to the next argument delimiter. A text without a
-    /// further command delimiter ends the list, and so does an open quote, whose assignment is
-    /// dropped. Delimiters are single characters, compared by code unit; a longer one is found as a
-    /// whole but passed by one character, an empty one is never found. White space behind the
-    /// command delimiter is skipped. Linear.
+    /// A value ends at the next argument delimiter and loses the blanks around it. In quotes, that
+    /// is between two text delimiters, it keeps blanks and argument delimiters. Between three and
+    /// three it also keeps text delimiters. Anything between the closing quote and the next
+    /// argument delimiter is ignored. The list ends where no further command delimiter follows. It
+    /// also ends at a quote that is never closed, and that assignment is dropped.
+    ///
+    /// Delimiters are single characters, compared by code unit. A longer one is found only as a
+    /// whole, but the reading goes on one character behind its start. An empty one is never found.
+    /// White space behind the command delimiter is skipped. Linear.
     ///
     /// Error 457 when a name occurs twice, letter case aside; 6 when the trimmed text is longer
     /// than 32,767 characters.
@@ -79,31 +81,32 @@ class GQuorStrings {
                               const Optional<Unchanged<String>, Text(u"\"")>& txtDelimiter = {},
                               const Optional<Unchanged<String>, Text(u",")>& argDelimiter = {});
 
-    /// The names of the fields such as `@#Name#@`, in their order, without keys, as often as they
-    /// occur. Header and trailer match without regard to letter case; fields do not nest, empty
-    /// ones are left out, an empty header or trailer is never found. The search starts behind as
-    /// many characters as the trailer has: a field at the very start of the text is not found.
+    /// The names of the fields such as `@#Name#@`, in order, without keys, repeated as often as
+    /// they occur. Header and trailer match without regard to letter case. Fields do not nest;
+    /// empty ones are left out; an empty header or trailer is never found. The search skips as many
+    /// characters as the trailer has, so a field at the very start of the text is not found.
     /// Linear.
     CollectionRef ReadAllVarFields(Unchanged<String> sText,
                                    const Optional<String, Text(u"@#")>& sVarFieldHeader = {},
                                    const Optional<String, Text(u"#@")>& sVarFieldTrailer = {});
 
-    /// `Param` before its first "=" goes to `cmd`, what follows to `arg`. Without "=" all of it
-    /// goes to `cmd`, and `arg` stays as it is. Error 6 when it is longer than 32,767 characters.
+    /// `cmd` receives the part of `Param` before its first "=", `arg` the part behind it. Without
+    /// "=" `cmd` receives all of it and `arg` stays as it is. Error 6 when `Param` is longer than
+    /// 32,767 characters.
     void SplitDOSCMDParam(const String& Param, Out<String> cmd, Out<String> arg);
 
-    /// `s` without the digits at its end, in upper or lower case when told so.
-    /// Error 6 when it is longer than 32,767 characters.
+    /// `s` without the digits at its end, converted to upper or lower case if `eConvert` says so.
+    /// Error 6 when `s` is longer than 32,767 characters.
     String getFieldNameWithoutLineNumber(const String& s, eConvertToUpperOrLower eConvert);
-    /// The digits at the end of `s` as they stand there, leading zeros too. Error 6 as above.
+    /// The digits at the end of `s`, leading zeros included. Error 6 as above.
     String getFieldNameLineNumber(const String& s);
 
     // --- Application versions: major.minor.revision.build ---
 
-    /// Reads the four components, 0 for those that are missing; further ones are ignored. Each is
-    /// any number, rounded to the nearest, halves to even; -1 when it is none. Returns 0 when all
-    /// could be read, otherwise -1. A component beyond 32 bits ends the reading: the result, that
-    /// component and those behind it are -1. An empty text has one component, which is no number.
+    /// Reads the four components. Missing ones are 0; further ones are ignored. A component is any
+    /// number, rounded to the nearest, halves to even, or -1 when it is no number. Returns 0 when
+    /// all could be read, otherwise -1. A component beyond 32 bits ends the reading: it and all
+    /// behind it are -1, and so is the result. An empty text has one component, which is no number.
     Long SplitAppVersionString(const String& sVersionNr, Out<Long> Major, Out<Long> Minor,
                                Out<Long> Revision, Out<Long> Build);
     /// One component of a version, as SplitAppVersionString reads it.
@@ -111,30 +114,32 @@ class GQuorStrings {
     Long ExtractMinorVersionFromAppVersionString(const String& sVersion);
     Long ExtractRevisionFromAppVersionString(const String& sVersion);
     Long ExtractBuildNumberFromAppVersionString(const String& sVersion);
-    /// The version as "1.2.0.0", its components also separated by commas; with `b4Digit` False
-    /// without the zeros at its end ("1.2"). A component that is no number is written as -1.
+    /// The version as "1.2.0.0". Commas may also separate the components of `sVersion`. With
+    /// `b4Digit` False the zeros at the end are left out ("1.2"). A component that is no number is
+    /// written as -1.
     String formatAppVersionString(const String& sVersion,
                                   const Optional<Boolean, true>& b4Digit = {});
-    /// 0 when the versions are equal, 1 when the first is higher, -1 when the second is. Any number
-    /// of components counts, missing ones are 0; of each the number at its start counts ("2b" is
-    /// 2, "x" is 0). Error 6 for a component too large for a Double, and for a hexadecimal or octal
-    /// one beyond 32 bits.
+    /// 0 when the versions are equal, 1 when the first is higher, -1 when the second is. All
+    /// components count, however many; missing ones are 0. The value of a component is the number
+    /// at its start ("2b" is 2, "x" is 0). Error 6 for a component too large for a Double, and for
+    /// a hexadecimal or octal one beyond 32 bits.
     Long CompareAppVersionString(const String& sVersionNr1, const String& sVersionNr2);
 
     // --- Placeholders ---
 
-    /// `s` with every %NAME% replaced by the environment variable NAME: by the one that is spelled
-    /// so, otherwise by one spelled so but for letter case; by nothing when there is none, as for
-    /// "%%". A "%" without a partner stays. Placeholders in a value are replaced too; error 28 when
-    /// what they bring in passes 1,000,000 characters for one value, as with one that holds itself.
+    /// `s` with every %NAME% replaced by the value of the environment variable NAME. A variable of
+    /// exactly that spelling is preferred to one that differs in letter case. Without such a
+    /// variable, and for "%%", the placeholder is removed. A "%" without a partner stays.
+    /// Placeholders in a value are replaced too. Error 28 when the placeholders in one value bring
+    /// in more than 1,000,000 characters, as they do when a value contains itself.
     String ExpandEnvironmentString(const String& s);
     /// `s` with every [FORMAT] replaced by the current local date and time in that format, such as
-    /// [yyyy-mm-dd] (docs/reference.md lists what a format may hold); month and day names are those
-    /// of the system's language. A "[" without a "]" behind it stays. Error 28 as above.
+    /// [yyyy-mm-dd]; docs/reference.md lists the formats. Names of months and days are in the
+    /// system's language. A "[" without a "]" behind it stays. Error 28 as above.
     String ExpandDateString(const String& s);
 
-    /// Whether there is an "@" that is not the first character (the first "@" decides) and a full
-    /// stop somewhere behind it. Nothing else is checked: "a@." passes.
+    /// Whether a full stop follows somewhere behind the first "@", and that "@" is not the first
+    /// character. Nothing else is checked: "a@." passes.
     Boolean isValidMailAddress(const String& sMailAddress);
 
    private:

@@ -1,14 +1,15 @@
 // An ordered list of values, each under a key, reached by position or by key.
 //
-// Positions count from 1. Keys match without regard to letter case and are kept in the spelling in
-// which they came first; any text is a key, the empty one too. Values are anything a Variant holds;
-// an object is kept and given back as a reference to itself. Positions and keys that are not there
-// are no errors: they give -1, False, "" or the default.
+// Positions count from 1. Keys match without regard to letter case and keep the spelling in which
+// they were first set; any text is a key, the empty one too. A value is anything that a Variant
+// holds; an object is kept as a reference. A missing position or key is no error: the member gives
+// -1, False, "" or the default.
 //
-// Setting, and finding by key or position, take the same time however many elements there are; a
-// position sought by key behind n elements that went from the middle takes log n steps. Removing
-// moves eight bytes for every element on the shorter side. A value that is replaced or removed is
-// released when the collection is whole again, so what its release calls may use the collection.
+// Setting a value, and finding one by key or position, takes the same time for any number of
+// elements. One case is slower: finding the position of a key takes log n steps when n elements in
+// front of it were removed from the middle. Removing an element moves eight bytes for every element
+// on its shorter side. A replaced or removed value is released only when the collection is
+// consistent again, so code that the release runs may use the collection.
 #pragma once
 
 #include <quorkit/array.h>
@@ -27,16 +28,16 @@ class KeyedList;
 class QuorCollection {
    public:
     explicit QuorCollection(Ports& ports = ports::native());
-    /// The collection that was moved from may only be destroyed or assigned to.
+    /// A collection that was moved from may only be destroyed or assigned to.
     QuorCollection(QuorCollection&&) noexcept;
     QuorCollection& operator=(QuorCollection&&) noexcept;
     ~QuorCollection();
 
-    /// Sets the value of a key where it stands, its spelling kept; a new key is appended. The
-    /// position of the value.
+    /// Sets the value of a key. An existing key keeps its position and spelling; a new key is
+    /// appended. Returns the position of the value.
     Long setValueByKey(Variant vValue, const String& sKey);
-    /// Replaces the value at a position, the key stays. `index`, or -1 out of range; nothing is
-    /// ever appended.
+    /// Replaces the value at a position; the key stays. Returns `index`, or -1 when it is out of
+    /// range; nothing is ever appended.
     Long setValueByIndex(Variant vValue, Long index);
 
     /// The position of a key, -1 when it is absent.
@@ -58,7 +59,7 @@ class QuorCollection {
     Long count() const;
 
     /// Fills `saKeyNames` with all keys in order, counted from 1, and returns their number. An
-    /// empty collection gives one empty text, and 0.
+    /// empty collection returns 0 and fills in a single empty text.
     Long getAllKeyNames(Out<Array<String>> saKeyNames) const;
 
     /// A new collection with the same keys and values; objects are shared with this one.

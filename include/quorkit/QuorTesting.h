@@ -1,10 +1,10 @@
-// Random test data that look like a Swiss company's: last names, first names, departments.
+// Random test data that look like those of a Swiss company: last names, first names, departments.
 //
 // They are drawn from fixed tables of 67 last names, 44 male and 33 female first names and 7
-// departments. `iMax` limits a draw to the entries 0 ... iMax of a table, so that few and always
-// the same ones occur; -1, any other negative number and one beyond the table mean all of it.
+// departments. `iMax` limits a draw to the entries 0 ... iMax of a table, so that the same few
+// entries come up. -1, any other negative number and one beyond the table mean the whole table.
 //
-// All objects of the process draw from one sequence, and each new object starts it anew from the
+// All objects of the process share one random sequence. Each new object restarts it from the
 // system's counter.
 #pragma once
 
@@ -21,8 +21,8 @@ class QuorTesting {
 
     String GetRandomLastName(const Optional<Integer, -1>& iMax = {});
 
-    /// A male first name for `male`, and for `unkown` every other time by chance; a female one
-    /// otherwise, also for numbers that are no ESexCode.
+    /// A male first name for `male`; a male or female one, by chance, for `unkown`; a female one
+    /// for all other numbers.
     Variant GetRandomFirstName(const Optional<ESexCode>& sexCode = {},
                                const Optional<Integer, -1>& iMax = {});
 

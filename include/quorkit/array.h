@@ -23,9 +23,9 @@ struct Bounds {
 template <class T>
 class Array {
    public:
-    /// An unallocated array: it has no bounds to ask for.
+    /// An unallocated array. It has no bounds.
     Array() = default;
-    /// Error 9 for a negative count, or indexes beyond 32 bits.
+    /// Error 9 for a negative count and for indexes beyond 32 bits.
     explicit Array(Bounds bounds) : Array(std::vector<Bounds>{bounds}) {}
     Array(Bounds first, Bounds second) : Array(std::vector<Bounds>{first, second}) {}
     /// A one-dimensional array of `elements`, counted from `lower`.
@@ -44,7 +44,8 @@ class Array {
     Long lower(int dimension = 1) const { return bounds(dimension).lower; }
     Long upper(int dimension = 1) const { return bounds(dimension).upper(); }
 
-    /// The element at the given indexes. Error 9 when they are out of bounds or of another number.
+    /// The element at the given indexes. Error 9 when they are out of bounds or their number is
+    /// wrong.
     T& at(Long index) { return elements_[offset(index)]; }
     const T& at(Long index) const { return elements_[offset(index)]; }
     T& at(Long first, Long second) { return elements_[offset(first, second)]; }

@@ -17,12 +17,12 @@ struct Ports;
 struct ClassInfo;
 struct EnumerationInfo;
 
-// GCC takes scoped enumerators for ones that hide the types of the same name.
+// GCC warns that scoped enumerators hide the types of the same name.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wshadow"
 /// The types that cross the interface.
 enum class Type {
-    None,  ///< a member without a result
+    None,  ///< the member has no result
     Boolean,
     Integer,
     Long,
@@ -39,12 +39,12 @@ enum class Type {
 
 struct TypeInfo {
     Type type = Type::None;
-    /// Of a Long that is one of an enumeration's constants.
+    /// For a Long that is a constant of an enumeration.
     const EnumerationInfo* enumeration = nullptr;
-    /// Of an Object that is of one class.
+    /// For an Object of one particular class.
     const ClassInfo& (*classOf)() = nullptr;
 
-    /// As published: "Long", "String()", or the name of the enumeration or class; "" for None.
+    /// The published name: "Long", "String()", or that of the enumeration or class; "" for None.
     const char* name() const;
 };
 
@@ -53,7 +53,7 @@ struct ParameterInfo {
     TypeInfo type;
     bool byReference = false;
     bool changed = false;  ///< by reference, and the member may change it
-    bool result = false;   ///< changed, and the member never looks at what is handed in
+    bool result = false;   ///< changed, and the member never reads the value handed in
     /// The value of an omitted argument; null when the argument must be given.
     Variant (*defaultValue)() = nullptr;
 
@@ -94,7 +94,7 @@ struct ClassInfo {
     /// "673d863e-04b8-44f9-aadf-94b1a8221c8d".
     const char* interfaceIdentity = "";
     const char* identity = "";
-    /// One row each; a property has one for its get and one for its let.
+    /// One row per member; a property has one row for its get and one for its let.
     std::span<const MemberInfo> (*members)() = nullptr;
     /// Makes an instance over the given ports; null when a client cannot make one.
     ObjectRef (*create)(Ports&) = nullptr;
@@ -129,21 +129,20 @@ inline constexpr const char* kLibraryIdentity = "673d863d-04b8-44f9-aadf-94b1a82
 std::span<const ClassInfo> classes();
 /// The classes of the runtime's own objects.
 std::span<const ClassInfo> runtimeClasses();
-/// The public or runtime class of that name, matched without regard to case; null when there is
-/// none.
+/// The public or runtime class of that name, without regard to case; null when there is none.
 const ClassInfo* findClass(StringView name);
 
-/// The row that a call of this kind reaches by name, without regard to case, or by identifier;
-/// null when there is none.
+/// The row that a call of this kind reaches, by name without regard to case or by identifier; null
+/// when there is none.
 const MemberInfo* findMember(const ClassInfo& info, StringView name, CallKind kind);
 const MemberInfo* findMember(const ClassInfo& info, Long identifier, CallKind kind);
-/// Which of a member's parameters has that name, without regard to case; nothing when none has.
+/// The position of the parameter of that name, without regard to case; nothing when there is none.
 std::optional<std::size_t> findParameter(const MemberInfo& member, StringView name);
 
 /// All public enumerations, and all public records.
 std::span<const EnumerationInfo> enumerations();
 std::span<const RecordInfo> records();
-/// The one of that name, matched without regard to case; null when there is none.
+/// The enumeration or record of that name, without regard to case; null when there is none.
 const EnumerationInfo* findEnumeration(StringView name);
 const RecordInfo* findRecord(StringView name);
 /// The value of a constant by its name, without regard to case; nothing when there is none.

@@ -17,10 +17,11 @@ class CatalogueObject : public Object {
     Variant call(StringView name, CallKind kind = CallKind::Call,
                  const Arguments& arguments = {}) override;
 
-    /// Runs a member of the object's own class with one value per parameter, `missing` for each one
-    /// left out. Converts the values in place first, a text to a Date as the user's language has
-    /// it; afterwards they are the final values. Error 13 when a value does not convert, and
-    /// whatever the member raises. `fitting` receives how many values did not fail to convert.
+    /// Runs a member of the object's own class. `values` holds one value per parameter, `missing`
+    /// for each one left out. First the values are converted in place, a text to a Date by the
+    /// rules of the user's language; after the call they are the final values. Error 13 when a
+    /// value does not convert, and any error of the member. `fitting` receives the number of values
+    /// converted before the first that failed.
     Variant run(const MemberInfo& member, std::span<Variant> values,
                 std::size_t* fitting = nullptr);
 
@@ -29,7 +30,7 @@ class CatalogueObject : public Object {
 
     /// The object that the class's rows were made for.
     virtual void* self() = 0;
-    /// What the object was made over; null when none of its members needs any.
+    /// The ports that the object works on; null when none of its members needs any.
     virtual Ports* ports() { return nullptr; }
 };
 

@@ -12,20 +12,20 @@ namespace quorkit {
 class Collection;
 using CollectionRef = std::shared_ptr<Collection>;
 
-/// An ordered list of Variants counted from 1, each optionally under a unique key that is matched
-/// without regard to case and kept as spelled. Members take any object that is one: `make` gives
-/// the library's own, `of` makes one of a client's.
+/// An ordered list of Variants counted from 1. Each may have a unique key, which is matched without
+/// regard to case and keeps its spelling. Members accept the library's own collections, from
+/// `make`, and objects of a client's, which `of` wraps.
 class Collection : public CatalogueObject {
    public:
     struct Entry {
-        String key;  ///< empty when the item has none, or nobody can tell
+        String key;  ///< empty when the item has none, or the key is not known
         Variant item;
     };
 
-    /// A new one, without items.
+    /// A new, empty collection.
     static CollectionRef make();
-    /// The object as a collection: itself, or for one that is not the library's one that calls the
-    /// members Count, Item, Add and Remove of it by name. Error 13 when it has no Count; Nothing
+    /// The object as a collection. An object that is not the library's is wrapped: the result calls
+    /// its members Count, Item, Add and Remove by name. Error 13 when it has no Count; Nothing
     /// stays Nothing.
     static CollectionRef of(const ObjectRef& object);
 
@@ -37,24 +37,25 @@ class Collection : public CatalogueObject {
     /// Error 5 when there is no such key.
     virtual Entry entry(StringView key) const = 0;
     virtual bool contains(StringView key) const = 0;
-    /// Puts an entry at `position`, in front of the one that has it. Error 9 out of
-    /// 1 ... count() + 1, 457 when the key is present.
+    /// Inserts an entry at `position`, in front of the one that is there. Error 9 when `position`
+    /// is not in 1 ... count() + 1, 457 when the key exists.
     virtual void insert(Long position, Entry entry) = 0;
     /// Error 9 when `position` is not in 1 ... count().
     virtual void remove(Long position) = 0;
     /// Error 5 when there is no such key.
     virtual void remove(StringView key) = 0;
 
-    /// Appends an item; an empty key is no key. Error 457 when the key is present.
+    /// Appends an item; an empty key means no key. Error 457 when the key exists.
     void add(Variant item, String key = {}) {
         insert(count() + 1, {std::move(key), std::move(item)});
     }
     Variant item(Long position) const { return entry(position).item; }
     Variant item(StringView key) const { return entry(key).item; }
 
-    // --- As a late-bound client calls it: an index is a position or, as a text, a key ---
+    // --- As a late-bound client calls it; an index is a position, or a key when it is a text ---
 
-    /// `Before` or `After` is the index of the item to stand beside. Error 5 for both.
+    /// Inserts in front of the item with the index `Before`, or behind that of `After`. Error 5 for
+    /// both.
     void Add(const Variant& Item, const Optional<Variant>& Key = {},
              const Optional<Variant>& Before = {}, const Optional<Variant>& After = {});
     Variant Item(const Variant& Index) const;

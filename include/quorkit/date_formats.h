@@ -6,19 +6,19 @@
 
 namespace quorkit {
 
-/// What stands for a part of the date, and what it writes.
+/// A symbol in a date format, and the text it stands for.
 struct DateToken {
     const char* token = "";
     const char* sentence = "";
 };
 
-/// A format that may be given by its name alone.
+/// A complete format that has a name of its own.
 struct DateFormatName {
     const char* name = "";
     const char* format = "";
 };
 
-/// All of them, in the order in which a reader expects them.
+/// All symbols, in the order in which a reader expects them.
 std::vector<DateToken> dateTokens();
 std::span<const DateFormatName> dateFormatNames();
 

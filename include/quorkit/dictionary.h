@@ -13,10 +13,11 @@ namespace quorkit {
 class Dictionary;
 using DictionaryRef = std::shared_ptr<Dictionary>;
 
-/// Key/value pairs with unique keys, listed in the order in which they were added. A key is any
-/// value but an array, which is error 5 in every member. Texts are told apart by code unit, numbers
-/// of different types by value, objects by identity; a Boolean or a Date is no number. Members take
-/// any object that is one: `make` gives the library's own, `of` makes one of a client's.
+/// Pairs of unique keys and values, listed in the order in which they were added. Any value but an
+/// array can be a key; an array is error 5 in every member. Text keys are compared by code unit,
+/// numbers of any type by value, objects by identity; a Boolean or a Date never equals a number.
+/// Members accept the library's own dictionaries, from `make`, and objects of a client's, which
+/// `of` wraps.
 class Dictionary : public CatalogueObject {
    public:
     struct Entry {
@@ -24,11 +25,11 @@ class Dictionary : public CatalogueObject {
         Variant item;
     };
 
-    /// A new one, without pairs.
+    /// A new, empty dictionary.
     static DictionaryRef make();
-    /// The object as a dictionary: itself, or for one that is not the library's one that calls the
-    /// members Count, Keys, Item, Add, Exists and Remove of it by name. Error 13 when it has no
-    /// Keys; Nothing stays Nothing.
+    /// The object as a dictionary. An object that is not the library's is wrapped: the result calls
+    /// its members Count, Keys, Item, Add, Exists and Remove by name. Error 13 when it has no Keys;
+    /// Nothing stays Nothing.
     static DictionaryRef of(const ObjectRef& object);
 
     const ClassInfo& info() const override;
@@ -37,7 +38,7 @@ class Dictionary : public CatalogueObject {
     virtual std::vector<Entry> entries() const = 0;
     /// The item under the key.
     virtual std::optional<Variant> find(const Variant& key) const = 0;
-    /// Error 457 when the key is present.
+    /// Error 457 when the key exists.
     virtual void add(Variant key, Variant item) = 0;
     /// Replaces the item under the key, or adds it.
     virtual void set(Variant key, Variant item) = 0;
@@ -48,7 +49,7 @@ class Dictionary : public CatalogueObject {
 
     void Add(const Variant& Key, const Variant& Item) { add(Key, Item); }
     Boolean Exists(const Variant& Key) const { return find(Key).has_value(); }
-    /// A key that is not there is added, without a value: Empty.
+    /// Adds a missing key with the value Empty.
     Variant Item(const Variant& Key);
     void setItem(const Variant& Key, const Variant& newValue) { set(Key, newValue); }
     /// Arrays counted from 0.

@@ -1,7 +1,7 @@
 // The public enumerations and the public record.
 //
-// On Windows include this header before <windows.h>: the system defines macros with the names of
-// CSIDLS, eDriveType and eBrowserInfoFlags constants. They have the same values.
+// On Windows include this header before <windows.h>, which defines macros with the names of CSIDLS,
+// eDriveType and eBrowserInfoFlags constants. Their values are the same.
 #pragma once
 
 #include <quorkit/values.h>

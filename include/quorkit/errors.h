@@ -8,7 +8,7 @@
 
 namespace quorkit {
 
-/// Numbers of the runtime's errors that the library raises. It defines none of its own.
+/// The runtime's errors that the library raises. It defines no errors of its own.
 enum class ErrorNumber : Long {
     InvalidProcedureCall = 5,
     Overflow = 6,

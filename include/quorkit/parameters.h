@@ -1,4 +1,4 @@
-// Words for a member's signature that C++ lacks. The catalogue reads them from the declaration.
+// Markers for parameters in a member's signature. The catalogue reads them from the declaration.
 #pragma once
 
 #include <quorkit/variant.h>
@@ -16,7 +16,7 @@ template <class T>
 class Unchanged {
    public:
     Unchanged(const T& value) : value_(value) {}  // NOLINT(google-explicit-constructor)
-    /// What makes a T may stand for one, as in a call with a literal.
+    /// Accepts anything that a T can be made from, such as a literal.
     template <class U>
     requires(!std::is_same_v<std::remove_cvref_t<U>, T> &&
              !std::is_same_v<std::remove_cvref_t<U>, Unchanged> && std::constructible_from<T, U>)
@@ -34,12 +34,13 @@ class Unchanged {
     const T& value_;
 };
 
-/// A parameter that carries a result out: the member never looks at what is handed in. What the
-/// member does not set stays as it was. Stands for the caller's variable, which must live on.
+/// A parameter that only carries a result out: the member never reads the value handed in. It
+/// refers to the caller's variable, which must outlive it and stays as it was unless the member
+/// sets it.
 template <class T>
 class Out {
    public:
-    Out(T& target) : target_(target) {}  // NOLINT(google-explicit-constructor): stands for it
+    Out(T& target) : target_(target) {}  // NOLINT(google-explicit-constructor): as the variable
     template <class U>
     requires std::assignable_from<T&, U> Out& operator=(U&& value) {
         target_ = std::forward<U>(value);
@@ -73,7 +74,7 @@ struct OptionalValue<Unchanged<T>> {
 }  // namespace detail
 
 /// A parameter that may be left out, with its default in the type. Without a stated default a
-/// Variant is missing and any other type holds its initial value. Give it `= {}` in a declaration.
+/// Variant is missing and any other type has its initial value. Declare it with `= {}`.
 template <class T, auto... Default>
 class Optional {
     static_assert(sizeof...(Default) <= 1);
@@ -84,7 +85,7 @@ class Optional {
     Optional() : value_(defaultValue()) {}
     template <class U>
     requires(std::constructible_from<Value, U> && !std::is_same_v<std::remove_cvref_t<U>, Optional>)
-        Optional(U&& value)  // NOLINT(google-explicit-constructor): stands for the value itself
+        Optional(U&& value)  // NOLINT(google-explicit-constructor): as the value
         : value_(std::forward<U>(value)) {}
 
     operator const Value&() const { return value_; }  // NOLINT(google-explicit-constructor)

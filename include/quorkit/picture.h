@@ -15,10 +15,10 @@ using PictureRef = std::shared_ptr<Picture>;
 /// A picture, as the bytes of its file: BMP, PNG, JPEG, GIF, WMF with a placeable header, or EMF.
 class Picture final : public CatalogueObject {
    public:
-    /// Error 481 when the bytes do not begin as such a file does; nothing looks further.
+    /// Error 481 when the bytes do not begin like such a file; the rest is not checked.
     explicit Picture(std::string file);
-    /// The object as a picture: itself, or for one that is not the library's a picture of the bytes
-    /// that its property File has. Error 13 when it has none; Nothing stays Nothing.
+    /// The object as a picture. For an object that is not the library's the picture is made from
+    /// the bytes of its property File. Error 13 when it has none; Nothing stays Nothing.
     static PictureRef of(const ObjectRef& object);
 
     const ClassInfo& info() const override;
@@ -27,7 +27,7 @@ class Picture final : public CatalogueObject {
     /// Whether it is a WMF or EMF.
     bool isMetafile() const { return isMetafile_; }
 
-    /// The bytes of the file, counted from 0, as a late-bound client has them.
+    /// The bytes of the file as an array counted from 0, for late-bound clients.
     Array<Byte> File() const;
 
    private:

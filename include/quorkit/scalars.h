@@ -1,8 +1,8 @@
-// Scalar types that clients have and Variant has not: one rule for each on its way in, and one on
+// Scalar types that clients have and Variant has not. Each has one rule for its way in, and one for
 // its way out to a client's variable of that type.
 //
-// The ways out raise 13 for what is no number, 94 for Null and 6 for what does not fit; they round
-// halves to even.
+// On the way out a value that is no number is error 13, Null 94, and a number that does not fit 6;
+// halves are rounded to even.
 #pragma once
 
 #include <quorkit/variant.h>
@@ -29,7 +29,7 @@ namespace scalars {
 Variant fromByte(Byte value);
 /// A Double of the same value, which may show more digits: 0.1 becomes 0.100000001490116.
 Variant fromSingle(float value);
-/// A Long where it fits, else the nearest Double: beyond 9007199254740992 not every number is one.
+/// A Long where it fits, else the nearest Double; a Double is exact up to 9007199254740992.
 Variant fromInt64(std::int64_t value);
 Variant fromUInt64(std::uint64_t value);
 /// The nearest Double of an amount in ten-thousandths, or of a decimal number.
@@ -44,7 +44,7 @@ std::int64_t toInt64(const Variant& value);
 std::uint64_t toUInt64(const Variant& value);
 /// In ten-thousandths.
 std::int64_t toCurrency(const Variant& value);
-/// Of a Double its first 15 digits, with the smallest scale that shows them.
+/// For a Double its first 15 digits, with the smallest scale that shows them.
 Decimal toDecimal(const Variant& value);
 /// "?" for characters that the code page lacks.
 std::string toAnsi(const Variant& value);

@@ -1,6 +1,6 @@
 // Texts as UTF-8, for hosts and clients that speak it. Unless they ask for something else, bytes
-// that are no UTF-8 pass through a text and back, so that every name of a file does: it opens again,
-// whatever it is made of.
+// that are no UTF-8 pass through a text and back, so that every name of a file does: it opens
+// again, whatever it is made of.
 #pragma once
 
 #include <quorkit/values.h>

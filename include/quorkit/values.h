@@ -1,4 +1,4 @@
-// The scalar value types of the interface. Each means exactly what it means in automation.
+// The scalar types of the interface. Each means exactly what it means in automation.
 #pragma once
 
 #include <compare>
@@ -8,7 +8,8 @@
 
 namespace quorkit {
 
-/// Counted UTF-16 text. Null and empty are one value; any code unit may occur, U+0000 included.
+/// UTF-16 text with its length. Null and empty are one value. Any code unit may occur, U+0000
+/// included.
 using String = std::u16string;
 using StringView = std::u16string_view;
 
@@ -19,7 +20,7 @@ using Integer = std::int16_t;
 using Long = std::int32_t;
 using Double = double;
 
-/// Days since 30 December 1899; the fraction is the time of day and counts away from zero.
+/// Days since 30 December 1899. The fraction is the time of day and is always added away from zero.
 struct Date {
     Double days = 0;
     friend bool operator==(const Date&, const Date&) = default;

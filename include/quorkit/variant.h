@@ -1,4 +1,4 @@
-// The tagged value that crosses every late-bound call.
+// The tagged value that every late-bound call carries.
 #pragma once
 
 #include <quorkit/array.h>
@@ -19,7 +19,7 @@ struct Empty {
 struct Null {
     friend bool operator==(Null, Null) { return true; }
 };
-/// An error handed on as a value, such as the one that stands for an omitted argument.
+/// An error carried as a value, such as the one that stands for an omitted argument.
 struct ErrorValue {
     std::uint32_t code = 0;
     friend bool operator==(ErrorValue, ErrorValue) = default;
@@ -34,9 +34,9 @@ inline constexpr bool isOneOf = false;
 template <class T, class... Types>
 inline constexpr bool isOneOf<T, std::variant<Types...>> = (std::is_same_v<T, Types> || ...);
 
-/// Releases what `value` holds, and what that holds in turn, without recursion however deep it is.
-/// Up to a depth all has gone when this returns, and `value` is Empty if it held other values;
-/// within a release that is deeper it goes before the outermost one returns.
+/// Releases the contents of `value`, and their contents in turn, without recursion, however deep
+/// they are nested. Up to a certain depth all is released when this returns, and `value` is Empty
+/// if it held other values. Deeper contents are released before the outermost call of this returns.
 void release(VariantValue& value) noexcept;
 }  // namespace detail
 
@@ -47,17 +47,17 @@ concept Enumeration = std::is_enum_v<T>;
 
 class Variant : public VariantValue {
    public:
-    // A Variant is any of its values.
+    // A Variant converts from any of its values.
     // NOLINTBEGIN(google-explicit-constructor)
 
     /// Empty.
     Variant() = default;
-    /// Exactly one of the value types; nothing converts on the way in.
+    /// Holds exactly one of the value types; nothing is converted.
     template <VariantAlternative T>
     Variant(T&& value)
         : VariantValue(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value)) {}
     Variant(const char16_t* text) : Variant(String(text)) {}
-    /// A constant of a public enumeration crosses as its number.
+    /// A constant of a public enumeration becomes its number.
     template <Enumeration E>
     Variant(E constant) : Variant(static_cast<Long>(constant)) {}
     template <std::derived_from<Object> T>
@@ -83,7 +83,7 @@ class Variant : public VariantValue {
     bool is() const {
         return std::holds_alternative<T>(*this);
     }
-    /// The value of the type that `is` has confirmed.
+    /// The value, of the type that `is` has confirmed.
     template <class T>
     T& get() {
         return *std::get_if<T>(static_cast<VariantValue*>(this));

@@ -13,7 +13,7 @@ bool Faults::due(std::string_view operation) {
     return order_->call == 0 || order_->calls == order_->call;
 }
 
-struct FaultyPorts::World {
+struct FaultyPorts::Decorators {
     FaultyFiles files;
     FaultyFolders folders;
     FaultyDrives drives;
@@ -27,7 +27,7 @@ struct FaultyPorts::World {
     Ports ports{files, folders,   drives,  registry, system,
                 host,  processes, desktop, keyboard, clipboard};
 
-    World(const Ports& inner, const Faults& order)
+    Decorators(const Ports& inner, const Faults& order)
         : files(inner.files, order),
           folders(inner.folders, order),
           drives(inner.drives, order),
@@ -40,11 +40,12 @@ struct FaultyPorts::World {
           clipboard(inner.clipboard, order) {}
 };
 
-FaultyPorts::FaultyPorts(const Ports& inner) : world_(std::make_unique<World>(inner, *this)) {}
+FaultyPorts::FaultyPorts(const Ports& inner)
+    : decorators_(std::make_unique<Decorators>(inner, *this)) {}
 FaultyPorts::~FaultyPorts() = default;
 
 FaultyPorts::operator Ports&() {
-    return world_->ports;
+    return decorators_->ports;
 }
 
 }  // namespace quorkit

@@ -14,8 +14,8 @@ constexpr const char16_t* kClasses[] = {u"Software", u"Classes"};
 
 using Names = std::unordered_set<String, base::TextHash, base::TextEqual>;
 
-/// Gives what `list` finds in each of the places, but for what an earlier place has too. At least
-/// one of them must be there, unless it is a root.
+/// Combines the results of `list` for all places; an entry of an earlier place hides one of the
+/// same name in a later place. At least one place must exist, unless it is a root.
 template <class Places, class Entry, class List, class NameOf>
 ErrorCode listAll(const Places& places, bool isRoot, std::vector<Entry>& found, List list,
                   NameOf nameOf) {
@@ -36,7 +36,7 @@ ErrorCode listAll(const Places& places, bool isRoot, std::vector<Entry>& found, 
     return result;
 }
 
-/// What `ask` answers for the first of the places that has what it asks for.
+/// The answer of `ask` for the first place that has what is asked for.
 template <class Places, class Ask>
 ErrorCode askFirst(Places& places, Ask ask) {
     ErrorCode code = kFileNotFound;
@@ -56,7 +56,7 @@ struct HiveRegistry::OpenKey {
     bool writes;
 
     static const OpenKey& of(Handle key) { return *reinterpret_cast<const OpenKey*>(key); }
-    static Handle handOut(OpenKey key) {
+    static Handle toHandle(OpenKey key) {
         return Handle(reinterpret_cast<std::intptr_t>(new OpenKey(std::move(key))));
     }
 };
@@ -82,9 +82,9 @@ ErrorCode HiveRegistry::RegOpenKeyExA(RegistryRoot root, const String& path, Reg
                         [&](const Place& place) { return place.hive->open(place.path, access); });
     const bool reads = access == RegistryAccess::Read;
     const bool isRoot = path.empty();
-    // The classes root is there before anybody has put a class into it.
+    // The classes root exists even before anybody has put a class into it.
     if (code == kFileNotFound && isRoot && reads) code = kSuccess;
-    if (code == kSuccess) key = OpenKey::handOut({std::move(places), isRoot, reads, !reads});
+    if (code == kSuccess) key = OpenKey::toHandle({std::move(places), isRoot, reads, !reads});
     return code;
 }
 
@@ -96,7 +96,7 @@ ErrorCode HiveRegistry::RegCreateKeyA(RegistryRoot root, const String& path, Han
         return place.hive->open(place.path, RegistryAccess::Write);
     });
     if (code == kFileNotFound) code = places.back().hive->create(places.back().path);
-    if (code == kSuccess) key = OpenKey::handOut({std::move(places), path.empty(), true, true});
+    if (code == kSuccess) key = OpenKey::toHandle({std::move(places), path.empty(), true, true});
     return code;
 }
 

@@ -1,4 +1,4 @@
-// Who adds to a file waits for its lock once; see Files.
+// A process that adds to a file waits for its lock only once in vain; see Files.
 #pragma once
 
 #include <atomic>
@@ -8,7 +8,8 @@
 
 namespace quorkit::lines {
 
-/// The files whose lock this process has waited for in vain and not had since. For all threads.
+/// The files whose lock this process has waited for in vain, and not held since; shared by all
+/// threads.
 template <class File>
 class GivenUp {
    public:
@@ -30,7 +31,7 @@ class GivenUp {
    private:
     std::mutex mutex_;
     std::set<File> files_;
-    std::atomic<std::size_t> count_ = 0;  ///< of them, without the mutex
+    std::atomic<std::size_t> count_ = 0;  ///< number of these files, readable without the mutex
 };
 
 }  // namespace quorkit::lines

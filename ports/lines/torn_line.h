@@ -1,5 +1,5 @@
-// Lines that a dying process has left without their end, for all rooms. A line break has two
-// characters of one or two bytes each; the second one, the feed, is what ends a line.
+// Lines that a dying process has left without their end; shared by all implementations. A line
+// break has two characters of one or two bytes each. The second one, the feed, ends a line.
 #pragma once
 
 #include <cstdint>
@@ -12,13 +12,14 @@ inline std::string_view feedOf(std::string_view lineBreak) {
     return lineBreak.substr(lineBreak.size() / 2);
 }
 
-/// Whether a line ends `place` bytes behind the start of a file; `before` is what stands there.
+/// Whether a line ends `place` bytes behind the start of a file; `before` is the text in front of
+/// that.
 inline bool endAt(std::uint64_t place, std::string_view before, std::string_view feed) {
     return place == 0 || (place % feed.size() == 0 && before.ends_with(feed));
 }
 
-/// What parts a line from the torn one before it. Half a character is filled up, so that those
-/// behind it are read as they were written.
+/// The bytes to write between a torn line and the next one. They complete a half character, so that
+/// the text behind it can be read.
 inline std::string parting(std::uint64_t place, std::string_view lineBreak) {
     return std::string(place % feedOf(lineBreak).size(), '\0').append(lineBreak);
 }

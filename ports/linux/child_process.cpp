@@ -25,8 +25,8 @@ constexpr milliseconds kBetweenLooks(5);
 constexpr int kLooks = 100;
 constexpr milliseconds kBetweenLooksForOthers(1);
 
-/// Ends all processes of a session but its first one; false when there is none. A shell may have
-/// put them into groups of their own, so the groups do not tell.
+/// Ends all processes of a session but the first; false when there are no others. They are found by
+/// session, because a shell may have put them into groups of their own.
 bool killOthers(pid_t session) {
     bool any = false;
     std::error_code error;
@@ -58,7 +58,7 @@ bool Process::look(int flags) {
     if (state_ != Running) return true;
     siginfo_t answer = {};
     bool known = ask(WEXITED | WNOWAIT | flags, answer);
-    if (!known && self_ && errno == EINVAL) {  // a kernel that cannot wait for what it gave
+    if (!known && self_ && errno == EINVAL) {  // the kernel cannot wait for the descriptor it gave
         self_ = Descriptor();
         known = ask(WEXITED | WNOWAIT | flags, answer);
     }
@@ -99,13 +99,13 @@ int Process::kill() const {
 
 ErrorCode Process::end() {
     const bool ended = look(WNOHANG);
-    if (state_ == Gone) return kSuccess;  // its number may be another's by now
+    if (state_ == Gone) return kSuccess;  // its number may belong to another process by now
     if (!ended) {
         if (kill() != 0 && errno != ESRCH) return lastError();
         waitForItsEnd();
     }
-    // Not before the others have gone is its number free for another session. They end at once, but
-    // it is for the system's first process to forget them, and that may take its time.
+    // The number is free for another session only when the others are gone too. They end at once,
+    // but the system's first process has to remove them, which may take a while.
     for (int i = 0; hasSession_ && killOthers(number_) && i < kLooks; ++i)
         std::this_thread::sleep_for(kBetweenLooksForOthers);
     forget();

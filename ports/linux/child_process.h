@@ -13,36 +13,36 @@
 
 namespace quorkit::native {
 
-/// It stays in the kernel's table until `forget` takes it out, so that its number is not given to
-/// another program. It is lost there when it ends while this program ignores SIGCHLD, or when
-/// somebody else waits for it; then it has ended, and nobody learns how.
+/// The process stays in the kernel's table until `forget` removes it, so that no other program gets
+/// its number. If it ends while this program ignores SIGCHLD, or if somebody else waits for it, it
+/// is lost: it has ended, but its exit code is unknown.
 class Process {
    public:
     using Moment = std::chrono::steady_clock::time_point;
 
     Process(pid_t number, Processes::Ending ending);
 
-    /// Whether it has ended; looks at once, and no later than `deadline`.
+    /// Whether it has ended. Checks at once, and waits for that until `deadline` at most.
     bool hasEndedBy(Moment deadline);
     void waitForItsEnd();
-    /// See Processes::GetExitCodeProcess; nothing when it runs or is lost.
+    /// See Processes::GetExitCodeProcess; nothing while it runs, and when it is lost.
     std::optional<Long> exitCode();
     /// See Processes::EndProcess. kAccessDenied when it belongs to another user.
     ErrorCode end();
-    /// Takes it out of the kernel's table; false while it runs.
+    /// Removes it from the kernel's table; false while it runs.
     bool forget();
 
    private:
     enum State { Running, Ended, Gone };
 
-    /// Whether it has ended, with flags for waitid.
+    /// Whether it has ended; the flags are those of waitid.
     bool look(int flags);
     bool ask(int flags, siginfo_t& answer) const;
     int kill() const;
 
     pid_t number_;
-    bool hasSession_;  // of its own
-    Descriptor self_;  // of the process, where the kernel gives one
+    bool hasSession_;  // it has a session of its own
+    Descriptor self_;  // of the process, if the kernel offers one
     State state_ = Running;
     std::optional<Long> exitCode_;
 };
@@ -50,7 +50,7 @@ class Process {
 inline Process& processOf(Handle handle) {
     return *reinterpret_cast<Process*>(handle);
 }
-inline Handle handOut(std::unique_ptr<Process> process) {
+inline Handle toHandle(std::unique_ptr<Process> process) {
     return Handle(reinterpret_cast<std::intptr_t>(process.release()));
 }
 

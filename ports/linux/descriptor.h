@@ -1,4 +1,4 @@
-// A file descriptor that is closed at its end.
+// A file descriptor that closes itself.
 #pragma once
 
 #include <unistd.h>

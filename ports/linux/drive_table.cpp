@@ -13,7 +13,7 @@
 namespace quorkit::native {
 namespace {
 
-/// Whether a mount shows a part of the root file system where it stands anyway, with other rights.
+/// Whether a mount shows a part of the root file system at its usual place, with other rights.
 bool showsItself(const Mount& mount, const Mount& root) {
     const std::string_view around = root.root == "/" ? std::string_view() : root.root;
     return mount.device == root.device && mount.root.starts_with(around) &&
@@ -35,7 +35,7 @@ DriveTable::DriveTable(std::vector<Mount> mounts, const IsFolder& isFolder) {
         const bool isRoot = point == "/";
         const MountKind kind = kindOf(mount);
         if (!isRoot && (kind == MountKind::Hidden || showsItself(mount, root))) continue;
-        // A network is not asked: it may not answer.
+        // A network mount is not examined, because it may not answer.
         if (!isRoot && kind != MountKind::Network && mount.root != "/" && !isFolder(point))
             continue;
         Drive drive{letter, kind, std::move(mount)};

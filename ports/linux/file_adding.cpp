@@ -15,14 +15,14 @@
 namespace quorkit::native {
 namespace {
 
-/// A clock that moves every few milliseconds and costs next to nothing to read.
+/// A clock that moves every few milliseconds and is very cheap to read.
 std::int64_t tick() {
     timespec now = {};
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
     return now.tv_sec * 1'000'000'000 + now.tv_nsec;
 }
 
-/// How often this process has been forked off.
+/// The number of forks that lead to this process.
 unsigned generation() {
     static std::atomic<unsigned> forks = 0;
     static const int watching = pthread_atfork(nullptr, nullptr, [] { ++forks; });
@@ -30,15 +30,15 @@ unsigned generation() {
     return forks;
 }
 
-/// A forked child has files of its parent open; what it did with them, lock and place included, it
-/// would do with the parent's.
+/// Whether a forked child uses a file that its parent has opened. Its lock and its position are
+/// those of the parent, so the child must not change them.
 bool inherited(const Opened& file) {
     return file.adding.generation != generation();
 }
 
-/// Takes the lock that keeps others from replacing the file. Whoever holds another one for ever
-/// stops no log: once the wait was in vain, this process adds without, and looks each time whether
-/// the lock is to be had. Where a file system has no locks, nobody replaces its files under one.
+/// Takes the lock that keeps others from replacing the file. A process that holds another lock for
+/// ever stops no log: once the wait was in vain, this process adds without the lock, and tries it
+/// again each time without waiting. On a file system without locks nobody replaces files under one.
 bool lockToAdd(Opened& file) {
     static lines::GivenUp<std::pair<dev_t, ino_t>> givenUp;
     const std::pair number(file.about.st_dev, file.about.st_ino);
@@ -49,13 +49,14 @@ bool lockToAdd(Opened& file) {
     return safe;
 }
 
-/// Whether the name still leads to the file; and the file's size. A file that was deleted or
-/// replaced has lost a link; one that was moved has not, and a look at the name costs more than
-/// writing. So does a question for its times, which makes the kernel keep them more exactly.
+/// Whether the name still leads to the file, and the size of the file. A file that was deleted or
+/// replaced has lost a link, which shows at once. A file that was moved has not; finding that out
+/// means looking up the name, which costs more than writing. Asking for the file's times is
+/// expensive too, because it makes the kernel keep them more exactly.
 bool leadsHere(Opened& file, off_t& size) {
     struct statx about = {};
     if (statx(file.descriptor, "", AT_EMPTY_PATH, STATX_NLINK | STATX_SIZE, &about) != 0) {
-        struct stat older = {};  // a kernel or a sandbox without statx
+        struct stat older = {};  // for a kernel or a sandbox without statx
         size = fstat(file.descriptor, &older) == 0 ? older.st_size : 0;
         return file.keepsItsName();
     }
@@ -69,7 +70,7 @@ bool leadsHere(Opened& file, off_t& size) {
     return true;
 }
 
-/// Runs `change` on a file for adding and its size, unless its name leads elsewhere.
+/// Runs `change` on a file for adding, with its size, unless the name leads to another file.
 template <class Change>
 ErrorCode whileNamed(Opened& file, Change change) {
     if (inherited(file)) return kFileReplaced;
@@ -83,7 +84,7 @@ ErrorCode whileNamed(Opened& file, Change change) {
     return code;
 }
 
-/// Whether a line ends at `place`; true where that cannot be read.
+/// Whether a line ends at `place`; true when that cannot be read.
 bool lineEndsAt(const Opened& file, off_t place, std::string_view feed) {
     char before[2] = {};
     const std::size_t count = std::min(feed.size(), static_cast<std::size_t>(place));
@@ -92,14 +93,14 @@ bool lineEndsAt(const Opened& file, off_t place, std::string_view feed) {
            lines::endAt(static_cast<std::uint64_t>(place), {before, count}, feed);
 }
 
-/// Returns when no write is under way that had begun before: the kernel passes writers and changes
-/// of attributes one by one. There is none of that name to be removed.
+/// Returns when no write that began before this call is under way. The kernel runs writes and
+/// changes of attributes one at a time, so this removes an attribute that does not exist.
 void waitForWriters(const Opened& file) {
     static_cast<void>(fremovexattr(file.descriptor, "user.quorkit.none") == 0);
 }
 
-/// Whether the file ends in a line without an end. One that is being written just now looks the
-/// same, but grows; `size` follows.
+/// Whether the file ends in a line without an end. A line that is just being written looks the
+/// same, but then the file grows; `size` is updated.
 bool isTorn(const Opened& file, off_t& size, std::string_view feed) {
     constexpr int mostLooks = 100;
     for (int looks = 0; looks < mostLooks && !lineEndsAt(file, size, feed); ++looks) {
@@ -110,9 +111,9 @@ bool isTorn(const Opened& file, off_t& size, std::string_view feed) {
     return false;
 }
 
-/// When another process began to write between the look and the write of the last line, and was
-/// killed at it, that line stands behind a torn one: ends the torn one in its last character. What
-/// stands there is past; only somebody who empties the file still changes it.
+/// Another process may have begun a line between the check and the write of this one, and been
+/// killed at it. Then this line stands behind a torn one. The last character of the torn line is
+/// replaced by a line end; nobody changes that part any more, unless he empties the file.
 void partFromTornLine(const Opened& file) {
     const Adding& last = file.adding;
     if (last.end == -1 || inherited(file)) return;
@@ -125,7 +126,7 @@ void partFromTornLine(const Opened& file) {
     if (pread(file.descriptor, there.data(), there.size(), start) != length ||
         there != last.beginning || !lineEndsAt(file, start + last.size, last.feed))
         return;
-    Opened inside;  // where this one is open, it is for adding only
+    Opened inside;  // opened again, because the other descriptor is for adding only
     inside.path = file.path;
     if (inside.openRegular(O_WRONLY) == kSuccess && inside.about.st_ino == file.about.st_ino &&
         inside.about.st_dev == file.about.st_dev)
@@ -133,8 +134,8 @@ void partFromTornLine(const Opened& file) {
             pwrite(inside.descriptor, last.feed.data(), last.feed.size(), start - unit) == unit);
 }
 
-/// A disk that was full took a part of what was to be added: takes it back, if nobody else has the
-/// file open for adding, who might have added something behind it.
+/// A full disk has taken a part of the bytes. Removes that part, unless somebody else has the file
+/// open for adding and may have added behind it.
 void takeBack(Opened& file, off_t count) {
     struct stat about = {};
     if (flock(file.descriptor, LOCK_EX | LOCK_NB) == 0 && fstat(file.descriptor, &about) == 0 &&
@@ -170,8 +171,8 @@ ErrorCode addBehind(Opened& file, off_t size, std::string_view bytes, std::strin
     return kSuccess;
 }
 
-/// Opens for adding, without making what is there already: the system refuses that in folders
-/// that everyone may write.
+/// Opens a file for adding; one that exists is opened without O_CREAT, which the system refuses in
+/// folders that everyone may write.
 ErrorCode openOrMake(Opened& file, int access) {
     const ErrorCode code = file.openRegular(access | O_APPEND);
     return code == kFileNotFound ? file.openRegular(access | O_APPEND | O_CREAT) : code;
@@ -190,7 +191,7 @@ ErrorCode openToAdd(Opened& file) {
         file.adding.links = static_cast<std::uint32_t>(file.about.st_nlink);
         file.adding.lastLook = tick();
         if (file.keepsItsName()) return kSuccess;
-        file.close();  // it was replaced before it was locked
+        file.close();  // it was replaced before the lock was taken
     }
 }
 
@@ -205,7 +206,7 @@ ErrorCode empty(Opened& file) {
 
 void finishAdding(Opened& file) {
     if (inherited(file)) {
-        file.locked = false;  // it is the parent that gives it back
+        file.locked = false;  // the parent gives it back
         return;
     }
     partFromTornLine(file);

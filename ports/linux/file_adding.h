@@ -11,7 +11,7 @@ ErrorCode openToAdd(Opened& file);
 /// See Files::Append and Files::EmptyFile.
 ErrorCode add(Opened& file, std::string_view bytes, std::string_view lineBreak);
 ErrorCode empty(Opened& file);
-/// Comes before closing.
+/// Call this before closing the file.
 void finishAdding(Opened& file);
 
 }  // namespace quorkit::native

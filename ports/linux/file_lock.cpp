@@ -16,9 +16,9 @@
 namespace quorkit::native {
 namespace {
 
-/// The process that holds a lock on the file with this number, as /proc/locks has it; 0 when that
-/// does not tell, as of a process in another container. Its lines are such as
-/// "1: FLOCK  ADVISORY  WRITE 714 fe:00:4202 0 EOF"; those who wait have "->" behind the number.
+/// The process that holds a lock on the file with this number, from /proc/locks; 0 when that does
+/// not tell, as for a process in another container. A line looks like "1: FLOCK  ADVISORY  WRITE
+/// 714 fe:00:4202 0 EOF"; one that waits has "->" behind the number.
 pid_t holderOf(ino_t number) {
     std::ifstream locks("/proc/locks");
     const std::string ending = ":" + std::to_string(number);
@@ -48,7 +48,7 @@ std::string nameOf(pid_t process) {
            (stopped ? ", which is stopped" : "");
 }
 
-/// What a person needs to know to end the wait.
+/// Sets the reason that a person needs to end the wait.
 void sayWhoIsInTheWay(int descriptor) {
     struct stat about = {};
     if (fstat(descriptor, &about) != 0) return;
@@ -62,7 +62,7 @@ void sayWhoIsInTheWay(int descriptor) {
 }  // namespace
 
 ErrorCode lock(int descriptor, int kind, Wait wait) {
-    // The kernel's own wait has no end.
+    // A wait by the kernel has no time limit.
     constexpr auto shortest = std::chrono::microseconds(50);
     constexpr auto most = std::chrono::microseconds(500);
     std::chrono::microseconds pause = shortest;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr uid_t kAsItIs = static_cast<uid_t>(-1);
 
-/// Access lists are among them.
+/// Extended attributes include access lists.
 void copyAttributes(int from, int to) {
     const ssize_t length = flistxattr(from, nullptr, 0);
     if (length <= 0) return;
@@ -43,7 +43,7 @@ ErrorCode copyRights(int from, int to) {
     if (now.st_uid != old.st_uid) rights &= ~static_cast<mode_t>(S_ISUID);
     if (now.st_gid != old.st_gid)
         rights = (rights & ~static_cast<mode_t>(S_ISGID | S_IRWXG)) | (rights & S_IRWXO) << 3;
-    // Last, as it bounds what an access list gives.
+    // This comes last, because it limits what an access list grants.
     return resultOf(fchmod(to, rights));
 }
 

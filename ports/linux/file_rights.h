@@ -1,4 +1,4 @@
-// Who may do what with a file that takes the place of another one.
+// The rights of a file that replaces another one.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -6,9 +6,9 @@
 namespace quorkit::native {
 
 /// Gives the open file `to`, which this process has made, the owner, group, rights and extended
-/// attributes of the open file `from`, as far as the system lets this user. Where the group cannot
-/// be kept, its rights become those of all others, so that nobody gets more than before. A failure
-/// may leave some given.
+/// attributes of the open file `from`, as far as the system lets this user. If the group cannot be
+/// kept, the group's rights become those of all others, so that nobody gains access. A failure may
+/// leave some of this done.
 ErrorCode copyRights(int from, int to);
 
 }  // namespace quorkit::native

@@ -8,10 +8,10 @@
 namespace quorkit::native {
 namespace {
 
-/// In bytes; names of files and of folders for work come behind it.
+/// In bytes. Names of files and work folders are appended to a path.
 constexpr std::size_t kLongestPath = 4000;
 
-/// The root is there also when nobody has needed its folder yet.
+/// The root exists even while its folder does not.
 ErrorCode orRoot(ErrorCode code, const Hive::Path& path) {
     return code == kFileNotFound && path.empty() ? kSuccess : code;
 }
@@ -74,7 +74,7 @@ ErrorCode FolderHive::setValues(const Path& path, std::span<const NamedValue> va
 }
 
 ErrorCode FolderHive::deleteValue(const Path& path, const String& name) {
-    // Where there is nothing to delete there is nothing to lock.
+    // If there is nothing to delete, no lock is needed.
     std::string text;
     if (const ErrorCode code = readKeyFile(folderOf(path), text)) return code;
     if (!KeyFile(std::move(text)).remove(name)) return kFileNotFound;
@@ -91,7 +91,7 @@ ErrorCode FolderHive::subKeys(const Path& path, std::vector<String>& names) {
     if (const ErrorCode code = listKeyFolder(folder, path.empty(), entries))
         return orRoot(code, path);
     if (path.size() == kDeepestKey) return kSuccess;
-    std::vector<std::pair<String, String>> found;  // folded, and as spelled
+    std::vector<std::pair<String, String>> found;  // folded name, and name as spelled
     for (const KeyEntry& entry : entries)
         if (auto name = keyNameOf(folder, entry))
             found.emplace_back(base::folded(*name), std::move(*name));

@@ -1,5 +1,4 @@
-// A tree of keys as a tree of folders; see key_folder.h. docs/registry.md is for the people who
-// look into it.
+// A hive stored as a tree of folders; see key_folder.h. docs/registry.md describes it for people.
 #pragma once
 
 #include <quorkit/ports/hives.h>
@@ -16,8 +15,8 @@ inline constexpr Rights kForEverybody = {0755, 0644};
 
 class FolderHive final : public Hive {
    public:
-    /// `root` names the folder of the hive with its whole path, or none with "": then nothing is
-    /// there. It is asked at each use, and the folder is made when it is needed.
+    /// `root` returns the full path of the hive's folder, or "" for none; then the hive is empty.
+    /// It is called at each use, and the folder is made when it is needed.
     FolderHive(std::function<std::string()> root, Rights rights)
         : root_(std::move(root)), rights_(rights) {}
 
@@ -32,8 +31,8 @@ class FolderHive final : public Hive {
     std::vector<RegistryDamage> check() override;
 
    private:
-    /// The folder of the key that the first `depth` names lead to; one that cannot be when there is
-    /// no root or the path becomes too long.
+    /// The folder of the key that the first `depth` names lead to. A folder that cannot exist when
+    /// there is no root or the path becomes too long.
     std::string folderOf(const Path& path, std::size_t depth = kDeepestKey) const;
 
     std::function<std::string()> root_;

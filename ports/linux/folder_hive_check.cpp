@@ -1,4 +1,4 @@
-// What a person has to mend in a tree of folders.
+// Finds the damages in a tree of folders that a person has to mend.
 #include <algorithm>
 
 #include "linux/folder_hive.h"
@@ -27,7 +27,7 @@ class Check {
         std::size_t depth;  ///< the root is at 0
     };
 
-    /// One line each, whatever the names hold.
+    /// Each report is one line, whatever the names hold.
     void say(const std::string& place, String what) {
         String text = textOf(place);
         std::ranges::replace_if(
@@ -38,7 +38,7 @@ class Check {
     void lookAt(const Folder& folder) {
         std::vector<KeyEntry> entries;
         const ErrorCode code = listKeyFolder(folder.path, folder.depth == 0, entries);
-        if (code == kFileNotFound) return;  // deleted meanwhile, or a store that nobody has used
+        if (code == kFileNotFound) return;  // deleted meanwhile, or never used
         if (code != kSuccess) return say(folder.path, u"cannot be read");
         for (const KeyEntry& entry : entries) lookAt(folder, entry);
     }
@@ -47,7 +47,7 @@ class Check {
         const std::string path = beneath(folder.path, entry.name);
         if (entry.name == kValues) return lookAtValues(folder.path, path);
         if (entry.folder ? entry.forWork() : entry.name == kNewValues || entry.name == kLock)
-            return;  // the next change puts it away
+            return;  // the next change removes it
         if (entry.link) return say(path, u"is a link, which is not listed");
         if (!entry.folder) return say(path, u"does not belong to the store");
         if (!isFolderName(entry.name)) {

@@ -11,7 +11,7 @@ namespace quorkit::native {
 namespace {
 
 constexpr std::string_view kCutOff = "%~";
-constexpr std::size_t kLongestFolder = 240;  // of 255 bytes
+constexpr std::size_t kLongestFolder = 240;  // of the 255 bytes that a name may have
 constexpr std::size_t kLongestStart = 200;
 
 constexpr std::string_view kDigits = "0123456789abcdef";
@@ -20,7 +20,7 @@ bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
-/// Whether a character that begins at `at` is half of one: such have three bytes from ED A0 on.
+/// Whether a lone surrogate begins at `at`: three bytes from ED A0 on.
 bool isHalfCharacter(std::string_view bytes, std::size_t at) {
     return bytes[at] == '\xED' && at + 1 < bytes.size() &&
            static_cast<unsigned char>(bytes[at + 1]) >= 0xA0;
@@ -33,7 +33,7 @@ bool standsForItself(std::string_view bytes, std::size_t at) {
     return static_cast<unsigned char>(byte) >= ' ';
 }
 
-/// The first bytes of an encoded name that are whole characters.
+/// The first bytes of an encoded name, up to the end of a whole character.
 std::string_view startOf(std::string_view name) {
     std::size_t length = kLongestStart;
     while (isContinuation(name[length])) --length;
@@ -46,7 +46,7 @@ std::string_view startOf(std::string_view name) {
 std::string spelledNameOf(const String& name) {
     const std::string bytes = base::toUtf8(name, Malformed::Keep);
     std::string result;
-    std::size_t halves = 0;  // bytes that follow of half a character
+    std::size_t halves = 0;  // bytes left of a lone surrogate
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         if (isHalfCharacter(bytes, i)) halves = 3;
         const bool plain = halves == 0 && standsForItself(bytes, i);

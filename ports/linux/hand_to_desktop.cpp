@@ -1,4 +1,4 @@
-// Documents and addresses by way of xdg-open, which hands them to the desktop.
+// Opens documents and addresses with xdg-open, which passes them to the desktop.
 #include <quorkit/ports/ports.h>
 #include <sys/stat.h>
 
@@ -19,7 +19,7 @@ bool isLetter(char16_t unit) {
     return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
 }
 
-/// Whether a text begins as an address does (RFC 3986): "mailto:", but not the drive "C:".
+/// Whether a text begins like an address (RFC 3986): "mailto:", but not the drive "C:".
 bool hasScheme(const String& text) {
     const std::size_t length = text.find(u':');
     if (length == String::npos || length < 2 || !isLetter(text[0])) return false;
@@ -28,7 +28,7 @@ bool hasScheme(const String& text) {
     });
 }
 
-/// What xdg-open is given; it takes what begins with "-" for an option.
+/// The argument for xdg-open, which takes a text that begins with "-" for an option.
 ErrorCode wordOf(const String& target, std::string& word) {
     if (target.find(u'\0') != String::npos) return kInvalidName;
     if (hasScheme(target)) return appendBytes(target, word) ? kSuccess : kInvalidName;

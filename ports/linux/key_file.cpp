@@ -22,13 +22,13 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
-/// One line, or several of which each but the last ends in ",\".
+/// One line, or several lines each of which, except the last, ends in ",\".
 struct Line {
     std::size_t begin = 0;
     std::size_t end = 0;     ///< behind its line end
     std::size_t number = 0;  ///< of its first line, from 1
-    std::string joined;      ///< what it says, when it is several
-    std::string_view says;   ///< without line ends and blanks around
+    std::string joined;      ///< the text, if there are several lines
+    std::string_view says;   ///< the text without line ends and blanks around it
 
     String text() const { return base::fromUtf8(says); }
     bool saysNothing() const { return says.empty() || says.front() == ';' || says.front() == '#'; }
@@ -37,12 +37,12 @@ struct Line {
 
 constexpr std::string_view kGoesOn = ",\\";
 
-/// Whether a line of bytes can go on in this one: with digits, or with nothing.
+/// Whether this line may continue a line of bytes: it has only digits, or nothing.
 bool canGoOn(std::string_view line) {
     return line.find_first_not_of("0123456789abcdefABCDEF, \t\\") == std::string_view::npos;
 }
 
-/// Calls `visit` with each line until that answers false.
+/// Calls `visit` with each line until `visit` returns false.
 template <class Visit>
 void forEachLine(std::string_view text, Visit visit) {
     std::size_t at = text.starts_with(base::kUtf8Mark) ? base::kUtf8Mark.size() : 0;
@@ -79,8 +79,8 @@ std::optional<String> valueNameOf(const Line& line) {
     return name && base::canNameValue(*name) ? name : std::nullopt;
 }
 
-/// False when a line is certainly not that of the value whose name, in UTF-8, is `wanted`; most are
-/// told apart by one of their first letters.
+/// False when a line is certainly not that of the value whose name in UTF-8 is `wanted`; one of the
+/// first letters decides most cases.
 bool mayBeNamed(std::string_view line, std::string_view wanted) {
     if (wanted.empty()) return line.starts_with('@') || line.starts_with("\"\"");
     if (!line.starts_with('"')) return false;
@@ -150,12 +150,12 @@ void KeyFile::set(std::span<const NamedValue> values) {
     const std::string_view lineEnd = windows ? "\r\n" : "\n";
 
     struct Place {
-        String name;  // as it is spelled already, or as it comes first
+        String name;  // in the spelling of the file, or of the first new value
         const RegistryValue* value;
         std::size_t begin = std::string::npos;
         std::size_t end = 0;
     };
-    // Of a name that comes twice the last value is the one to set.
+    // When a name comes twice, the last value is set.
     std::vector<Place> places;
     std::unordered_map<StringView, std::size_t, TextHash, TextEqual> wanted;
     for (const NamedValue& one : values) {

@@ -1,12 +1,12 @@
-// The file that holds the values of a key: lines of UTF-8, of which any program and any person may
-// change, add and delete some.
+// The file with the values of a key. It consists of lines of UTF-8, and any program or person may
+// change, add and delete lines.
 //
 //   [Mail]                              the name of the key as it is spelled
 //   "Server"="post"                     a value, in the notation of registry/value_text.h
 //   ; a comment
 //
-// Of several lines for one value the last one counts. A line that ends in ",\" goes on in the next
-// one if that has nothing but hexadecimal digits. A line that says nothing is kept as it is.
+// Of several lines for one value the last one counts. A line that ends in ",\" continues in the
+// next one if that holds only hexadecimal digits. A line that is none of these is kept as it is.
 #pragma once
 
 #include <quorkit/ports/registry.h>
@@ -24,15 +24,15 @@ class KeyFile {
 
     const std::string& text() const { return text_; }
 
-    /// As the line "[...]" has it, see folder_names.h; nothing when there is none.
+    /// The name in the line "[...]", see folder_names.h; nothing when there is none.
     std::optional<String> name() const;
-    /// False when there is no such value, or when its line is damaged.
+    /// False when there is no such value, or its line is damaged.
     bool find(const String& name, RegistryValue& value) const;
-    /// Appends all values, in the order in which their names come first.
+    /// Appends all values in the order in which their names first occur.
     void list(std::vector<NamedValue>& values) const;
 
-    /// A line that was there is replaced where it stands, its name as spelled; a new one comes
-    /// last.
+    /// Replaces an existing line in place and keeps the spelling of its name; a new line is
+    /// appended.
     void set(std::span<const NamedValue> values);
     /// False when there is no such value.
     bool remove(const String& name);
@@ -41,7 +41,7 @@ class KeyFile {
         std::size_t line;
         String what;
     };
-    /// At most a hundred, and then that there is more.
+    /// At most a hundred, followed by a note that there is more.
     std::vector<Damage> damage() const;
 
    private:

@@ -1,14 +1,14 @@
-// The folder of one key: its file of values, and the keys beneath.
+// The folder of one key: its file of values, and the folders of the keys beneath.
 //
-// Whoever changes something in a store holds its one lock, so that nothing else changes meanwhile.
-// It lies on the file "@lock", which only its owner can open; the kernel takes it back when its
-// process dies, and nobody waits for it longer than for any other lock. Readers need none: a key
-// comes and goes in one step, under the names
-// "@new" and "@old", and so does the content of "@values", which is written as "@values.new" first.
-// What a dying process leaves under those names the next one puts away.
+// Every change in a store needs its one lock, so that only one process changes it at a time. The
+// lock is on the file "@lock", which only its owner can open. The kernel takes it back when its
+// process dies, and the wait for it is as limited as for any other lock. Readers need no lock: a
+// key appears and disappears in one step, under the names "@new" and "@old", and the content of
+// "@values" is replaced in one step too, from "@values.new". The next process that changes the
+// store removes what a dying one has left under these names.
 //
-// Links are followed by those who name them, but they are not among the keys beneath a key, so that
-// no walk goes in circles or out of the store.
+// A path may lead through links. But a link is not listed among the keys beneath a key, so that no
+// walk goes in circles or leaves the store.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -31,7 +31,7 @@ inline constexpr const char* kLock = "@lock";
 inline constexpr const char* kNewFolder = "@new";
 inline constexpr const char* kOldFolder = "@old";
 
-/// The rights of what is made. What the superuser makes belongs to the owner of the folder around.
+/// The rights of new files. What the superuser makes belongs to the owner of the folder around it.
 struct Rights {
     mode_t folder;
     mode_t file;
@@ -40,7 +40,7 @@ struct Rights {
 /// The lock of a store, in its root.
 class StoreLock {
    public:
-    /// Waits for it; see `status` for how that went.
+    /// Waits for the lock; `status` gives the outcome.
     explicit StoreLock(const std::string& root);
     ~StoreLock();
     StoreLock(const StoreLock&) = delete;
@@ -56,7 +56,7 @@ class StoreLock {
 inline std::string beneath(const std::string& folder, std::string_view name) {
     return std::string(folder).append("/").append(name);
 }
-/// The code for `errno` where a key is looked for.
+/// The code for `errno` after looking for a key.
 ErrorCode keyError();
 /// The content of an open file of values, see readKeyFile.
 ErrorCode readValues(int file, std::string& text);
@@ -64,11 +64,11 @@ inline constexpr std::size_t kLargestKeyFile = 256 << 20;
 
 // --- Looking ---
 
-/// kFileNotFound when there is no such folder, kAccessDenied when it is not for this user; without
+/// kFileNotFound when there is no such folder, kAccessDenied when this user may not use it. Without
 /// any write permission it cannot be changed even by the superuser.
 ErrorCode openKeyFolder(const std::string& folder, bool forWriting);
 /// The text of a file of values; kFileNotFound when there is none, kGeneralFailure when it is too
-/// large to be one.
+/// large.
 ErrorCode readKeyFile(const std::string& folder, std::string& text);
 
 /// One entry of a key's folder.
@@ -77,32 +77,32 @@ struct KeyEntry {
     bool folder = false;
     bool link = false;
 
-    /// The store's own, for work.
+    /// It is one of the store's own work files.
     bool forWork() const;
 };
-/// Only the root of a store may be a link to a folder; another one is kAccessDenied.
+/// Lists a folder. If that is a link, it gives kAccessDenied, except for the root of a store.
 ErrorCode listKeyFolder(const std::string& folder, bool isRoot, std::vector<KeyEntry>& entries);
 
-/// The name of the key whose folder is `entry` in `parent`, as it is spelled: the one in its file
-/// if it belongs to that folder. Nothing for a folder that is none of a key.
+/// The name, in its spelling, of the key whose folder is `entry` in `parent`. It is the name in the
+/// key's file if that belongs to this folder. Nothing for a folder that is not a key's.
 std::optional<String> keyNameOf(const std::string& parent, const KeyEntry& entry);
-/// Whether the folder of `name` in `parent`, which is there, is that of another key: of two names
-/// that are too long for a folder.
+/// Whether the existing folder for `name` in `parent` belongs to another key; this happens with
+/// names that are too long for a folder.
 bool isOfAnotherKey(const std::string& parent, const String& name);
 
 // --- Changing, under the lock ---
 
-/// Reads, changes and replaces the file of a key. What `edit` answers but kSuccess ends it; then,
-/// and on any failure, the file is as before.
+/// Reads, changes and replaces the file of a key. If `edit` returns anything but kSuccess, that is
+/// the result; then, and on any failure, the file is as before.
 ErrorCode changeKeyFile(const std::string& folder, Rights rights,
                         const std::function<ErrorCode(KeyFile&)>& edit);
-/// Makes the key `name` in a folder. A key that is there stays as it is.
+/// Makes the key `name` in a folder. An existing key stays as it is.
 ErrorCode makeKeyFolder(const std::string& parent, const String& name, Rights rights);
-/// Deletes a key. kAccessDenied, and nothing done, when it is a link or read-only, and when there
-/// are keys beneath or anything else that is not the store's.
+/// Deletes a key. kAccessDenied, with nothing deleted, when it is a link or read-only, or when its
+/// folder holds keys or files that are not the store's.
 ErrorCode removeKeyFolder(const std::string& parent, const String& name);
 
-/// The root of a store and the folders around it, as far as they are missing; without the lock.
+/// Makes the root of a store and the missing folders above it; does not need the lock.
 ErrorCode makeRoot(const std::string& folder, Rights rights);
 
 }  // namespace quorkit::native

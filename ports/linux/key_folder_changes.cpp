@@ -17,9 +17,9 @@
 namespace quorkit::native {
 namespace {
 
-/// While it lives, the superuser makes things as the owner of a folder does: they are the owner's
-/// from the start, so that another process finds nothing that it may not use, and the death of this
-/// one leaves no such thing.
+/// While this object lives, the superuser acts as the owner of a folder. So new files are the
+/// owner's from the start: other processes never meet a file that they may not use, even if this
+/// process dies.
 class AsOwnerOf {
    public:
     explicit AsOwnerOf(int folder) {
@@ -27,7 +27,7 @@ class AsOwnerOf {
         if (geteuid() != 0 || fstat(folder, &around) != 0 || around.st_uid == 0) return;
         group_ = setfsgid(around.st_gid);
         user_ = setfsuid(around.st_uid);
-        // They report no failure; a number that nobody has asks for the one in force.
+        // These calls report no failure. With a number that nobody has they return the current one.
         constexpr auto ask = static_cast<uid_t>(-1);
         may_ = static_cast<uid_t>(setfsuid(ask)) == around.st_uid &&
                static_cast<gid_t>(setfsgid(ask)) == around.st_gid;
@@ -41,7 +41,7 @@ class AsOwnerOf {
     AsOwnerOf(const AsOwnerOf&) = delete;
     AsOwnerOf& operator=(const AsOwnerOf&) = delete;
 
-    /// False, with errno, where this process may not be the owner, as one within a container.
+    /// False, with errno, when this process may not act as the owner, as in some containers.
     explicit operator bool() const { return may_; }
 
    private:
@@ -54,12 +54,12 @@ Descriptor openFolder(const std::string& folder) {
     return Descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
-/// `made`, with these rights whatever the process's mask takes away.
+/// Gives `made` these rights, whatever the process's mask removes.
 Descriptor withRights(Descriptor made, mode_t rights) {
     return made && fchmod(made.get(), rights) == 0 ? std::move(made) : Descriptor();
 }
 
-/// Opens a file that must not be there yet.
+/// Opens a file that must not exist yet.
 Descriptor makeFile(int folder, const char* name, mode_t rights) {
     const AsOwnerOf owner(folder);
     if (!owner) return Descriptor();
@@ -68,7 +68,7 @@ Descriptor makeFile(int folder, const char* name, mode_t rights) {
         rights);
 }
 
-/// Makes a folder that must not be there yet.
+/// Makes a folder that must not exist yet.
 Descriptor makeFolder(const std::string& parent, const std::string& name, mode_t rights) {
     const Descriptor around = openFolder(parent);
     if (!around) return Descriptor();
@@ -89,7 +89,7 @@ ErrorCode writeAll(int file, std::string_view text) {
     return kSuccess;
 }
 
-/// Puts `text` in the place of the file of values, which is `old` if there is one.
+/// Replaces the file of values by one that holds `text`; `old` is the existing file, if any.
 ErrorCode replaceValues(int inside, const Descriptor& old, std::string_view text, mode_t rights) {
     if (text.size() > kLargestKeyFile) return kDiskFull;
     if (unlinkat(inside, kNewValues, 0) != 0 && errno != ENOENT) return lastError();
@@ -97,8 +97,8 @@ ErrorCode replaceValues(int inside, const Descriptor& old, std::string_view text
     if (!file) return keyError();
     ErrorCode code = old ? copyRights(old.get(), file.get()) : kSuccess;
     if (code == kSuccess) code = writeAll(file.get(), text);
-    // Nobody waits for the disk, but the content shall not be the last to get there; and some disks
-    // tell only at the end that it did not fit.
+    // This does not wait for the disk, but starts writing, so that the content is not written last.
+    // And some disks report only now that it did not fit.
     if (code == kSuccess) sync_file_range(file.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
     if (close(file.release()) != 0 && code == kSuccess) code = lastError();
     if (code == kSuccess && renameat(inside, kNewValues, inside, kValues) != 0) code = keyError();
@@ -106,14 +106,14 @@ ErrorCode replaceValues(int inside, const Descriptor& old, std::string_view text
     return code;
 }
 
-/// Whether a key's folder holds nothing but what is deleted with it.
+/// Whether a key's folder holds only files that are deleted with it.
 bool onlyOwn(const std::vector<KeyEntry>& entries) {
     return std::ranges::all_of(entries, [](const KeyEntry& entry) {
         return entry.folder ? entry.forWork() : entry.name == kValues || entry.name == kNewValues;
     });
 }
 
-/// Deletes the folder of a key; false, and the values stay, when there is more in it.
+/// Deletes the folder of a key. False, and the values stay, when it holds anything else.
 bool removeFolder(const std::string& folder) {
     std::vector<KeyEntry> entries;
     if (listKeyFolder(folder, false, entries) != kSuccess || !onlyOwn(entries)) return false;
@@ -124,11 +124,11 @@ bool removeFolder(const std::string& folder) {
     return rmdir(folder.c_str()) == 0;
 }
 
-/// A new folder under a name for work, with the file of values in it.
+/// Makes a work folder with the file of values in it.
 ErrorCode prepareKey(const std::string& parent, const String& name, Rights rights) {
     Descriptor folder = makeFolder(parent, kNewFolder, rights.folder);
     if (!folder && errno == EEXIST) {
-        // Left of a process that died.
+        // It was left by a process that died.
         if (!removeFolder(beneath(parent, kNewFolder))) return kAccessDenied;
         folder = makeFolder(parent, kNewFolder, rights.folder);
     }
@@ -182,7 +182,7 @@ ErrorCode makeKeyFolder(const std::string& parent, const String& name, Rights ri
         return isOfAnotherKey(parent, name) ? kAccessDenied : kSuccess;
     const std::string work = beneath(parent, kNewFolder);
     ErrorCode code = prepareKey(parent, name, rights);
-    // An empty folder that somebody has made by hand is replaced.
+    // This replaces an empty folder that somebody has made by hand.
     if (code == kSuccess && rename(work.c_str(), folder.c_str()) != 0)
         code = errno == ENOTDIR ? kAccessDenied : keyError();
     if (code != kSuccess) removeFolder(work);
@@ -197,7 +197,7 @@ ErrorCode removeKeyFolder(const std::string& parent, const String& name) {
     if (!onlyOwn(entries)) return kAccessDenied;
     if (const ErrorCode code = openKeyFolder(folder, true)) return code;
     const std::string work = beneath(parent, kOldFolder);
-    removeFolder(work);  // left of a process that died
+    removeFolder(work);  // left by a process that died
     if (rename(folder.c_str(), work.c_str()) != 0)
         return errno == ENOTEMPTY || errno == EEXIST ? kAccessDenied : keyError();
     removeFolder(work);

@@ -20,7 +20,7 @@ ErrorCode lastError() {
         case EROFS:
         case EISDIR:
         case ETXTBSY:
-        case ENXIO:  // a socket, or a device that is not there
+        case ENXIO:  // a socket, or a device that does not exist
         case ENODEV:
             return kAccessDenied;
         case EBADF:

@@ -1,4 +1,4 @@
-// System calls and what they answer.
+// System calls and their results.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -10,15 +10,15 @@ namespace quorkit::native {
 
 /// The code for `errno`.
 ErrorCode lastError();
-/// The same after a call on `path`: kPathNotFound when not even its folder is there. A link that
-/// leads nowhere, or in a circle, is not found.
+/// The same after a call on `path`; kPathNotFound when its folder is missing too. A link that leads
+/// nowhere or in a circle is not found.
 ErrorCode lastErrorAt(const std::string& path);
 
 inline ErrorCode resultOf(int returned) {
     return returned == 0 ? kSuccess : lastError();
 }
 
-/// Repeats a call for as long as a signal interrupts it.
+/// Repeats a call while signals interrupt it.
 template <class Call>
 auto unlessInterrupted(Call call) {
     auto result = call();

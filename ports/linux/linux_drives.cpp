@@ -10,8 +10,8 @@
 namespace quorkit::native {
 namespace {
 
-/// The drive that a name stands for or that it lies on; null when there is none. Relative names
-/// are no drives.
+/// The drive of a name: the one that it names or that holds it. Null when there is none, and for
+/// relative names.
 const Drive* driveOf(const String& name, const DriveTable& drives) {
     const base::NameParts parts = base::partsOf(name);
     std::size_t used = 0;

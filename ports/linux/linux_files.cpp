@@ -36,7 +36,7 @@ ErrorCode NativeFiles::Open(const String& name, FileAccess access, Handle& handl
             code = openToAdd(*file);
             break;
     }
-    if (code == kSuccess) handle = handOut(std::move(file));
+    if (code == kSuccess) handle = toHandle(std::move(file));
     return code;
 }
 
@@ -50,7 +50,7 @@ ErrorCode NativeFiles::GetFileSizeEx(Handle handle, std::uint64_t& size) {
 ErrorCode NativeFiles::SetFilePointerEx(Handle handle, std::uint64_t position) {
     if (position > static_cast<std::uint64_t>(INT64_MAX)) return kInvalidHandle;
     const auto offset = static_cast<off_t>(position);
-    openedOf(handle).adding.end = -1;  // the place where the last line ended is lost
+    openedOf(handle).adding.end = -1;  // the end of the last line is no longer known
     return lseek(openedOf(handle).descriptor, offset, SEEK_SET) == -1 ? lastError() : kSuccess;
 }
 

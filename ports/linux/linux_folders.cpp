@@ -1,4 +1,4 @@
-// Folders on Linux. Links count as what they lead to.
+// Folders on Linux. A link counts as its target.
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,7 +16,7 @@
 namespace quorkit::native {
 namespace {
 
-/// Behind the Handle of a search.
+/// The object behind the Handle of a listing.
 struct Search {
     DIR* folder = nullptr;
     FindDetail detail = FindDetail::Names;
@@ -29,7 +29,7 @@ Search& searchOf(Handle handle) {
 FileTime fileTimeOf(const timespec& time) {
     constexpr std::int64_t secondsFrom1601To1970 = 11'644'473'600;
     constexpr std::int64_t ticksASecond = 10'000'000;
-    // Some file systems can tell of times that a FileTime cannot.
+    // Some file systems have times that a FileTime cannot hold.
     constexpr std::int64_t last = INT64_MAX / ticksASecond - secondsFrom1601To1970 - 1;
     if (time.tv_sec < -secondsFrom1601To1970) return 0;
     const std::int64_t seconds = std::min<std::int64_t>(time.tv_sec, last) + secondsFrom1601To1970;
@@ -42,7 +42,7 @@ bool isHidden(std::string_view path) {
     return name.starts_with('.') && name != "." && name != "..";
 }
 
-/// The attributes of what stands at `path` beneath `folder`, whose status is `about`.
+/// The attributes of the entry at `path` beneath `folder`; `about` is its status.
 std::uint32_t attributesOf(int folder, const char* path, const struct stat& about) {
     std::uint32_t attributes = 0;
     if (S_ISDIR(about.st_mode)) attributes |= kDirectory;
@@ -50,18 +50,17 @@ std::uint32_t attributesOf(int folder, const char* path, const struct stat& abou
     if (isHidden(path)) attributes |= kHidden;
     const bool writable = (about.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0 &&
                           faccessat(folder, path, W_OK, AT_EACCESS) == 0;
-    // A link that leads nowhere can neither be written nor not.
+    // For a link that leads nowhere, read-only has no meaning.
     if (!writable && !S_ISLNK(about.st_mode)) attributes |= kReadOnly;
     return attributes == 0 ? kNormal : attributes;
 }
 
-/// The code for `errno` where a folder is needed.
+/// The code for `errno` when a folder was expected.
 ErrorCode pathError() {
     return errno == ENOENT || errno == ELOOP ? kPathNotFound : lastError();
 }
 
-/// Fills `data` from an entry. False when it has vanished, or when there is no look at what is to
-/// be told of it.
+/// Fills `data` from an entry. False when it has disappeared, or when it cannot be examined.
 bool describe(int folder, const dirent& entry, FindDetail detail, FindData& data) {
     bool link = entry.d_type == DT_LNK;
     data.attributes = entry.d_type == DT_DIR ? kDirectory : 0u;
@@ -72,13 +71,14 @@ bool describe(int folder, const dirent& entry, FindDetail detail, FindData& data
         link = S_ISLNK(about.st_mode);
     }
     if (detail != FindDetail::Names || entry.d_type == DT_UNKNOWN || link) {
-        // A link that leads nowhere is an entry of its own.
+        // A link that leads nowhere is described itself.
         if (fstatat(folder, entry.d_name, &about, 0) == 0 ||
             fstatat(folder, entry.d_name, &about, AT_SYMLINK_NOFOLLOW) == 0) {
             data.lastWrite = fileTimeOf(about.st_mtim);
         } else {
             if (errno != EACCES || detail == FindDetail::Times) return false;
-            // This user may read the folder, but not get at what is in it, nor so write that.
+            // This user may list the folder, but not examine its entries, and so not write them
+            // either.
             about.st_mode = DTTOIF(entry.d_type);
         }
         data.attributes = detail == FindDetail::Attributes

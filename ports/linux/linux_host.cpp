@@ -1,5 +1,5 @@
-// Messages and dialogs by the desktop's own tools, zenity or else kdialog. Without a display and
-// without a tool dialogs are cancelled and messages go to the standard error stream.
+// Messages and dialogs through the desktop's own tools, zenity or else kdialog. Without a display
+// or a tool, dialogs are cancelled and messages go to the standard error stream.
 #include <quorkit/ports/ports.h>
 
 #include <algorithm>
@@ -29,14 +29,14 @@ bool hasDisplay() {
     });
 }
 
-/// A word for a tool, which cannot hold U+0000.
+/// The text as an argument for a tool, which cannot hold U+0000.
 std::string wordOf(const String& text) {
     std::string word = base::toUtf8(text);
     std::erase(word, '\0');
     return word;
 }
 
-/// "*.txt *.csv". What Windows writes as "*.*" are all files.
+/// The patterns as "*.txt *.csv". "*.*", as Windows writes it, means all files.
 std::string patternsOf(const FileFilter& filter) {
     std::string patterns;
     for (const String& pattern : filter.patterns) {
@@ -46,14 +46,14 @@ std::string patternsOf(const FileFilter& filter) {
     return patterns;
 }
 
-/// The name of a filter, where neither tool allows a stroke.
+/// The name of a filter; neither tool allows a "|" in it.
 std::string nameOfFilter(const FileFilter& filter) {
     std::string name = wordOf(filter.name);
     std::ranges::replace(name, '|', '/');
     return name;
 }
 
-/// Where a dialog begins: a folder with a separator at its end, a file, or "".
+/// The start of a dialog: a folder with a separator at its end, a file, or "".
 std::string startOf(const FileDialog& dialog) {
     String name = dialog.fileName;
     const auto start = base::partsOf(name).start;
@@ -79,7 +79,7 @@ ToolResult askKdialog(const FileDialog& dialog, Choice choice) {
     const char* kind = choice == Choice::Open   ? "--getopenfilename"
                        : choice == Choice::Save ? "--getsavefilename"
                                                 : "--getexistingdirectory";
-    // What begins with "-" would be an option.
+    // A text that begins with "-" would be an option.
     std::string start = startOf(dialog);
     if (!start.starts_with('/')) start.insert(0, "./");
     std::string filters;
@@ -91,7 +91,7 @@ ToolResult askKdialog(const FileDialog& dialog, Choice choice) {
     return runTool(words);
 }
 
-/// The user's choice: what the tool has written, without its line end.
+/// The user's choice, which the tool has written, without its line end.
 bool choose(const FileDialog& dialog, Choice choice, String& name) {
     ToolResult result;
     if (hasDisplay()) result = askZenity(dialog, choice);
@@ -104,7 +104,7 @@ bool choose(const FileDialog& dialog, Choice choice, String& name) {
     return true;
 }
 
-/// The icon of a message's style, in the words of each tool.
+/// The icon of a message's style, by the names that the tools use.
 struct Icons {
     const char* zenity;
     const char* kdialog;
@@ -121,8 +121,8 @@ Icons iconsOf(std::uint32_t style) {
     }
 }
 
-/// Whether it was shown. zenity is told what to answer when the user closes the window otherwise
-/// than by its button, so that this differs from a failure.
+/// Whether the message was shown. zenity is told which status to return when the user closes the
+/// window without its button, so that this differs from a failure.
 bool showByZenity(const std::string& text, const std::string& caption, std::uint32_t style) {
     return runTool({"env", "ZENITY_ESC=0", "ZENITY_CANCEL=0", "zenity", iconsOf(style).zenity,
                     "--no-markup", "--title=" + caption, "--text=" + text})
@@ -130,7 +130,7 @@ bool showByZenity(const std::string& text, const std::string& caption, std::uint
 }
 
 bool showByKdialog(const std::string& text, const std::string& caption, std::uint32_t style) {
-    std::string escaped;  // kdialog reads "\n" as a line end
+    std::string escaped;  // kdialog reads "\n" as a line break
     for (const char one : text) escaped.append(one == '\\' ? 2 : 1, one);
     return runTool({"kdialog", "--title=" + caption, iconsOf(style).kdialog + ("=" + escaped)})
                .status == 0;

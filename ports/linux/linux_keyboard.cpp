@@ -1,4 +1,4 @@
-// The table of a thread, kept in step with the display server.
+// Each thread's table of keys, kept up to date with the display server.
 #include "linux/server_keys.h"
 #include "native/native_desktop.h"
 
@@ -7,11 +7,11 @@ namespace {
 
 struct Table {
     KeyStates states{};
-    KeyStates server{};  ///< as it was when it was last asked
+    KeyStates server{};  ///< the server's state when it was last asked
 };
 thread_local Table table;
 
-/// Takes over what has changed on the keyboard since the last look.
+/// Applies all changes on the keyboard since the last call.
 KeyStates& lookAtKeys() {
     KeyStates now{};
     if (!askServerForKeys(now)) return table.states;

@@ -28,15 +28,15 @@ void appendSeparator(std::string& path) {
     if (!path.empty() && path.back() != '/') path += '/';
 }
 
-/// Whether the current folder lies in the folder `point`.
+/// Whether the current folder is within the folder `point`.
 bool currentFolderIsIn(const std::string& point) {
     std::error_code error;
     const std::string current = std::filesystem::current_path(error);
     return !error && isWithin(current, point);
 }
 
-/// Where the components begin, after `parts` has lost those that name a share: "" for the current
-/// folder.
+/// The path where the components start, "" for the current folder. Components that name a share are
+/// removed from `parts`.
 ErrorCode startOf(base::NameParts& parts, std::string& start) {
     switch (parts.start) {
         case base::NameParts::Here:
@@ -71,7 +71,8 @@ ErrorCode startOf(base::NameParts& parts, std::string& start) {
     return kSuccess;
 }
 
-/// Finds the entry of `folder` that is `name` but for letter case, the first by code units.
+/// Finds the entry of `folder` that differs from `name` at most in letter case; of several the
+/// first by code units.
 bool findEntry(const std::string& folder, StringView name, std::string& entry) {
     constexpr std::size_t mostBytesAUnit = 3;
     const std::unique_ptr<DIR, int (*)(DIR*)> opened(opendir(folder.empty() ? "." : folder.c_str()),
@@ -80,7 +81,7 @@ bool findEntry(const std::string& folder, StringView name, std::string& entry) {
     String found;
     while (const dirent* next = readdir(opened.get())) {
         const std::string_view bytes = next->d_name;
-        // Most names are told apart by their length, which spares the conversion.
+        // The length rules out most names without a conversion.
         if (bytes.size() < name.size() || bytes.size() > name.size() * mostBytesAUnit) continue;
         String text = textOf(bytes);
         if (!base::sameText(text, name) || (!found.empty() && found <= text)) continue;
@@ -90,16 +91,16 @@ bool findEntry(const std::string& folder, StringView name, std::string& entry) {
     return !found.empty();
 }
 
-/// Appends a component as it is spelled; false when no file can have that name.
+/// Appends a component in its spelling; false when no file can have that name.
 bool append(StringView component, std::string& path) {
     appendSeparator(path);
     return appendBytes(component, path);
 }
 
-/// Appends the components, each as it is there but for letter case. They are names that files can
-/// have.
+/// Appends the components, each in the spelling of an existing file that differs at most in letter
+/// case. All of them are possible names of files.
 void appendAsThere(const std::vector<StringView>& components, std::string& path) {
-    // Mostly only the last one is missing.
+    // Usually only the last component is missing.
     std::string around = path;
     for (std::size_t i = 0; i + 1 < components.size(); ++i) append(components[i], around);
     if (components.size() > 1 && isThere(around)) {
@@ -120,7 +121,7 @@ void appendAsThere(const std::vector<StringView>& components, std::string& path)
     }
 }
 
-/// Whether a link, whose status is `link`, may be followed.
+/// Whether a link may be followed; `link` is its status.
 bool mayFollow(const std::string& path, const struct stat& link) {
     struct stat folder = {};
     if (link.st_uid == geteuid() || stat(folderOf(path).c_str(), &folder) != 0) return true;
@@ -174,7 +175,7 @@ String nameOf(std::string_view path) {
 
 ErrorCode finalPath(std::string& path) {
     namespace fs = std::filesystem;
-    constexpr int mostLinks = 40;  // as many as the kernel follows
+    constexpr int mostLinks = 40;  // the kernel follows as many
     std::error_code error;
     for (int followed = 0; followed <= mostLinks; ++followed) {
         struct stat about = {};

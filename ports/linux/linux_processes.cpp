@@ -15,8 +15,8 @@
 namespace quorkit::native {
 namespace {
 
-/// Programs that run on although nobody has a handle to them. Each is taken out of the kernel's
-/// table at the first look after its end.
+/// Programs that run on without a handle. Each is removed from the kernel's table at the first
+/// check after its end.
 class Released {
    public:
     void add(std::unique_ptr<Process> process) {
@@ -34,11 +34,11 @@ class Released {
 };
 
 Released& released() {
-    static auto& all = *new Released;  // never destroyed: other threads may outlive what is static
+    static auto& all = *new Released;  // never destroyed: other threads may outlive static objects
     return all;
 }
 
-/// The first word for Start: a path, or a name that is sought on PATH.
+/// The first word for Start: a path, or a name to be found on PATH.
 ErrorCode wordOfProgram(StringView name, std::string& word) {
     const bool hasDrive = name.size() > 1 && name[1] == u':';
     if (!hasDrive && name.find_first_of(u"\\/") == StringView::npos)
@@ -48,7 +48,7 @@ ErrorCode wordOfProgram(StringView name, std::string& word) {
     return kSuccess;
 }
 
-/// `words` are what stands behind the program, and one in front of it.
+/// `words` has a free place for the program, followed by the words behind it.
 ErrorCode start(const Start& how, StringView program, std::span<std::string> words,
                 pid_t& process) {
     words[0].clear();
@@ -77,7 +77,7 @@ ErrorCode NativeProcesses::CreateProcessA(const String& commandLine, const Strin
         pid_t number = 0;
         const ErrorCode code = start(how, program.name(), line, number);
         if (code == kSuccess) {
-            process = handOut(std::make_unique<Process>(number, ending));
+            process = toHandle(std::make_unique<Process>(number, ending));
             return kSuccess;
         }
         if (code != kFileNotFound) answer = code;

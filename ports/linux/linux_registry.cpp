@@ -1,4 +1,4 @@
-// The user's keys stand in the user's data folder, the machine's where programs keep their state
+// The user's keys are in the user's data folder; the machine's are where programs keep their state
 // (Filesystem Hierarchy Standard 3.0, /var/lib).
 #include "linux/folder_hive.h"
 #include "linux/user_folders.h"

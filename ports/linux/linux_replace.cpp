@@ -1,4 +1,4 @@
-// Changing a file whole on Linux.
+// Replacing a file's content on Linux.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -14,7 +14,7 @@
 namespace quorkit::native {
 namespace {
 
-/// Whether files may be made in the folder of `path`.
+/// Whether this process may make files in the folder of `path`.
 ErrorCode mayMakeBeside(const std::string& path) {
     const std::string folder = folderOf(path);
     struct stat about = {};
@@ -24,34 +24,35 @@ ErrorCode mayMakeBeside(const std::string& path) {
     return may ? kSuccess : kAccessDenied;
 }
 
-/// Where the kernel shows an open file that may have no name.
+/// The path under which the kernel shows an open file, even one without a name.
 std::string placeOf(const Opened& file) {
     return "/proc/self/fd/" + std::to_string(file.descriptor);
 }
 
-/// Gives a file without a name that one; false and EEXIST when it is taken.
+/// Gives a file without a name this one; false and EEXIST when the name is taken.
 bool giveName(const Opened& file, const std::string& path) {
     return linkat(AT_FDCWD, placeOf(file).c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
 }
 
-/// Makes a file without a name in a folder, so that nothing is left of it if this process dies.
+/// Makes a file without a name in a folder, so that nothing is left of it when this process dies.
 bool makeNameless(Opened& file, const std::string& folder, mode_t rights) {
-    // A program with other rights than its caller's may not look there, and could not name it.
+    // A program with other rights than its caller's may not look there, and so could not name the
+    // file.
     if (faccessat(AT_FDCWD, "/proc/self/fd", X_OK, AT_EACCESS) != 0) return false;
     file.descriptor = unlessInterrupted(
         [&] { return open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, rights); });
     return file.descriptor != -1;
 }
 
-/// Moves `path` to `name` unless that is taken; false and EEXIST when it is.
+/// Moves `path` to `name` unless that is taken; then false and EEXIST.
 bool moveToFreeName(const std::string& path, const std::string& name) {
     if (renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, name.c_str(), RENAME_NOREPLACE) == 0)
         return true;
-    // Not every file system can do that.
+    // Not every file system can do that; then a link does it.
     return errno == EINVAL && link(path.c_str(), name.c_str()) == 0 && unlink(path.c_str()) == 0;
 }
 
-/// Has `make` put a file at its path, or at one with a number behind where that is taken.
+/// Calls `make` to put a file at its path, or, when that is taken, at one with a number behind.
 template <class Make>
 ErrorCode atFreePath(Opened& file, Make make) {
     constexpr int mostNumbers = 100;
@@ -61,7 +62,7 @@ ErrorCode atFreePath(Opened& file, Make make) {
         file.forWork = make();
         if (file.forWork) return kSuccess;
         if (errno != EEXIST) return lastErrorAt(file.path);
-        // Left by a process that died. Another user's, in a sticky folder, stays.
+        // It was left by a process that died. Another user's file in a sticky folder stays.
         file.forWork = unlink(file.path.c_str()) == 0 && make();
         if (file.forWork) return kSuccess;
     }
@@ -86,19 +87,19 @@ ErrorCode NativeFiles::LockForChange(const String& name, Handle& handle, Wait wa
         held->path = path;
         ErrorCode code = held->openRegular(O_RDWR);
         if (code == kFileNotFound) {
-            // There is nothing to lock. Whoever else makes it first wins, see Replace.
+            // There is nothing to lock. The process that makes the file first wins, see Replace.
             code = mayMakeBeside(path);
-            if (code == kSuccess) handle = handOut(std::move(held));
+            if (code == kSuccess) handle = toHandle(std::move(held));
             return code;
         }
         if (code == kSuccess && !writableByAnyone(held->about)) code = kAccessDenied;
         if (code == kSuccess) code = held->lock(LOCK_EX, wait);
         if (code != kSuccess) return code;
         if (fstat(held->descriptor, &held->about) == 0 && held->keepsItsName()) {
-            handle = handOut(std::move(held));
+            handle = toHandle(std::move(held));
             return kSuccess;
         }
-        // While this process waited, the holder replaced or removed the file it had locked.
+        // While this process waited, the holder has replaced or removed the file.
     }
 }
 
@@ -108,7 +109,8 @@ ErrorCode NativeFiles::CreateReplacement(Handle lock, const String& beside, Hand
     made->access = FileAccess::CreateNew;
     if (const ErrorCode code = pathOf(beside, made->path)) return code;
     if (const ErrorCode code = mayMakeBeside(made->path)) return code;
-    // A new file gets the rights that the process gives to new files, another one those of the old.
+    // A new file gets the usual rights of this process's files; a replacement later gets those of
+    // the old.
     const mode_t rights = held.descriptor == -1 ? 0666 : 0600;
     ErrorCode code = kSuccess;
     if (!makeNameless(*made, folderOf(made->path), rights))
@@ -118,14 +120,14 @@ ErrorCode NativeFiles::CreateReplacement(Handle lock, const String& beside, Hand
             return made->descriptor != -1;
         });
     if (code == kSuccess && fstat(made->descriptor, &made->about) != 0) code = lastError();
-    if (code == kSuccess) file = handOut(std::move(made));
+    if (code == kSuccess) file = toHandle(std::move(made));
     return code;
 }
 
 ErrorCode NativeFiles::Replace(Handle lock, Handle file, Wait) {
     const Opened& held = openedOf(lock);
     Opened& made = openedOf(file);
-    // Whoever may write in the folder could have put another file in its place.
+    // Anyone who may write in the folder could have put another file in its place.
     if (made.forWork && !made.keepsItsName()) return kAccessDenied;
     if (held.descriptor == -1) {
         const bool done =
@@ -150,7 +152,8 @@ ErrorCode NativeFiles::WriteInPlace(Handle lock, std::string_view content) {
     if (!held.isAsItWas()) return kFileReplaced;
     const auto size = static_cast<off_t>(content.size());
     ErrorCode code = kSuccess;
-    // Room first, so that a full disk leaves the old content. Not every file system can do that.
+    // This reserves the space first, so that a full disk leaves the old content. Not every file
+    // system can do it.
     if (size > held.about.st_size &&
         fallocate(held.descriptor, FALLOC_FL_KEEP_SIZE, 0, size) != 0 && lastError() == kDiskFull) {
         static_cast<void>(ftruncate(held.descriptor, held.about.st_size) == 0);

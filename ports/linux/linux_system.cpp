@@ -1,4 +1,4 @@
-// The language comes from the locale environment, variables are taken as UTF-8.
+// The language comes from the locale environment; variables are read as UTF-8.
 #include <langinfo.h>
 #include <sys/stat.h>
 #include <sys/utsname.h>
@@ -26,7 +26,7 @@ struct Language {
 };
 
 // From the list of language identifiers that Microsoft publishes with its locale names; the main
-// country of each language stands first. Spanish bears the identifier of its traditional sort
+// country of each language comes first. For Spanish it is the identifier of the traditional sort
 // order, the only one that the library's own table of languages knows.
 constexpr Language kLanguages[] = {
     {"de_DE", 1031},  {"de_CH", 2055},  {"de_AT", 3079}, {"de_LU", 4103}, {"de_LI", 5127},
@@ -36,8 +36,8 @@ constexpr Language kLanguages[] = {
     {"en_BZ", 10249}, {"en_TT", 11273}, {"es_ES", 1034},
 };
 
-/// The identifier of a locale name such as "de_CH.UTF-8"; 0 for a language that the table lacks. A
-/// country that it lacks counts as the language's main one.
+/// The identifier of a locale name such as "de_CH.UTF-8"; 0 for a language that is not in the
+/// table. A country that is not in the table counts as the language's main one.
 LanguageIdentifier languageOfLocale(std::string_view locale) {
     const std::string_view name = locale.substr(0, locale.find_first_of(".@"));
     if (name == "C" || name == "POSIX") return 1033;
@@ -50,7 +50,7 @@ LanguageIdentifier languageOfLocale(std::string_view locale) {
     return mainCountry;
 }
 
-/// The value in the entry "name=value" whose name `matches`; null when there is none.
+/// The value in the entry "name=value" whose name satisfies `matches`; null when there is none.
 template <class Matches>
 const char* findVariable(Matches matches) {
     for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry) {
@@ -82,7 +82,7 @@ LanguageIdentifier NativeSystem::GetUserDefaultUILanguage() {
     return languageOfLocale("C");
 }
 
-/// A Linux system has no language apart from its locale environment.
+/// Linux has no language apart from its locale environment.
 LanguageIdentifier NativeSystem::GetSystemDefaultLangID() {
     return GetUserDefaultUILanguage();
 }
@@ -110,7 +110,7 @@ bool NativeSystem::DiallingCode(String& diallingCode) {
 SystemTime NativeSystem::GetLocalTime() {
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
-    // What the calendar shows stays the same for a second.
+    // The calendar shows the same for a whole second.
     thread_local time_t second = -1;
     thread_local tm local{};
     if (now.tv_sec != second) localtime_r(&now.tv_sec, &local);
@@ -145,7 +145,7 @@ bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
     const char* found = findVariable([&](std::string_view one) { return one == exact; });
     if (found == nullptr)
         found = findVariable([&](std::string_view one) {
-            // Most names are told apart by their length, which spares the conversion.
+            // The length rules out most names without a conversion.
             constexpr std::size_t mostBytesAUnit = 3;
             return one.size() >= name.size() && one.size() <= mostBytesAUnit * name.size() &&
                    base::sameText(base::fromUtf8(one), name);

@@ -5,10 +5,10 @@
 
 namespace quorkit::native {
 
-/// See Host. One for the process; its end takes the window away.
+/// See Host. There is one for the process; when the process ends, the window disappears.
 void showWaitWindow(const String& text, WindowHandle owner);
 void hideWaitWindow();
-/// Over the wait window; no program can change the pointer over windows of others.
+/// Sets the pointer over the wait window only; no program can change it over windows of others.
 void setWaitPointer(Pointer pointer);
 
 }  // namespace quorkit::native

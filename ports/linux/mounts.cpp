@@ -39,17 +39,17 @@ constexpr std::array kNetworkFileSystems = {
 };
 constexpr std::array kOpticalFileSystems = {"iso9660"sv, "udf"sv};
 constexpr std::array kMemoryFileSystems = {"tmpfs"sv, "ramfs"sv};
-/// Disk file systems whose source is no path.
+/// Disk file systems whose source is not a path.
 constexpr std::array kPoolFileSystems = {"bcachefs"sv, "jffs2"sv, "ubifs"sv, "zfs"sv};
 
-/// Where the system keeps its own mounts: the partitions it starts from, packages, containers.
+/// Places of the system's own mounts: boot partitions, packages, containers.
 constexpr std::array kOwnPlaces = {
     "/boot"sv,           "/efi"sv,
     "/snap"sv,           "/var/lib/containers"sv,
     "/var/lib/docker"sv, "/var/lib/kubelet"sv,
     "/var/lib/snapd"sv,
 };
-/// Where memory is no place for a user's files.
+/// Places of memory file systems that are not for users.
 constexpr std::array kOwnMemory = {"/dev"sv, "/proc"sv, "/run"sv, "/sys"sv};
 
 template <class List>
@@ -61,7 +61,7 @@ bool isWithinOneOf(const List& folders, string_view path) {
     return std::ranges::any_of(folders, [&](string_view one) { return isWithin(path, one); });
 }
 
-/// A blank, a line end and a backslash stand in the table as "\" and three octal digits.
+/// The table writes a blank, a line end and a backslash as "\" and three octal digits.
 std::string unescaped(string_view text) {
     const auto isOctal = [](char digit) { return digit >= '0' && digit <= '7'; };
     std::string result;
@@ -86,10 +86,10 @@ std::string takeWord(string_view& line) {
     return unescaped(word);
 }
 
-/// False for a line of another form.
+/// False for a line in another format.
 bool readMount(string_view line, Mount& mount) {
-    takeWord(line);  // its number
-    takeWord(line);  // and that of the mount around it
+    takeWord(line);  // number of the mount
+    takeWord(line);  // number of the mount around it
     mount.device = takeWord(line);
     mount.root = takeWord(line);
     mount.point = takeWord(line);
@@ -128,8 +128,8 @@ MountKind kindOf(const Mount& mount) {
     if (isOneOf(kMemoryFileSystems, system))
         return isWithinOneOf(kOwnMemory, mount.point) ? MountKind::Hidden : MountKind::Memory;
     if (root || isOneOf(kPoolFileSystems, system)) return MountKind::Disk;
-    // What lies on a disk names its device. A program's own file system names a folder that it
-    // shows in another way, if it has files of its own at all.
+    // A file system on a disk names its device. A program's own file system, if it has files at
+    // all, names a folder that it shows in another form.
     const bool device = mount.source.starts_with("/dev/") && mount.source != "/dev/fuse";
     const bool view =
         system.starts_with("fuse") && mount.source.starts_with('/') && mount.source != "/dev/fuse";

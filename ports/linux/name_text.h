@@ -1,7 +1,8 @@
-// The text of names: UTF-16 in the interface, bytes on disk.
+// Names as text: UTF-16 in the interface, bytes on disk.
 //
-// A disk name is UTF-8. A byte that belongs to no UTF-8, and a backslash, which separates in the
-// interface, stand in a name as the lone surrogate U+DC00 + byte, so that every name opens again.
+// A name on disk is UTF-8. Two kinds of bytes are written in a name as the lone surrogate U+DC00 +
+// byte, so that every file can be opened: bytes that are not valid UTF-8, and the backslash, which
+// separates names in the interface.
 #pragma once
 
 #include <quorkit/values.h>
@@ -12,7 +13,7 @@
 namespace quorkit::native {
 
 /// Appends the bytes of a text. False when it holds a lone surrogate that stands for no byte; then
-/// `bytes` holds anything.
+/// `bytes` is unspecified.
 bool appendBytes(StringView text, std::string& bytes);
 
 /// The text that stands for the bytes of a disk name.

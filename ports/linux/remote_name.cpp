@@ -17,10 +17,10 @@ String remoteNameOf(std::string_view source) {
     std::string path(source.substr(server.size()));
     const auto user = server.substr(0, server.find(':')).rfind('@');
     if (user != std::string_view::npos) server.remove_prefix(user + 1);
-    const bool address = server.starts_with('[');  // with colons inside its brackets
+    const bool address = server.starts_with('[');  // its colons are inside brackets
     const std::string_view host =
         server.substr(0, address ? server.find(']') + 1 : server.find_first_of(":,"));
-    // Behind the host: a port, more servers with their ports, or the first folder of a path.
+    // Behind the host comes a port, more servers with their ports, or the first folder of a path.
     const std::string_view behind = server.substr(host.size());
     if (!slashes && behind.starts_with(':') && !behind.ends_with(':'))
         path.insert(0, behind.substr(1));

@@ -9,9 +9,6 @@
 #include "linux/start_program.h"
 
 namespace quorkit::native {
-
-// The output goes to a file, as the end of a pipe need never come: a process that another thread
-// forks meanwhile keeps it open too.
 namespace {
 
 void readRest(int file, std::string& content) {
@@ -24,6 +21,8 @@ void readRest(int file, std::string& content) {
 
 }  // namespace
 
+// The output goes to a file, because a pipe may never end: a process that another thread forks
+// meanwhile keeps it open too.
 ToolResult runTool(const std::vector<std::string>& words, int input) {
     ToolResult result;
     const Descriptor output(memfd_create("output", MFD_CLOEXEC));
@@ -39,7 +38,7 @@ ToolResult runTool(const std::vector<std::string>& words, int input) {
     const pid_t ended = unlessInterrupted([&] { return waitpid(process, &status, 0); });
     if (lseek(output.get(), 0, SEEK_SET) == 0) readRest(output.get(), result.output);
     if (ended == process && WIFEXITED(status)) result.status = WEXITSTATUS(status);
-    // Where this program takes no notice of its children, nobody learns how they ended.
+    // If this program ignores its children, nobody learns how they ended.
     if (ended == -1) result.status = result.output.empty() ? 1 : 0;
     return result;
 }

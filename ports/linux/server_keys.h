@@ -1,4 +1,4 @@
-// The keys as a display server has them.
+// The display server's state of the keys.
 #pragma once
 
 #include <quorkit/ports/keyboard.h>

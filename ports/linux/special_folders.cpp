@@ -18,7 +18,7 @@ std::string dataFolder() {
     return baseFolder("XDG_DATA_HOME", ".local/share");
 }
 
-/// A folder that the user has chosen; `standard` in the home folder for one who has not.
+/// The folder that the user has chosen, or `standard` in the home folder.
 std::string chosenFolder(const char* variable, const char* standard) {
     const std::string home = homeFolder();
     std::ifstream file(inFolder(configFolder(), "user-dirs.dirs"), std::ios::binary);
@@ -27,7 +27,7 @@ std::string chosenFolder(const char* variable, const char* standard) {
     return chosen.empty() ? inFolder(home, standard) : chosen;
 }
 
-/// "" for a folder that Linux does not have.
+/// "" for a folder that does not exist on Linux.
 std::string pathOfFolder(int folder) {
     switch (folder) {
         case CSIDL_DESKTOP:
@@ -60,8 +60,8 @@ std::string pathOfFolder(int folder) {
             return homeFolder();
         case CSIDL_COMMON_PROGRAMS:
         case CSIDL_COMMON_STARTMENU:
-            // What packages install; /usr/local/share, which the standard puts first, is the
-            // administrator's.
+            // This is where packages are installed; /usr/local/share, which comes first in the
+            // standard, belongs to the administrator.
             return inFolder(firstFolder("XDG_DATA_DIRS", "/usr/share"), "applications");
         case CSIDL_COMMON_STARTUP:
             return inFolder(firstFolder("XDG_CONFIG_DIRS", "/etc/xdg"), "autostart");

@@ -31,17 +31,17 @@ ErrorCode codeOf(int error) {
     }
 }
 
-/// No signal reaches this thread, or a process that it forks, until the end.
-class Deaf {
+/// Blocks all signals for this thread, and for a process that it forks, while this object lives.
+class SignalsBlocked {
    public:
-    Deaf() {
+    SignalsBlocked() {
         sigset_t all;
         sigfillset(&all);
         pthread_sigmask(SIG_SETMASK, &all, &before_);
     }
-    ~Deaf() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-    Deaf(const Deaf&) = delete;
-    Deaf& operator=(const Deaf&) = delete;
+    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsBlocked(const SignalsBlocked&) = delete;
+    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
 
    private:
     sigset_t before_;
@@ -49,7 +49,7 @@ class Deaf {
 
 }  // namespace
 
-/// What a program is started with.
+/// Everything that a program is started with.
 class Start::Line {
    public:
     explicit Line(std::span<const std::string> words) {
@@ -87,7 +87,8 @@ class Start::Line {
 
 Start::Start(const Streams& streams, Session session) {
     posix_spawn_file_actions_init(&files_);
-    // First the output that is given, which may itself have one of the first numbers.
+    // The output comes first, because `outputTo` may be one of the standard descriptors, which
+    // change below.
     if (streams.outputTo != -1)
         note(posix_spawn_file_actions_adddup2(&files_, streams.outputTo, STDOUT_FILENO));
     else if (streams.output == Streams::Nothing)
@@ -138,18 +139,18 @@ ErrorCode Start::run(std::span<const std::string> words, pid_t& process) const {
 
 ErrorCode Start::runDetached(std::span<const std::string> words) const {
     if (failure_ != 0) return codeOf(failure_);
-    // Its end need never come, as a process that another thread forks meanwhile keeps it open too.
+    // This pipe may have no end, because a process that another thread forks meanwhile keeps it
+    // open too.
     int ends[2] = {};
     if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return lastError();
     const Descriptor answers(ends[0]);
     const Descriptor answer(ends[1]);
     const Line line(words);
-    // Between, there is a process that does nothing but start the program and end. Other threads
-    // of this one may hold any lock, so it does nothing else; nor does it run this one's handlers
-    // of signals.
+    // A process in between starts the program and ends. It does nothing else, because other threads
+    // of this program may hold any lock, and it does not run this program's signal handlers.
     pid_t between = -1;
     {
-        const Deaf deaf;
+        const SignalsBlocked blocked;
         between = _Fork();
         if (between == 0) {
             pid_t process = 0;

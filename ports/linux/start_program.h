@@ -1,5 +1,5 @@
-// The one way in which programs are started. They get the signals of a fresh program, and of this
-// program's open files the three standard streams at most.
+// The one way in which programs are started. A program gets the signal settings of a fresh program,
+// and at most the three standard streams of this program's open files.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -18,13 +18,13 @@ struct Streams {
     Source input = Ours;
     Source output = Ours;
     Source error = Ours;
-    int inputFrom = -1;  ///< a descriptor that is the input instead
-    int outputTo = -1;   ///< and one that is the output
+    int inputFrom = -1;  ///< a descriptor to use as input
+    int outputTo = -1;   ///< a descriptor to use as output
 };
 
 enum class Session {
     Ours,
-    Own  ///< a group of its own too, of the process's number; no terminal belongs to it
+    Own  ///< also a group with the process's number; it has no terminal
 };
 
 class Start {
@@ -34,20 +34,20 @@ class Start {
     Start(const Start&) = delete;
     Start& operator=(const Start&) = delete;
 
-    /// Starts the program that the first word names, found on PATH when there is no "/" in it; all
-    /// words reach it as they are. Where this program has other rights than its caller (setuid),
-    /// PATH is not the caller's but that of the system, for the program that is started too.
-    /// kFileNotFound when there is none, kAccessDenied when the file is no program.
+    /// Starts the program that the first word names, found on PATH when there is no "/" in it; the
+    /// words reach it as they are. If this program has other rights than its caller (setuid), it
+    /// uses the system's PATH in place of the caller's, and so does the started program.
+    /// kFileNotFound when there is no such program, kAccessDenied when the file is no program.
     ErrorCode run(std::span<const std::string> words, pid_t& process) const;
-    /// The same for a program that is no child of this one, so that nobody need wait for it.
+    /// The same for a program that does not become a child of this one, so nobody need wait for it.
     ErrorCode runDetached(std::span<const std::string> words) const;
 
    private:
     class Line;
 
-    /// The error, or 0. For a forked process too.
+    /// The error, or 0. A forked process may call it.
     int spawn(const Line& line, pid_t& process) const;
-    /// What goes wrong before a program is started: the first error counts.
+    /// Records what goes wrong before a program is started; the first error counts.
     void note(int error);
     void open(int stream, int flags);
 

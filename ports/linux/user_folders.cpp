@@ -11,12 +11,12 @@ namespace quorkit::native {
 namespace {
 
 std::string_view variableOf(const char* name) {
-    // Not from the caller of a program that has other rights than its caller.
+    // Ignores the variable when this program has other rights than its caller.
     const char* value = secure_getenv(name);
     return value == nullptr ? std::string_view() : value;
 }
 
-/// Without separators at its end; "/" is left.
+/// Without separators at its end; "/" stays.
 std::string plain(std::string_view path) {
     while (path.size() > 1 && path.ends_with('/')) path.remove_suffix(1);
     return std::string(path);
@@ -33,8 +33,8 @@ bool take(std::string_view& line, std::string_view word) {
     return true;
 }
 
-/// The text up to the closing quotation mark, where "\" stands before a character to be taken as it
-/// is. False when the line ends before.
+/// Reads the text up to the closing quotation mark; "\" makes the next character stand for itself.
+/// False when the line ends first.
 bool unquote(std::string_view line, std::string& text) {
     for (std::size_t i = 0; i < line.size(); ++i) {
         if (line[i] == '"') return true;
@@ -44,7 +44,7 @@ bool unquote(std::string_view line, std::string& text) {
     return false;
 }
 
-/// The folder in one line; "" when it is about something else or wrong.
+/// The folder that one line sets; "" when the line is about something else or wrong.
 std::string folderFromLine(std::string_view line, std::string_view variable,
                            std::string_view home) {
     if (!take(line, variable) || !take(line, "=") || !take(line, "\"")) return {};

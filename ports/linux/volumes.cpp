@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The device of a mount, "8:1". Some file systems give numbers of their own in its place.
+/// The device of a mount, "8:1". Some file systems show other numbers in its place.
 std::string deviceOf(const Mount& mount) {
     struct stat about = {};
     if (!mount.device.starts_with("0:") || !mount.source.starts_with("/dev/") ||
@@ -33,7 +33,7 @@ bool hasWindowsSerial(std::string_view fileSystem) {
     return std::ranges::find(systems, fileSystem) != systems.end();
 }
 
-/// The serial number among the identifiers that the system keeps as links to devices.
+/// The serial number from the identifiers that the system keeps as links to devices.
 bool windowsSerialOf(const Mount& mount, std::uint32_t& serial) {
     const std::string device = deviceOf(mount);
     std::error_code error;
@@ -53,7 +53,7 @@ bool windowsSerialOf(const Mount& mount, std::uint32_t& serial) {
 
 bool isRemovable(const Mount& mount) {
     const std::string folder = "/sys/dev/block/" + deviceOf(mount);
-    // What is said of a disk stands one folder above its partitions.
+    // The facts of a disk are in the folder above those of its partitions.
     return std::ranges::any_of(std::array{"/removable", "/../removable"}, [&](const char* file) {
         return std::ifstream(folder + file).get() == '1';
     });

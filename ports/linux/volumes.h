@@ -1,4 +1,4 @@
-// What a volume says of itself.
+// Facts about volumes.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -10,15 +10,15 @@
 
 namespace quorkit::native {
 
-/// Whether a mount lies on a device whose medium can be taken out.
+/// Whether the medium of the mount's device can be removed.
 bool isRemovable(const Mount& mount);
 
-/// The serial number that a FAT, exFAT or NTFS volume has on Windows, from the identifier that
-/// Linux shows of it: "1A2B-3C4D", or 16 digits of which the last 8 count. False for another one.
+/// The serial number that a FAT, exFAT or NTFS volume has on Windows, from its identifier on Linux:
+/// "1A2B-3C4D", or 16 digits of which the last 8 count. False for any other identifier.
 bool serialFromIdentifier(std::string_view identifier, std::uint32_t& serial);
 
-/// The serial number of a mounted volume: its own where it has one, so that it is the same on
-/// Windows, else what its file system tells it apart by.
+/// The serial number of a mounted volume. It is the volume's own, as on Windows, if it has one;
+/// otherwise it comes from the identifier of the file system.
 ErrorCode serialNumberOf(const Mount& mount, std::uint32_t& serial);
 
 }  // namespace quorkit::native

@@ -15,7 +15,7 @@ MemoryFiles::State::Opened* MemoryFiles::State::find(Handle handle) {
     return found == opened.end() || found->second.lock ? nullptr : &found->second;
 }
 
-Handle MemoryFiles::State::handOut(Opened file) {
+Handle MemoryFiles::State::toHandle(Opened file) {
     const std::intptr_t number = nextHandle++;
     opened[number] = std::move(file);
     return Handle(number);
@@ -33,11 +33,11 @@ ErrorCode MemoryFiles::Open(const String& name, FileAccess access, Handle& handl
     ErrorCode code = state_->findFile(name, place);
     if (code == kSuccess && access == FileAccess::Append) {
         state_->waitToAdd(guard, memory::Key(place.key));
-        code = state_->findFile(name, place);  // much may have happened meanwhile
+        code = state_->findFile(name, place);  // the file may have changed meanwhile
     }
     if (code != kSuccess) return code;
     if (access == FileAccess::CreateNew) {
-        Place asSpelled;  // a link is in the way, wherever it leads to
+        Place asSpelled;  // a link is in the way, whatever its target
         state_->tree.find(name, asSpelled, {.followLast = false});
         if (asSpelled.entry != nullptr) return kFileExists;
     }
@@ -48,7 +48,7 @@ ErrorCode MemoryFiles::Open(const String& name, FileAccess access, Handle& handl
     }
     if (isForAdding(access) && place.entry->readOnly()) return kAccessDenied;
     if (access == FileAccess::Append) state_->adding.insert(place.key);
-    handle = state_->handOut({place.entry->item, access, place.key});
+    handle = state_->toHandle({place.entry->item, access, place.key});
     return kSuccess;
 }
 

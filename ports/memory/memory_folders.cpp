@@ -1,4 +1,4 @@
-// Attributes, and folders and their entries, in memory.
+// Attributes, folders and their entries in memory.
 #include "memory/memory_state.h"
 
 namespace quorkit {
@@ -8,7 +8,7 @@ using memory::Place;
 
 namespace {
 
-/// `target` is what a link leads to, or the entry itself.
+/// `target` is the target of a link, or the entry itself.
 std::uint32_t attributesOf(const Entry& entry, const Entry& target) {
     std::uint32_t attributes = target.item->attributes;
     if (target.kind == Entry::Folder) attributes |= kDirectory;

@@ -10,7 +10,7 @@ namespace quorkit::memory {
 
 class MemoryHive final : public Hive {
    public:
-    /// While it is read-only nothing can be changed.
+    /// A read-only hive cannot be changed.
     void setReadOnly(bool readOnly);
 
     ErrorCode open(const Path& path, RegistryAccess access) override;
@@ -30,10 +30,10 @@ class MemoryHive final : public Hive {
         std::map<String, NamedValue> values;  // by folded name
     };
     Key* find(const Path& path);
-    /// For changing it.
+    /// Finds a key that is to be changed.
     ErrorCode find(const Path& path, Key*& key);
 
-    std::mutex mutex_;  // guards all of it
+    std::mutex mutex_;  // guards everything here
     bool readOnly_ = false;
     Key root_;
 };

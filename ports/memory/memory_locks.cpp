@@ -1,4 +1,4 @@
-// Changing a file whole: locks and replacement in memory.
+// Locks and replacement of files in memory.
 #include <chrono>
 
 #include "memory/memory_state.h"
@@ -61,7 +61,7 @@ ErrorCode MemoryFiles::LockForChange(const String& name, Handle& handle, Wait wa
     lock.lock = true;
     lock.name = place.name;
     lock.size = entry == nullptr ? 0 : entry->item->content.size();
-    handle = state_->handOut(std::move(lock));
+    handle = state_->toHandle(std::move(lock));
     return kSuccess;
 }
 
@@ -72,7 +72,7 @@ ErrorCode MemoryFiles::CreateReplacement(Handle lock, const String& beside, Hand
     if (const ErrorCode code = state_->findFile(beside, place)) return code;
     if (place.around->readOnly()) return kAccessDenied;
     State::Opened made{std::make_shared<memory::Item>(), FileAccess::CreateNew, place.key};
-    file = state_->handOut(std::move(made));
+    file = state_->toHandle(std::move(made));
     return kSuccess;
 }
 
@@ -89,7 +89,7 @@ ErrorCode MemoryFiles::Replace(Handle lock, Handle file, Wait) {
     else
         made->item->attributes = to.entry->item->attributes;
     to.entry->item = made->item;
-    if (made->key != to.key) state_->tree.remove(made->key);  // left there by somebody
+    if (made->key != to.key) state_->tree.remove(made->key);  // somebody has left it at that name
     return kSuccess;
 }
 

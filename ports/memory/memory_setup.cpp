@@ -11,7 +11,7 @@ using memory::Place;
 namespace {
 
 void must(bool possible) {
-    if (!possible) throw std::invalid_argument("no such name can stand in this world");
+    if (!possible) throw std::invalid_argument("no such name can exist here");
 }
 
 }  // namespace

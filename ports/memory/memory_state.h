@@ -1,4 +1,4 @@
-// What is behind files in memory.
+// The state behind files in memory.
 #pragma once
 
 #include <quorkit/ports/memory_files.h>
@@ -15,11 +15,11 @@
 
 namespace quorkit {
 
-/// `mutex` guards all of it; `released` is told whenever a lock or a file open for adding is given
+/// `mutex` guards all of it. `released` is notified whenever a lock or a file for adding is given
 /// back.
 struct MemoryFiles::State {
-    /// Behind a handle: a file, or the lock on one, of which it has the item and the size that it
-    /// had then.
+    /// The object behind a handle: a file, or a lock with the item and the size of its file when it
+    /// was locked.
     struct Opened {
         std::shared_ptr<memory::Item> item;
         FileAccess access = FileAccess::Read;
@@ -41,24 +41,24 @@ struct MemoryFiles::State {
     std::map<std::intptr_t, Search> searches;
     std::set<memory::Key> locked;
     std::multiset<memory::Key> adding;  ///< files that are open for FileAccess::Append
-    std::set<memory::Key> givenUp;      ///< files whose lock was waited for in vain, to add to them
+    std::set<memory::Key> givenUp;      ///< files whose lock was waited for in vain before adding
     std::intptr_t nextHandle = 1;
     std::size_t freeSpace = static_cast<std::size_t>(-1);
 
-    /// Null for what is no open file.
+    /// Null when the handle is no open file.
     Opened* find(Handle handle);
-    /// Null for what is no lock.
+    /// Null when the handle is no lock.
     Opened* findLock(Handle handle);
-    /// Finds the file that is locked; kFileReplaced when it is not the same as it was then.
+    /// Finds the locked file; kFileReplaced when it has changed since.
     ErrorCode findLocked(const Opened& lock, memory::Place& place);
-    Handle handOut(Opened file);
-    /// Follows links to where a file stands or could stand; kAccessDenied for a folder.
+    Handle toHandle(Opened file);
+    /// Follows links to the place of a file, which need not exist; kAccessDenied for a folder.
     ErrorCode findFile(const String& name, memory::Place& place);
-    /// Waits for a lock that keeps a file from being added to, see Files.
+    /// Waits until no lock keeps others from adding to the file, see Files.
     void waitToAdd(std::unique_lock<std::mutex>& guard, const memory::Key& key);
-    /// Whether a handle may add now. Waits for a lock that keeps it from that.
+    /// Whether a handle may add now; waits for a lock that prevents it.
     ErrorCode mayChange(std::unique_lock<std::mutex>& guard, const Opened& file);
-    /// Finds what a test sets up, and throws when it is not there.
+    /// Finds an entry for a test; throws when it does not exist.
     memory::Place mustFind(const String& name, memory::Tree::Links links = {});
 };
 

@@ -11,7 +11,7 @@ namespace {
 constexpr int kMostLinks = 40;
 constexpr std::size_t kLongestName = 32767;
 
-/// `here` is the current folder. As on Windows ".." is settled before anything is looked up.
+/// `here` is the current folder. As on Windows, ".." is resolved before any look-up.
 ErrorCode pathOf(const String& name, Path here, Path& path) {
     if (name.empty() || name.size() > kLongestName || name.find(u'\0') != String::npos)
         return kInvalidName;
@@ -52,7 +52,7 @@ String joined(const Path& path) {
     return name;
 }
 
-/// The path without the link `path[i]`: what the link leads to, and what stands behind it.
+/// Replaces the link `path[i]` in the path by its target.
 ErrorCode followLink(Path& path, std::size_t i, const String& target) {
     const auto link = path.begin() + static_cast<std::ptrdiff_t>(i);
     Path followed;

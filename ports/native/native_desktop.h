@@ -1,5 +1,4 @@
-// The screen, the keyboard and the clipboard that this program has. A build has one of the rooms
-// that implement them.
+// The screen, the keyboard and the clipboard of this system; a build has one implementation.
 #pragma once
 
 #include <quorkit/ports/clipboard.h>

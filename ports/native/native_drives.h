@@ -1,4 +1,4 @@
-// Drives of the system this program runs on. A build has one of the rooms that implement it.
+// The drives of this system; a build has one implementation.
 #pragma once
 
 #include <quorkit/ports/drives.h>

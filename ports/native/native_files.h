@@ -1,5 +1,4 @@
-// Files and folders of the system this program runs on. A build has one of the rooms that implement
-// them.
+// The files and folders of this system; a build has one implementation.
 #pragma once
 
 #include <quorkit/ports/files.h>

@@ -1,4 +1,4 @@
-// The user's own desktop as the host. A build has one of the rooms that implement it.
+// The desktop of the user as the host; a build has one implementation.
 #pragma once
 
 #include <quorkit/ports/host.h>

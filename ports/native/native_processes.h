@@ -1,4 +1,4 @@
-// Programs of the system this program runs on. A build has one of the rooms that implement them.
+// The programs of this system; a build has one implementation.
 #pragma once
 
 #include <quorkit/ports/processes.h>

@@ -1,11 +1,11 @@
-// The registry of the system this program runs on. A build has one of the rooms that implement it.
+// The registry of this system; a build has one implementation.
 #pragma once
 
 #include <quorkit/ports/registry.h>
 
 namespace quorkit::native {
 
-/// The same object for the whole process.
+/// One object for the whole process.
 Registry& nativeRegistry();
 
 }  // namespace quorkit::native

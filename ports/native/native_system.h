@@ -1,4 +1,4 @@
-// The facts of the system this program runs on. A build has one of the rooms that implement it.
+// The facts of this system; a build has one implementation.
 #pragma once
 
 #include <quorkit/ports/system.h>

@@ -44,8 +44,8 @@ HGLOBAL memoryOf(const std::string& bytes) {
     return memory;
 }
 
-/// What the clipboard holds under a number, as bytes, with more behind them where the system gives
-/// memory in larger portions; nothing when it does not.
+/// The bytes that the clipboard holds under a format number. More bytes may follow them, because
+/// the system rounds up the size of memory. Nothing when there are none.
 std::optional<std::string> bytesUnder(UINT format) {
     const HANDLE memory = ::GetClipboardData(format);
     const void* const start = memory == nullptr ? nullptr : ::GlobalLock(memory);
@@ -55,7 +55,7 @@ std::optional<std::string> bytesUnder(UINT format) {
     return bytes;
 }
 
-/// A text, which ends at the first U+0000.
+/// The text up to its first U+0000.
 std::optional<std::string> textContent() {
     const auto bytes = bytesUnder(CF_UNICODETEXT);
     if (!bytes) return {};
@@ -69,7 +69,7 @@ std::optional<std::string> richTextContent() {
     return bytes;
 }
 
-/// The picture under a number, if it is there and what it should be.
+/// The picture under a format number, if it exists and has that format.
 std::optional<std::string> pictureUnder(UINT format) {
     if (format == CF_BITMAP || format == CF_DIB || format == CF_DIBV5) {
         const auto dib = bytesUnder(CF_DIB);
@@ -82,7 +82,7 @@ std::optional<std::string> pictureUnder(UINT format) {
     return std::string(base::withoutRounding(*file, base::sizeOfPicture(*file)));
 }
 
-/// A PNG loses nothing; otherwise the form that its program has put there first.
+/// A PNG has no loss; without one, the form that its program offers first.
 std::optional<std::string> bitmapContent() {
     if (auto file = pictureUnder(pngFormat())) return file;
     for (UINT format = 0; (format = ::EnumClipboardFormats(format)) != 0;)
@@ -106,7 +106,7 @@ SHORT shortAt(const std::string& bytes, std::size_t position) {
     return value;
 }
 
-/// The size that the header in front of a WMF gives, in hundredths of a millimetre.
+/// The size in the placeable header of a WMF, in hundredths of a millimetre.
 METAFILEPICT placeOf(const std::string& file) {
     const LONG unitsPerInch = std::max<LONG>(1, static_cast<USHORT>(shortAt(file, 14)));
     const auto extent = [&](std::size_t from, std::size_t to) {
@@ -162,7 +162,7 @@ ClipboardItem::ClipboardItem(HENHMETAFILE metafile)
 
 bool ClipboardItem::put() {
     if (handle_ == nullptr || ::SetClipboardData(format_, handle_.get()) == nullptr) return false;
-    handle_.release();  // it is the clipboard's now
+    handle_.release();  // the clipboard owns it now
     return true;
 }
 

@@ -1,4 +1,4 @@
-// What the system's clipboard holds: handles, each under the number of a format.
+// The content of the system's clipboard: handles, each under the number of a format.
 #pragma once
 
 #include <quorkit/ports/clipboard.h>
@@ -11,14 +11,14 @@
 
 namespace quorkit::native {
 
-/// A form of a content that is to be put on the clipboard.
+/// One form of a content for the clipboard.
 class ClipboardItem {
    public:
-    /// Bytes, in memory of their own.
+    /// Copies the bytes into memory of their own.
     ClipboardItem(UINT format, const std::string& bytes);
     explicit ClipboardItem(HENHMETAFILE metafile);
 
-    /// Gives it to the clipboard, which must be open; false when that does not take it.
+    /// Gives the form to the clipboard, which must be open; false when that refuses it.
     bool put();
 
    private:
@@ -27,10 +27,10 @@ class ClipboardItem {
     Handle handle_;
 };
 
-/// All forms of a content, the best one first; none when it has none.
+/// All forms of a content, the best one first; none for a content without any.
 std::vector<ClipboardItem> itemsOf(ClipboardFormat format, const std::string& data);
 
-/// What the open clipboard holds of a format; nothing when it holds none.
+/// The open clipboard's content in a format; nothing when there is none.
 std::optional<std::string> contentOf(ClipboardFormat format);
 
 }  // namespace quorkit::native

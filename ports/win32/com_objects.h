@@ -1,4 +1,4 @@
-// What is built of objects: dialogs, and the shell.
+// COM objects, which the dialogs and the shell are made of.
 #pragma once
 
 #include <objbase.h>
@@ -8,7 +8,7 @@
 
 namespace quorkit::native {
 
-/// A thread must be made ready for objects before it uses what is built of them.
+/// Prepares the calling thread for COM while this object lives.
 class Objects {
    public:
     Objects() : ready_(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
@@ -19,7 +19,7 @@ class Objects {
     Objects& operator=(const Objects&) = delete;
 
    private:
-    HRESULT ready_;  // a failure means that the program itself has chosen a way
+    HRESULT ready_;  // a failure means that the program has prepared the thread itself
 };
 
 struct Release {
@@ -28,7 +28,7 @@ struct Release {
 template <class T>
 using Interface = std::unique_ptr<T, Release>;
 
-/// What `make` puts into the pointer that it gets; null when it fails.
+/// The object that `make` stores in the pointer it gets; null when that fails.
 template <class T, class Make>
 Interface<T> made(Make make) {
     T* object = nullptr;

@@ -1,4 +1,4 @@
-// A handle of the system that is closed at its end.
+// A handle of the system that closes itself.
 #pragma once
 
 #include <windows.h>

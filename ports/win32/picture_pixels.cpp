@@ -14,7 +14,7 @@ namespace {
 constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 26;
 constexpr unsigned kPixel = 4;  // bytes: blue, green, red, alpha
 
-/// The first picture of a file. `stream` is of that file.
+/// The first picture in a file, which `stream` reads.
 Interface<IWICBitmapSource> pixelsOf(IWICImagingFactory& factory, IStream& stream) {
     const auto decoder = made<IWICBitmapDecoder>([&](auto** result) {
         return factory.CreateDecoderFromStream(&stream, nullptr, WICDecodeMetadataCacheOnDemand,
@@ -53,7 +53,7 @@ std::optional<std::string> dibOf(IWICBitmapSource& source) {
     header.biSizeImage = static_cast<DWORD>(pixels.size());
     std::string dib(reinterpret_cast<const char*>(&header), sizeof header);
     dib.reserve(dib.size() + pixels.size());
-    for (std::size_t row = height; row-- > 0;)  // the lowest line comes first
+    for (std::size_t row = height; row-- > 0;)  // the lowest row comes first
         for (const BYTE* pixel = &pixels[row * line]; pixel != pixels.data() + (row + 1) * line;
              pixel += kPixel) {
             for (int i = 0; i < 3; ++i) dib += onWhite(pixel[i], pixel[3]);

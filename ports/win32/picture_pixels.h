@@ -1,4 +1,4 @@
-// Pictures as bitmaps.
+// Converts pictures to bitmaps.
 #pragma once
 
 #include <optional>
@@ -6,9 +6,9 @@
 
 namespace quorkit::native {
 
-/// The packed bitmap of a PNG, JPEG or GIF file (of its first picture), 32 bits a pixel, on white
-/// where it is transparent. Nothing when the system cannot read it, or for more than 64 million
-/// pixels.
+/// The packed bitmap, with 32 bits a pixel, of the first picture in a PNG, JPEG or GIF file;
+/// transparent parts become white. Nothing when the system cannot read the file, or for more than
+/// 64 million pixels.
 std::optional<std::string> dibOfPicture(const std::string& file);
 
 }  // namespace quorkit::native

@@ -20,7 +20,7 @@ ErrorCode lastError() {
         case ERROR_BAD_PATHNAME:
         case ERROR_FILENAME_EXCED_RANGE:
             return kInvalidName;
-        case ERROR_CANT_RESOLVE_FILENAME:  // a link that leads back to itself
+        case ERROR_CANT_RESOLVE_FILENAME:  // a link in a circle
             return kFileNotFound;
         default:
             return static_cast<ErrorCode>(code);

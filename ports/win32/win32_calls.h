@@ -1,4 +1,4 @@
-// System calls, their texts, and what they answer.
+// System calls, their texts, and their results.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -23,8 +23,8 @@ inline ErrorCode resultOf(BOOL done) {
     return done ? kSuccess : lastError();
 }
 
-/// The text that asking `ask` for a text into a buffer of some size gives; empty when it fails. It
-/// answers the length, or the size it needs.
+/// The text that `ask` writes into a buffer; empty when it fails. `ask` returns the length of the
+/// text, or the size of the buffer that it needs.
 template <class Ask>
 String askForText(Ask ask) {
     String buffer(MAX_PATH, u'\0');

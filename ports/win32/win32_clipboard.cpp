@@ -9,10 +9,10 @@ namespace {
 constexpr int kTries = 20;
 constexpr DWORD kPause = 20;  // milliseconds
 
-/// The clipboard, for as long as it is open. One program at a time may have it, for a moment.
+/// The open clipboard. Only one program can have it open, for a moment.
 class OpenedClipboard {
    public:
-    /// The window is its owner as far as the system is concerned, and need not stay.
+    /// The window becomes the owner that the system requires; it need not stay.
     OpenedClipboard()
         : window_(::CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                     nullptr, nullptr)) {

@@ -6,7 +6,7 @@
 namespace quorkit::native {
 namespace {
 
-/// Handles of windows have 32 bits that count, as numbers with a sign.
+/// A window handle has 32 significant bits, which are a signed number.
 HWND windowOf(WindowHandle handle) {
     return reinterpret_cast<HWND>(static_cast<std::intptr_t>(handle));
 }
@@ -14,8 +14,8 @@ WindowHandle handleOf(HWND window) {
     return static_cast<WindowHandle>(reinterpret_cast<std::intptr_t>(window));
 }
 
-/// What the system itself knows: nobody waits for the window's thread, be it another program's or
-/// one of this that waits for us.
+/// Reads only what the system itself knows. It never waits for the window's thread, which may be in
+/// another program, or in this one and waiting for us.
 String titleOf(HWND window) {
     String title(256, u'\0');
     for (;;) {

@@ -7,7 +7,7 @@
 namespace quorkit::native {
 namespace {
 
-/// While it lives, a drive without a medium is a failure and no box on the screen.
+/// While this object lives, a drive without a medium causes a failure and no message box.
 class NoBoxes {
    public:
     NoBoxes() { ::SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before_); }
@@ -23,7 +23,7 @@ class NoBoxes {
 
 int NativeDrives::GetDriveTypeA(const String& root) {
     const NoBoxes quiet;
-    // "C:" alone would stand for the current folder there.
+    // The system reads "C:" alone as the current folder on that drive.
     const bool drive = root.size() == 2 && root[1] == u':';
     return static_cast<int>(::GetDriveTypeW(wide(drive ? root + u'\\' : root)));
 }
@@ -46,7 +46,7 @@ ErrorCode NativeDrives::VolumeSerialNumber(const String& root, std::uint32_t& se
     return kSuccess;
 }
 
-/// One reading of as much as the buffer holds: with more there is no answer.
+/// One request with one buffer; if there are more connections, this fails.
 ErrorCode NativeDrives::ListConnections(std::vector<NetworkConnection>& connections) {
     HANDLE list = nullptr;
     DWORD code = ::WNetOpenEnumW(RESOURCE_CONNECTED, RESOURCETYPE_ANY, 0, nullptr, &list);

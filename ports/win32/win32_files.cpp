@@ -34,7 +34,7 @@ ErrorCode open(const String& name, DWORD access, DWORD how, HANDLE& file) {
         ::CreateFileW(wide(name), access, kShareAll, nullptr, how, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return lastError();
     if (::GetFileType(file) == FILE_TYPE_DISK) return kSuccess;
-    ::CloseHandle(file);  // NUL, CON and their like
+    ::CloseHandle(file);  // NUL, CON and similar names
     return kAccessDenied;
 }
 
@@ -54,13 +54,13 @@ std::uint64_t numberOf(HANDLE file) {
     return (std::uint64_t{about.nFileIndexHigh} << 32) | about.nFileIndexLow;
 }
 
-/// Enters the gate of a file for adding. Whoever stands in it for ever stops no log: once the wait
-/// was in vain, this process adds from outside, and tries each time.
+/// Enters the mutex of a file for adding. A process that holds it for ever stops no log: once the
+/// wait was in vain, this process adds without it, and tries it again each time without waiting.
 ErrorCode enterToAdd(const Opened& file, bool& inside) {
     static lines::GivenUp<String> givenUp;
     const auto most = longest(Wait::Patiently);
     const ErrorCode code =
-        file.gate->enter(givenUp.contains(file.name) ? std::chrono::milliseconds(0) : most);
+        file.mutex->enter(givenUp.contains(file.name) ? std::chrono::milliseconds(0) : most);
     inside = code == kSuccess;
     givenUp.set(file.name, code == kLockViolation);
     return code == kLockViolation ? kSuccess : code;
@@ -68,20 +68,20 @@ ErrorCode enterToAdd(const Opened& file, bool& inside) {
 
 ErrorCode openToAdd(const String& name, Opened& made) {
     made.name = finalName(name);
-    made.gate = std::make_unique<Gate>(made.name);
-    ErrorCode code = made.gate->status();
+    made.mutex = std::make_unique<FileMutex>(made.name);
+    ErrorCode code = made.mutex->status();
     bool inside = false;
     if (code == kSuccess) code = enterToAdd(made, inside);
     if (code != kSuccess) return code;
     code = mayBeWritten(made.name);
-    if (code == kSuccess && made.access == FileAccess::Append) code = made.gate->mark();
+    if (code == kSuccess && made.access == FileAccess::Append) code = made.mutex->mark();
     if (code == kSuccess) code = openToChange(made.name, OPEN_ALWAYS, made.file);
     if (code == kSuccess) made.number = numberOf(made.file);
     if (code == kSuccess && made.access == FileAccess::AppendYielding) {
         ::CloseHandle(made.file);
         made.file = nullptr;
     }
-    if (inside) made.gate->leave();
+    if (inside) made.mutex->leave();
     return code;
 }
 
@@ -98,7 +98,7 @@ ErrorCode with(const Opened& opened, Use use) {
     return code;
 }
 
-/// Runs `change` on a file for adding, and tells it whether nobody else changes the file meanwhile.
+/// Runs `change` on a file for adding, and tells it whether others are kept from changing the file.
 template <class Change>
 ErrorCode whileNamed(const Opened& opened, Change change) {
     bool inside = false;
@@ -108,7 +108,7 @@ ErrorCode whileNamed(const Opened& opened, Change change) {
         const ErrorCode changed = leadsHere() ? change(file, inside) : kFileReplaced;
         return changed != kSuccess || inside || leadsHere() ? changed : kFileReplaced;
     });
-    if (inside) opened.gate->leave();
+    if (inside) opened.mutex->leave();
     return code;
 }
 
@@ -141,8 +141,8 @@ bool isTorn(HANDLE file, std::uint64_t size, std::string_view feed) {
            !lines::endAt(size, {end, wanted}, feed);
 }
 
-/// Adds `bytes` in one piece, or takes back what a full disk has taken of them, if nobody else can
-/// have added something behind it.
+/// Adds `bytes` in one piece. When a full disk has taken only a part, that part is removed again,
+/// if nobody else can have added behind it.
 ErrorCode add(HANDLE file, std::string_view bytes, std::string_view lineBreak, bool alone) {
     std::uint64_t size = 0;
     if (const ErrorCode code = sizeOf(file, size)) return code;
@@ -169,7 +169,7 @@ ErrorCode NativeFiles::Open(const String& name, FileAccess access, Handle& handl
         code = open(name, GENERIC_READ, OPEN_EXISTING, made->file);
     else
         code = open(name, GENERIC_WRITE, CREATE_NEW, made->file);
-    if (code == kSuccess) handle = handOut(std::move(made));
+    if (code == kSuccess) handle = toHandle(std::move(made));
     return code;
 }
 
@@ -219,8 +219,8 @@ ErrorCode NativeFiles::FlushFileBuffers(Handle handle) {
 ErrorCode NativeFiles::CloseHandle(Handle handle) {
     const std::unique_ptr<Opened> closing(&opened(handle));
     if (closing->lock) {
-        closing->gate->unmark();
-        closing->gate->leave();
+        closing->mutex->unmark();
+        closing->mutex->leave();
     }
     ErrorCode code = kSuccess;
     if (closing->file != nullptr) code = resultOf(::CloseHandle(closing->file));

@@ -1,4 +1,4 @@
-// Attributes, and folders and their entries, on Windows. Links count as what they lead to.
+// Attributes, folders and their entries on Windows. A link counts as its target.
 #include <memory>
 
 #include "native/native_files.h"
@@ -8,7 +8,7 @@
 namespace quorkit::native {
 namespace {
 
-/// Behind the Handle of a search.
+/// The object behind the Handle of a listing.
 struct Search {
     HANDLE handle;
     FindDetail detail;

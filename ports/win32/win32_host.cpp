@@ -1,6 +1,6 @@
 #include "native/native_host.h"
 
-// The system's headers stand on the first one.
+// The system's headers need <windows.h> first.
 // clang-format off
 #include <windows.h>
 #include <commdlg.h>
@@ -20,7 +20,7 @@ namespace {
 constexpr std::size_t kLongestName = 32767;
 constexpr ULONGLONG kLongestRound = 100;  // of DoEvents, in milliseconds
 
-/// "name", "pattern;pattern", and so on, each with U+0000 behind it, and one more at the end.
+/// "name", "pattern;pattern" and so on; each is followed by U+0000, and the list by one more.
 String filterList(const std::vector<FileFilter>& filters) {
     String list;
     for (const FileFilter& filter : filters) {
@@ -54,14 +54,14 @@ bool askForFile(const FileDialog& dialog, DWORD flags, BOOL (*ask)(OPENFILENAMEW
     return true;
 }
 
-/// `folder` is the folder to begin with, or null.
+/// `folder` is the folder in which the dialog begins, or null.
 int CALLBACK beginAt(HWND window, UINT message, LPARAM, LPARAM folder) {
     if (message == BFFM_INITIALIZED && folder != 0)
         ::SendMessageW(window, BFFM_SETSELECTIONW, TRUE, folder);
     return 0;
 }
 
-/// Takes the next message that is not WM_QUIT out of the queue; false when there is none.
+/// Takes the next message other than WM_QUIT from the queue; false when there is none.
 bool takeMessage(MSG& message, std::optional<int>& quit) {
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message != WM_QUIT) return true;
@@ -70,7 +70,7 @@ bool takeMessage(MSG& message, std::optional<int>& quit) {
     return false;
 }
 
-/// Takes WM_QUIT out of the queue, and nothing else.
+/// Takes only WM_QUIT from the queue.
 std::optional<int> takeQuit() {
     MSG message;
     if (!::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) return {};
@@ -98,7 +98,7 @@ void NativeHost::MessageBoxA(const String& text, const String& caption, std::uin
 }
 
 bool NativeHost::GetOpenFileNameA(const FileDialog& dialog, String& name) {
-    const Objects objects;  // of which the dialogs are built
+    const Objects objects;  // the dialogs consist of them
     return askForFile(
         dialog, OFN_FILEMUSTEXIST, [](OPENFILENAMEW* order) { return ::GetOpenFileNameW(order); },
         name);
@@ -135,7 +135,7 @@ void NativeHost::DoEvents() {
     while (more) {
         std::optional<int> quit;
         more = takeMessage(message, quit);
-        // It is for the program's own loops: those that start in a handler need it as well.
+        // WM_QUIT is for the program's own loops, including those that start in a handler.
         if (quit) ::PostQuitMessage(*quit);
         if (!more) return;
         ::TranslateMessage(&message);
@@ -145,7 +145,7 @@ void NativeHost::DoEvents() {
 }
 
 bool NativeHost::WaitForEvents(std::chrono::steady_clock::time_point deadline) {
-    // Nothing here handles it, so it would end every wait at once.
+    // Nothing here handles WM_QUIT, so it would end every wait at once.
     const std::optional<int> quit = takeQuit();
     const bool something = waitForMessage(deadline);
     if (quit) ::PostQuitMessage(*quit);

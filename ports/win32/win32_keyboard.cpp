@@ -10,7 +10,7 @@ Byte NativeKeyboard::GetKeyState(int key) {
 }
 
 void NativeKeyboard::GetKeyboardState(KeyStates& states) {
-    // The table is brought up to date by asking for a key.
+    // Asking for a key makes the system update the table.
     ::GetKeyState(0);
     static_cast<void>(::GetKeyboardState(states.data()));
 }

@@ -5,7 +5,7 @@
 namespace quorkit::native {
 namespace {
 
-/// Opens what a name leads to, to ask about it.
+/// Opens the file or folder that a name leads to, only to examine it.
 HANDLE openToAsk(const String& name, DWORD flags = 0) {
     return ::CreateFileW(wide(name), 0, kShareAll, nullptr, OPEN_EXISTING,
                          FILE_FLAG_BACKUP_SEMANTICS | flags, nullptr);

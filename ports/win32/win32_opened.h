@@ -1,4 +1,4 @@
-// What is behind a Handle: an open file, or a lock.
+// The object behind a Handle: an open file, or a lock.
 #pragma once
 
 #include <quorkit/ports/folders.h>
@@ -7,11 +7,11 @@
 #include <cstdint>
 #include <memory>
 
-#include "win32/file_gate.h"
+#include "win32/file_mutex.h"
 
 namespace quorkit::native {
 
-/// What tells whether somebody has changed a file meanwhile.
+/// A record of a file that shows whether somebody has changed it.
 struct Look {
     bool there = false;
     std::uint64_t size = 0;
@@ -24,27 +24,27 @@ struct Look {
 struct Opened {
     HANDLE file = nullptr;  ///< null for a lock, and for FileAccess::AppendYielding
     FileAccess access = FileAccess::Read;
-    std::uint64_t position = 0;  ///< where the next read begins
-    std::unique_ptr<Gate> gate;  ///< of a lock, and of a file for adding
+    std::uint64_t position = 0;        ///< start of the next read
+    std::unique_ptr<FileMutex> mutex;  ///< for a lock, and for a file for adding
     bool lock = false;
-    Look look;             ///< of a lock: when it was locked
-    bool forWork = false;  ///< of a replacement: whether it has not been put in place yet
-    /// A file that is open cannot be replaced here, so one that yields is opened for each
-    /// operation, and told by its number from another that has taken its name.
+    Look look;             ///< for a lock: when it was locked
+    bool forWork = false;  ///< for a replacement: it is not in place yet
+    /// For AppendYielding. An open file cannot be replaced here, so it is opened for each
+    /// operation; its number shows whether the name leads to another file now.
     String name;
     std::uint64_t number = 0;
 };
 
-/// Ends a file at `size`.
+/// Cuts a file off at `size`.
 ErrorCode cutAt(HANDLE file, std::uint64_t size);
-/// Writes at `place`, or where the last write ended when it is null.
+/// Writes at `place`, or behind the last write when `place` is null.
 ErrorCode writeAll(HANDLE file, std::string_view bytes, OVERLAPPED* place);
 
 inline Opened& opened(Handle handle) {
     return *reinterpret_cast<Opened*>(handle);
 }
 
-inline Handle handOut(std::unique_ptr<Opened> file) {
+inline Handle toHandle(std::unique_ptr<Opened> file) {
     return Handle(reinterpret_cast<std::intptr_t>(file.release()));
 }
 

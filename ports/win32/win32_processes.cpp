@@ -1,6 +1,6 @@
 #include "native/native_processes.h"
 #include "win32/win32_calls.h"
-// The system's headers stand on the first one.
+// The system's headers need <windows.h>, which the header above includes.
 #include <shellapi.h>
 
 #include <algorithm>
@@ -13,10 +13,10 @@
 namespace quorkit::native {
 namespace {
 
-/// What is behind a Handle.
+/// The object behind a Handle.
 struct Running {
     OwnedHandle process;
-    OwnedHandle job;  // holds its group; none for a process without
+    OwnedHandle job;  // holds its group; null for a process without one
 };
 
 Running& runningOf(Handle handle) {
@@ -49,7 +49,7 @@ Processes::Waited wait(Handle process, DWORD longest) {
     }
 }
 
-/// Programs end some time after they have been told to.
+/// Waits, because programs end only some time after they are told to.
 void waitForAll(HANDLE job) {
     constexpr int looks = 100;
     constexpr DWORD betweenLooks = 1;
@@ -68,7 +68,7 @@ void waitForAll(HANDLE job) {
 ErrorCode NativeProcesses::CreateProcessA(const String& commandLine, const String& title,
                                           Ending ending, Handle& process) {
     if (commandLine.find(u'\0') != String::npos) return kInvalidName;
-    String line = commandLine;  // the call writes into it
+    String line = commandLine;  // the call changes it
     String windowTitle = title;
     const StandardStreams streams;
     STARTUPINFOEXW record = {};
@@ -78,14 +78,14 @@ ErrorCode NativeProcesses::CreateProcessA(const String& commandLine, const Strin
     auto running = std::make_unique<Running>();
     if (ending == Ending::WithItsGroup) running->job.reset(::CreateJobObjectW(nullptr, nullptr));
     PROCESS_INFORMATION made = {};
-    // Suspended until it is in its group, so that it starts nothing outside.
+    // It starts suspended, so that it is in its group before it can start anything.
     if (!::CreateProcessW(nullptr, wide(line), nullptr, nullptr, streams.any() ? TRUE : FALSE,
                           NORMAL_PRIORITY_CLASS | EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED,
                           nullptr, nullptr, &record.StartupInfo, &made))
         return startError();
     running->process.reset(made.hProcess);
     const OwnedHandle thread(made.hThread);
-    // Where groups cannot be nested, the process has none of its own.
+    // On a system where groups cannot be nested, the process has no group.
     if (running->job != nullptr && !::AssignProcessToJobObject(running->job.get(), made.hProcess))
         running->job.reset();
     ::ResumeThread(made.hThread);
@@ -131,7 +131,8 @@ ErrorCode NativeProcesses::HandToDesktop(const String& target) {
     const Objects objects;
     SHELLEXECUTEINFOW order = {};
     order.cbSize = sizeof order;
-    // Handlers may go on in this thread, which need not stay or handle events.
+    // The handler may use this thread, so it must finish here: the thread may end, and handles no
+    // events.
     order.fMask = SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
     order.lpVerb = L"open";
     order.lpFile = wide(target);

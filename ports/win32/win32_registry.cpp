@@ -1,4 +1,4 @@
-// The registry of Windows. A handle is the system's own.
+// The registry of Windows; a Handle is the system's own.
 #include <algorithm>
 #include <limits>
 
@@ -15,7 +15,7 @@ HKEY keyOf(Handle handle) {
     return reinterpret_cast<HKEY>(handle);
 }
 HKEY keyOf(RegistryRoot root) {
-    // The numbers of roots are signed ones of 32 bits.
+    // The numbers of the roots are signed 32-bit numbers.
     return reinterpret_cast<HKEY>(
         static_cast<std::intptr_t>(static_cast<std::int32_t>(static_cast<std::uint32_t>(root))));
 }
@@ -24,7 +24,7 @@ ErrorCode codeOf(LSTATUS status) {
     return status == ERROR_KEY_DELETED ? kFileNotFound : static_cast<ErrorCode>(status);
 }
 
-/// `path` with one separator between its names.
+/// `path` with a single separator between names.
 ErrorCode tidy(RegistryRoot root, const String& path, String& tidied) {
     std::vector<String> names;
     if (const ErrorCode code = base::splitKeyPath(path, names)) return code;
@@ -33,8 +33,8 @@ ErrorCode tidy(RegistryRoot root, const String& path, String& tidied) {
     return kSuccess;
 }
 
-/// Runs `ask` with a buffer for data that grows until they fit. It gets the buffer's size, and sets
-/// the one that it needs or has used.
+/// Runs `ask` with a growing buffer until the data fit. `ask` gets the size of the buffer, and sets
+/// the size that it needs or has used.
 template <class Ask>
 LSTATUS askForData(std::string& data, Ask ask) {
     data.resize(256);
@@ -48,8 +48,8 @@ LSTATUS askForData(std::string& data, Ask ask) {
 }
 
 LSTATUS set(HKEY key, const NamedValue& one) {
-    // Behind a text the system looks for a U+0000 that may have been forgotten, and takes it along;
-    // behind half a character it begins to look in front of it.
+    // Behind a text, the system looks for a U+0000 that the caller may have left out of the size,
+    // and adds it. For half a character it starts looking in front of it.
     const std::string framed = std::string(2, '\0') + one.value.data + "\xFF\xFF\xFF";
     return ::RegSetValueExW(key, wide(one.name), 0, one.value.type,
                             reinterpret_cast<const BYTE*>(framed.data() + 2),
@@ -70,13 +70,13 @@ class NativeRegistry final : public Registry {
     }
 
     ErrorCode RegCreateKeyA(RegistryRoot root, const String& path, Handle& key) override {
-        constexpr int mostLevels = 32;  // that one call can make
+        constexpr int mostLevels = 32;  // levels that one call can make
         String tidied;
         if (const ErrorCode code = tidy(root, path, tidied)) return code;
         HKEY made = nullptr;
         int level = 0;
         for (auto end = tidied.find(u'\\'); end != String::npos; end = tidied.find(u'\\', end + 1))
-            // Where this fails the key is there already, or the last call tells.
+            // If this fails, the key exists already, or the last call reports it.
             if (++level % mostLevels == 0 &&
                 create(root, tidied.substr(0, end), KEY_CREATE_SUB_KEY, made) == ERROR_SUCCESS)
                 ::RegCloseKey(made);

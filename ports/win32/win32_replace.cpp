@@ -1,4 +1,4 @@
-// Changing a file whole on Windows: locks and replacement.
+// Locks and replacement of files on Windows.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -11,7 +11,7 @@
 namespace quorkit::native {
 namespace {
 
-/// Other programs hold a file open for moments (readers, virus scanners); wait for them a while.
+/// Repeats a call for a while, because readers and virus scanners hold files open for moments.
 template <class Call>
 BOOL whileInUse(Wait wait, Call call) {
     const ULONGLONG end = ::GetTickCount64() + static_cast<ULONGLONG>(longest(wait).count());
@@ -24,7 +24,7 @@ BOOL whileInUse(Wait wait, Call call) {
     }
 }
 
-/// Gives `to` the attributes and the access rights of `from`, as far as the system allows it.
+/// Copies attributes and access rights of `from` to `to`, as far as the system allows.
 void copyRights(const String& from, const String& to) {
     ::SetFileAttributesW(wide(to), ::GetFileAttributesW(wide(from)));
     DWORD size = 0;
@@ -56,26 +56,26 @@ ErrorCode NativeFiles::LockForChange(const String& name, Handle& handle, Wait wa
     lock->lock = true;
     lock->name = finalName(name);
     if (const ErrorCode code = mayBeWritten(lock->name)) return code;
-    lock->gate = std::make_unique<Gate>(lock->name);
-    if (const ErrorCode code = lock->gate->status()) return code;
+    lock->mutex = std::make_unique<FileMutex>(lock->name);
+    if (const ErrorCode code = lock->mutex->status()) return code;
     const auto end = steady_clock::now() + longest(wait);
     for (;;) {
         const auto rest = std::chrono::duration_cast<std::chrono::milliseconds>(
             std::max(end - steady_clock::now(), steady_clock::duration::zero()));
-        ErrorCode code = lock->gate->enter(rest);
+        ErrorCode code = lock->mutex->enter(rest);
         if (code != kSuccess) return code;
-        // A mark inside is of somebody who adds, or of a lock that this very thread holds.
-        if (!lock->gate->marked()) {
-            code = lock->gate->mark();
+        // A mark found here belongs to somebody who adds, or to a lock that this same thread holds.
+        if (!lock->mutex->marked()) {
+            code = lock->mutex->mark();
             if (code != kSuccess) {
-                lock->gate->leave();
+                lock->mutex->leave();
                 return code;
             }
             lock->look = Look::at(lock->name);
-            handle = handOut(std::move(lock));
+            handle = toHandle(std::move(lock));
             return kSuccess;
         }
-        lock->gate->leave();
+        lock->mutex->leave();
         if (rest.count() == 0) return kLockViolation;
         ::Sleep(1);
     }
@@ -89,13 +89,13 @@ ErrorCode NativeFiles::CreateReplacement(Handle, const String& beside, Handle& f
     for (int number = 0; number <= mostNumbers; ++number) {
         const std::string digits = "-" + std::to_string(number);
         made->name = number == 0 ? beside : beside + String(digits.begin(), digits.end());
-        // Left by a process that died, or by somebody who keeps it.
+        // It was left by a process that died, or somebody still uses it.
         ::DeleteFileW(wide(made->name));
         made->file = ::CreateFileW(wide(made->name), GENERIC_WRITE, kShareAll, nullptr, CREATE_NEW,
                                    FILE_ATTRIBUTE_NORMAL, nullptr);
         made->forWork = made->file != INVALID_HANDLE_VALUE;
         if (made->forWork) {
-            file = handOut(std::move(made));
+            file = toHandle(std::move(made));
             return kSuccess;
         }
         if (::GetLastError() != ERROR_FILE_EXISTS) break;
@@ -109,7 +109,7 @@ ErrorCode NativeFiles::Replace(Handle lock, Handle file, Wait wait) {
     if (Look::at(held.name) != held.look) return kFileReplaced;
     if (held.look.there) copyRights(held.name, made.name);
     if (!::CloseHandle(std::exchange(made.file, nullptr))) return lastError();
-    // One rename: the system's own call for replacing files leaves a moment without the name.
+    // This is one rename; the system's call for replacing files leaves a moment without the name.
     const DWORD how = MOVEFILE_WRITE_THROUGH | (held.look.there ? MOVEFILE_REPLACE_EXISTING : 0);
     if (!whileInUse(wait, [&] { return ::MoveFileExW(wide(made.name), wide(held.name), how); }))
         return ::GetLastError() == ERROR_ALREADY_EXISTS ? kFileReplaced : lastError();
@@ -123,7 +123,7 @@ ErrorCode NativeFiles::WriteInPlace(Handle lock, std::string_view content) {
     HANDLE file = ::CreateFileW(wide(held.name), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
                                 FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return lastError();
-    // The size first, so that a full disk leaves the old content.
+    // Setting the size first makes sure that a full disk leaves the old content.
     ErrorCode code = kSuccess;
     if (content.size() > held.look.size) code = cutAt(file, content.size());
     if (code == kSuccess) code = writeAll(file, content, nullptr);
@@ -134,7 +134,7 @@ ErrorCode NativeFiles::WriteInPlace(Handle lock, std::string_view content) {
     return code;
 }
 
-/// The system writes folders through by itself.
+/// The system writes changes of folders through by itself.
 ErrorCode NativeFiles::FlushFolderOf(const String& name) {
     return validName(name) ? kSuccess : kInvalidName;
 }

@@ -60,7 +60,7 @@ bool NativeSystem::GetEnvironmentVariableA(const String& name, String& value) {
         const DWORD length =
             ::GetEnvironmentVariableW(wide(name), wide(buffer), static_cast<DWORD>(buffer.size()));
         if (length == 0 && ::GetLastError() != ERROR_SUCCESS) return false;
-        const bool fits = length < buffer.size();  // otherwise it is the size that is needed
+        const bool fits = length < buffer.size();  // otherwise the size that is needed
         buffer.resize(length);
         if (!fits) continue;
         value = std::move(buffer);
@@ -74,7 +74,7 @@ bool NativeSystem::LocalTimeOf(FileTime time, SystemTime& local) {
     SYSTEMTIME shown = {};
     if (!::FileTimeToLocalFileTime(&utc, &here) || !::FileTimeToSystemTime(&here, &shown))
         return false;
-    constexpr int kLastYear = 9999;  // the system goes on further
+    constexpr int kLastYear = 9999;  // the system accepts later years
     if (shown.wYear > kLastYear) return false;
     local = timeOf(shown);
     return true;

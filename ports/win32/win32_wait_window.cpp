@@ -15,7 +15,7 @@ constexpr LONG kWidth = 280;
 constexpr LONG kHeight = 90;
 constexpr const wchar_t* kClass = L"quorkit-wait";
 
-/// A text in the middle of a frame, as the system paints it, with the hourglass over it.
+/// A text in a frame, painted by the system, with the hourglass over it.
 void registerClass() {
     WNDCLASSW about = {};
     ::GetClassInfoW(nullptr, L"STATIC", &about);
@@ -23,11 +23,11 @@ void registerClass() {
     about.hInstance = ::GetModuleHandleW(nullptr);
     about.hCursor = ::LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT));
     about.lpszClassName = kClass;
-    ::RegisterClassW(&about);  // fails when it is there
+    ::RegisterClassW(&about);  // fails when it exists already
 }
 
-/// Visible while this object lives. Its own thread paints it while the program works, and answers
-/// nobody else: neither a call of this nor the window waits for a thread of the program.
+/// The window is visible while this object lives. Its own thread paints it while the program is
+/// busy. Neither this class nor the window ever waits for a thread of the program.
 class WaitWindow {
    public:
     WaitWindow(const String& text, HWND owner)
@@ -61,9 +61,9 @@ class WaitWindow {
         ::DestroyWindow(window);
     }
 
-    /// It is above the owner, not owned: that would tie the input of the two threads together, and
-    /// closing the window would wait for an owner that is busy. For the same reason it never is the
-    /// active window.
+    /// The window is placed above the owner without being owned by it. Ownership would join the
+    /// input of the two threads, and closing the window would wait for a busy owner. For the same
+    /// reason it never becomes the active window.
     HWND make() {
         registerClass();
         RECT place = {0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
@@ -75,7 +75,7 @@ class WaitWindow {
             kWidth, kHeight, nullptr, nullptr, ::GetModuleHandleW(nullptr), nullptr);
         ::SendMessageW(window, WM_SETFONT,
                        reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), FALSE);
-        // Above all others now, but not above a message that the program shows later.
+        // It is above all windows now, but a message that the program shows later can cover it.
         const bool pinned = (::GetWindowLongW(owner_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
         ::SetWindowPos(window, pinned ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                        SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
@@ -95,7 +95,8 @@ struct Shown {
     std::unique_ptr<WaitWindow> window;
 };
 
-/// It stays until the process has ended, when no thread runs that could close the window.
+/// The object is never destroyed, because at the end of the process no thread could close the
+/// window.
 Shown& shown() {
     static Shown& only = *new Shown;
     return only;
@@ -104,14 +105,14 @@ Shown& shown() {
 }  // namespace
 
 void showWaitWindow(const String& text, WindowHandle owner) {
-    // The window's thread runs this code, whoever unloads it.
+    // The window's thread runs this code, so the module must stay even if somebody unloads it.
     HMODULE module = nullptr;
     ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                          reinterpret_cast<LPCWSTR>(&showWaitWindow), &module);
     const auto above = reinterpret_cast<HWND>(static_cast<std::intptr_t>(owner));
     Shown& only = shown();
     const std::lock_guard lock(only.mutex);
-    only.window = std::make_unique<WaitWindow>(text, above);  // the old one goes after that
+    only.window = std::make_unique<WaitWindow>(text, above);  // the old one closes after this
 }
 
 void hideWaitWindow() {

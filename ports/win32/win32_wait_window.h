@@ -8,7 +8,7 @@ namespace quorkit::native {
 /// See Host.
 void showWaitWindow(const String& text, WindowHandle owner);
 void hideWaitWindow();
-/// Over the windows of this thread, until something else sets it.
+/// Sets the pointer over the windows of this thread, until something else sets it.
 void setPointer(Pointer pointer);
 
 }  // namespace quorkit::native

@@ -8,7 +8,7 @@ using frame::method;
 using frame::propertyGet;
 using frame::propertyLet;
 
-// Identifiers count the class's procedures; 0 and 1 are private ones.
+// The identifiers follow the order of the class's procedures; 0 and 1 belong to private ones.
 template <>
 std::span<const MemberInfo> frame::memberRows<QuorAddress>() {
     using C = QuorAddress;

@@ -6,7 +6,7 @@
 
 namespace quorkit::address {
 
-/// The name under which a known attribute is stored; empty for a number that is none.
+/// The name under which a known attribute is stored; empty for any other number.
 StringView storedName(eKnownAttributes attribut);
 
 }  // namespace quorkit::address

@@ -28,7 +28,7 @@ bool isServiceNumber(StringView digits) {
     return std::ranges::find(kServiceNumbers, digits.substr(0, 4)) != std::end(kServiceNumbers);
 }
 
-/// `typed` when the number of digits is none of the plan's.
+/// `digits` in the groups of the Swiss plan; `typed` when the plan has no such number of digits.
 String formatted(StringView digits, bool expand, const String& prefix, const String& typed) {
     switch (digits.size()) {
         case 7:

@@ -12,7 +12,7 @@
 namespace quorkit {
 namespace {
 
-/// The parts that are not empty, with `separator` between them.
+/// The non-empty parts, with `separator` between them.
 String joined(std::initializer_list<StringView> parts, StringView separator) {
     String text;
     for (const StringView part : parts) {
@@ -29,7 +29,7 @@ String inOneLine(StringView first, StringView second) {
 
 class Block {
    public:
-    /// Every line of `text` that is not empty.
+    /// Adds every line of `text` that is not empty.
     void add(StringView text) {
         for (;;) {
             const std::size_t end = text.find_first_of(u"\r\n");
@@ -48,7 +48,7 @@ class Block {
 /// The persons of an address as lines.
 struct Names {
     String person;   ///< with the partner when the two share a line
-    String partner;  ///< otherwise
+    String partner;  ///< a line of its own, otherwise
     bool two = false;
 
     bool none() const { return person.empty() && partner.empty(); }

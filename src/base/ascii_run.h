@@ -1,4 +1,4 @@
-// The fast path of every coding: whole files pass through here, and mostly they are ASCII.
+// The fast path of every encoding: whole files pass through here, and they are mostly ASCII.
 #pragma once
 
 #include <algorithm>
@@ -9,8 +9,8 @@
 
 namespace quorkit::base {
 
-/// The number of characters at the start of `text` that are ASCII, possibly a few less: eight
-/// bytes are looked at in one.
+/// The number of ASCII characters at the start of `text`. It may be a few too small, because eight
+/// bytes are examined at a time.
 template <class Unit>
 std::size_t asciiRun(std::basic_string_view<Unit> text) {
     constexpr std::uint64_t notAscii =
@@ -25,8 +25,8 @@ std::size_t asciiRun(std::basic_string_view<Unit> text) {
     return length;
 }
 
-/// Copies the ASCII characters at the start of `text` to `target`, which moves behind them, and
-/// takes them off `text`.
+/// Moves the ASCII characters at the start of `text` to `target`: `text` loses them, and `target`
+/// then points behind them.
 template <class From, class To>
 void copyAscii(std::basic_string_view<From>& text, To*& target) {
     const std::size_t length = asciiRun(text);

@@ -1,4 +1,4 @@
-// Text as bytes of the system's ANSI code page, which is 1252 on every system.
+// Text as bytes of the system's ANSI code page, which is 1252 on every system here.
 #pragma once
 
 #include <quorkit/values.h>
@@ -8,9 +8,9 @@
 
 namespace quorkit::base {
 
-/// The code of a character in code page 1252; 63 ("?") for one that it lacks. The five bytes that
-/// the code page leaves open (81, 8D, 8F, 90, 9D) stand for the control characters of that number,
-/// so that all 256 bytes survive a round trip.
+/// The byte of a character in code page 1252, or 63 ("?") when it lacks the character. The code
+/// page leaves five bytes undefined (81, 8D, 8F, 90, 9D); they stand for the control characters of
+/// the same number, so that all 256 bytes survive a round trip.
 Byte toAnsi(char16_t unit);
 char16_t fromAnsi(Byte byte);
 

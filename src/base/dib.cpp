@@ -14,7 +14,7 @@ constexpr std::size_t kProfilePosition = 112;  // in a header of version 5
 constexpr std::uint32_t kBitFields = 3;
 constexpr std::uint32_t kAlphaBitFields = 6;
 
-/// The little-endian number of `size` bytes; 0 where there are none.
+/// The little-endian number of `size` bytes; 0 when the bytes are missing.
 std::uint32_t number(std::string_view bytes, std::size_t position, std::size_t size = 4) {
     std::uint32_t value = 0;
     for (std::size_t i = position + size; i-- > position;)
@@ -27,7 +27,7 @@ void setNumber(std::string& bytes, std::size_t position, std::size_t value) {
         bytes[i] = static_cast<char>(value & 0xFF);
 }
 
-/// The size of what stands in front of the pixels: header, masks and colours.
+/// The size of all in front of the pixels: header, masks and colours.
 std::optional<std::size_t> startOfPixels(std::string_view dib) {
     const std::uint32_t header = number(dib, 0);
     const bool core = header == kCoreHeader;
@@ -76,7 +76,7 @@ std::optional<std::size_t> sizeOfDib(std::string_view dib) {
     const bool core = number(dib, 0) == kCoreHeader;
     const std::uint64_t width = core ? number(dib, 4, 2) : number(dib, 4);
     const std::uint32_t lines = core ? number(dib, 6, 2) : number(dib, 8);
-    const bool fromTheTop = !core && lines > INT32_MAX;  // its number of lines is negative
+    const bool fromTheTop = !core && lines > INT32_MAX;  // the number is negative
     const std::uint64_t height = fromTheTop ? 0U - lines : lines;
     const std::uint32_t compression = core ? 0 : number(dib, 16);
     std::uint64_t pixels = number(dib, 20);

@@ -16,7 +16,7 @@ inline std::string dwordData(std::uint32_t number) {
     return data;
 }
 
-/// Bytes that are missing are 0, those behind the fourth are left out.
+/// Missing bytes are 0, and those behind the fourth are ignored.
 inline std::uint32_t dwordIn(std::string_view data) {
     std::uint32_t number = 0;
     for (std::size_t i = std::min(data.size(), kDWordSize); i-- > 0;)

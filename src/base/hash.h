@@ -1,5 +1,5 @@
-// A number that stands for a text or bytes, the same on every system and in every version: names on
-// the disk and of objects that processes share are made of it.
+// A hash that is the same on every system and in every version, because it becomes part of the
+// names of files and of objects that processes share.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace quorkit::base {
 
-/// FNV-1a, 64 bits, of the units of a text, each seen through `map`.
+/// FNV-1a with 64 bits over the units of a text; `map` is applied to each unit first.
 template <class Unit, class Map = std::identity>
 constexpr std::uint64_t hashOf(std::basic_string_view<Unit> text, Map map = {}) {
     std::uint64_t hash = 14695981039346656037u;

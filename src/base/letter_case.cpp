@@ -8,7 +8,7 @@
 namespace quorkit::base {
 namespace {
 
-/// The characters first, first + stride ... last, whose other case is `delta` away.
+/// The characters first, first + stride ... last, each with its other case `delta` away.
 struct Run {
     char16_t first;
     char16_t last;

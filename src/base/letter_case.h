@@ -1,4 +1,5 @@
-// Letter case and comparison without regard to it, one code unit at a time, the same everywhere.
+// Letter case, and comparison without regard to it; one code unit at a time, the same on every
+// system.
 #pragma once
 
 #include <quorkit/values.h>
@@ -13,18 +14,19 @@ char16_t toUpper(char16_t unit);
 String toLower(StringView text);
 String toUpper(StringView text);
 
-/// What is the same for texts that differ in letter case alone: small letters, but for a character
-/// that is not the capital of its small one, such as the Kelvin sign. Windows tells those apart
-/// too.
+/// A form that is equal for texts that differ only in letter case. It is the small letter, except
+/// for a character that is not the capital of its own small letter, such as the Kelvin sign;
+/// Windows treats those as different too.
 char16_t folded(char16_t unit);
 String folded(StringView text);
 
-/// `a` and `b` are the same text but for letter case.
+/// Whether `a` and `b` differ at most in letter case.
 bool sameText(StringView a, StringView b);
-/// `a` and `b` are the same key of a collection or name in an INI file: equal in small letters.
+/// Whether `a` and `b` are the same key of a collection, or the same name in an INI file: they are
+/// equal in small letters.
 bool sameKey(StringView a, StringView b);
 
-/// For hash tables whose keys match without regard to letter case, as texts or as keys.
+/// For hash tables that match their keys without regard to letter case, as texts or as keys.
 struct TextHash {
     using is_transparent = void;
     std::size_t operator()(StringView text) const;

@@ -1,5 +1,5 @@
-// What a Windows name says, before any system is asked: where it begins, and the folders it goes
-// through.
+// The parts of a Windows name, as far as the name alone tells: where it begins, and the folders on
+// its way.
 #pragma once
 
 #include <quorkit/values.h>
@@ -8,7 +8,7 @@
 
 namespace quorkit::base {
 
-/// Refers to the text it was made from.
+/// Refers to the text of the name, which must outlive it.
 struct NameParts {
     enum Start {
         Here,         ///< "a\b": in the current folder
@@ -20,13 +20,13 @@ struct NameParts {
     };
     Start start = Here;
     char16_t drive = 0;  ///< the letter, a capital
-    /// Without empty ones, so that "a\\b\" is "a", "b"; "." and ".." are kept.
+    /// Empty components are left out, so "a\\b\" gives "a" and "b"; "." and ".." are kept.
     std::vector<StringView> components;
     /// Whether the name ends in a separator.
     bool folder = false;
 };
 
-/// Only "\\" begins a network name; "//a" is a name in the root, as it is on Linux.
+/// Only "\\" begins a network name; "//a" is a name in the root, as on Linux.
 NameParts partsOf(StringView name);
 
 }  // namespace quorkit::base

@@ -7,7 +7,7 @@
 namespace quorkit::base {
 namespace {
 
-/// Reads on through bytes; behind their end it reads zeros and is lost.
+/// Reads through bytes. Behind their end it reads zeros, and lost() is true.
 class Walk {
    public:
     Walk(std::string_view bytes, std::size_t position) : bytes_(bytes), position_(position) {}
@@ -38,7 +38,7 @@ class Walk {
     std::size_t position_;
 };
 
-/// Chunks: a length, four letters, so many bytes, a check sum.
+/// A PNG is a row of chunks: a length, four letters, as many bytes, a check sum.
 void walkPng(Walk& walk) {
     bool last = false;
     while (!last && !walk.lost()) {
@@ -48,7 +48,7 @@ void walkPng(Walk& walk) {
     }
 }
 
-/// A table of colours behind a byte that says whether there is one, and its size.
+/// Skips the table of colours that a GIF may have; a byte says whether there is one, and its size.
 void skipColours(Walk& walk, unsigned flags, std::uint64_t between) {
     walk.skip(between + ((flags & 0x80) != 0 ? std::uint64_t{6} << (flags & 7) : 0));
 }
@@ -74,7 +74,8 @@ void walkGif(Walk& walk) {
     }
 }
 
-/// Up to a marker that is no part of a scan: one that stands for a byte, or parts the scan.
+/// Skips to the next marker that does not belong to the scan. Two kinds belong to it: those that
+/// stand for a byte, and those that divide the scan.
 void skipScan(Walk& walk) {
     for (;;) {
         const std::size_t found = walk.ahead().find('\xFF');
@@ -86,7 +87,8 @@ void skipScan(Walk& walk) {
     }
 }
 
-/// Segments: a marker of two bytes, the first of them 0xFF, and a length that counts itself.
+/// A JPEG is a row of segments: a marker of two bytes, the first of them 0xFF, and a length that
+/// includes itself.
 void walkJpeg(Walk& walk) {
     while (!walk.lost()) {
         if (walk.byte() != 0xFF) return walk.skip(UINT64_MAX);
@@ -105,7 +107,7 @@ std::optional<std::size_t> sizeOfPicture(std::string_view bytes) {
     const auto end = [&](std::size_t signature, void (*walkThrough)(Walk&)) {
         Walk walk(bytes, signature);
         walkThrough(walk);
-        // One that ends within its header is none.
+        // A picture that ends within its header is none.
         const bool ends = !walk.lost() && pictureKindOf(bytes.substr(0, walk.position()));
         return ends ? std::optional(walk.position()) : std::nullopt;
     };

@@ -12,7 +12,7 @@ struct Signature {
     PictureKind kind;
     std::size_t position;
     std::string_view bytes;
-    std::size_t shortest;  ///< a file with its whole header
+    std::size_t shortest;  ///< the size of a file that is only a header
 };
 
 constexpr Signature kSignatures[] = {

@@ -1,4 +1,4 @@
-// What a picture file is, by its first bytes, whatever its name says.
+// The kind of a picture file, by its first bytes; its name does not matter.
 //
 // Sources: RFC 2083 (PNG), ITU-T T.81 and JFIF (JPEG), GIF89a, MS-WMF 2.3.2.3 (the placeable
 // header), MS-EMF 2.3.4.2, and the bitmap file header of Win32.
@@ -13,7 +13,7 @@ namespace quorkit::base {
 
 enum class PictureKind { Bmp, Png, Jpeg, Gif, Wmf, Emf };
 
-/// Nothing for what is none of them, or is too short to be one.
+/// Nothing for any other content, and for a file that is too short.
 std::optional<PictureKind> pictureKindOf(std::string_view bytes);
 
 inline bool isMetafile(PictureKind kind) {

@@ -1,4 +1,4 @@
-// The rules of names in a registry, the same for every one.
+// The rules of names, the same for every registry.
 #pragma once
 
 #include <quorkit/values.h>
@@ -9,13 +9,13 @@
 
 namespace quorkit::base {
 
-/// Whether one key can have this name: 1 to kLongestKeyName characters, none of them "\" or U+0000.
+/// Whether a key can have this name: 1 to kLongestKeyName characters, none of them "\" or U+0000.
 bool canNameKey(StringView name);
 /// Whether a value can have this name: at most kLongestValueName characters without U+0000.
 bool canNameValue(StringView name);
 
-/// Appends the names of the keys in `path`. kBadPathName or kInvalidParameter, as Registry says;
-/// the latter also when there are more than kDeepestKey of them.
+/// Appends the names of the keys in `path`. kBadPathName or kInvalidParameter as Registry says;
+/// kInvalidParameter also for more than kDeepestKey names.
 ErrorCode splitKeyPath(StringView path, std::vector<String>& names);
 
 }  // namespace quorkit::base

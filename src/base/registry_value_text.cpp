@@ -24,7 +24,7 @@ bool skip(StringView& rest, StringView word) {
     return true;
 }
 
-/// What stands for what behind a backslash.
+/// A character and the letter that stands for it behind a backslash.
 struct Escape {
     char16_t letter;
     char16_t unit;
@@ -91,7 +91,7 @@ std::optional<std::string> readBytes(StringView& rest) {
     }
 }
 
-/// "(type):", or ":" for `type`.
+/// Reads "(type):", or ":" alone for `type`.
 bool readType(StringView& rest, std::uint32_t& type) {
     if (skip(rest, u"(")) {
         const auto number = readHexadecimal(rest, 8);
@@ -125,8 +125,8 @@ std::optional<RegistryValue> readData(StringView& rest, RegForm form) {
     return value;
 }
 
-/// Whether a text can stand between quotation marks. Other control characters than `escapable` and
-/// halves of characters cannot.
+/// Whether a text can be written between quotation marks. It must hold no control characters except
+/// `escapable`, and no surrogate without its partner.
 bool isPlain(StringView text, StringView escapable) {
     const bool readable = std::ranges::all_of(text, [&](char16_t unit) {
         const bool control = (unit < u' ' && unit != u'\t') || unit == u'\x7F';
@@ -135,7 +135,7 @@ bool isPlain(StringView text, StringView escapable) {
     return readable && findLoneSurrogate(text) == StringView::npos;
 }
 
-/// The text of a value that can be written between quotation marks.
+/// The text of a value, if it can be written between quotation marks.
 std::optional<String> plainText(const RegistryValue& value, RegTexts texts) {
     const bool readable = texts == RegTexts::Readable;
     if (!isRegistryText(value.type) || (!readable && value.type != kRegString)) return {};

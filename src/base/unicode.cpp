@@ -9,7 +9,7 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-/// The character at the start of UTF-8 and the bytes it takes.
+/// The character at the start of UTF-8, and the number of its bytes.
 struct Decoded {
     char32_t character = 0;
     std::size_t length = 0;  ///< 0 when there is no character
@@ -32,12 +32,12 @@ Decoded decodeUtf8(std::string_view bytes) {
     return {character, length};
 }
 
-/// The most that a text can take.
+/// An upper limit for the size of the text in UTF-8.
 std::size_t utf8Size(StringView text) {
     std::size_t size = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         size += 1u + (text[i] >= 0x80) + (text[i] >= 0x800);
-        // Three bytes were counted for each half of a pair, which takes four in all.
+        // A pair takes four bytes, but three were counted for each half.
         if (isLowSurrogate(text[i]) && i > 0 && isHighSurrogate(text[i - 1])) size -= 2;
     }
     return size;
@@ -101,7 +101,7 @@ std::string toUtf8(StringView text, Malformed malformed) {
 }
 
 String fromUtf8(std::string_view bytes, Malformed malformed) {
-    String text(bytes.size(), u'\0');  // no byte makes more than one unit
+    String text(bytes.size(), u'\0');  // a byte makes at most one unit
     char16_t* target = text.data();
     while (!bytes.empty()) {
         copyAscii(bytes, target);

@@ -10,7 +10,7 @@
 
 namespace quorkit::base {
 
-/// What stands at the start of a file to tell the encoding of its text.
+/// Byte-order marks: the bytes at the start of a file that tell its encoding.
 inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 inline constexpr std::string_view kUtf16Mark = "\xFF\xFE";  // little-endian
 inline constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
@@ -25,31 +25,31 @@ constexpr bool isSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit < 0xE000;
 }
 
-/// Where the first surrogate without its partner stands, from `start` on, which is not inside a
-/// pair; npos when there is none.
+/// The position of the first surrogate without its partner, from `start` on; npos when there is
+/// none. `start` must not be inside a pair.
 std::size_t findLoneSurrogate(StringView text, std::size_t start = 0);
 
-/// The code point at `position`, which moves behind it. A surrogate without its partner is returned
-/// as it is. `position` must be inside the text.
+/// The code point at `position`, which then moves behind it. A surrogate without its partner is
+/// returned as it is. `position` must be inside the text.
 char32_t nextCodePoint(StringView text, std::size_t& position);
 
-/// Valid UTF-8 by default; what is read keeps what it can.
+/// Writing gives valid UTF-8 by default; reading keeps what it can.
 std::string toUtf8(StringView text, Malformed malformed = Malformed::Replace);
 String fromUtf8(std::string_view bytes, Malformed malformed = Malformed::Keep);
 
-/// The surrogate that stands for a byte that is no UTF-8, see Malformed::AsBytes.
+/// U+DC00 + byte is the surrogate that stands for an invalid byte, see Malformed::AsBytes.
 inline constexpr char16_t kByteSurrogates = 0xDC00;
 constexpr bool standsForByte(char32_t unit) {
     return unit >= kByteSurrogates + 0x80 && unit <= kByteSurrogates + 0xFF;
 }
 
-/// Whether `bytes` are UTF-8 throughout, without surrogates and over-long forms.
+/// Whether all of `bytes` is UTF-8 without surrogates and over-long forms.
 bool isUtf8(std::string_view bytes);
 
-/// Appends the UTF-8 of one code point; of a surrogate three bytes.
+/// Appends the UTF-8 of one code point; a surrogate takes three bytes.
 void appendUtf8(std::string& bytes, char32_t codePoint);
 
-/// UTF-16, little-endian; half a character at the end of `bytes` is left out.
+/// UTF-16, little-endian. An odd byte at the end of `bytes` is ignored.
 std::string toUtf16(StringView text);
 String fromUtf16(std::string_view bytes);
 

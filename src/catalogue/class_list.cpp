@@ -1,4 +1,4 @@
-// The one list of public classes, and look-ups in it.
+// The one list of public classes, and its searches.
 #include <quorkit/GQuorClipboard.h>
 #include <quorkit/GQuorConvert.h>
 #include <quorkit/GQuorFile.h>
@@ -129,7 +129,7 @@ constexpr FieldInfo kRectangle[] = {{"Left", {Type::Long}},
                                     {"Height", {Type::Long}}};
 constexpr RecordInfo kRecords[] = {{"TRect", "A rectangle on the screen.", kRectangle}};
 
-/// The one of that name; null when there is none.
+/// The entry of that name; null when there is none.
 template <class Info>
 const Info* named(std::span<const Info> all, StringView name) {
     const auto found =

@@ -54,7 +54,7 @@ void GQuorClipboard::SavePictureFromClipboard(const String& sFileName) {
     Files& files = ports_.files;
     frame::resumeNext([&] {
         if (save(files, *picture, sFileName) != kAccessDenied) return;
-        // It may be replaced where its folder allows that.
+        // A file that may not be written may be replaced if its folder allows that.
         if (files.DeleteFileA(sFileName) == kSuccess) save(files, *picture, sFileName);
     });
 }

@@ -1,4 +1,4 @@
-// Putting a content in place of another.
+// Replaces the content of the clipboard.
 #pragma once
 
 #include <quorkit/ports/clipboard.h>
@@ -7,9 +7,9 @@
 
 namespace quorkit::clipboard {
 
-/// `put` tells whether it has put the new content on the clipboard, which is emptied unless it has.
-/// It is not emptied first: while it is empty, programs that keep a history of it put the old
-/// content back, perhaps over the new one.
+/// `put` returns whether it has put the new content on the clipboard; otherwise the clipboard is
+/// emptied. Do not empty it first: programs that keep a history of the clipboard refill an empty
+/// one with the old content, perhaps after the new one has come.
 template <class Put>
 void replaceContent(Clipboard& clipboard, Put put) {
     bool done = false;

@@ -7,7 +7,8 @@ namespace quorkit {
 using frame::method;
 using frame::propertyGet;
 
-// Identifiers count the class's procedures; 0 is a private one, and count takes the place of 9.
+// The identifiers follow the order of the class's procedures; 0 is a private one, and count is at
+// the place of 9.
 template <>
 std::span<const MemberInfo> frame::memberRows<QuorCollection>() {
     using C = QuorCollection;

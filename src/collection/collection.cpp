@@ -13,7 +13,7 @@ QuorCollection::QuorCollection(QuorCollection&&) noexcept = default;
 QuorCollection& QuorCollection::operator=(QuorCollection&&) noexcept = default;
 QuorCollection::~QuorCollection() = default;
 
-// The two setters swap: the old value goes with the argument, behind the last step.
+// The two setters swap, so the old value is released with the argument, after the last step.
 
 Long QuorCollection::setValueByKey(Variant vValue, const String& sKey) {
     collection::KeyedList::Element& element = list_->obtain(sKey);

@@ -17,8 +17,8 @@ KeyedList::Element* KeyedList::find(StringView key) {
 }
 
 Long KeyedList::positionOf(const Element& element) const {
-    // There can be no more elements on a side than stamps were given there. Without a gap in the
-    // middle both sides say the same, and nothing is left to search.
+    // A side has at most as many elements as stamps were given to it, which limits the search.
+    // Without a gap in the middle both limits are equal, and nothing is left to search.
     const auto last = static_cast<std::int64_t>(order_.size()) - 1;
     const std::int64_t stamp = element.second.stamp;
     const std::int64_t high = std::min(last, stamp - stampOf(order_.front()));

@@ -12,8 +12,8 @@
 
 namespace quorkit::collection {
 
-/// Nothing is ever put in between, so elements are stamped with a running number, and an element's
-/// stamp tells where it stands; removing moves no more than pointers.
+/// Nothing is ever inserted in the middle. So each element gets a running number, its stamp, and
+/// the stamp leads to its position; a removal moves only pointers.
 class KeyedList {
    public:
     struct Content {
@@ -21,7 +21,7 @@ class KeyedList {
         std::int64_t stamp = 0;
     };
     using Elements = std::unordered_map<String, Content, base::KeyHash, base::KeyEqual>;
-    /// A key with its content; stays where it is until it is removed.
+    /// A key with its content. Its address stays the same until it is removed.
     using Element = Elements::value_type;
 
     Long count() const { return static_cast<Long>(order_.size()); }
@@ -36,9 +36,9 @@ class KeyedList {
     Element* find(StringView key);
     Long positionOf(const Element& element) const;
 
-    /// The element under a key, appended with an Empty value when there is none.
+    /// The element under a key; if there is none, one with an Empty value is appended.
     Element& obtain(const String& key);
-    /// Takes the element at 1 ... count() out. Its value is released with the result.
+    /// Removes the element at 1 ... count(). Its value is released with the result.
     Elements::node_type remove(Long position);
 
    private:

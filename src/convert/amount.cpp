@@ -44,8 +44,8 @@ bool hasCommaGroups(StringView currency) {
            currency == u"GBP";
 }
 
-/// Takes off the word next to the number: a minus, a parenthesis, or all up to one of them or a
-/// blank. Empty at the end of the text.
+/// Takes the word next to the number: a minus, a parenthesis, or all up to one of these or a blank.
+/// Empty at the end of the text.
 StringView takeWord(StringView& text, Side side) {
     text = runtime::without(kNumberBlanks, text);
     if (text.empty()) return {};
@@ -61,12 +61,12 @@ StringView takeWord(StringView& text, Side side) {
     return word;
 }
 
-/// What of the number stands on one side of it.
+/// What one side of the number says about it.
 struct Beside {
     bool minus = false;
     bool parenthesis = false;
     bool commaGroups = false;
-    bool alone = false;  ///< nothing else stands there
+    bool alone = false;  ///< nothing else is on that side
 };
 
 Beside readBeside(StringView text, Side side) {
@@ -78,7 +78,7 @@ Beside readBeside(StringView text, Side side) {
             seen.alone = true;
             return seen;
         }
-        // In front of a currency it may also be the hyphen between two words.
+        // A minus in front of a currency may also be the hyphen between two words.
         const bool hyphen =
             side == Side::Front && currency && !text.empty() && isLetterOrDigit(text.back());
         if (isOneOf(word[0], kMinuses) && !seen.minus && !hyphen) {

@@ -1,4 +1,4 @@
-// What people write around a number: its sign, and what money it is.
+// The text around a number: its sign and its currency.
 #pragma once
 
 #include <quorkit/values.h>
@@ -6,14 +6,14 @@
 namespace quorkit::convert {
 
 struct Amount {
-    /// A minus in front of the number, or of the currency in front of it; or behind, or parentheses
-    /// around, where there is nothing else on that side.
+    /// There is a minus in front of the number or of its currency, or, when nothing else is on that
+    /// side, a minus behind or parentheses around.
     bool negative = false;
-    /// The currency is one of those whose people write 1,000.
+    /// The currency is one of those in which people write 1,000.
     bool commaGroups = false;
 };
 
-/// Of a number between two parts of a text.
+/// The amount whose number stands between two parts of a text.
 Amount amountBetween(StringView front, StringView behind);
 
 }  // namespace quorkit::convert

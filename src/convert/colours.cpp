@@ -44,7 +44,7 @@ bool consistsOf(StringView digits, StringView text) {
     return !text.empty() && text.find_first_not_of(digits) == StringView::npos;
 }
 
-/// A number that is a colour as it stands.
+/// A number that is itself the colour.
 Long takeNumber(StringView text, std::size_t base) {
     require(consistsOf(kDigits.substr(0, base), text));
     Long value = 0;
@@ -55,7 +55,7 @@ Long takeNumber(StringView text, std::size_t base) {
     return value;
 }
 
-/// Six digits with red in front, or three that stand for two alike each.
+/// Six digits, red first, or three of which each counts twice.
 Long fromRedToBlue(StringView digits) {
     const std::size_t width = digits.size() / 3;
     require(digits.size() % 3 == 0 && (width == 1 || width == 2));
@@ -73,7 +73,7 @@ Long GQuorConvert::RGBString_to_RGBColor(const String& sRGB) {
     if (take(text, u"#") || take(text, u"0x")) return fromRedToBlue(text);
     if (take(text, u"&h"))
         return takeNumber(text.substr(0, text.size() - (text.ends_with(u'&') ? 1 : 0)), 16);
-    // People write no number with a zero in front, but dark colours have one.
+    // People write no number with a leading zero, but dark colours have one.
     const bool sixDigits = text.size() == 6 && consistsOf(kDigits, text);
     const bool decimal = consistsOf(kDigits.substr(0, 10), text);
     if (sixDigits && (!decimal || text.front() == u'0')) return fromRedToBlue(text);

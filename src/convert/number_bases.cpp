@@ -26,7 +26,7 @@ Long digitValue(char16_t unit, Integer base) {
     return static_cast<Long>(value);
 }
 
-/// The bases in which programs write the bits of a number, and what they put in front.
+/// A base in which programs write the bits of a number, and its prefix.
 struct BitBase {
     Integer base;
     StringView prefix;

@@ -1,11 +1,11 @@
-// The characters with which people write numbers, beside the digits.
+// Characters other than digits with which people write numbers.
 #pragma once
 
 #include <quorkit/values.h>
 
 namespace quorkit::convert {
 
-inline constexpr StringView kNumberBlanks = u" \u00A0\u2009\u202F";  // also the narrow ones
+inline constexpr StringView kNumberBlanks = u" \u00A0\u2009\u202F";  // the narrow ones too
 inline constexpr StringView kApostrophes = u"'\u2019";
 inline constexpr StringView kPoints = u".,";
 inline constexpr StringView kMinuses = u"-\u2013\u2212";

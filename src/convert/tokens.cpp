@@ -7,7 +7,7 @@
 namespace quorkit {
 namespace {
 
-/// Hands every piece of `s` that stands before a delimiter to `take`, and returns what follows the
+/// Passes every piece of `s` that ends at a delimiter to `take`, and returns the text behind the
 /// last one.
 template <class Take>
 StringView eachPieceBefore(StringView delimiter, StringView s, Take take) {
@@ -25,11 +25,11 @@ StringView eachPieceBefore(StringView delimiter, StringView s, Take take) {
 
 Long GQuorConvert::StringTokenToStringArray(const String& s, const String& delimiter,
                                             Out<Array<String>> sArray) {
-    std::vector<StringView> views;  // the texts are made when their number is known
+    std::vector<StringView> views;  // the texts are made once their number is known
     const StringView rest =
         eachPieceBefore(delimiter, s, [&](StringView piece) { views.push_back(piece); });
-    // Whether `s` ends with the delimiter decides, not whether a rest is left: where delimiters
-    // could overlap ("aaa" at "aa") the rest is dropped.
+    // The rest counts unless `s` ends with the delimiter. Where delimiters could overlap ("aaa" at
+    // "aa") a rest is dropped that way.
     if (views.empty() || !s.ends_with(delimiter)) views.push_back(rest);
     const auto count = static_cast<Long>(views.size());
     sArray = Array<String>(std::vector<String>(views.begin(), views.end()));

@@ -14,7 +14,7 @@
 namespace quorkit {
 namespace {
 
-/// Puts the first number of a text, written as people do, into the form that the runtime reads.
+/// Converts the first number of a text, as people write it, into the form that the runtime reads.
 class Reader {
    public:
     explicit Reader(StringView text) : text_(text) {}
@@ -37,7 +37,7 @@ class Reader {
         return position < text_.size() ? text_[position] : u'\0';
     }
 
-    /// ".5" has a decimal mark in front of the digit, "Fr.5" a full stop.
+    /// The full stop of ".5" is a decimal mark, that of "Fr.5" is not.
     bool startsWithPoint() const {
         if (next_ == 0 || !convert::isOneOf(text_[next_ - 1], convert::kPoints)) return false;
         return next_ == 1 || text_[next_ - 2] == u'+' ||
@@ -45,7 +45,7 @@ class Reader {
                convert::isOneOf(text_[next_ - 2], convert::kNumberBlanks);
     }
 
-    /// Whether the number goes on behind the next character, which is none of its digits.
+    /// Whether the next character, which is no digit, is a mark within the number.
     bool isMark(bool pointSeen) const {
         const char16_t unit = at(next_);
         if (!convert::isDigit(at(next_ + 1))) return false;
@@ -69,7 +69,7 @@ class Reader {
         return result;
     }
 
-    /// The digits with a full stop as the decimal mark.
+    /// The digits, with a full stop as decimal mark.
     static std::string mantissa(const std::string& marked, bool commaGroups) {
         const std::size_t last = marked.find_last_of(".,");
         if (last == std::string::npos) return marked;
@@ -86,7 +86,7 @@ class Reader {
         return result;
     }
 
-    /// "e", a sign and digits; empty and not passed when they are not all there.
+    /// "e", a sign and digits. Empty, and nothing is taken, unless all are there.
     std::string exponent() {
         if (!convert::isOneOf(at(next_), u"eE")) return {};
         std::size_t end = next_ + 1;
@@ -103,7 +103,7 @@ class Reader {
 };
 
 Double tolerant(StringView text) {
-    // People end round prices with a dash, "5.-"; the runtime takes each for a sign.
+    // People end round prices with a dash, "5.-", which the runtime would take for a sign.
     const bool dashed = runtime::Trim(text).ends_with(u'-');
     const auto exact = dashed ? std::nullopt : runtime::numberIn(text);
     const Double value = exact ? *exact : runtime::readNumber(Reader(text).number()).value;

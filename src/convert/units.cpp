@@ -5,7 +5,7 @@
 namespace quorkit {
 namespace {
 
-constexpr Double kTwipsPerPixel = 1440.0 / 96;  // twips and dots per inch
+constexpr Double kTwipsPerPixel = 1440.0 / 96;  // twips per inch / dots per inch
 
 Long toPixels(Long twips) {
     return runtime::roundToLong(twips / kTwipsPerPixel);

@@ -8,7 +8,7 @@
 namespace quorkit {
 namespace {
 
-/// The text up to the next delimiter, which is taken off `rest` with it.
+/// Takes the text up to the next delimiter, and the delimiter, off `rest`.
 StringView nextOf(StringView& rest, char16_t delimiter) {
     const StringView field = rest.substr(0, rest.find(delimiter));
     rest.remove_prefix(std::min(rest.size(), field.size() + 1));
@@ -74,7 +74,7 @@ String GQuorFile::ShowSaveDialog(const Optional<String>& sTitle, const Optional<
         if (extension.empty() || !ExtractFileExt(name).empty()) return name;
         name += extension;
         if (!FileExists(name)) return name;
-        // Nobody has asked yet whether this one may be overwritten.
+        // The user was not asked yet whether a file of this name may be overwritten.
         dialog.folder = ExtractPath(name);
         dialog.fileName = ExtractFileName(name);
     }

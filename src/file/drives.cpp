@@ -12,7 +12,7 @@ namespace {
 
 using Connections = std::vector<NetworkConnection>;
 
-/// As many connections as the system gives in one answer; none when it gives no answer.
+/// The connections that the system gives in one answer; none when it gives no answer.
 Connections connectionsIn(Drives& drives) {
     constexpr std::size_t most = 1024;
     Connections connections;

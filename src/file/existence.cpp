@@ -19,13 +19,13 @@ bool findsFolder(Folders& folders, const String& pattern) {
     FindData entry;
     if (!search.next(entry)) return false;
     const bool folder = isFolder(entry.attributes);
-    // Windows sorts, and finds the folder itself first wherever the pattern allows it.
+    // Windows sorts the entries, so the folder itself comes first if the pattern matches it.
     while (!file::isSelfOrParent(entry.name))
         if (!search.next(entry)) return folder;
     return true;
 }
 
-/// Whether listing a folder gives any entry, be it ".".
+/// Whether listing a folder gives any entry, even if only ".".
 bool canBeListed(Folders& folders, const String& folder) {
     FindData entry;
     return file::FolderEntries(folders, folder, FindDetail::Names).next(entry);
@@ -45,7 +45,7 @@ Boolean GQuorFile::PathExists(const String& vsPath) {
     if (ports_.folders.GetFileAttributesA(name, attributes) == kSuccess)
         return isFolder(attributes);
     if (file::isPattern(name)) return findsFolder(ports_.folders, name);
-    return canBeListed(ports_.folders, name + u'\\');  // the root of a drive or of a share
+    return canBeListed(ports_.folders, name + u'\\');  // for the root of a drive or a share
 }
 
 Boolean GQuorFile::IsDirectoryEmpty(const String& sDir) {
@@ -58,19 +58,19 @@ Boolean GQuorFile::IsDirectoryEmpty(const String& sDir) {
 
 Boolean GQuorFile::mkDirEx(const String& sDir) {
     return frame::onErrorReturn(Boolean(false), [&] {
-        // One that is too long would have more folders around it than memory can hold.
+        // A longer name would have more folders above it than memory can hold.
         std::uint32_t attributes = 0;
         if (ports_.folders.GetFileAttributesA(sDir, attributes) == kInvalidName)
             return Boolean(false);
         std::vector<String> missing;
         for (String folder = sDir; !PathExists(folder); folder = getParentDirectory(folder)) {
             missing.push_back(folder);
-            if (folder.empty()) break;  // there is no folder around it
+            if (folder.empty()) break;  // no folder above it
         }
         ErrorCode code = kSuccess;
         for (; !missing.empty(); missing.pop_back())
             code = ports_.folders.CreateDirectoryA(missing.back());
-        // Another process may have been quicker, and "a\\." is there when "a" has been made.
+        // Another process may have made it first. And "a\\." exists as soon as "a" is made.
         return Boolean(code == kSuccess || PathExists(sDir));
     });
 }

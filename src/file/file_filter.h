@@ -1,4 +1,4 @@
-// Which files a listing takes, by their dates and attributes.
+// Selects files for a listing by their dates and attributes.
 #pragma once
 
 #include <quorkit/ports/folders.h>
@@ -10,20 +10,20 @@
 
 namespace quorkit::file {
 
-/// Two bounds, each of which may be missing. `upTo` alone takes files up to that moment, `from`
-/// alone files from there on. Both take what lies between them when `from` is the earlier one,
-/// otherwise what does not lie between them. Dates are local and compared by the second.
+/// Two bounds, each of which may be missing. `upTo` alone selects files up to that moment, `from`
+/// alone files from that moment on. If both are given and `from` is earlier, files between them are
+/// selected; otherwise files that are not between them. Dates are local and compared by the second.
 class DateFilter {
    public:
-    /// Errors 13, 94 and 6 for what is no date; texts are read in the language of the user.
+    /// Errors 13, 94 and 6 for an argument that is no date. Texts are read in the user's language.
     DateFilter(const Variant& upTo, const Variant& from, Ports& ports);
 
     bool takesAll() const { return !upTo_ && !from_; }
-    /// A time that is not known, 0, lies nowhere.
+    /// False for a time that is not known (0).
     bool takes(FileTime lastWrite) const;
 
    private:
-    using Moment = std::array<int, 6>;  ///< from the year to the second: orders as time does
+    using Moment = std::array<int, 6>;  ///< from the year to the second: compares like time
 
     static std::optional<Moment> momentOf(const Variant& date, Ports& ports);
     Moment momentOf(FileTime time) const;
@@ -36,9 +36,10 @@ class DateFilter {
 /// Attributes that a file must have or must not have.
 class AttributeFilter {
    public:
-    /// `text` is pairs of a sign and a letter: "+" asks for the attribute, any other sign for its
-    /// absence. R is read-only, H hidden, S system, A archive, small letters too. A later pair
-    /// replaces an earlier one of the same letter; other letters, and half a pair, say nothing.
+    /// `text` is a list of pairs of a sign and a letter: "+" requires the attribute, any other sign
+    /// excludes it. R is read-only, H hidden, S system, A archive, also as small letters. A later
+    /// pair replaces an earlier one of the same letter. Other letters and an incomplete pair are
+    /// ignored.
     explicit AttributeFilter(StringView text);
 
     bool takesAll() const { return present_ == 0 && absent_ == 0; }

@@ -7,7 +7,7 @@ namespace {
 
 constexpr StringView kSeparators = u"\\/";
 
-/// What a name leads to, with a separator at the end.
+/// The target of a name, with a separator at its end.
 std::optional<String> targetOf(Files& files, const String& name) {
     String target;
     if (files.FinalName(name, target) != kSuccess || target.empty()) return std::nullopt;

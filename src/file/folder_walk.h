@@ -1,4 +1,4 @@
-// Going through a folder and all that is beneath it.
+// Walks through a folder and all folders beneath it.
 #pragma once
 
 #include <quorkit/ports/folders.h>
@@ -10,20 +10,21 @@
 
 namespace quorkit::file {
 
-/// The folders of a tree, each before those in it, and all that is beneath one before the next. A
-/// link to a folder is one of them, but not where it leads to the folder that it stands in or to
-/// one around that, and one folder is walked through links only once: so the walk ends.
+/// The folders of a tree: each comes before the folders in it, and all that is beneath it before
+/// the next. The walk follows a link to a folder, except to a folder that contains the link. It
+/// follows only one link to each folder, so that it always ends.
 class FolderWalk {
    public:
     /// `folder` ends in a separator.
     FolderWalk(Files& files, String folder) : files_(files), pending_{std::move(folder)} {}
 
-    /// Goes to the next folder, at first to the one the walk begins with. False behind the last.
+    /// Goes to the next folder; the first one is that of the constructor. False behind the last
+    /// one.
     bool next();
-    /// Where the walk is, with a separator at the end.
+    /// The current folder, with a separator at its end.
     const String& folder() const { return folder_; }
-    /// Notes an entry of the current folder that is a folder, to go there later. Not a link of
-    /// which it is not known where it leads.
+    /// Schedules an entry of the current folder that is a folder. A link whose target is not known
+    /// is ignored.
     void descendTo(const FindData& entry);
 
    private:
@@ -31,9 +32,9 @@ class FolderWalk {
 
     Files& files_;
     std::vector<String> pending_;  ///< the next one is the last
-    std::size_t noted_ = 0;        ///< where those of the current folder begin
+    std::size_t noted_ = 0;        ///< where the folders found in the current one begin
     String folder_;
-    std::optional<String> target_;  ///< what `folder_` leads to, once it has been asked for
+    std::optional<String> target_;  ///< the target of `folder_`, once it was asked for
     std::unordered_set<String> followed_;
 };
 

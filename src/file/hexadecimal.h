@@ -10,7 +10,7 @@
 
 namespace quorkit::file {
 
-/// In capital digits, without zeros in front.
+/// In capital digits, without leading zeros.
 inline String hexadecimal(std::uint32_t number) {
     char digits[8];
     char* const end = std::to_chars(digits, std::end(digits), number, 16).ptr;

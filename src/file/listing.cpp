@@ -17,7 +17,7 @@ namespace {
 
 constexpr Long kFailed = -1;
 
-/// A failure ends the body; the user is told, and -1 is the result.
+/// Runs the body. On a failure it tells the user and returns -1.
 template <class Body>
 Long onErrorTell(Host& host, Body&& body) {
     try {
@@ -30,7 +30,7 @@ Long onErrorTell(Host& host, Body&& body) {
     }
 }
 
-/// An empty name becomes the root of the current drive.
+/// Turns an empty name into the root of the current drive.
 String withBackslash(const String& folder) {
     return folder.ends_with(u'\\') ? folder : folder + u'\\';
 }
@@ -48,13 +48,13 @@ Long countOf(const std::vector<String>& names) {
     return static_cast<Long>(names.size());
 }
 
-/// The caller's list of these names. No names are a single empty text.
+/// A caller's list of these names; a single empty text when there are none.
 Array<String> listOf(std::vector<String> names) {
     if (names.empty()) names.emplace_back();
     return Array<String>(std::move(names));
 }
 
-/// The names in a caller's list, taken out of it. Error 9 when it is no list counted from 0.
+/// The names taken out of a caller's list. Error 9 unless it is a list counted from 0.
 std::vector<String> takenFrom(Array<String>& list) {
     if (list.dimensions() > 1) raise(ErrorNumber::SubscriptOutOfRange);
     if (list.elements().empty()) return {};
@@ -63,13 +63,14 @@ std::vector<String> takenFrom(Array<String>& list) {
     return std::move(list.elements());
 }
 
-/// What GetFilesFromDirectory3 does in each folder.
+/// The work of GetFilesFromDirectory3 in each folder.
 class FolderFiles {
    public:
     FolderFiles(Folders& folders, const String& filter, bool withFolder)
         : folders_(folders), filter_(filter), pattern_(filter), withFolder_(withFolder) {}
 
-    /// Adds the files of the current folder to `names` and, when told so, notes the folders in it.
+    /// Adds the files of the current folder to `names`, and with `descend` schedules the folders in
+    /// it.
     void addTo(std::vector<String>& names, file::FolderWalk& walk, bool descend) const {
         const String prefix = withFolder_ ? walk.folder() : String();
         const bool elsewhere = filter_.find_first_of(u"\\/") != String::npos;
@@ -79,7 +80,7 @@ class FolderFiles {
                 if (!isFolder(entry)) append(names, prefix + entry.name);
             if (!descend) return;
         }
-        // One look at the folder gives its files and the folders in it.
+        // One listing gives both the files and the folders.
         file::FolderEntries entries(folders_, walk.folder(), FindDetail::Names);
         for (FindData entry; entries.next(entry);) {
             const bool folder = isFolder(entry);
@@ -132,7 +133,7 @@ Long GQuorFile::GetFilesFromDirectory3(const String& sDirName, const String& sFi
     std::vector<String> names;
     bool begun = false;
     const Long result = onErrorTell(ports_.host, [&] {
-        // The filter and the folder may stand in the list.
+        // `sFilter` and the folder may refer to elements of the list.
         const FolderFiles files(ports_.folders, sFilter, bIncludeDirName);
         file::FolderWalk walk(ports_.files, withBackslash(sDirName));
         names = takenFrom(saFileList);

@@ -1,4 +1,4 @@
-// A file that is open to be read.
+// A file that is open for reading.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -16,7 +16,8 @@ class OpenFile {
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
 
-    /// How opening it went, or the last operation. Each does nothing once one has failed.
+    /// The result of opening the file, or of the last operation. After a failure operations do
+    /// nothing.
     ErrorCode status() const { return status_; }
 
     /// Its size in bytes; 0 on failure.
@@ -25,11 +26,11 @@ class OpenFile {
         if (status_ == kSuccess) status_ = files_.GetFileSizeEx(handle_, size);
         return size;
     }
-    /// The next read begins `position` bytes behind the start.
+    /// Makes the next read begin `position` bytes behind the start.
     void seek(std::uint64_t position) {
         if (status_ == kSuccess) status_ = files_.SetFilePointerEx(handle_, position);
     }
-    /// Reads up to `capacity` bytes; how many. 0 at the end and on failure.
+    /// Reads up to `capacity` bytes and returns their number; 0 at the end and on a failure.
     std::size_t read(char* buffer, std::size_t capacity) {
         std::size_t count = 0;
         if (status_ == kSuccess) status_ = files_.ReadFile(handle_, buffer, capacity, count);

@@ -74,7 +74,7 @@ String GQuorFile::ExtractUNCName(const String& vsFileName) {
 String GQuorFile::ExtractUNCServerAndShareName(const String& sFileName) {
     const String server = ExtractUNCName(sFileName);
     if (server.empty()) return {};
-    // From the first character of the share on.
+    // Starts the search at the first character of the share.
     return sFileName.substr(0, sFileName.find(u'\\', kNetworkPrefix.size() + server.size() + 1));
 }
 

@@ -5,7 +5,7 @@
 namespace quorkit::file {
 namespace {
 
-/// Where the pattern begins. A colon separates behind the letter of a drive alone.
+/// The position at which the pattern begins. A colon is a separator only behind a drive letter.
 std::size_t patternIn(StringView name) {
     const std::size_t last = name.find_last_of(u"\\/");
     if (last != StringView::npos) return last + 1;

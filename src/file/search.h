@@ -7,7 +7,7 @@
 
 namespace quorkit::file {
 
-/// Goes through the entries of a folder in the system's order, "." and ".." included.
+/// Lists the entries of a folder in the system's order, "." and ".." included.
 class FolderEntries {
    public:
     FolderEntries(Folders& folders, String folder, FindDetail detail)
@@ -18,9 +18,9 @@ class FolderEntries {
     FolderEntries(const FolderEntries&) = delete;
     FolderEntries& operator=(const FolderEntries&) = delete;
 
-    /// The next entry, at first the first one. False when there is none; see `status` why.
+    /// The next entry, beginning with the first one. False when there is none; `status` tells why.
     bool next(FindData& entry);
-    /// kNoMoreFiles behind the last entry; another code when the folder cannot be searched, or not
+    /// kNoMoreFiles behind the last entry. Another code when the folder cannot be searched, or not
     /// to its end.
     ErrorCode status() const { return status_; }
 
@@ -33,13 +33,13 @@ class FolderEntries {
     ErrorCode status_ = kSuccess;
 };
 
-/// Goes through the entries that a name with wildcards stands for: what follows its last separator
-/// is the pattern, what is in front of it the folder. Wildcards there match nothing.
+/// Lists the entries that match a name with wildcards. The part behind its last separator is the
+/// pattern, the part in front the folder; wildcards in the folder match nothing.
 class NameSearch {
    public:
     NameSearch(Folders& folders, StringView name, FindDetail detail);
 
-    /// The next entry, at first the first one. False when there is none.
+    /// The next entry, beginning with the first one. False when there is none.
     bool next(FindData& entry);
 
    private:
@@ -49,7 +49,7 @@ class NameSearch {
     Wildcard pattern_;
 };
 
-/// "." and "..": the folder itself and the one around it.
+/// Whether the entry is "." or "..", the folder itself or the one above it.
 bool isSelfOrParent(StringView entryName);
 
 }  // namespace quorkit::file

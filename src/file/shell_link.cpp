@@ -10,7 +10,7 @@
 namespace quorkit::file {
 namespace {
 
-// Names, values and offsets of fields are those of the published document.
+// Names, values and offsets of fields are taken from the published document.
 enum LinkFlags : std::uint32_t {
     HasLinkInfo = 0x2,
     HasName = 0x4,
@@ -32,7 +32,7 @@ std::string unicode(StringView text) {
     return bytes;
 }
 
-/// A structure whose fixed fields hold its size and where the rest of it begins.
+/// A structure with fixed fields; among these are its size and the offset of its variable part.
 class Structure {
    public:
     explicit Structure(std::size_t fixedSize) : bytes_(fixedSize, '\0') {}
@@ -51,7 +51,7 @@ class Structure {
         bytes_.append(bytes_.size() % 2, '\0');
         add(field, unicode(text) + std::string(2, '\0'));
     }
-    /// All of it, with its size in the first field.
+    /// The complete structure, with its size in the first field.
     std::string whole() {
         set(0, static_cast<std::uint32_t>(bytes_.size()));
         return bytes_;
@@ -76,7 +76,7 @@ std::string networkLink(StringView share) {
     return network.whole();
 }
 
-/// How much of a network name names the share; 0 for any other name.
+/// The length of the server and share in a network name; 0 for any other name.
 std::size_t shareLength(StringView name) {
     const base::NameParts parts = base::partsOf(name);
     if (parts.start != base::NameParts::Network || parts.components.size() < 2) return 0;
@@ -116,8 +116,8 @@ std::string environmentVariables(StringView target) {
     return bytes;
 }
 
-/// As much of a text as every reader takes, never half a character. The count has 16 bits, but some
-/// readers count the bytes with as many.
+/// The longest part of a text that every reader accepts, never half a character. The count has 16
+/// bits, but some readers use as many for the number of bytes.
 StringView countable(StringView text) {
     constexpr std::size_t most = 0x7FFF;
     if (text.size() <= most) return text;

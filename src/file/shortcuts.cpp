@@ -13,7 +13,7 @@
 namespace quorkit {
 namespace {
 
-/// What is known of the target of a shortcut to it.
+/// What is known of the target.
 file::ShellLink linkTo(const String& target, const String& drive, Ports& ports) {
     file::ShellLink link;
     link.target = target;
@@ -25,7 +25,7 @@ file::ShellLink linkTo(const String& target, const String& drive, Ports& ports) 
     return link;
 }
 
-/// Whether a name would lead out of the folder that it is put behind.
+/// Whether a name, appended to a folder, would lead out of it.
 bool leadsOut(const String& name) {
     const base::NameParts parts = base::partsOf(name);
     return std::ranges::find(parts.components, u"..") != parts.components.end();

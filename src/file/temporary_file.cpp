@@ -28,9 +28,9 @@ String GQuorFile::CreateTempFileName(Unchanged<String> sPrefix) {
     String folder;
     if (!ports_.system.GetTempPathA(folder) || folder.size() >= folderRoom) return {};
     const String prefix = sPrefix->substr(0, prefixLength);
-    if (prefix.find_first_of(u"\\/:") != String::npos) return {};  // another folder
+    if (prefix.find_first_of(u"\\/:") != String::npos) return {};  // it would be in another folder
 
-    // An odd step comes to every number of 16 bits, and past a run of taken ones at once.
+    // An odd step visits every number of 16 bits, and leaves a run of used ones at once.
     const std::uint64_t bits = anyNumber(ports_.system);
     auto number = static_cast<std::uint16_t>(bits);
     const auto step = static_cast<std::uint16_t>(bits >> 16 | 1);

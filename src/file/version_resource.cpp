@@ -8,7 +8,7 @@
 namespace quorkit::file {
 namespace {
 
-/// Little-endian numbers at offsets that were checked before.
+/// Little-endian numbers; the caller has checked the offset.
 std::uint16_t number16(std::string_view bytes, std::size_t offset) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[offset + i]); };
     return static_cast<std::uint16_t>(byte(0) | byte(1) << 8);
@@ -17,7 +17,7 @@ std::uint32_t number32(std::string_view bytes, std::size_t offset) {
     return number16(bytes, offset) | std::uint32_t{number16(bytes, offset + 2)} << 16;
 }
 
-/// What may be missing: every step of the way ends the search when it fails.
+/// Any step may find nothing, and then the search ends.
 using Bytes = std::optional<std::string>;
 using Offset = std::optional<std::uint64_t>;
 
@@ -39,7 +39,7 @@ class Image {
     static constexpr std::size_t kFixedInfoSize = 52;
     static constexpr std::size_t kVersionInfoSize = kFixedInfoOffset + kFixedInfoSize;
 
-    /// `size` bytes; nothing when the file does not hold them all.
+    /// `size` bytes; nothing when the file does not hold all of them.
     Bytes read(std::uint64_t offset, std::size_t size) {
         file_.seek(offset);
         std::string bytes(size, '\0');
@@ -51,7 +51,7 @@ class Image {
         return bytes;
     }
 
-    /// Finds the section table and where the resources are in memory.
+    /// Finds the section table, and the address of the resources in memory.
     bool readHeaders() {
         const Bytes dos = read(0, 64);
         if (!dos || !dos->starts_with("MZ")) return false;
@@ -80,7 +80,7 @@ class Image {
         return true;
     }
 
-    /// Where in the file is what will be at `address` in memory.
+    /// The offset in the file of what the system would load at `address`.
     Offset fileOffset(std::uint32_t address) const {
         for (std::size_t at = 0; at < sections_.size(); at += kSectionSize) {
             const std::uint32_t start = number32(sections_, at + 12);
@@ -91,8 +91,8 @@ class Image {
         return {};
     }
 
-    /// Where the data entry of the first version resource is. Three levels lead to it: type, name
-    /// and language.
+    /// The offset of the data entry of the first version resource, found through three levels:
+    /// type, name and language.
     Offset dataEntry(std::uint64_t resources) {
         constexpr std::uint32_t isDirectory = 0x80000000;
         std::uint32_t entry = isDirectory;
@@ -106,7 +106,7 @@ class Image {
         return resources + entry;
     }
 
-    /// What the entry for version resources in a directory leads to.
+    /// The target of the directory's entry for version resources.
     std::optional<std::uint32_t> versionType(std::uint64_t directory) {
         const Bytes head = read(directory, kDirectorySize);
         if (!head) return {};

@@ -13,10 +13,10 @@ namespace quorkit::file {
 /// Major, minor, revision and build.
 using FileVersion = std::array<std::uint16_t, 4>;
 
-/// The file version of a 32-bit or 64-bit image: the first of its version resources when it has
-/// several. Nothing when it has none, when the file cannot be read or is no image, and for one that
-/// is damaged on the way there. Reads the headers and the resource alone, whatever the size of the
-/// file; what the headers claim can make that 4 MB at most.
+/// The file version of a 32-bit or 64-bit image, from the first of its version resources. Nothing
+/// when it has none, when the file cannot be read or is no image, and when it is damaged on the way
+/// to the resource. However large the file, only the headers and the resource are read: at most 4
+/// MB, whatever the headers claim.
 std::optional<FileVersion> readFileVersion(Files& files, const String& name);
 
 }  // namespace quorkit::file

@@ -9,7 +9,7 @@
 namespace quorkit::file {
 namespace {
 
-/// A name in the folder of `name` that only the holder of its lock uses.
+/// A name in the folder of `name` that only the holder of the lock uses.
 String besideOf(const String& name) {
     const auto end = name.find_last_of(u"/\\");
     const std::size_t start = end == String::npos ? 0 : end + 1;
@@ -20,8 +20,8 @@ String besideOf(const String& name) {
     return result;
 }
 
-/// Reads on, to the end or `most` bytes. `rest` is how much is to be expected: a hint. One byte
-/// more shows the end, and a file that grows is read on.
+/// Reads on, up to the end or `most` bytes. `rest`, the number of bytes expected, is only a hint:
+/// one more byte is read to see the end, and a file that grows is read further.
 void readOn(OpenFile& file, std::uint64_t rest, std::size_t most, std::string& content) {
     std::size_t used = 0;
     content.clear();
@@ -89,7 +89,7 @@ ErrorCode LockedFile::replaceBy(const String& beside, std::string_view content) 
         const ErrorCode inPlace = overwrite(content);
         return inPlace == kFileNotFound ? code : inPlace;
     }
-    // The new content stands; whether the folder reached the disk can no longer change that.
+    // The new content is in place; this stays true even if the folder does not reach the disk.
     if (code == kSuccess) files_.FlushFolderOf(name_);
     return code;
 }

@@ -1,4 +1,4 @@
-// Reading a file whole, and changing one so that nothing is ever lost.
+// Reads a file whole, and changes one without ever losing anything.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -10,7 +10,7 @@
 
 namespace quorkit::file {
 
-/// Reads a whole file; kFileTooLarge, without reading it, for one of more than `most` bytes. On
+/// Reads a whole file. One of more than `most` bytes gives kFileTooLarge and is not read. On a
 /// failure `content` is unspecified.
 ErrorCode readWholeFile(Files& files, const String& name, std::string& content,
                         std::size_t most = std::string::npos);
@@ -21,32 +21,33 @@ ErrorCode readPart(Files& files, const String& name, std::uint64_t start, std::s
 /// The sole right to change one file, for as long as this object lives.
 class LockedFile {
    public:
-    /// Follows links, then waits for the lock, as `replace` does where it must. See `status` for
-    /// how it went.
+    /// Follows links, then waits for the lock; `replace` waits as long where it must. `status`
+    /// gives the outcome.
     LockedFile(Files& files, const String& name, Wait wait = Wait::Patiently);
     ~LockedFile();
     LockedFile(const LockedFile&) = delete;
     LockedFile& operator=(const LockedFile&) = delete;
 
-    /// kSuccess when the file may be changed. Else do not call the other members.
+    /// kSuccess when the file may be changed. Otherwise call no other member.
     ErrorCode status() const { return status_; }
 
-    /// The name behind all links.
+    /// The name after all links were followed.
     const String& name() const { return name_; }
 
-    /// The content as it is now; a file that does not exist yet is empty. See readWholeFile.
+    /// Reads the current content; a file that does not exist yet is empty. See readWholeFile.
     ErrorCode read(std::string& content, std::size_t most = std::string::npos);
 
-    /// Puts new content in place, and may be called once. Mostly in one step: writes it beside the
-    /// file, brings it to the disk and swaps. Where the folder or the system does not let this user
-    /// put a file there, it is written in place, see `overwrite`. On failure the file has its old
-    /// content and nothing is left beside it. kFileReplaced: somebody who did not ask for the lock
-    /// has changed the file; lock it again, read it and begin anew.
+    /// Puts new content in place; may be called once. Usually this is one step: the content is
+    /// written to another file in the same folder, brought to the disk and swapped. Where the
+    /// folder or the system does not let this user do that, the file is overwritten, see
+    /// `overwrite`. On a failure the file has its old content and the other file is gone.
+    /// kFileReplaced means that somebody without the lock has changed the file: lock it again, read
+    /// it and begin anew.
     ErrorCode replace(std::string_view content);
-    /// The same by way of a file of the caller's own name, which must be in the same folder.
+    /// The same; the caller names the other file, which must be in the same folder.
     ErrorCode replaceBy(const String& beside, std::string_view content);
-    /// Writes new content over the old in place, and that one back when it fails. Not one step: a
-    /// reader at that moment, or the death of the process, may see a part of it.
+    /// Overwrites the old content, and restores it when that fails. This is not one step: a reader
+    /// at that moment, or the death of the process, may meet a part of the new content.
     ErrorCode overwrite(std::string_view content);
 
    private:
@@ -59,13 +60,13 @@ class LockedFile {
     ErrorCode status_;
 };
 
-/// Locks a file, makes `content` its whole content and gives the lock back, see LockedFile.
+/// Locks a file, replaces its content with `content` and gives the lock back, see LockedFile.
 ErrorCode writeWholeFile(Files& files, const String& name, std::string_view content,
                          Wait wait = Wait::Patiently);
 
-/// Makes an attempt at a change, and another while it gives kFileReplaced. Those who get in between
-/// do not ask for the lock, so that there could be no end: after a hundred it gives up. Returns the
-/// last result.
+/// Attempts a change, and repeats it while the result is kFileReplaced. Others who change the file
+/// do not ask for the lock, so this might never end; it gives up after a hundred attempts. Returns
+/// the last result.
 template <class Attempt>
 ErrorCode untilNotReplaced(Attempt attempt) {
     ErrorCode code = kFileReplaced;

@@ -15,8 +15,8 @@ bool isLetter(char16_t folded, char16_t unit) {
     return folded == unit || folded == base::toUpper(unit);
 }
 
-/// As Windows cuts names, before it looks at the pattern: no full stops and blanks at the end. Of
-/// these only a last full stop behind "*" leaves a trace, and not in "*.*.".
+/// The pattern as Windows cuts it first: without full stops and blanks at the end. Of those only a
+/// last full stop behind "*" leaves a trace, and even that not in "*.*.".
 String cut(StringView pattern) {
     const StringView kept = pattern.substr(0, pattern.find_last_not_of(u". ") + 1);
     if (kept == u"*.*") return u"*";
@@ -54,7 +54,7 @@ Wildcard::Wildcard(StringView asked) {
     if (wild > 1) only_ = kNowhere;
 }
 
-/// Whether `text` is what the letters from `element` on spell, as many as it is long.
+/// Whether `text` equals the letters from `element` on, as many as it has.
 bool Wildcard::matchesFrom(std::size_t element, StringView text) const {
     return std::ranges::equal(
         text, std::span(elements_).subspan(element, text.size()),
@@ -63,7 +63,7 @@ bool Wildcard::matchesFrom(std::size_t element, StringView text) const {
 
 bool Wildcard::matches(StringView name) const {
     if (only_ == elements_.size()) return name.size() == elements_.size() && matchesFrom(0, name);
-    // With a full stop behind it, a run cannot have the last one.
+    // A run with a full stop behind it cannot take the last full stop.
     if (only_ == kNowhere ||
         (elements_[only_].step != Step::Run && elements_[only_].step != Step::RunInFront))
         return matchesAnyway(name);
@@ -94,19 +94,19 @@ bool Wildcard::standsForNothing(const Element& element, const Spot& spot) {
     return false;
 }
 
-/// Whether the element is done with this character.
+/// Whether the element accepts this character as its last.
 bool Wildcard::takes(const Element& element, const Spot& spot) {
     return (element.step == Step::Letter && isLetter(element.letter, spot.unit)) ||
            (element.step == Step::OneOrNone && !spot.stop) ||
            (element.step == Step::StopOrEnd && spot.stop);
 }
 
-/// Whether the element can take this character and then others.
+/// Whether the element accepts this character and may accept more.
 bool Wildcard::takesMore(const Element& element, const Spot& spot) {
     return element.step == Step::Run || (element.step == Step::RunInFront && !spot.lastStop);
 }
 
-/// Follows all ways through the pattern at once: `reached` has each element that may come next.
+/// Follows all ways through the pattern at once: `reached` marks each element that may come next.
 bool Wildcard::matchesAnyway(StringView name) const {
     const std::size_t lastStop = name.rfind(u'.');
     std::string reached(elements_.size() + 1, '\0');

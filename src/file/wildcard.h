@@ -9,17 +9,18 @@
 
 namespace quorkit::file {
 
-/// A pattern, matched the way Windows matches long names, without regard to letter case:
-/// - "*" is any run of characters, none included; in front of a full stop one that does not have
-///   the last full stop of the name; "*.*" is every name;
-/// - "?" is one character that is no full stop, or nothing in front of a full stop and at the end;
+/// A pattern, matched as Windows matches long names, without regard to letter case:
+/// - "*" is any run of characters, also an empty one; in front of a full stop it does not take the
+///   last full stop of the name; "*.*" is every name;
+/// - "?" is one character other than a full stop; in front of a full stop and at the end it may be
+///   nothing;
 /// - a full stop in front of "*" or "?" may be missing at the end of a name: "a.*" matches "a";
-/// - full stops and blanks at the end do not count: "*.txt. " is "*.txt", "a?." is "a?", "*. " is
-///   "*"; but behind "*" a full stop that is the last character means no extension: "*.", "a*..",
+/// - full stops and blanks at the end are ignored: "*.txt. " is "*.txt", "a?." is "a?", "*. " is
+///   "*". But a full stop that is the last character behind "*" means no extension: "*.", "a*..",
 ///   "* .".
-/// A name takes time in proportion to its length, times that of the pattern at worst. Sources:
-/// FsRtlIsNameInExpression in the Windows driver documentation, and what FindFirstFile makes of
-/// patterns before it asks that.
+/// Matching takes time in proportion to the length of the name, at worst times that of the pattern.
+/// Sources: FsRtlIsNameInExpression in the Windows driver documentation, and the changes that
+/// FindFirstFile makes to patterns before.
 class Wildcard {
    public:
     explicit Wildcard(StringView asked);
@@ -36,7 +37,7 @@ class Wildcard {
     };
     struct Element {
         Step step = Step::Letter;
-        char16_t letter = 0;  ///< folded
+        char16_t letter = 0;  ///< folded, see base::folded
     };
     struct Spot;  ///< where in a name
 
@@ -47,8 +48,8 @@ class Wildcard {
     bool matchesAnyway(StringView name) const;
 
     std::vector<Element> elements_;
-    /// Where the only element stands that is no letter; behind the end when all are letters, and
-    /// nowhere when there are more.
+    /// The position of the only element that is no letter. It is behind the end when all are
+    /// letters, and kNowhere when there are several.
     std::size_t only_ = 0;
 };
 

@@ -7,7 +7,7 @@ namespace quorkit {
 using frame::method;
 using frame::propertyGet;
 
-// The identifiers are those of the runtime's own collection.
+// The identifiers are those of the automation runtime's collection.
 template <>
 std::span<const MemberInfo> frame::memberRows<Collection>() {
     using C = Collection;

@@ -8,7 +8,7 @@ using frame::method;
 using frame::propertyGet;
 using frame::propertyLet;
 
-// The identifiers are those of the scripting runtime's own dictionary.
+// The identifiers are those of the scripting runtime's dictionary.
 template <>
 std::span<const MemberInfo> frame::memberRows<Dictionary>() {
     using C = Dictionary;

@@ -1,4 +1,4 @@
-// From what a client hands in to one value for each parameter.
+// Turns the arguments of a call into one value for each parameter.
 #pragma once
 
 #include <quorkit/catalogue.h>
@@ -12,18 +12,18 @@ namespace quorkit::frame {
 /// A member's values in the order of its parameters.
 using Values = std::array<Variant, MemberInfo::kMaxParameters>;
 
-/// Where the value of each parameter comes from; null for one that is left out. Errors 448 (no
-/// parameter of that name), 450 (too many arguments, or one given twice).
+/// The source of each parameter's value; null for one that is left out. Error 448 for a name that
+/// no parameter has, 450 for too many arguments and for one given twice.
 using Sources = std::array<Variant*, MemberInfo::kMaxParameters>;
 Sources sourcesOf(const MemberInfo& member, const Arguments& arguments);
 
-/// The values from there, `missing` for each one left out. Error 449 for a required argument left
-/// out; else the sources are moved from. With `variablesMayBeOmitted` what the member may change is
-/// no required argument.
+/// Moves the values out of their sources; one left out becomes `missing`. Error 449 when a required
+/// argument is left out; then nothing was moved. With `variablesMayBeOmitted` an argument that the
+/// member may change is not required.
 Values arrange(const MemberInfo& member, const Sources& sources,
                bool variablesMayBeOmitted = false);
 
-/// What a variable of the type is before anybody sets it.
+/// The value of a variable of this type before it is set.
 Variant initialValue(Type type);
 
 }  // namespace quorkit::frame

@@ -45,7 +45,7 @@ class OwnCollection final : public Collection {
     void remove(Long position) override {
         const auto at = entries_.begin() + static_cast<std::ptrdiff_t>(index(position));
         if (!(*at)->key.empty()) byKey_.erase(base::toLower((*at)->key));
-        const auto gone = std::move(*at);  // released when the collection is whole again
+        const auto gone = std::move(*at);  // released last, when all is consistent
         entries_.erase(at);
     }
     void remove(StringView key) override {
@@ -65,10 +65,10 @@ class OwnCollection final : public Collection {
     }
 
     std::vector<std::unique_ptr<Entry>> entries_;
-    std::unordered_map<String, const Entry*> byKey_;  // entries keep their address
+    std::unordered_map<String, const Entry*> byKey_;  // the addresses of entries do not change
 };
 
-/// A client's own object: it is asked for everything.
+/// A client's own object; every operation asks the object itself.
 class ForeignCollection final : public Collection {
    public:
     explicit ForeignCollection(ObjectRef object) : object_(std::move(object)) {}

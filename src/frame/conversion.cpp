@@ -12,7 +12,8 @@ Byte byteOf(const Variant& value) {
     return static_cast<Byte>(number);
 }
 
-/// An array with each element converted; an unallocated one stays so. Error 13 for a table.
+/// An array with each element converted; an unallocated one stays unallocated. Error 13 for a
+/// table.
 template <class T, class From, class Convert>
 Array<T> converted(const Array<From>& from, Convert convert) {
     if (!from.allocated()) return {};
@@ -23,7 +24,8 @@ Array<T> converted(const Array<From>& from, Convert convert) {
     return Array<T>(std::move(elements), from.lower());
 }
 
-/// Variants convert to the elements of any array, and texts to Variants; no other array converts.
+/// An array of Variants converts to any array, an array of texts to Variants; no other array
+/// converts.
 template <class T, class Convert>
 void requireArray(Variant& value, Convert convert) {
     if (value.is<Array<T>>()) return;

@@ -7,11 +7,10 @@
 
 namespace quorkit::frame {
 
-/// Converts `value` in place to `type`, as the automation runtime does when a call is made. Only a
-/// text that is to be a Date makes it ask the system for the user's language: `ports`, or English
-/// without.
-/// Error 13 when it does not convert, 6 when it does not fit, 94 for Null where a value is needed;
-/// `value` is then unchanged.
+/// Converts `value` in place to `type`, as the automation runtime does when a call is made. A text
+/// that becomes a Date is read in the user's language, for which `ports` is asked; without ports it
+/// is English. Error 13 when the value does not convert, 6 when it does not fit, 94 for Null where
+/// a value is needed; `value` then stays as it was.
 void convert(Variant& value, const TypeInfo& type, Ports* ports);
 
 }  // namespace quorkit::frame

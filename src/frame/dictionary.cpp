@@ -13,7 +13,7 @@
 namespace quorkit {
 namespace {
 
-/// A text for each key: the letter of its kind, then its value.
+/// A unique text for each key: the letter of its kind, then its value.
 struct KeyText {
     String operator()(Empty) const { return u"E"; }
     String operator()(Null) const { return u"N"; }
@@ -34,7 +34,7 @@ struct KeyText {
 
    private:
     static std::uint64_t bits(Double value) {
-        return std::bit_cast<std::uint64_t>(value == 0 ? 0.0 : value);  // there is a negative 0
+        return std::bit_cast<std::uint64_t>(value == 0 ? 0.0 : value);  // 0 and -0 are the same key
     }
     static String coded(char16_t kind, std::uint64_t value) {
         String text(1, kind);
@@ -85,18 +85,18 @@ class OwnDictionary final : public Dictionary {
     bool remove(const Variant& key) override {
         const auto found = numbers_.find(textOf(key));
         if (found == numbers_.end()) return false;
-        const auto gone = entries_.extract(found->second);  // released when all is whole again
+        const auto gone = entries_.extract(found->second);  // released last, when all is consistent
         numbers_.erase(found);
         return true;
     }
 
    private:
-    std::map<std::uint64_t, Entry> entries_;             // in the order of their adding
-    std::unordered_map<String, std::uint64_t> numbers_;  // by a text that is unique per key
+    std::map<std::uint64_t, Entry> entries_;             // in the order in which they were added
+    std::unordered_map<String, std::uint64_t> numbers_;  // the key is a text unique to each key
     std::uint64_t next_ = 0;
 };
 
-/// A client's own object: it is asked for everything.
+/// A client's own object; every operation asks the object itself.
 class ForeignDictionary final : public Dictionary {
    public:
     explicit ForeignDictionary(ObjectRef object) : object_(std::move(object)) {}

@@ -1,4 +1,4 @@
-// The public enumerations as the catalogue has them, and which C++ type is which.
+// The public enumerations as the catalogue has them, and the C++ type of each.
 #pragma once
 
 #include <quorkit/catalogue.h>

@@ -1,4 +1,4 @@
-// The ways in which a member meets a run-time failure: the usual three, and a fourth of one member.
+// How a member treats a run-time failure: three usual ways, and a fourth that one member needs.
 #pragma once
 
 #include <quorkit/errors.h>
@@ -13,8 +13,8 @@
 
 namespace quorkit::frame {
 
-/// The failure ends the member and reaches its caller as an automation error, also when it was the
-/// C++ library that failed: exhausted memory is error 7, anything unexpected error 51.
+/// The failure ends the member and reaches its caller as an automation error. A failure of the C++
+/// library becomes one too: exhausted memory error 7, anything unexpected error 51.
 template <class Body>
 decltype(auto) untrapped(Body&& body) {
     try {
@@ -30,7 +30,7 @@ decltype(auto) untrapped(Body&& body) {
     }
 }
 
-/// The failing statement is skipped and the member goes on behind it. True when it did not fail.
+/// Skips a failing statement; the member continues behind it. True when it did not fail.
 template <class Statement>
 bool resumeNext(Statement&& statement) {
     const PendingError before = pendingError();
@@ -43,7 +43,7 @@ bool resumeNext(Statement&& statement) {
     }
 }
 
-/// The first failure ends the body, and `failure` is the result.
+/// Ends the body at the first failure, and returns `failure`.
 template <class Result, class Body>
 Result onErrorReturn(const Result& failure, Body&& body) {
     const PendingError before = pendingError();
@@ -55,7 +55,7 @@ Result onErrorReturn(const Result& failure, Body&& body) {
     }
 }
 
-/// The step is tried again until it does not fail. One that always fails never returns.
+/// Repeats the step until it does not fail; never returns if it always fails.
 template <class Step>
 void retryUntilItSucceeds(Step&& step) {
     while (!resumeNext(step)) std::this_thread::yield();

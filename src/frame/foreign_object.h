@@ -17,9 +17,9 @@ class ForeignObject {
    public:
     explicit ForeignObject(ObjectRef object) : object_(std::move(object)) {}
 
-    /// `object` as a Kind: itself when it is one. A client's own that has the property `sign` is
-    /// adapted: `make` gets the object and the property's value. Error 13 for all others; Nothing
-    /// stays Nothing.
+    /// `object` as a Kind: itself when it is one. A client's own object with the property `sign` is
+    /// wrapped by `make`, which receives the object and the value of the property. Error 13 for any
+    /// other object; Nothing stays Nothing.
     template <class Kind, class Make>
     static std::shared_ptr<Kind> adapted(const ObjectRef& object, StringView sign, Make make) {
         if (object == nullptr) return nullptr;

@@ -1,4 +1,4 @@
-// An object of a public class, as a late-bound client has it.
+// An object of a public class, as late-bound clients use it.
 #pragma once
 
 #include <quorkit/catalogue_object.h>
@@ -13,9 +13,9 @@ namespace quorkit::frame {
 /// The rows of a class, specialised in its <class>_members.cpp.
 template <class C>
 std::span<const MemberInfo> memberRows();
-/// The class with these rows; it is in the catalogue.
+/// The catalogue's entry of the class with these rows.
 const ClassInfo& classOfRows(std::span<const MemberInfo> (*rows)());
-/// The class's place in the catalogue.
+/// The entry of the class in the catalogue.
 template <class C>
 const ClassInfo& classInfo() {
     static const ClassInfo& info = classOfRows(&memberRows<C>);
@@ -25,7 +25,7 @@ const ClassInfo& classInfo() {
 template <class C>
 class Instance final : public CatalogueObject {
    public:
-    /// `from` is what C is made of.
+    /// C is constructed from `from`.
     template <class From>
     Instance(Ports& ports, From&& from) : ports_(ports), self_(std::forward<From>(from)) {}
     const ClassInfo& info() const override { return classInfo<C>(); }
@@ -41,7 +41,7 @@ class Instance final : public CatalogueObject {
     C self_;
 };
 
-/// A new object for a member that gives a public class by value.
+/// A new object, for a member that returns a public class by value.
 template <class C>
 ObjectRef objectOf(Ports& ports, C&& result) {
     return std::make_shared<Instance<C>>(ports, std::forward<C>(result));

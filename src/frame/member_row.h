@@ -1,5 +1,5 @@
-// Builds the catalogue row of a member from the C++ signature of its function. Types, by value or
-// by reference, optional or not and defaults all come from the signature.
+// Builds the catalogue row of a member from the signature of its C++ function, which tells the
+// types, by value or by reference, optional or not, and the defaults.
 #pragma once
 
 #include <quorkit/catalogue.h>
@@ -21,11 +21,11 @@
 
 namespace quorkit::frame {
 
-/// Types that stand in a Variant as they are.
+/// Types that a Variant holds without conversion.
 template <class T>
 concept Native = std::is_same_v<T, Variant> || VariantAlternative<T>;
 
-/// The C++ types of the interface, but for enumerations and classes.
+/// The C++ types of the interface, except enumerations and classes.
 template <class T>
 inline constexpr Type kPlainType = Type::None;
 template <>
@@ -55,7 +55,7 @@ inline constexpr Type kPlainType<ObjectRef> = Type::Object;
 template <class T>
 concept RuntimeRef =
     std::derived_from<typename T::element_type, Object> && !std::is_same_v<T, ObjectRef>;
-/// A public class, which a member gives by value and a client gets as a new object.
+/// A public class that a member returns by value; a client receives it as a new object.
 template <class T>
 concept PublicClass = std::is_class_v<T> && !Native<T> && !requires {
     typename T::element_type;
@@ -73,7 +73,7 @@ constexpr TypeInfo typeOf() {
         return {kPlainType<T>, nullptr, nullptr};
 }
 
-/// What a parameter's C++ type says about it.
+/// What the C++ type of a parameter tells about it.
 template <class P>
 struct Signature {
     using Value = P;
@@ -110,7 +110,7 @@ constexpr ParameterInfo parameter(const char* name) {
             S::defaultValue};
 }
 
-/// One argument on its way into the member, and back out again when the member may change it.
+/// One argument: it goes into the member, and back out if the member may change it.
 template <class P>
 class Argument {
     using Value = typename Signature<P>::Value;
@@ -144,12 +144,12 @@ class Argument {
 
     Variant& slot_;
     [[no_unique_address]] Local local_ = {};
-    /// What `local_` was before the call.
+    /// The value of `local_` before the call.
     [[no_unique_address]] std::conditional_t<Signature<P>::changed, Local, std::monostate> handed_ =
         {};
 };
 
-/// The shape of a member function and how to run it, the same whether it is const or not.
+/// The shape of a member function, const or not, and how to run it.
 template <auto F, class R, class C, class... P>
 struct Shape {
     using Result = std::remove_cvref_t<R>;

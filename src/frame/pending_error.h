@@ -1,4 +1,4 @@
-// The error that a client was given last, for those who report it later.
+// The last error that a client received, for members that report it later.
 #pragma once
 
 #include <quorkit/errors.h>
@@ -11,16 +11,17 @@ struct PendingError {
     const char* text = "";
 };
 
-/// Of the calls by name on this thread. An error stays until the next one takes its place: whoever
-/// handles it may call what he likes meanwhile.
+/// The last error of a call by name on this thread. It stays until the next error replaces it, so
+/// an error handler may call other members meanwhile.
 const PendingError& pendingError();
 
-/// `error` is on its way to the client.
+/// Called for every error that is about to reach the client.
 void setPendingError(const AutomationError& error);
-/// For a member that has dealt with an error itself: it is none of the client's.
+/// Restores the error before a call; for a member that has handled an error itself, which therefore
+/// does not concern the client.
 void setPendingError(const PendingError& before);
 
-/// Raises an error that goes straight to the client.
+/// Raises an error that reaches the client as it is, and records it.
 [[noreturn]] void raiseToClient(ErrorNumber number);
 
 }  // namespace quorkit::frame

@@ -6,17 +6,17 @@
 namespace quorkit::detail {
 namespace {
 
-/// The releases under way on a thread: each within the one before.
+/// The releases under way on a thread, each started by the one before.
 struct Releases {
     int depth = 0;
     std::vector<VariantValue> waiting;
 };
 
-// It points to the stack of the outermost release, so that it needs no destruction of its own:
-// Variants may outlive all others on their thread.
+// A pointer to the stack of the outermost release. It needs no destructor, because Variants may
+// outlive every other object of their thread.
 thread_local Releases* underWay = nullptr;
 
-/// Whether other values go with this one.
+/// Whether releasing this value releases other values.
 bool holdsValues(const VariantValue& value) {
     if (const auto* object = std::get_if<ObjectRef>(&value)) return object->use_count() == 1;
     const auto* array = std::get_if<Array<Variant>>(&value);
@@ -24,14 +24,14 @@ bool holdsValues(const VariantValue& value) {
 }
 
 void releaseWithin(Releases& releases, VariantValue& value) noexcept {
-    // Objects of a usual depth go at once, so that what their destructors do comes in the order
-    // that their authors expect.
+    // Objects nested to a usual depth are released at once, so that their destructors run in the
+    // order that their authors expect.
     constexpr int deepest = 32;
     if (releases.depth >= deepest) {
         try {
             releases.waiting.push_back(std::move(value));
             return;
-        } catch (const std::bad_alloc&) {  // the stack may have the room that the heap has not
+        } catch (const std::bad_alloc&) {  // the stack may have room although the heap has none
         }
     }
     ++releases.depth;

@@ -50,7 +50,7 @@ std::string digitsOf(std::uint32_t high, std::uint64_t low) {
     return digits;
 }
 
-/// Multiplies by ten and adds a digit; error 6 when that is more than 96 bits.
+/// Multiplies by ten and adds a digit. Error 6 when the result needs more than 96 bits.
 void append(Decimal& number, char digit) {
     std::uint64_t carry = static_cast<std::uint64_t>(digit - '0');
     std::uint32_t words[] = {static_cast<std::uint32_t>(number.low),
@@ -124,7 +124,7 @@ std::uint64_t toUInt64(const Variant& value) {
 }
 
 std::int64_t toCurrency(const Variant& value) {
-    // As text, because the product with 10,000 is rounded already.
+    // The calculation uses text, because a product with 10,000 would already be rounded.
     char text[400];
     char* const end =
         std::to_chars(text, std::end(text), runtime::CDbl(value), std::chars_format::fixed, 4).ptr;

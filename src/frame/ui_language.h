@@ -6,8 +6,8 @@
 
 namespace quorkit::frame {
 
-/// The language that the user's interface speaks, or when that is not known the system's own;
-/// eLanguage_Unknown for one that has no constant. Never an error, never eLanguage_System.
+/// The language of the user's interface, or the system's own when that is not known. A language
+/// that has no constant is eLanguage_Unknown. Never an error, never eLanguage_System.
 eLanguage uiLanguage(Ports& ports);
 
 }  // namespace quorkit::frame

@@ -8,7 +8,7 @@ using frame::method;
 using frame::propertyGet;
 using frame::propertyLet;
 
-// Identifiers count the class's procedures; 3 and C are taken by private ones.
+// The identifiers follow the order of the class's procedures; 3 and C belong to private ones.
 template <>
 std::span<const MemberInfo> frame::memberRows<QuorInifile>() {
     using C = QuorInifile;

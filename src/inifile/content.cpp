@@ -1,4 +1,4 @@
-// A whole section read as a table, and a table merged into a section.
+// Reading a whole section as a table, and merging a table into a section.
 #include <quorkit/QuorInifile.h>
 
 #include <algorithm>
@@ -12,14 +12,14 @@
 namespace quorkit {
 namespace {
 
-/// The entries of a section while new ones are merged into them: entry `end_` and those behind it
+/// The entries of a section while new ones are merged into them. Entry `end_` and all later ones
 /// are overwritten one by one, whatever they hold.
 class Merge {
    public:
     /// Both tables must outlive the merge.
     Merge(const inifile::SectionContent& content, Long newEntries) : end_(index(content.count)) {
         const auto& texts = content.table.elements();
-        // An entry is found by its key only when it does not stand at the highest index.
+        // The entry at the highest index cannot be found by its key.
         slots_.resize(end_ + index(newEntries));
         searched_ = slots_.size() - 1;
         next_.resize(searched_, kNone);
@@ -39,7 +39,7 @@ class Merge {
         const auto found = first_.find(inifile::trimBlanks(key));
         return found == first_.end() || found->second == kNone ? nullptr : &slots_[found->second];
     }
-    /// Appends the entry of a key that is not there.
+    /// Appends an entry whose key is new.
     void append(const inifile::IniEntry& entry) {
         if (end_ < searched_) {
             forget(end_);
@@ -54,7 +54,7 @@ class Merge {
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
     static std::size_t index(Long count) { return static_cast<std::size_t>(count); }
 
-    /// The entry at `index` is about to be overwritten; a later one of its key takes its place.
+    /// Called before the entry at `slot` is overwritten; the next entry of its key replaces it.
     void forget(std::size_t slot) {
         const auto found = first_.find(slots_[slot].name);
         if (found != first_.end() && found->second == slot) found->second = next_[slot];

@@ -1,4 +1,4 @@
-// Removing several keys of a section by writing it anew without them.
+// Removes several keys of a section by writing it anew without them.
 #pragma once
 
 #include <quorkit/array.h>
@@ -9,31 +9,31 @@
 
 namespace quorkit::inifile {
 
-/// The name under which a key is looked for among the names to delete.
+/// The name by which a key is looked up among the names to delete.
 using BaseOfKey = StringView (*)(StringView key);
 /// The key itself.
 StringView wholeKey(StringView key);
-/// The key without the decimal digits at its end; "" when it is nothing else.
+/// The key without the decimal digits at its end; "" for a key of digits only.
 StringView RemoveTrailingDigits(StringView key);
 
-/// One order to delete keys.
+/// An order to delete several keys.
 class Deletion {
    public:
-    /// Keys go whose base is among `names`; those that are their own base are counted. `names`
-    /// without exactly one dimension is empty. The arguments must outlive the order.
+    /// Deletes each key whose base is among `names`, and counts those that are equal to their base.
+    /// Unless `names` has exactly one dimension, it is empty. The arguments must outlive the order.
     Deletion(StringView section, const Array<String>& names, BaseOfKey base);
 
     /// Whether there is nothing to delete.
     bool isEmpty() const { return names_.dimensions() != 1 || names_.elements().empty(); }
 
-    enum Outcome : Long { kTwice = -2, kFailed = -1 };  // else the number of keys removed
+    enum Outcome : Long { kTwice = -2, kFailed = -1 };  // otherwise the number of keys removed
 
-    /// What has become of the document: rewritten, or as it was.
+    /// What has happened to the document: it was rewritten, or it is unchanged.
     struct Done {
         Long result = 0;
         bool rewritten = false;
     };
-    /// Takes the whole section, however large it is.
+    /// Works on the whole section, however large it is.
     Done run(IniDocument& document) const;
 
    private:
@@ -42,8 +42,8 @@ class Deletion {
     BaseOfKey base_;
 };
 
-/// Runs the order on a file. `size` is what the caller gave as the size of the section: kFailed
-/// when it is no Long. `lastResult` is the outcome of the write, 0 when there was none.
+/// Runs the order on a file. `size` is the size of the section that the caller gave; kFailed when
+/// it is no Long. `lastResult` receives the outcome of the write, 0 when nothing was written.
 Long deleteFromFile(Files& files, const String& name, const Deletion& deletion, const Variant& size,
                     Long& lastResult);
 

@@ -135,7 +135,7 @@ std::size_t IniDocument::endOfSection(const Line& header) const {
     return next ? next->begin : file_.text.size();
 }
 
-/// The last line of a section that is of none of the given kinds, its header if need be.
+/// The last line of a section that has none of the given kinds; its header when there is no other.
 Line IniDocument::lastLineBut(const Line& header, std::initializer_list<LineKind> kinds) const {
     Line last = header;
     forEachLine(header, [&](const Line& line) {

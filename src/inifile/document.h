@@ -1,10 +1,10 @@
-// The text of one INI file, read and changed in place: a change touches its own line and nothing
-// else. The first section, and in it the first key, of a name is the one that counts.
+// The text of one INI file, read and changed in place: a change touches only its own line. When a
+// name is there twice, the first section, and in it the first key, counts.
 //
-// These are the four profile operations as Win32 has them, on a text in memory:
-// GetPrivateProfileStringA is value, forEachKey and sectionNames, WritePrivateProfileStringA is
-// setValue, removeKey and removeSection, GetPrivateProfileSectionA is entries and
-// WritePrivateProfileSectionA setEntries. What their buffers cut off is in profile.h.
+// These are the four profile operations as Win32 has them, on a text in memory.
+// GetPrivateProfileStringA is value, forEachKey and sectionNames; WritePrivateProfileStringA is
+// setValue, removeKey and removeSection; GetPrivateProfileSectionA is entries;
+// WritePrivateProfileSectionA is setEntries. profile.h has the limits of their buffers.
 #pragma once
 
 #include <quorkit/values.h>
@@ -23,8 +23,8 @@
 
 namespace quorkit::inifile {
 
-/// A line that is to stand in a section: name, "=" and value. A name that begins with ";" makes it
-/// a comment. Refers to texts of the caller.
+/// A line for a section: name, "=" and value. A name that begins with ";" makes it a comment.
+/// Refers to texts of the caller.
 struct IniEntry {
     StringView name;
     StringView value;
@@ -34,58 +34,59 @@ class IniDocument {
    public:
     /// Takes the content of a file.
     explicit IniDocument(std::string content) : file_(takeApart(std::move(content))) {}
-    /// What stands for a file that can be neither read nor written.
+    /// The document of a file that can be neither read nor written.
     static IniDocument refused() { return IniDocument(FileText{.refused = true}); }
-    /// Whether the file can be neither read nor written: then nothing is in it.
+    /// Whether the file can be neither read nor written; the document then is empty.
     bool isRefused() const { return file_.refused; }
 
-    /// The content of the file again; nothing when it would be read back in another encoding.
+    /// The content of the file; nothing when it would be read back in another encoding.
     std::optional<std::string> content() &&;
     /// Whether anything has been changed.
     bool changed() const { return changed_; }
 
-    // Reading. Names are the same when they are the same keys; blanks around them do not count.
+    // Reading. Names are compared as keys are, see base::sameKey; blanks around them do not count.
 
     std::optional<String> value(StringView section, StringView key) const;
-    /// Hands `use` the name of every key of a section, in order, and a function for its value.
+    /// Passes `use` the name of every key of a section, in order, and a function that gives its
+    /// value.
     using KeyUse = std::function<void(String name, const std::function<String()>& value)>;
     void forEachKey(StringView section, const KeyUse& use) const;
-    /// The names of the sections in order, but for those whose name is empty. May stop when their
-    /// text exceeds `enough` characters.
+    /// The names of the sections in order, without empty ones. May stop when their text exceeds
+    /// `enough` characters.
     std::vector<String> sectionNames(std::size_t enough) const;
-    /// The lines of a section in order, blank ones left out: name, "=" and value of a key, any
-    /// other line as it stands. May stop when their text exceeds `enough` characters.
+    /// The lines of a section in order, without blank ones: name, "=" and value of a key, any other
+    /// line as it is. May stop when their text exceeds `enough` characters.
     std::vector<String> entries(StringView section, std::size_t enough) const;
-    /// Whether the encoding has all characters of a text; else ports::takeReason says so.
+    /// Whether the encoding has all characters of a text; if not, ports::takeReason says so.
     bool canHold(StringView text) const { return isAscii(text) || encoded(text); }
-    /// Whether there is a section of that name, or can be.
+    /// Whether a section of that name exists or can be made.
     bool canHoldSection(StringView name) const;
-    /// From here on sections are found by an index, for callers that ask for many of them.
+    /// Finds sections by an index from now on, for callers that look for many of them.
     void indexSections() { index_ = Index(); }
 
-    // Changing. False when the layout or the encoding cannot carry it, or when what is to be
-    // removed is not there; then nothing has changed.
+    // Changing. False when the layout or the encoding cannot hold the new content, or when nothing
+    // is there to be removed; then the document is unchanged.
 
     bool setValue(StringView section, StringView key, StringView value);
     bool removeKey(StringView section, StringView key);
     bool removeSection(StringView section);
-    /// Makes the lines of a section the given ones. Lines that stay as they were keep every byte,
-    /// and blank lines keep their place.
+    /// Replaces the lines of a section by the given ones. A line that stays keeps every byte, and
+    /// blank lines keep their places.
     bool setEntries(StringView section, std::span<const IniEntry> lines);
-    /// Puts lines in front of those of a section, which all stay.
+    /// Puts lines in front of those of a section, which stay.
     bool putInFront(StringView section, std::span<const IniEntry> lines);
-    /// Makes a section the last one, without the blank lines behind it. A section that another one
-    /// of its name would then hide stays where it is.
+    /// Moves a section to the end and drops the blank lines behind it. A section stays where it is
+    /// if another one of its name would then come first.
     void moveSectionToEnd(StringView section);
 
    private:
     explicit IniDocument(FileText file) : file_(std::move(file)) {}
 
-    /// A name that lines are compared with.
+    /// A name to compare lines with.
     struct Wanted {
         explicit Wanted(StringView name);
         String lower;
-        std::optional<std::string> ascii;  ///< the same, when it is plain ASCII
+        std::optional<std::string> ascii;  ///< the same text, if it is plain ASCII
     };
 
     std::string_view part(std::size_t begin, std::size_t end) const {
@@ -102,7 +103,7 @@ class IniDocument {
     String entryOf(const Line& line) const;
 
     bool isNamed(const Line& line, const Wanted& name) const;
-    /// Calls `use` with each line behind a section's header line, until it answers false.
+    /// Calls `use` with each line of a section behind its header, until `use` returns false.
     template <class Use>
     void forEachLine(const Line& header, Use use) const;
     std::optional<Line> nextHeader(std::size_t from) const;
@@ -127,8 +128,8 @@ class IniDocument {
     void replace(std::size_t begin, std::size_t end, std::string_view by);
 
     FileText file_;
-    mutable std::optional<Encoding> encoding_;  // found out when it first matters
-    /// The headers found so far by their names in small letters, and where to look for more.
+    mutable std::optional<Encoding> encoding_;  // determined when it first matters
+    /// The headers found so far, by their names in small letters, and the place to search on.
     struct Index {
         std::unordered_map<String, Line> headers;
         std::size_t end = 0;

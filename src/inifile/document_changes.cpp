@@ -1,11 +1,11 @@
-// How a document is changed.
+// Changing a document.
 #include <algorithm>
 
 #include "inifile/document.h"
 
 namespace quorkit::inifile {
 
-/// The text put behind what is there; false when the encoding cannot hold it.
+/// Appends the encoded text to `bytes`. False when the encoding cannot hold it.
 bool IniDocument::addEncoded(std::string& bytes, StringView text) const {
     const std::size_t size = bytes.size();
     bytes.resize(size + text.size());
@@ -23,21 +23,21 @@ bool IniDocument::addEncoded(std::string& bytes, StringView text) const {
 
 void IniDocument::replace(std::size_t begin, std::size_t end, std::string_view by) {
     if (part(begin, end) == by) return;
-    encoding();  // as the file was found
+    encoding();  // determined before the text changes
     file_.text.replace(begin, end - begin, by);
     index_.reset();
     changed_ = true;
 }
 
-/// The line end to write behind `line`: its own, or where it has none the first of the file.
+/// The line end to write behind `line`: its own, or if it has none the first one in the file.
 std::string IniDocument::lineEndAt(const Line& line) const {
     if (line.ended()) return std::string(part(line.end, line.next));
     const Line first = file_.text.empty() ? Line() : lineAt(file_.text, 0);
     return first.ended() ? std::string(part(first.end, first.next)) : "\r\n";
 }
 
-/// A key line with another value: everything else in it stays, the quotes of the value included.
-/// False when the encoding cannot hold it.
+/// Appends a key line with another value; the rest of the line stays, the quotes around the value
+/// too. False when the encoding cannot hold it.
 bool IniDocument::addRewritten(std::string& text, const Line& line, StringView value) const {
     text += part(line.begin, line.valueBegin);
     const bool quoted = !isReadPlainly(part(line.valueBegin, line.valueEnd));
@@ -50,8 +50,8 @@ bool IniDocument::addRewritten(std::string& text, const Line& line, StringView v
     return held;
 }
 
-/// The line of an entry. False when the encoding cannot hold it, or it would be more than a line or
-/// a line of another kind.
+/// Appends the line of an entry. False when the encoding cannot hold it, and when it would become
+/// several lines or a line of another kind.
 bool IniDocument::addWritten(std::string& text, const IniEntry& entry) const {
     const std::size_t begin = text.size();
     const bool key = !trimBlanks(entry.name).starts_with(u';');
@@ -80,7 +80,7 @@ bool IniDocument::setValue(StringView section, StringView key, StringView value)
         return true;
     }
     if (!addWritten(text, entry)) return false;
-    // Comments behind the last key mostly speak of the section that follows.
+    // Comments behind the last key usually belong to the section that follows.
     const Line last = lastLineBut(*header, {LineKind::Blank, LineKind::Comment});
     const std::string lineEnd = lineEndAt(last);
     replace(last.next, last.next, last.ended() ? text + lineEnd : lineEnd + text);
@@ -151,7 +151,7 @@ bool IniDocument::appendSection(StringView name, std::span<const IniEntry> lines
     return true;
 }
 
-/// Puts whole lines at the end. A file without a final line end goes on without one.
+/// Appends whole lines to the file. A file without a final line end stays without one.
 void IniDocument::append(std::string_view lines) {
     const std::string& text = file_.text;
     if (text.empty() || text.ends_with('\n')) return replace(text.size(), text.size(), lines);

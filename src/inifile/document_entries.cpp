@@ -1,4 +1,4 @@
-// How the lines of a section become other ones.
+// Replacing the lines of a section.
 #include <algorithm>
 
 #include "base/letter_case.h"
@@ -7,7 +7,7 @@
 namespace quorkit::inifile {
 namespace {
 
-/// The part of a line that is its key when it is a key line, and of any other line what would be.
+/// The key of a key line; in any other line, the part that stands in its place.
 struct Place {
     std::size_t begin;
     std::size_t end;
@@ -20,8 +20,8 @@ Place keyPlace(std::string_view text, const Line& line) {
 
 }  // namespace
 
-/// The lines of a section while it is written anew. They are taken in order: once one is passed,
-/// it and those before it are not found any more.
+/// The old lines of a section while it is written anew. They are taken in order: once a line is
+/// passed, it and all lines before it are no longer found.
 class IniDocument::OldLines {
    public:
     OldLines(const IniDocument& document, const Line& header) : document_(document) {
@@ -34,7 +34,7 @@ class IniDocument::OldLines {
     std::size_t size() const { return lines_.size(); }
     const Line& line(std::size_t place) const { return lines_[place]; }
 
-    /// The first line not yet passed that has the key; size() when there is none.
+    /// The first line with that key that is not passed yet; size() when there is none.
     std::size_t find(StringView key) {
         std::size_t next = passed_;
         while (next < size() && lines_[next].kind == LineKind::Blank) ++next;
@@ -47,7 +47,7 @@ class IniDocument::OldLines {
         return passed == places.size() ? size() : places[passed];
     }
 
-    /// Passes the line at `place`; the lines that were passed over on the way to it.
+    /// Passes the line at `place` and returns the lines that were skipped on the way to it.
     std::span<const Line> passTo(std::size_t place) {
         const std::size_t from = passed_;
         passed_ = std::min(place + 1, size());
@@ -55,7 +55,7 @@ class IniDocument::OldLines {
     }
 
    private:
-    /// Where the lines of one key stand, and how many of those places are passed.
+    /// The positions of one key's lines, and the number of those that are passed.
     struct Places {
         std::vector<std::size_t> places;
         std::size_t passed = 0;
@@ -74,7 +74,7 @@ class IniDocument::OldLines {
     const IniDocument& document_;
     std::vector<Line> lines_;
     std::size_t passed_ = 0;
-    /// Made when the order of the entries first differs.
+    /// Made when the order of the entries differs for the first time.
     std::optional<std::unordered_map<String, Places, base::KeyHash, base::KeyEqual>> index_;
 };
 
@@ -114,14 +114,14 @@ bool IniDocument::setEntries(StringView section, std::span<const IniEntry> lines
     return true;
 }
 
-/// The lines of a section with the given entries. An entry takes over the line that stood for it,
-/// unless that line stands before one that is already taken.
+/// Appends the lines of a section with the given entries. An entry takes over its old line, unless
+/// that line comes before one that is already taken.
 bool IniDocument::addMerged(std::string& text, const Line& header,
                             std::span<const IniEntry> lines) const {
     OldLines old(*this, header);
     text.reserve(old.size() * 16 + lines.size() * 32);
     const std::string lineEnd = lineEndAt(header);
-    std::size_t content = 0;  // the size of the text without its last line end
+    std::size_t content = 0;  // size of the text without its last line end
     const auto addEnd = [&](std::string_view end) {
         content = text.size();
         text += end;

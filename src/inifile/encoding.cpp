@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::string_view kUtf32Marks[] = {{"\xFF\xFE\0\0", 4}, {"\0\0\xFE\xFF", 4}};
 
-/// UTF-16 in the order that its mark tells as little-endian, or back.
+/// Converts between UTF-16 in the order of its mark and little-endian UTF-16.
 std::string inOrder(std::string_view mark, std::string_view bytes) {
     std::string result(bytes);
     if (mark == kUtf16BigMark)
@@ -25,9 +25,9 @@ std::string inOrder(std::string_view mark, std::string_view bytes) {
     return result;
 }
 
-/// Whether text without a mark is UTF-16: of the characters that INI files are made of, more stand
-/// beside a NUL than not, all at the same place of their pairs of bytes. In 8-bit text with a NUL
-/// here and there few do.
+/// Whether text without a mark is UTF-16. It is when most of the characters that INI files consist
+/// of have a NUL beside them, always on the same side. In 8-bit text with a few NULs that is not
+/// so.
 bool isBareUtf16(std::string_view text) {
     const std::string_view start = text.substr(0, 4096);
     if (start.find('\0') == std::string_view::npos) return false;
@@ -71,7 +71,7 @@ std::optional<std::string> putTogether(FileText file, Encoding encoding) {
     if (isBareUtf16(text)) return std::nullopt;
     if (isAscii(text)) return std::move(text);
     if (encoding == Encoding::Plain) {
-        // Two characters of code page 1252 may look like one in UTF-8.
+        // Two characters of code page 1252 may look like one of UTF-8.
         std::optional<std::string> ansi = encode(base::fromUtf8(text), Encoding::Ansi);
         if (ansi && !base::isUtf8(*ansi)) text = std::move(*ansi);
     } else if (encoding == Encoding::Ansi && base::isUtf8(text)) {

@@ -16,7 +16,7 @@ void giveReason(const String& file, const std::string& reason) {
     ports::giveReason("the INI file " + base::toUtf8(file) + ' ' + reason);
 }
 
-/// What reading a file gave, as a document.
+/// The document for the outcome of reading a file.
 IniDocument documentOf(const String& name, ErrorCode code, std::string content) {
     if (code == kFileTooLarge) {
         giveReason(name, "is " + tooLarge());

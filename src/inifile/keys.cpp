@@ -1,4 +1,4 @@
-// Single keys, the lists of names, whole sections removed or added.
+// Single keys, lists of names, and sections as a whole.
 #include <quorkit/QuorInifile.h>
 
 #include "inifile/deletion.h"

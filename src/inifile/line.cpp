@@ -5,7 +5,7 @@
 namespace quorkit::inifile {
 namespace {
 
-/// Begins a value whose line breaks are escaped; no value in a real file begins so.
+/// Marks a value whose line breaks are escaped; no value in a real file begins like this.
 constexpr StringView kEscaped = u"$!ESCAPEDFIELD@#";
 
 template <class Unit>
@@ -50,7 +50,7 @@ String escape(StringView value) {
     return result;
 }
 
-/// False when `escaped` is not what `escape` writes: then it is a value like any other.
+/// False when `escaped` is not the result of `escape`; then it is an ordinary value.
 bool unescape(StringView escaped, String& value) {
     for (std::size_t i = kEscaped.size(); i < escaped.size(); ++i) {
         if (escaped[i] != u'\\') {
@@ -136,7 +136,7 @@ char16_t quoteOf(StringView written) {
 bool isEntry(StringView key, StringView value) {
     const StringView name = trimBlanks(key);
     if (name.empty() || holds(key, StringView(u"=\r\n\0", 4)) || !isValue(value)) return false;
-    if (name.front() == u';') return !holds(value, u"\r\n");  // nothing is escaped in a comment
+    if (name.front() == u';') return !holds(value, u"\r\n");  // a comment has no escapes
     return name.front() != u'[' || (!holds(name, u"]") && !holds(value, u"]"));
 }
 

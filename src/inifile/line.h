@@ -1,4 +1,4 @@
-// One line of an INI file: what it is, and how a value stands in it. See docs/inifile.md.
+// One line of an INI file: its kind, and its value as written. See docs/inifile.md.
 #pragma once
 
 #include <quorkit/values.h>
@@ -11,51 +11,51 @@ namespace quorkit::inifile {
 
 enum class LineKind {
     Blank,    ///< nothing but blanks and tabs
-    Section,  ///< "[" name "]", and whatever follows the first "]"
+    Section,  ///< "[" name "]"; the text behind the first "]" is ignored
     Comment,  ///< begins with ";"
     Key,      ///< name "=" value
     Other,    ///< anything else
 };
 
-/// A line as places in the text that holds it.
+/// A line as positions in the text that contains it.
 struct Line {
     std::size_t begin = 0;
-    std::size_t end = 0;   ///< where its line end, "\n" or "\r\n", begins
-    std::size_t next = 0;  ///< where the next line begins
+    std::size_t end = 0;   ///< start of its line end, "\n" or "\r\n"
+    std::size_t next = 0;  ///< start of the next line
     LineKind kind = LineKind::Blank;
-    std::size_t nameBegin = 0;  ///< of a section or key, without blanks around it
+    std::size_t nameBegin = 0;  ///< of a section or key, without the blanks around it
     std::size_t nameEnd = 0;
-    std::size_t valueBegin = 0;  ///< of a key, without blanks around it
+    std::size_t valueBegin = 0;  ///< of a key, without the blanks around it
     std::size_t valueEnd = 0;
 
     bool ended() const { return next != end; }
 };
 
-/// The line that begins at `begin`, which is not the end of `text`.
+/// The line at `begin`, which is not the end of `text`.
 Line lineAt(std::string_view text, std::size_t begin);
 
-/// `text` without blanks and tabs at both ends: they do not count around names and values.
+/// `text` without blanks and tabs at both ends; around names and values these do not count.
 StringView trimBlanks(StringView text);
 
-/// Whether a line can carry them: nothing that would end the line, make it another line's kind, or
-/// come back as something else.
+/// Whether a line can hold the text: nothing in it ends the line, changes the line's kind, or would
+/// be read back as something else.
 bool isSectionName(StringView name);
 bool isKeyName(StringView name);
 bool isValue(StringView value);
-/// The same for an entry of a whole section, where a comment with "=" is an entry too.
+/// The same for an entry of a whole section, in which a comment with "=" is an entry too.
 bool isEntry(StringView key, StringView value);
 
-/// Whether a value is written as it is, without quotes and escapes.
+/// Whether a value is written as it is, without quotes or escapes.
 bool isWrittenPlainly(StringView value);
-/// How a value is written: line breaks escaped, then in quotes where it would not come back
-/// without. `quote` is the mark that the old value stood in, or U+0000.
+/// A value as it is written: line breaks are escaped, and quotes are added if it would not be read
+/// back without them. `quote` is the mark around the old value, or U+0000.
 String writtenForm(StringView value, char16_t quote = u'\0');
-/// Whether what stands behind "=", without the blanks around it, is the value as it is.
+/// Whether the text behind "=", without the blanks around it, is the value itself.
 bool isReadPlainly(std::string_view written);
-/// The value of what stands behind "=": blanks around it and one pair of quotes taken off, line
-/// breaks put back.
+/// The value of the text behind "=": the blanks around it and one pair of quotes are removed, line
+/// breaks restored.
 String readForm(StringView written);
-/// The mark that a written value stands in; U+0000 for none.
+/// The mark around a written value; U+0000 for none.
 char16_t quoteOf(StringView written);
 
 }  // namespace quorkit::inifile

@@ -1,4 +1,4 @@
-// Values of several lines: a marker line, then one numbered key for each line of the value.
+// Values of several lines: a marker line, followed by one numbered key for each line of the value.
 #include <quorkit/GQuorConvert.h>
 #include <quorkit/QuorInifile.h>
 
@@ -25,7 +25,7 @@ constexpr StringView kMarker = u"$!MULTILINEFIELD@#";
 constexpr StringView kBreak = u"\r\n";
 constexpr std::size_t kCheckedSectionSize = 100000;
 
-/// Keys that are stored in several lines whatever their value, when the caller asks for it.
+/// Keys that always take several lines, whatever their value, when the caller asks for it.
 constexpr std::array<StringView, 6> kOldFields = {
     u"RASENDER",           u"RASENDERBOLD",        u"RARETURNLINE",
     u"RAUNDERWRITINGLEFT", u"RAUNDERWRITINGRIGHT", u"RACOMPLEMENTARYCLOSEADDON"};
@@ -43,7 +43,7 @@ String numbered(StringView key, Long number) {
     return String(key) + String(digits.begin(), digits.end());
 }
 
-/// The values of key1, key2 ... up to the first that `find` does not know, as one text.
+/// The values of key1, key2 ... as one text, up to the first key that `find` does not know.
 template <class Find>
 String joinLines(StringView key, Find find) {
     String text;
@@ -57,8 +57,8 @@ String joinLines(StringView key, Find find) {
     return text;
 }
 
-/// A section's table with the values of several lines joined; count -2 for a key that is there
-/// twice.
+/// A section as a table in which the lines of each value are joined. `count` is -2 when a key is
+/// there twice.
 inifile::SectionContent joinedContent(const inifile::IniDocument& document, StringView section,
                                       std::size_t size) {
     inifile::SectionContent read = inifile::readContent(document, section, size);

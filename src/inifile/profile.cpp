@@ -11,8 +11,8 @@
 namespace quorkit::inifile {
 namespace {
 
-/// The lines of a section without the last ones that do not fit, and the characters in all, those
-/// of a line that is cut included.
+/// The lines of a section that fit, and the number of their characters, with the part that fits of
+/// a line that is cut.
 struct SectionLines {
     std::vector<String> lines;
     std::size_t size = 0;

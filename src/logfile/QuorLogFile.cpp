@@ -34,7 +34,7 @@ bool QuorLogFile::open(Opening opening) {
     if (openName_.empty() || isFileOpen()) return true;
     GQuorFile names(ports_);
     const String folder = names.ExtractPath(openName_);
-    if (folder.size() < 2) {  // none for PathExists, and none that can be made
+    if (folder.size() < 2) {  // PathExists rejects it, and it cannot be made
         logfile::sayThatFolderIsMissing(openName_);
         return false;
     }
@@ -61,13 +61,12 @@ ErrorCode QuorLogFile::openFile(bool empty) {
 }
 
 ErrorCode QuorLogFile::readMark() {
-    char
-        start[logfile::kLongestMark + 1];  // one more tells whether there is anything behind a mark
+    char start[logfile::kLongestMark + 1];  // one more byte shows whether anything follows a mark
     std::size_t length = 0;
     for (std::size_t got = 1; got != 0 && length < sizeof start; length += got) {
         const ErrorCode code =
             ports_.files.ReadFile(file_, start + length, sizeof start - length, got);
-        if (code == kInvalidHandle) return kSuccess;  // it may be written, not read
+        if (code == kInvalidHandle) return kSuccess;  // may be written, but not read
         if (code != kSuccess) return code;
     }
     mark_ = logfile::markOf({start, length});
@@ -120,7 +119,7 @@ void QuorLogFile::keepWithinLimit() {
     entries_ = 1;
 }
 
-/// Goes on in the file without emptying it. When that fails, the next entry tries again.
+/// Opens the file again without emptying it. If that fails, the next entry tries again.
 void QuorLogFile::reopen() {
     frame::resumeNext([&] { open(Opening::Continue); });
 }
@@ -137,7 +136,7 @@ ErrorCode QuorLogFile::write(const String& line) {
         logfile::encodeLine(line, mark_, line_);
         const auto lineBreak = continuesLine() ? std::string_view() : logfile::lineBreakOf(mark_);
         const ErrorCode written = ports_.files.Append(file_, line_, lineBreak);
-        if (written == kFileReplaced) {  // by a shortened one, or it is gone and made again
+        if (written == kFileReplaced) {  // shortened by another, or deleted and made anew
             close();
             reopen();
         }

@@ -30,7 +30,7 @@ StringView levelText(eLogEntryType level) {
     }
 }
 
-/// Trimmed when the separator is a single character.
+/// Without the blanks at its end when the separator is a single character.
 StringView levelText(eLogEntryType level, StringView separator) {
     const StringView text = levelText(level);
     return separator.size() == 1 ? runtime::Trim(text) : text;
@@ -41,7 +41,7 @@ bool sameSecond(const SystemTime& a, const SystemTime& b) {
            std::tie(b.second, b.minute, b.hour, b.day, b.month, b.year);
 }
 
-/// Puts the last digits of `number` over the places at `position`.
+/// Overwrites the `places` characters at `position` with the last digits of `number`.
 void putDigits(String& text, std::size_t position, std::size_t places, int number) {
     for (std::size_t i = places; i-- > 0; number /= 10)
         text[position + i] = static_cast<char16_t>(u'0' + number % 10);

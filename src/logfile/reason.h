@@ -1,4 +1,4 @@
-// Why a log file is not written. Members do not tell, so the person in front is told instead.
+// Tells why a log file is not written, which the members' results do not show.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -6,9 +6,9 @@
 
 namespace quorkit::logfile {
 
-/// Has ports::takeReason tell what stands in the way of writing the log file `name`.
+/// Makes ports::takeReason tell why the log file `name` cannot be written.
 void sayWhyNot(const String& name, ErrorCode code);
-/// The same of a name without a folder, such as "app.log".
+/// The same for a name without a folder, such as "app.log".
 void sayThatFolderIsMissing(const String& name);
 
 }  // namespace quorkit::logfile

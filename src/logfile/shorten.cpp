@@ -14,20 +14,20 @@
 namespace quorkit {
 namespace {
 
-/// The size of the file; nothing when there is none that can be read.
+/// The size of the file; nothing when it does not exist or cannot be read.
 std::optional<std::uint64_t> sizeOf(Files& files, const String& name) {
     file::OpenFile file(files, name);
     const std::uint64_t size = file.size();
     return file.status() == kSuccess ? std::optional(size) : std::nullopt;
 }
 
-/// What stays of a file.
+/// The part of a file that stays.
 struct Kept {
     std::string bytes;
-    bool lineGoesOn;  ///< the end of its last line was left out
+    bool lineGoesOn;  ///< its last line has lost its end
 };
 
-/// Of a plain file of `size` bytes.
+/// For a plain file of `size` bytes.
 std::optional<Kept> newerPart(Files& files, const String& name, std::uint64_t size, Long limit,
                               std::string_view mark) {
     constexpr double keptShare = 0.8;
@@ -47,7 +47,7 @@ std::optional<Kept> newerPart(Files& files, const String& name, std::uint64_t si
     return Kept{std::move(kept), whole};
 }
 
-/// Of a UTF-16 file.
+/// For a UTF-16 file.
 std::optional<Kept> olderHalf(Files& files, const String& name, std::uint64_t size) {
     std::string kept;
     const auto half = static_cast<std::size_t>(std::nearbyint(static_cast<double>(size) / 2 - 1));
@@ -70,7 +70,7 @@ Boolean QuorLogFile::limitFileSize(Unchanged<String> sFileName, Unchanged<Long> 
         if (file.status() != kSuccess) return false;
         const String& name = file.name();
         const auto size = sizeOf(ports_.files, name);
-        if (!size || withinLimit(*size)) return size.has_value();  // another was quicker
+        if (!size || withinLimit(*size)) return size.has_value();  // another process did it
         std::string start;
         if (file::readPart(ports_.files, name, 0, logfile::kLongestMark, start) != kSuccess)
             return false;
@@ -80,7 +80,7 @@ Boolean QuorLogFile::limitFileSize(Unchanged<String> sFileName, Unchanged<Long> 
                               : newerPart(ports_.files, name, *size, MaxFileSize, mark);
         if (!kept) return false;
         ErrorCode code = file.replaceBy(name + u".xxx", kept->bytes);
-        if (code == kDiskFull) code = file.overwrite(kept->bytes);  // that needs no room
+        if (code == kDiskFull) code = file.overwrite(kept->bytes);  // overwriting needs no room
         if (code != kSuccess) return false;
         unfinishedAt_.reset();
         if (kept->lineGoesOn) unfinishedAt_ = kept->bytes.size();

@@ -10,10 +10,10 @@ class Deletion {
    public:
     explicit Deletion(Registry& registry) : registry_(registry) {}
 
-    RegResult first;  ///< failure
+    RegResult first;  ///< the first failure
 
-    /// Deletes the key at `place`, which is `name` beneath `parent` and may have so many levels
-    /// beneath it. `place` is the same afterwards.
+    /// Deletes the key at `place`, which is `name` beneath `parent`, with at most `levels` levels
+    /// of keys beneath it. `place` is the same afterwards.
     void run(const OpenKey& parent, RegPath& place, const String& name, std::size_t levels) {
         if (levels > 0) deleteKeysBeneath(place, levels - 1);
         note(parent.deleteKey(name), place);
@@ -32,7 +32,7 @@ class Deletion {
         if (key.status() != kSuccess) return;
         const std::size_t length = place.path.size();
         for (const String& name : names) {
-            if (!base::canNameKey(name)) continue;  // it would lead elsewhere
+            if (!base::canNameKey(name)) continue;  // it would lead to another key
             place.path.append(u"\\").append(name);
             Deletion beneath(registry_);
             beneath.run(key, place, name, levels);

@@ -1,14 +1,15 @@
-// Deleting a key with all that is beneath it.
+// Deletes a key with everything beneath it.
 #pragma once
 
 #include "registry/reg_path.h"
 
 namespace quorkit::registry {
 
-/// Deletes the key, the deepest ones beneath it first. A key that cannot be emptied stays, and so
-/// do the ones above it; the others go. Answers the first failure. What vanishes meanwhile is none,
-/// but the key itself must be there, else kFileNotFound; a root itself is kInvalidParameter, and
-/// nothing is deleted. The path has one "\" between its names and no more.
+/// Deletes the key, the deepest keys beneath it first. A key that cannot be emptied stays, and so
+/// do those above it; the others are deleted. Returns the first failure. A key beneath that
+/// disappears meanwhile is no failure, but the key itself must exist, otherwise kFileNotFound. A
+/// root gives kInvalidParameter, and nothing is deleted. The path has exactly one "\" between its
+/// names.
 RegResult deleteTree(Registry& registry, const RegPath& key);
 
 }  // namespace quorkit::registry

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t kListRoom = 2000;
 
-/// Hands the name and the text of every value that has room to `take`.
+/// Passes the name and the text of every value within the size limits to `take`.
 template <class Take>
 void eachValue(Registry& registry, const String& path, Take take) {
     std::vector<NamedValue> values;
@@ -25,7 +25,7 @@ void eachValue(Registry& registry, const String& path, Take take) {
 CollectionRef GQuorRegistry::Reg_EnumKeyValues(const String& sPath) {
     auto texts = Collection::make();
     eachValue(ports_.registry, sPath, [&](const String& name, const String& text) {
-        // The system may tell names apart that are one key to a collection.
+        // Two names that the system tells apart may be the same key of a collection.
         texts->add(text, texts->contains(name) ? String() : name);
     });
     return texts;

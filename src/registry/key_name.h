@@ -10,9 +10,9 @@ namespace quorkit::registry {
 /// The long name of the root, and the path behind it.
 String printKeyName(const RegPath& key);
 
-/// The key of a name that begins with one of the roots of splitRegPath, in letters of any case, and
-/// ends there or goes on with "\". The path has one "\" between its names and none behind them.
-/// Nothing for other texts, and where a name is one that no key can have.
+/// The key of a name that begins with one of the roots of splitRegPath, in any letter case, and
+/// then ends or goes on with "\". The path has one "\" between its names and none at its end.
+/// Nothing for any other text, and when a part of the name is not a valid name of a key.
 std::optional<RegPath> readKeyName(StringView name);
 
 }  // namespace quorkit::registry

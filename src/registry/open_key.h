@@ -1,4 +1,4 @@
-// A key that is open.
+// An open key.
 #pragma once
 
 #include <quorkit/ports/registry.h>
@@ -7,14 +7,14 @@
 
 namespace quorkit::registry {
 
-/// What becomes of a key that cannot be opened.
+/// What happens to a key that cannot be opened.
 enum class Unopened {
     Stays,
-    IsMade,  ///< with what is missing above it, when it is not there
+    IsMade,  ///< it is made, with all missing keys above it
 };
 
-/// Opens a key, and closes it on every way out. While it is not open every operation answers what
-/// opening it did.
+/// Opens a key, and closes it on every way out. While the key is not open, every operation returns
+/// the failure of opening it.
 class OpenKey {
    public:
     OpenKey(Registry& registry, const RegPath& place, RegistryAccess access,

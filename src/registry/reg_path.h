@@ -1,4 +1,4 @@
-// Where in the registry a path leads.
+// Finds the place in the registry to which a path leads.
 #pragma once
 
 #include <quorkit/ports/registry.h>
@@ -8,17 +8,17 @@ namespace quorkit::registry {
 
 struct RegPath {
     RegistryRoot root = RegistryRoot::None;
-    String path;  ///< the names beneath the root, spelled as they were given
+    String path;  ///< the names beneath the root, in their spelling
 
     bool operator==(const RegPath&) const = default;
 };
 
 /// A path as text: HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE or HKEY_CLASSES_ROOT, or HKCU, HKLM or
-/// HKCR, in any letter case, one character of any kind, and the names. A text that begins with none
-/// of them has no root and no names.
+/// HKCR, in any letter case, then one character of any kind, then the names. Any other text has no
+/// root and no names.
 RegPath splitRegPath(const String& text);
 
-/// How an operation on several keys went, and with which key it failed.
+/// The outcome of an operation on several keys, and the key with which it failed.
 struct RegResult {
     ErrorCode code = kSuccess;
     RegPath key = {};

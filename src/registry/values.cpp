@@ -30,7 +30,7 @@ bool write(Registry& registry, const String& path, const NamedValue& value) {
     return key.setValues({&value, 1}) == kSuccess;
 }
 
-/// The bits that a number as text stands for; nothing when it is none or does not fit.
+/// The 32 bits of a number in a text; nothing when it is no number or does not fit.
 std::optional<std::uint32_t> dwordOf(Ports& ports, const String& text) {
     constexpr Double beyond = 4294967296;
     const String capitals = base::toUpper(text);

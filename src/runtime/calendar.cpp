@@ -21,14 +21,14 @@ constexpr int kLastDay = 2958465;
 constexpr Seconds kDay = 86400;
 constexpr Seconds kStart = kFirstDay * kDay;
 constexpr Seconds kEnd = (kLastDay + 1) * kDay;
-/// More than lie between any two dates, whatever the interval.
+/// More than any two dates are apart, whatever the interval.
 constexpr Double kTooMany = 1e12;
 
 int count(std::chrono::days days) {
     return static_cast<int>(days.count());
 }
 
-/// Months since the beginning of the year 0.
+/// Months since the start of the year 0.
 constexpr std::int64_t monthsOf(std::int64_t year, std::int64_t month) {
     return year * 12 + month - 1;
 }
@@ -41,7 +41,7 @@ int dayOf(Seconds seconds) {
     return count(std::chrono::floor<std::chrono::days>(std::chrono::seconds(seconds)));
 }
 
-/// Seconds since midnight of day 0. Unlike the Date's own fraction they always count forward.
+/// Seconds since midnight of day 0. They always count forward, unlike the fraction of a Date.
 Seconds secondsOf(Date date) {
     if (!isDateInRange(date.days)) raise(ErrorNumber::InvalidProcedureCall);
     const Double day = std::trunc(date.days);
@@ -56,7 +56,7 @@ Date fromSeconds(Seconds seconds) {
     return {day < 0 ? day - time : day + time};
 }
 
-/// Midnight of a day of a month, existing or not.
+/// Midnight of a day of a month, whether the day exists or not.
 Seconds midnight(std::int64_t months, std::int64_t day) {
     const std::chrono::year_month month =
         std::chrono::year(0) / 1 + std::chrono::months(static_cast<int>(months));
@@ -108,7 +108,7 @@ int fullYear(int year) {
 
 Date DateSerial(Long year, Long month, Long day) {
     const std::int64_t months = monthsOf(fullYear(year), month);
-    // Far beyond every date, and well within what the calendar below can hold.
+    // Far beyond every date, and well within the limits of the calendar below.
     if (months < 0 || months > monthsOf(kFarYear, 12)) raise(ErrorNumber::InvalidProcedureCall);
     return fromSeconds(midnight(months, day));
 }

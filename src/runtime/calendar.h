@@ -1,7 +1,7 @@
-// The runtime's calendar: what a Date shows, and how one is reckoned from another. It is Gregorian
+// The runtime's calendar: the parts of a Date, and dates calculated from others. It is Gregorian
 // throughout and goes from 1 January 100 to 31 December 9999.
 //
-// Everything here works in whole seconds: a Date is rounded to the nearest one (but never past the
+// All functions work in whole seconds: a Date is rounded to the nearest one (but never past the
 // last second of 9999), and results have no fraction of a second. Error 5 for a Date out of range.
 #pragma once
 
@@ -13,21 +13,21 @@ namespace quorkit::runtime {
 /// Whether a Date may hold this number of days.
 bool isDateInRange(Double days);
 
-/// What a calendar and a clock show; no milliseconds.
+/// The date and the time, without milliseconds.
 SystemTime partsOf(Date date);
-/// `parts` are a day that exists and a time of that day. Milliseconds are left out, as in the
+/// The Date of `parts`, which must be an existing day and time. Milliseconds are dropped, as in the
 /// runtime's own Now.
 Date dateOf(const SystemTime& parts);
 
 /// Whether the day exists: a year from 100 to 9999, and a day that its month has.
 bool isDay(int year, int month, int day);
 
-/// A year of one or two digits in full: 0 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999. Any
-/// other year stays as it is.
+/// A year of one or two digits in full: 0 to 29 become 2000 to 2029, 30 to 99 become 1930 to 1999.
+/// Any other year stays.
 int fullYear(int year);
 
 /// The day `day` of the month `month` in the year `fullYear(year)`. Months below 1 and above 12
-/// roll over into other years, then days into other months. Error 5 when the result is out of
+/// carry over into other years, then days into other months. Error 5 when the result is out of
 /// range.
 Date DateSerial(Long year, Long month, Long day);
 
@@ -37,7 +37,7 @@ int Weekday(Date date, int firstDay = 1);
 /// The day of the year, 1 to 366.
 int dayOfYear(Date date);
 
-/// The runtime's interval names. All of DayOfYear, Day and Weekday are single days.
+/// The runtime's names of intervals. DayOfYear, Day and Weekday all mean single days.
 enum class Interval {
     Year,       ///< "yyyy"
     Quarter,    ///< "q"
@@ -51,9 +51,9 @@ enum class Interval {
     Second,     ///< "s"
 };
 
-/// `date` moved by `number` intervals, a fraction rounded to the nearest whole number, halves to
-/// even. Months, quarters and years keep the day of the month, or take the last one of a shorter
-/// month. Error 5 when the result is out of range, and when `number` is no number.
+/// `date` moved by `number` intervals; a fraction is rounded to the nearest whole number, halves to
+/// even. Months, quarters and years keep the day of the month, or take the last day of a shorter
+/// month. Error 5 when the result is out of range, and when `number` is NaN.
 Date DateAdd(Interval interval, Double number, Date date);
 
 }  // namespace quorkit::runtime

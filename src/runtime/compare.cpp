@@ -7,7 +7,7 @@ namespace {
 
 enum class Kind { Null, Empty, Number, Text };
 
-/// One side of a comparison. What Empty stands for beside the other side is already there.
+/// One side of a comparison. Empty is already replaced by what it means beside the other side.
 struct Operand {
     Kind kind = Kind::Empty;
     Double number = 0;

@@ -20,8 +20,9 @@ String wide(std::string_view ascii) {
     return String(ascii.begin(), ascii.end());
 }
 
-/// 15 significant digits. Plain as long as 15 digits before or behind the point show all of them,
-/// otherwise with an exponent of at least two digits: 0.1, 123456789012345, 1E+15, 1.5E-15.
+/// 15 significant digits. They are plain when 15 digits before or behind the point show all of
+/// them; otherwise the text has an exponent of at least two digits: 0.1, 123456789012345, 1E+15,
+/// 1.5E-15.
 String textOf(Double value) {
     constexpr int mostDigits = 15;
     if (!std::isfinite(value)) raise(ErrorNumber::Overflow);
@@ -30,7 +31,7 @@ String textOf(Double value) {
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, std::abs(value),
                                    std::chars_format::scientific, mostDigits - 1)
                          .ptr;
-    // d.ddddddddddddddE: the digits, and the power of ten of the first one.
+    // d.ddddddddddddddE: the digits, then the power of ten of the first one.
     std::string digits = std::string(1, buffer[0]) + std::string(buffer + 2, mostDigits - 1);
     digits.erase(digits.find_last_not_of('0') + 1);
     const std::string_view exponentText(buffer + mostDigits + 1, end);

@@ -1,7 +1,7 @@
 // The runtime's conversions between the scalar types. Numbers in texts use the full stop.
 //
-// All raise 13 (type mismatch) for a value that does not convert: a text that is no number, an
-// array, an object, a missing argument; 94 for Null; 6 (overflow) for a number that does not fit.
+// A value that does not convert is error 13 (type mismatch): a text that is no number, an array, an
+// object, a missing argument. Null is error 94. A number that does not fit is error 6 (overflow).
 #pragma once
 
 #include <quorkit/enumerations.h>
@@ -11,29 +11,29 @@
 
 namespace quorkit::runtime {
 
-/// Doubles with 15 significant digits, with an exponent ("1E+20") only where plain digits cannot
-/// show them; dates as "yyyy-mm-dd", and " hh:mm:ss" behind it unless it is midnight.
+/// Doubles have 15 significant digits, and an exponent ("1E+20") only where plain digits cannot
+/// show them. Dates are "yyyy-mm-dd", followed by " hh:mm:ss" unless it is midnight.
 String CStr(const Variant& value);
 /// Numbers other than 0 are True, and so are the texts "True", in any case, and "#TRUE#".
 Boolean CBool(const Variant& value);
-/// Rounds to the nearest, halves to even. In a text "&H" and "&O" spell 16 bits: "&HFFFF" is -1.
+/// Rounds to the nearest, halves to even. In a text "&H" and "&O" are 16 bits: "&HFFFF" is -1.
 Integer CInt(const Variant& value);
 Long CLng(const Variant& value);
 Double CDbl(const Variant& value);
-/// Texts as `dateIn` of date_text.h reads them for the language, blanks around them allowed.
+/// A text is read as by `dateIn` of date_text.h for the language; blanks around it are allowed.
 Date CDate(const Variant& value, eLanguage language = eLanguage_English);
 
-/// A double as a 32-bit number, rounded to the nearest, halves to even. Error 6 when out of range.
+/// A Double as a 32-bit number, rounded to the nearest, halves to even. Error 6 when out of range.
 Long roundToLong(Double value);
 
-/// The number that the whole text is: digits with a full stop and an exponent behind e or d; a sign
-/// in front or behind, or parentheses, which mean a minus; or "&H" and "&O" with the digits of a
-/// signed 32-bit number, without a sign. White space may stand around it and beside the sign; there
-/// are no thousands marks. The text ends at its first U+0000. Nothing when it is no number;
-/// infinite when it is too large.
+/// The number that the whole text is. The text has one of two forms. One is decimal: digits with a
+/// full stop and an exponent behind e or d, a sign in front or behind, or parentheses for a minus.
+/// The other is "&H" or "&O" with the digits of a signed 32-bit number, and no sign. White space is
+/// allowed around the number and beside the sign; thousands marks are not. The text ends at its
+/// first U+0000. Nothing when it is no number, infinity when it is too large.
 std::optional<Double> numberIn(StringView text);
 
-/// The runtime's numeric test: True for what CDbl converts, but for dates, which are none. Never an
+/// The runtime's numeric test: True for everything that CDbl converts, except dates. Never an
 /// error.
 Boolean IsNumeric(const Variant& value);
 

@@ -19,7 +19,7 @@ namespace {
 
 void appendPattern(String& out, Date date, StringView pattern, const DateLanguage& language);
 
-/// A date on its way into a text.
+/// Writes a date into a text.
 struct Writer {
     String& out;
     Date date;
@@ -37,7 +37,8 @@ struct Writer {
     }
     void name(const StringView* names, int number) { out += names[number - 1]; }
     void pattern(StringView pattern) { appendPattern(out, date, pattern, language); }
-    /// The designator of the half of the day, in small letters when the token has them.
+    /// Writes the designator of the half of the day, in small letters when the token is in small
+    /// letters.
     void half(StringView before, StringView after) {
         const StringView mark = parts.hour < 12 ? before : after;
         out += base::toLower(token[0]) == token[0] ? base::toLower(mark) : String(mark);
@@ -130,13 +131,13 @@ const Token* tokenAt(StringView text) {
     return longest;
 }
 
-/// A format taken apart: a token, or text that is copied, one at a time.
+/// Splits a format into tokens and pieces of text to be copied.
 class Pieces {
    public:
     explicit Pieces(StringView format) : rest_(format) {}
 
-    const Token* token = nullptr;  ///< null for text
-    StringView text;               ///< as the format has it
+    const Token* token = nullptr;  ///< null for a piece of text
+    StringView text;               ///< the piece, as in the format
 
     bool next() {
         if (rest_.empty()) return false;
@@ -158,7 +159,7 @@ class Pieces {
         rest_.remove_prefix(taken.size());
         return taken;
     }
-    /// Text without its end mark reaches to the end of the format.
+    /// Text without an end mark reaches to the end of the format.
     void takeQuoted() {
         take(1);
         text = take(std::min(rest_.find(u'"'), rest_.size()));

@@ -1,4 +1,4 @@
-// How a language names months and days, and how it writes dates and times.
+// A language's names of months and days, and its forms of dates and times.
 #pragma once
 
 #include <quorkit/enumerations.h>
@@ -14,20 +14,20 @@ struct DateLanguage {
     StringView shortMonths[12];
     StringView days[7];  ///< from Sunday
     StringView shortDays[7];
-    /// Patterns of date_format.h.
+    /// Patterns in the notation of date_format.h.
     StringView shortDate;
     StringView longDate;
     StringView time;
     char16_t dateSeparator;
 
-    /// Whether the month stands before the day in a date of numbers.
+    /// Whether the month stands before the day in a numeric date.
     bool monthFirst() const { return shortDate.front() == u'm'; }
 };
 
 /// German, French, Italian and English.
 std::span<const DateLanguage> dateLanguages();
 
-/// English for a language that is not there.
+/// The entry of a language; English if there is none.
 const DateLanguage& dateLanguage(eLanguage language);
 
 }  // namespace quorkit::runtime

@@ -12,8 +12,8 @@
 namespace quorkit::runtime {
 namespace {
 
-// Every function that takes something off the front of a text tells whether it was there. What it
-// leaves of the text when it was not is of no use; `attempt` gives the text back.
+// Each function that takes something off the front of a text returns whether it was there. If not,
+// the text is left in no useful state; `attempt` restores it.
 
 bool take(StringView& text, StringView oneOf) {
     if (text.empty() || oneOf.find(text[0]) == StringView::npos) return false;
@@ -25,7 +25,7 @@ void skipBlanks(StringView& text) {
     text.remove_prefix(std::min(text.find_first_not_of(u" \u00A0"), text.size()));
 }
 
-/// One of the marks, which is returned, with any blanks around it.
+/// Takes one of the marks, with any blanks around it, and returns it.
 StringView takeMark(StringView& text, StringView marks) {
     skipBlanks(text);
     const StringView mark = text.substr(0, 1);
@@ -34,7 +34,7 @@ StringView takeMark(StringView& text, StringView marks) {
     return taken ? mark : StringView();
 }
 
-/// Blanks and one of the marks; either may be missing, but not both.
+/// Takes blanks and one of the marks; one of the two may be missing.
 bool takeGap(StringView& text, StringView marks) {
     const std::size_t before = text.size();
     takeMark(text, marks);
@@ -56,7 +56,7 @@ bool takeNumber(StringView& text, Number& number, std::size_t mostDigits) {
     return number.digits != 0;
 }
 
-/// A word with or without a full stop behind it.
+/// Takes a word, with a full stop behind it if there is one.
 StringView takeWord(StringView& text) {
     const StringView word = text.substr(0, text.find_first_of(u" \u00A0.,-/:0123456789"));
     text.remove_prefix(word.size());
@@ -64,7 +64,7 @@ StringView takeWord(StringView& text) {
     return word;
 }
 
-/// The position of a name that the word is, counted from 1; 0 when it is none of them.
+/// The position of the word among the names, counted from 1; 0 when it is none of them.
 int positionIn(std::span<const StringView> names, StringView word) {
     const auto found = std::ranges::find_if(names, [&](StringView name) {
         if (name.ends_with(u'.')) name.remove_suffix(1);
@@ -73,7 +73,7 @@ int positionIn(std::span<const StringView> names, StringView word) {
     return found == names.end() ? 0 : static_cast<int>(found - names.begin()) + 1;
 }
 
-/// How people write months too, beside the names that are written.
+/// A further spelling of a month, beside the names that are written.
 struct Spelling {
     StringView name;
     int month;
@@ -165,7 +165,7 @@ bool attempt(StringView& text, Take take) {
 bool takeDay(StringView& text, SystemTime& parts, bool monthFirst) {
     const auto numeric = [&](StringView& rest) { return takeNumericDay(rest, parts, monthFirst); };
     const auto named = [&](StringView& rest) { return takeNamedDay(rest, parts); };
-    // The name of the month first: "mar" is also a Tuesday.
+    // A month's name is tried first, because "mar" is also a Tuesday.
     if (attempt(text, named) || attempt(text, numeric)) return true;
     return isDayName(takeWord(text)) && takeGap(text, u",") &&
            (attempt(text, named) || attempt(text, numeric));

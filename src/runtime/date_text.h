@@ -8,20 +8,21 @@
 
 namespace quorkit::runtime {
 
-/// "yyyy-mm-dd", and " hh:mm:ss" behind it unless it is midnight: the same in every language.
-/// Error 5 for a Date out of range.
+/// "yyyy-mm-dd", followed by " hh:mm:ss" unless it is midnight; the same in every language. Error 5
+/// for a Date out of range.
 String dateText(Date date);
 
 /// The date that the whole text is, without blanks around it; nothing when it is no date.
 /// - A day: "2024-01-31" (also with "/" or "."), "31.1.2024"; "1/31/2024" and "1-31-2024" for
-///   English, "31/1/2024" and "31-1-2024" for the other languages. When the order of the language
+///   English, "31/1/2024" and "31-1-2024" for the other languages. If the order of the language
 ///   gives no day, the other order is tried.
-/// - A day with the name of its month, long or short, in any of the languages of date_language.h,
-///   also as "Jaenner" with its umlaut, "Maerz", "Mrz" or "Sept": "31. Januar 2024", "31-Jan-24",
-///   "janv. 31, 2024". In front of any day its name may stand; it is not compared with the day.
-/// - A year of one or two digits is 2000 to 2029 or 1930 to 1999. It must be there.
-/// - A time: "13:05", "13:05:59", "1:05 PM", "1 PM". It may stand behind the day or before it, with
-///   blanks or a comma between them, or behind it after a "T"; without a day it is one of day 0.
+/// - A day with the name of its month, long or short, in any language of date_language.h, also as
+///   "Jaenner" (or with its umlaut), "Maerz", "Mrz" or "Sept": "31. Januar 2024", "31-Jan-24",
+///   "janv. 31, 2024".
+/// - The name of a weekday may stand in front of any day; it is not checked.
+/// - The year must be there. One of one or two digits is 2000 to 2029 or 1930 to 1999.
+/// - A time: "13:05", "13:05:59", "1:05 PM", "1 PM". It may stand before or behind the day, with
+///   blanks or a comma between them, or behind it after a "T". Without a day it is a time of day 0.
 /// A number alone is no date.
 std::optional<Date> dateIn(StringView text, eLanguage language = eLanguage_English);
 

@@ -1,4 +1,4 @@
-// Languages by the numbers that Windows gives them.
+// Languages by their Windows numbers.
 #pragma once
 
 #include <quorkit/enumerations.h>
@@ -6,7 +6,7 @@
 
 namespace quorkit::runtime {
 
-/// The language of a Windows language identifier, whatever the country; eLanguage_Unknown for one
+/// The language of a Windows language identifier, whatever its country; eLanguage_Unknown for one
 /// that has no constant.
 eLanguage languageOf(Integer identifier);
 

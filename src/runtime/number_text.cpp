@@ -17,7 +17,8 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// The value of a letter or digit as a digit of any base; one too large for every base if neither.
+/// The value of a letter or digit in any base; for other characters a value too large for every
+/// base.
 unsigned digitOf(char c) {
     if (isDigit(c)) return static_cast<unsigned>(c - '0');
     const char lower = static_cast<char>(c | 0x20);
@@ -31,7 +32,7 @@ NumberText readRadix(std::string_view text, unsigned bitsPerDigit) {
     std::size_t length = prefix;
     for (; length < text.size() && digitOf(text[length]) < 1u << bitsPerDigit; ++length) {
         value = value << bitsPerDigit | digitOf(text[length]);
-        value = std::min(value, std::uint64_t{1} << 32);  // stays "too large" from there on
+        value = std::min(value, std::uint64_t{1} << 32);  // once too large, it stays too large
     }
     if (length == prefix) return {};
     if (value > 0xFFFF'FFFF) return {kInfinity, length};
@@ -45,8 +46,9 @@ bool isSign(char16_t unit) {
     return kSigns.find(unit) != StringView::npos;
 }
 
-/// Takes the sign off `text`, which has no blanks around it and stays so: one in front or behind,
-/// or the parentheses that mean a minus. U+0000 when there is none.
+/// Takes the sign off `text`, which has no blanks at its ends, and then the blanks next to the
+/// sign. The sign is in front or behind, or parentheses that mean a minus. U+0000 when there is
+/// none.
 char16_t takeSign(StringView& text) {
     if (text.size() < 2) return u'\0';
     char16_t sign = u'\0';
@@ -64,7 +66,7 @@ char16_t takeSign(StringView& text) {
     return sign;
 }
 
-/// Whether the decimal number `text`, with its exponent, is 1 or more.
+/// Whether the decimal number `text`, including its exponent, is 1 or more.
 bool reachesOne(std::string_view text) {
     const std::size_t mantissa = std::min(text.find_first_of("eE"), text.size());
     const std::size_t point = std::min(text.find('.'), mantissa);
@@ -79,7 +81,7 @@ bool reachesOne(std::string_view text) {
     return exponent > static_cast<long long>(first) - static_cast<long long>(point);
 }
 
-/// `text` has no sign, and its exponent is written with "e" or "E".
+/// `text` has no sign, and "e" or "E" in front of its exponent.
 Double decimalValue(std::string_view text) {
     Double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -133,7 +135,7 @@ NumberText readNumber(std::string_view text) {
 NumberText readWholeNumber(StringView text) {
     text = without(kWhiteSpace, text.substr(0, text.find(u'\0')));
     const char16_t sign = takeSign(text);
-    // One sign is enough, and bits have none.
+    // A second sign is not allowed, and neither is a sign in front of "&".
     if (text.empty() || isSign(text[0]) || (sign != u'\0' && text[0] == u'&')) return {};
     std::string ascii;
     for (const char16_t unit : text) {

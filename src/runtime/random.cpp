@@ -1,5 +1,5 @@
-// SplitMix64 (Steele, Lea, Flood: Fast Splittable Pseudorandom Number Generators, 2014): the state
-// is a plain counter, so that drawing is a single atomic addition.
+// SplitMix64 (Steele, Lea, Flood: Fast Splittable Pseudorandom Number Generators, 2014). Its state
+// is a counter, so drawing a number is one atomic addition.
 #include "runtime/random.h"
 
 #include <atomic>

@@ -1,4 +1,4 @@
-// Searching for one pattern over and over, in linear time whatever the pattern and the text.
+// Searches texts for one pattern, in linear time whatever the pattern and the text.
 #pragma once
 
 #include <quorkit/values.h>
@@ -15,14 +15,14 @@ class Search {
     /// An empty pattern is never found. `pattern` must outlive the search.
     explicit Search(StringView pattern);
 
-    /// The first position at or behind `from` where `text` holds the pattern. Takes as long as the
-    /// text from there to the end of the occurrence.
+    /// The first position at or behind `from` at which `text` holds the pattern. Takes time in
+    /// proportion to the text from there to the end of the occurrence.
     std::size_t in(StringView text, std::size_t from) const;
 
    private:
     StringView pattern_;
-    /// For each length of a matched beginning, the longest shorter beginning that also ends there
-    /// (Knuth, Morris, Pratt).
+    /// For each length of a matched beginning, the length of the longest shorter beginning that
+    /// ends at the same place (Knuth, Morris, Pratt).
     std::vector<std::size_t> shorter_;
 };
 

@@ -1,4 +1,4 @@
-// Taking off what stands around a text.
+// Removes white space at the ends of a text.
 #pragma once
 
 #include <quorkit/values.h>
@@ -18,7 +18,7 @@ inline StringView without(StringView blanks, StringView text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-/// The runtime's own: it takes off spaces, no other white space.
+/// The runtime's own Trim, which removes spaces but no other white space.
 inline StringView Trim(StringView text) {
     return without(u" ", text);
 }

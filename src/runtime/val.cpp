@@ -13,7 +13,8 @@
 namespace quorkit::runtime {
 
 Double Val(StringView text) {
-    // Numbers are short: with this no version and no amount needs memory from the heap.
+    // Numbers are short; this buffer is enough for versions and amounts without memory from the
+    // heap.
     std::array<std::byte, 256> buffer;
     std::pmr::monotonic_buffer_resource memory(buffer.data(), buffer.size());
     std::pmr::string packed(&memory);

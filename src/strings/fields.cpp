@@ -44,7 +44,7 @@ CollectionRef GQuorStrings::ReadAllVarFields(
 void GQuorStrings::SplitDOSCMDParam(const String& Param, Out<String> cmd, Out<String> arg) {
     strings::require16BitPositions(Param);
     const std::size_t equals = Param.find(u'=');
-    String command = Param.substr(0, equals);  // the results may be the very text that is split
+    String command = Param.substr(0, equals);  // `cmd` or `arg` may be `Param` itself
     if (equals != String::npos) arg = Param.substr(equals + 1);
     cmd = std::move(command);
 }

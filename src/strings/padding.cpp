@@ -3,7 +3,7 @@
 namespace quorkit {
 namespace {
 
-/// How many characters bring `s` to the length `maxLen`.
+/// The number of characters that `s` lacks to the length `maxLen`.
 std::size_t missing(const String& sPadChar, const String& s, Long maxLen) {
     if (sPadChar.empty() || maxLen <= 0 || s.size() >= static_cast<std::size_t>(maxLen)) return 0;
     return static_cast<std::size_t>(maxLen) - s.size();

@@ -1,4 +1,4 @@
-// ParseString: names and values, the values plain or in one or three quotes.
+// ParseString: names and values; a value is plain, or in one or three quotes.
 #include <quorkit/GQuorStrings.h>
 
 #include "runtime/search.h"
@@ -26,7 +26,7 @@ class Assignments {
     Assignments(const Assignments&) = delete;
     Assignments& operator=(const Assignments&) = delete;
 
-    /// Reads the next assignment; false when there is no further one, or a quote is left open.
+    /// Reads the next assignment. False when there is no more, or when a quote is left open.
     bool next() {
         if (at_ == Search::kNotFound) return false;
         const std::size_t equals = equals_.in(text_, at_);
@@ -71,7 +71,8 @@ class Assignments {
         return true;
     }
 
-    /// The value up to the closing quotes; what stands between them and the comma is ignored.
+    /// Reads the value up to the closing quotes, and skips the text between them and the next
+    /// delimiter.
     bool readQuoted(const Search& closing, std::size_t length) {
         const std::size_t end = closing.in(text_, at_);
         if (end == Search::kNotFound) return false;

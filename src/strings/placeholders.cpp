@@ -1,4 +1,4 @@
-// Placeholders that stand for something of the system, and the check of mail addresses.
+// Placeholders for facts of the system, and the check of mail addresses.
 #include <quorkit/GQuorStrings.h>
 #include <quorkit/ports/system.h>
 
@@ -11,8 +11,8 @@
 namespace quorkit {
 namespace {
 
-/// What is still to be read: the text of the caller and, in front of it, the values that have been
-/// put in, the last one first.
+/// The text that is still to be read: that of the caller, preceded by the values inserted so far,
+/// the last one first.
 class Unread {
    public:
     explicit Unread(StringView text) { putInFront(String(text)); }
@@ -20,7 +20,7 @@ class Unread {
     void putInFront(String text) { pieces_.push_back({std::move(text), 0}); }
 
     /// Moves everything before the next `mark` to the end of `into` and drops the mark. False when
-    /// there is none: then everything has been moved.
+    /// there is none; then everything was moved.
     bool moveUpTo(char16_t mark, String& into) {
         for (; !pieces_.empty(); pieces_.pop_back()) {
             auto& [text, read] = pieces_.back();
@@ -32,7 +32,7 @@ class Unread {
         }
         return false;
     }
-    /// Whether the mark that was just found came out of a value.
+    /// Whether the mark found last was part of a value.
     bool isInValue() const { return pieces_.size() > 1; }
 
    private:
@@ -43,11 +43,11 @@ class Unread {
     std::vector<Piece> pieces_;
 };
 
-/// `s` with what stands between the two marks replaced by its value, in the values too.
+/// `s` with every text between the two marks replaced by its value, in inserted values too.
 template <class ValueOf>
 String expanded(const String& s, char16_t opening, char16_t closing, ValueOf valueOf) {
     constexpr std::size_t most = 1'000'000;
-    std::size_t nested = 0;  // characters put in for placeholders that a value has brought in
+    std::size_t nested = 0;  // characters inserted for placeholders within values
     String done;
     Unread unread(s);
     while (unread.moveUpTo(opening, done)) {

@@ -1,4 +1,4 @@
-// Members that keep positions in 16 bits.
+// Limits of members whose positions have 16 bits.
 #pragma once
 
 #include <quorkit/errors.h>

@@ -10,7 +10,8 @@ namespace {
 
 using runtime::Search;
 
-/// Finds a pattern in a text, with or without regard to letter case. Folding keeps every position.
+/// Finds a pattern in a text, with or without regard to letter case. Folding does not move
+/// positions.
 class Occurrences {
    public:
     Occurrences(const String& text, const String& pattern, bool ignoreCase)

@@ -12,14 +12,14 @@
 namespace quorkit {
 namespace {
 
-/// The pieces of a version between its full stops, one by one: none behind a full stop at the end,
-/// one that is empty in an empty text.
+/// The pieces between the full stops of a version, one by one. A full stop at the end is followed
+/// by no piece; an empty text has one empty piece.
 class Pieces {
    public:
     explicit Pieces(StringView version) : rest_(version) {}
 
     bool left() const { return left_; }
-    /// The next piece, and "0" behind the last one.
+    /// The next piece; "0" behind the last one.
     StringView next() {
         if (!left_) return u"0";
         const StringView piece = rest_.substr(0, rest_.find(u'.'));
@@ -35,7 +35,7 @@ class Pieces {
 
 using Components = std::array<Long, 4>;
 
-/// -1 stands for a component that could not be read; the result is then -1 too. A component beyond
+/// A component is -1 when it could not be read, and then the result is -1 too. A component beyond
 /// 32 bits ends the reading.
 struct Version {
     Components components = {-1, -1, -1, -1};

@@ -1,11 +1,12 @@
-// What counts as white space.
+// The library's white space.
 #pragma once
 
 #include <quorkit/values.h>
 
 namespace quorkit::strings {
 
-/// Below 33 the codes of the code page are those of UTF-16, and no other character has one.
+/// Codes below 33 are the same in the code page and in UTF-16, and no other character has one of
+/// them.
 inline bool isWhite(char16_t unit) {
     return unit < 33;
 }

@@ -8,7 +8,7 @@
 namespace quorkit {
 namespace {
 
-// The order counts: iMax chooses the beginning of a table.
+// The order matters, because iMax selects the first entries of a table.
 constexpr StringView kMaleFirstNames[] = {
     u"Anton",     u"Adrian", u"Andreas", u"Albert",  u"Beat",   u"Christian", u"Carlo",
     u"Daniel",    u"Ernst",  u"Erwin",   u"Fritz",   u"Hans",   u"Hanspeter", u"Heinz",
@@ -45,7 +45,7 @@ constexpr StringView kOrganisationalUnits[] = {u"IT Entwicklung", u"IT Support",
 String draw(std::span<const StringView> table, Integer iMax) {
     const auto last = static_cast<Integer>(table.size() - 1);
     const int n = iMax < 0 || iMax > last ? last : iMax;
-    // With values in steps of 2^-24 the product never rounds up to n + 1.
+    // Values come in steps of 2^-24, so the product is never rounded up to n + 1.
     const float index = static_cast<float>(n + 1) * runtime::Rnd();
     return String(table[static_cast<std::size_t>(index)]);
 }

@@ -14,7 +14,8 @@ constexpr const char16_t* kShortNames[kLanguages][7] = {
     {u"Do", u"Lu", u"Ma", u"Me", u"Gi", u"Ve", u"Sa"},
     {u"Su", u"Mo", u"Tu", u"We", u"Th", u"Fr", u"Sa"},
 };
-// Numbered from 0 but asked for from 1: the names are one day late, and Saturday has none.
+// The table starts with weekday 0, but weekdays are counted from 1. So each name is a day late, and
+// Saturday has none.
 constexpr const char16_t* kFullNames[kLanguages][8] = {
     {u"Sonntag", u"Montag", u"Dienstag", u"Mittwoch", u"Donnerstag", u"Freitag", u"Samstag", u""},
     {u"Dimanche", u"Lundi", u"Mardi", u"Mercredi", u"Jeudi", u"Vendredi", u"Samedi", u""},

@@ -36,7 +36,7 @@ Date daysAfterEaster(int year, int days) {
         day -= 31;
         month = april;
     }
-    // Meant for 26 April, but 26 March is moved as well: that is the contract.
+    // The rule is meant for 26 April, but the contract also moves 26 March.
     if (day == 26) {
         day = 19;
         month = april;

@@ -1,4 +1,4 @@
-// Addresses and mails that other programs open.
+// Opens addresses and mails with other programs.
 #include <quorkit/GQuorProgram.h>
 #include <quorkit/ports/host.h>
 #include <quorkit/ports/processes.h>

@@ -56,7 +56,7 @@ Long GQuorProgram::ExecuteAndWaitEx(const String& cmdline, const Optional<String
     const auto wait = [&] {
         return processes.WaitForSingleObject(program.handle(), kBetweenLooks);
     };
-    // Events may take long, so the clock counts; it is never behind what has been waited.
+    // Handling events may take long, so the time comes from the clock, which includes all waiting.
     milliseconds waitedFor = kBetweenLooks;
     Waited waited = wait();
     while (waited == Waited::TimedOut) {

@@ -8,13 +8,13 @@
 
 namespace quorkit::tools {
 
-/// Sorts `items`, whose first one has the index `first`. Where equal items end up is settled: the
-/// pivot of low ... high is item (low + high) / 2, both sides are swapped up to and including items
-/// that equal it, and then low ... j and i ... high are sorted alike.
+/// Sorts `items`, the first of which has the index `first`. The positions of equal items are
+/// defined: the pivot of low ... high is item (low + high) / 2, both sides swap items up to and
+/// including those that equal it, and then low ... j and i ... high are sorted in the same way.
 ///
-/// `order.before(a, b)` tells whether a stands before b, and `order.from(item)` gives the order
-/// for a range that starts with that item and for the ranges inside it. When one of them throws,
-/// the items are in any order.
+/// `order.before(a, b)` returns whether a comes before b. `order.from(item)` returns the order for
+/// a range that starts with that item, and for the ranges inside it. If one of them throws, the
+/// items are left in any order.
 template <class Item, class Order>
 void quickSort(std::span<Item> items, std::int64_t first, Order whole) {
     struct Range {
@@ -35,12 +35,14 @@ void quickSort(std::span<Item> items, std::int64_t first, Order whole) {
             std::int64_t i = low;
             std::int64_t j = high;
             while (i <= j) {
-                // Neither runs away: the pivot stops both, and later the items swapped before.
+                // Neither loop leaves the range: first the pivot stops it, later an item that was
+                // swapped.
                 while (order.before(at(i), pivot)) ++i;
                 while (order.before(pivot, at(j))) --j;
                 if (i <= j) std::swap(at(i++), at(j--));
             }
-            // The smaller side first keeps the open ranges few; their sequence does not matter.
+            // Sorting the smaller side first keeps the stack of open ranges small; the result is
+            // the same.
             if (j - low < high - i) {
                 open.push_back({i, high, order});
                 high = j;

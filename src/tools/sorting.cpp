@@ -23,21 +23,21 @@ bool isEmptyOrNumber(const Variant& value) {
            value.is<Double>() || value.is<Date>();
 }
 
-/// What is sorted in place of a Variant, which is big: a key, and where the Variant stands.
+/// Sorted in place of a Variant, which is large: a key, and the position of the Variant.
 template <class Key>
 struct Keyed {
     Key key;
     std::uint32_t position;
 };
 
-/// Keys that "<" orders; a NaN equals all of them.
+/// Keys ordered by "<"; a NaN equals all of them.
 template <class Less>
 struct Plain {
     Plain from(const auto&) const { return *this; }
     bool before(const auto& a, const auto& b) const { return Less()(a.key, b.key); }
 };
 
-/// A Variant as it is and, where letter case may not count, in capitals.
+/// A Variant and, if letter case may be ignored, its text in capitals.
 struct Both {
     const Variant* value;
     StringView capitals;
@@ -52,13 +52,13 @@ struct Mixed {
         const std::partial_ordering order =
             caseSensitive ? runtime::compare(*a.key.value, *b.key.value)
                           : std::partial_ordering(a.key.capitals <=> b.key.capitals);
-        // A range with Null never ends, since Null stands neither before nor behind nor beside it.
+        // Sorting a range with Null never ends, because Null is neither less, greater nor equal.
         if (order == std::partial_ordering::unordered) raise(ErrorNumber::InvalidUseOfNull);
         return up ? std::is_lt(order) : std::is_gt(order);
     }
 };
 
-/// Sorts one range of an array. Nothing can fail any more once its elements begin to move.
+/// Sorts one range of an array. Everything that can fail comes before its elements move.
 class Sort {
    public:
     /// Error 9 when the array has no such range.
@@ -96,8 +96,8 @@ class Sort {
         return text == nullptr ? StringView() : StringView(*text);
     }
 
-    /// Sorts numbers of one type. When equal ones are the same in every way, their sequence does
-    /// not matter and any algorithm will do; false, and nothing done, when they are not.
+    /// Sorts numbers of one type. If equal numbers are identical, their order does not matter and
+    /// any algorithm will do; otherwise this does nothing and returns false.
     bool sortEqualsAlike() {
         std::vector<Double> numbers;
         numbers.reserve(range_.size());
@@ -159,8 +159,8 @@ class Sort {
     Long first_;
     bool caseSensitive_;
     bool up_;
-    bool texts_ = true;    ///< texts and Empty
-    bool numbers_ = true;  ///< numbers and Empty
+    bool texts_ = true;    ///< only texts and Empty
+    bool numbers_ = true;  ///< only numbers and Empty
     bool oneType_ = true;
     std::vector<String> capitals_;
 };

@@ -12,7 +12,7 @@ constexpr StringView kPlain =
     u"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-./_~&:?@#!$*+";
 constexpr StringView kDigits = u"0123456789ABCDEF";
 
-/// The number that hexadecimal digits are; 0 when they are none.
+/// The number that the hexadecimal digits spell; 0 when a character is no such digit.
 Byte numberOf(StringView digits) {
     const std::string text = base::toAnsi(digits);
     unsigned number = 0;

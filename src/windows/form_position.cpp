@@ -13,8 +13,8 @@ namespace {
 
 constexpr Double kPointsAPixel = 0.75;
 constexpr Double kTwipsAPixel = 15;
-constexpr Double kTolerance = 6;   // points that a form may stand out
-constexpr Long kNotNoted = -1000;  // a left edge that stands for none
+constexpr Double kTolerance = 6;   // points by which a form may stand out
+constexpr Long kNotNoted = -1000;  // a left edge that means: nothing stored
 
 /// A form or a host application.
 class Form {

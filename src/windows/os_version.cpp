@@ -18,14 +18,14 @@ constexpr std::uint16_t kEnterprise = 0x0002;
 constexpr std::uint16_t kDatacenter = 0x0080;
 constexpr std::uint16_t kPersonal = 0x0200;
 
-/// A name with its number, and what tells of the service pack.
+/// The name and number of an edition, and its service pack.
 struct Edition {
     String name;
     eOSVersion version = eOSVersion_Unknown;
     String servicePack = {};
 };
 
-/// Without U+0000, tabs and blanks at its ends; nothing when it consists of nothing else.
+/// Removes U+0000, tabs and blanks at both ends; nothing when no text is left.
 std::optional<String> trimmed(StringView text) {
     constexpr StringView blanks(u"\0\t ", 3);
     const std::size_t first = text.find_first_not_of(blanks);
@@ -50,7 +50,7 @@ Edition windows9x(const OsVersion& system) {
     }
 }
 
-/// Only from service pack 6 on does this system tell the kind of its product.
+/// This system tells the kind of its product only from service pack 6 on.
 Edition windowsNt4(const OsVersion& system, const String& servicePack) {
     const auto text = trimmed(system.servicePack);
     if (!text) return {u"Windows NT 4.0", eOSVersion_NT4};
@@ -61,7 +61,7 @@ Edition windowsNt4(const OsVersion& system, const String& servicePack) {
     return {u"Windows NT 4.0 Server", eOSVersion_NT4_Server, servicePack};
 }
 
-/// Windows 2000 looks for one suite first, Windows 2003 for the other.
+/// Windows 2000 and Windows 2003 check the two suites in opposite order.
 Edition windowsNt5(const OsVersion& system) {
     const auto has = [&](std::uint16_t suite) { return (system.suiteMask & suite) != 0; };
     const bool workstation = system.productType == kWorkstation;

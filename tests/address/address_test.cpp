@@ -21,7 +21,7 @@ TEST(QuorAddress, KeepsAttributesByNameAndByNumber) {
         EXPECT_EQ(address(u"getStandardAttribut", {number}), outOfRange);
     }
     EXPECT_EQ(address(u"setAttribut", {u"gebURTStag2", u"first"}), Variant(Long{1}));
-    // Each is stored under the name of its constant, but for one that is spelled wrong.
+    // Each attribute is stored under the name of its constant; one constant is misspelled.
     const auto known =
         std::ranges::find(enumerations(), std::string("eKnownAttributes"), &EnumerationInfo::name);
     for (const ConstantInfo& one : known->constants) {

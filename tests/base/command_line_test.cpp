@@ -25,7 +25,7 @@ TEST(ProgramLine, SplitsTheArguments) {
 }
 
 TEST(ProgramLine, NamesThePrograms) {
-    const auto namesIn = [](StringView line) {  // each with what stands behind it
+    const auto namesIn = [](StringView line) {  // each with the text behind it
         Words names;
         for (ProgramName name(line); !name.name().empty(); name.lengthen())
             names.push_back(String(name.name()) + u"|" + String(name.behind()));

@@ -13,7 +13,7 @@ std::string number(std::size_t value) {
     return bytes;
 }
 
-/// A packed bitmap with so many bytes between its header and its pixels.
+/// A packed bitmap with `between` bytes between its header and its pixels.
 std::string dib(std::uint32_t header, std::uint32_t bits, std::uint32_t compression,
                 std::uint32_t coloursUsed, std::size_t between) {
     const std::string planes = number(1 | bits << 16);
@@ -59,7 +59,7 @@ TEST(Dib, EndsBehindItsPixelsAndItsProfile) {
                                     {with(plain, 8, number(0x80000000)), {}},
                                     {with(plain, 4, number(0xFFFFFFFF)), {}},
                                     {with(plain, 4, number(0)), {}},
-                                    {packed, {}},  // which does not say it
+                                    {packed, {}},  // the header does not tell the size
                                     {with(packed, 20, number(5)), 57},
                                     {with(packed, 20, number(7)), {}},
                                     {version5, 128},

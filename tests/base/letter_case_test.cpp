@@ -14,7 +14,8 @@ TEST(LetterCase, MapsPairs) {
 }
 
 TEST(LetterCase, LeavesTheRest) {
-    // Beside the runs, between the members of a run in steps of two, without a simple mapping.
+    // Characters next to the runs, between members of a run with stride two, and without a simple
+    // mapping.
     const String others = u"@[`{0\u00D7\u00DF\u0138\u0149\U00010400\uFFFF";
     EXPECT_EQ(toLower(others), others);
     EXPECT_EQ(toUpper(u"@[`{0\u00F7\u00DF\u0138\u0149"), u"@[`{0\u00F7\u00DF\u0138\u0149");
@@ -27,7 +28,7 @@ TEST(LetterCase, SameText) {
     EXPECT_TRUE(sameText(u"", u""));
     EXPECT_FALSE(sameText(u"ab", u"abc"));
     EXPECT_FALSE(sameText(u"a", u"\u00E4"));
-    // Letters that are no capitals of their small ones.
+    // Letters that are not the capitals of their own small letters.
     EXPECT_FALSE(sameText(u"\u0130\u1E9E", u"i\u00DF"));
     EXPECT_TRUE(sameKey(u"\u0130\u1E9EA", u"i\u00DFa"));
     EXPECT_EQ(KeyHash()(u"\u0130\u1E9EA"), KeyHash()(u"i\u00DFa"));

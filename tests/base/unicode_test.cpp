@@ -19,8 +19,8 @@ TEST(CodePage, WhatItLacksIsAQuestionMark) {
         EXPECT_EQ(toAnsi(static_cast<char16_t>(unit)), '?');
 }
 
-// Texts around the block size of the fast path, so that every position of the first character
-// that is not ASCII is met.
+// Texts of lengths around the block size of the fast path, so that the first character that is not
+// ASCII comes at every position.
 TEST(Utf8, CodesTextsOfEveryLength) {
     const struct {
         String text;
@@ -46,7 +46,7 @@ TEST(Utf8, CodesTextsOfEveryLength) {
             }
 }
 
-// Each byte that is none becomes U+FFFD or stands in the text as a surrogate, and comes back.
+// Each invalid byte becomes U+FFFD, or a surrogate from which it comes back.
 TEST(Utf8, MeetsWhatIsNoUtf8) {
     const struct {
         std::string bytes;
@@ -88,7 +88,7 @@ TEST(Utf8, MeetsSurrogatesWithoutPartner) {
         {{high, high, low}, 0, r + "\xF0\x9F\x98\x80"},
         {{u'a', high, u'b'}, 1, "a" + r + "b"},
         {{high, low, low}, 2, "\xF0\x9F\x98\x80" + r},
-        {{0xDC00, 0xDC7F, 0xDD00}, 0, r + r + r},  // stand for no byte
+        {{0xDC00, 0xDC7F, 0xDD00}, 0, r + r + r},  // these stand for no byte
         {{high, low}, String::npos, "\xF0\x9F\x98\x80"},
     };
     for (const auto& [text, lone, replaced] : cases) {

@@ -49,7 +49,7 @@ TEST(Catalogue, RowsAreWholeAndUnique) {
     }
 }
 
-/// Fails a whole test run that has not called every member.
+/// Fails a complete test run in which some member was never called.
 class AllMembersCalled : public testing::Environment {
     void TearDown() override {
         if (testing::GTEST_FLAG(filter) != "*" || testing::UnitTest::GetInstance()->Failed())
@@ -71,7 +71,7 @@ std::string documentOf(const std::string& name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The lines that only one of two texts has.
+/// The lines that only one of the two texts has.
 std::string difference(const std::string& before, const std::string& now) {
     std::multiset<std::string> old;
     std::string added;
@@ -86,8 +86,7 @@ std::string difference(const std::string& before, const std::string& now) {
     return added;
 }
 
-/// The interface is frozen: what clients rely on changes only on purpose, and docs/interface.md
-/// says why.
+/// The interface is frozen. It changes only on purpose, and docs/interface.md says why.
 TEST(Catalogue, IsAsFrozen) {
     const std::pair<const char*, const char16_t*> dumps[] = {
         {"catalogue.json", u"--json"}, {"quorkit.idl", u"--idl"}, {"reference.md", u"--markdown"}};

@@ -1,4 +1,4 @@
-// The class over the clipboard in memory and over the one that there is.
+// The class on the clipboard in memory and on the native one.
 #include <gtest/gtest.h>
 #include <quorkit/collection.h>
 #include <quorkit/picture.h>
@@ -41,7 +41,7 @@ class ClipboardTest : public testing::TestWithParam<const char*> {
         const auto picture = std::dynamic_pointer_cast<Picture>(value.get<ObjectRef>());
         return picture == nullptr ? "none" : picture->file();
     }
-    /// Sets a text and expects what comes back.
+    /// Sets a text, and checks what both getters return.
     void expectBack(const char16_t* set, const String& text, const String& back,
                     const String& richBack) {
         clipboard(set, {text});

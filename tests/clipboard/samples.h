@@ -9,7 +9,7 @@
 namespace quorkit::test {
 
 struct Sample {
-    std::string type;  ///< as programs of an X server name it
+    std::string type;  ///< the name that programs of an X server use
     bool metafile;
     std::string file;
 };

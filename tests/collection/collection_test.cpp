@@ -10,7 +10,7 @@
 namespace quorkit::test {
 namespace {
 
-/// The plainest collection: two parallel lists, searched from end to end.
+/// The simplest collection: two parallel lists and linear searches.
 struct Linear {
     std::vector<Variant> values;
     std::vector<String> names;
@@ -80,7 +80,7 @@ TEST(QuorCollection, BehavesAsTwoListsDo) {
         const auto letter = u"kK\u212A\u00E4\u00C4\u0130"[below(6)];
         const String key = below(50) == 0 ? String() : String{letter, char16_t(u'a' + below(20))};
         const Long p = below(3) == 0 ? below(2) * linear.count() : below(50) - 1;
-        // In turn the collection grows to all its keys and shrinks to nothing.
+        // The collection grows to all keys and shrinks to nothing, in turn.
         const Long what = step / 200 % 2 == 0 ? below(5) : 2 + below(4);
         if (what < 2)
             EXPECT_EQ(c(u"setValueByKey", {step, key}), Variant(linear.set(step, key)));
@@ -116,7 +116,7 @@ struct Witness final : Object {
     std::function<void()> released;
 };
 
-// What a value's release does to the collection finds it as it is after the call.
+// Code that runs when a value is released finds the collection as it is after the call.
 TEST(QuorCollection, IsWholeWhenAValueIsReleased) {
     QuorCollection c;
     std::vector<Variant> seen;
@@ -138,7 +138,7 @@ TEST(QuorCollection, IsWholeWhenAValueIsReleased) {
     EXPECT_EQ(c.getKey(1), u"A");
 }
 
-// With a walk over all elements this would not end.
+// If each call visited all elements, this would not end.
 TEST(QuorCollection, IsNotQuadratic) {
     constexpr Long count = 200'000;
     QuorCollection c;

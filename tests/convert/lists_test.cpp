@@ -13,8 +13,8 @@ CollectionRef collectionOf(const std::vector<Variant>& items) {
     return c;
 }
 
-// Where delimiters could overlap at the end, the array loses the rest: the end of the text is
-// compared on its own, while the collection goes by the position.
+// Where delimiters could overlap at the end, the array loses the rest: it compares the end of the
+// text with the delimiter, while the collection uses the position.
 TEST(Lists, TextsAreSplit) {
     const Array<String> old({5, 3}, {1, 2});
     const auto array = [](std::vector<String> texts) {

@@ -1,4 +1,4 @@
-// Members with one value in and one out.
+// Members with one argument and one result.
 #include <gtest/gtest.h>
 #include <quorkit/ports/memory.h>
 

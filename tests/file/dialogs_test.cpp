@@ -36,7 +36,7 @@ TEST(Dialogs, OfferKindsOfFilesAndGiveWhatIsChosen) {
     save(u"C:\\old.txt", u".txt", u"C:\\old.txt");
     world.host.dialogs.clear();
     shown.clear();
-    save(u"C:\\old", u".txt", u"");  // twice, without seeing what would be lost
+    save(u"C:\\old", u".txt", u"");  // twice, without having seen the file that would be lost
     for (const FileDialog& one : world.host.dialogs)
         shown += one.title + u"|" + one.folder + u"|" + one.fileName + u"\n";
     EXPECT_EQ(shown, u"T|D:|f\nT|C:\\|old.txt\n");

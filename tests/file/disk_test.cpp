@@ -47,14 +47,14 @@ TEST_F(Disk, HasFilesAndFolders) {
                 {Row({full + u"\\*"}, true), Row({full + u"\\e*"}, true),
                  Row({full + u"\\*.txt"}, false), Row({full + u"\\x*"}, false),
                  Row({full + u"\\*\\empty"}, false), Row({u"\\"}, false), Row({u"C"}, false)});
-    ports.answer(1, kGeneralFailure, "NextEntry");  // nobody knows whether more would follow
+    ports.answer(1, kGeneralFailure, "NextEntry");  // nobody knows whether more follow
     file.expect(u"IsDirectoryEmpty", {Row({full + u"\\empty"}, false)});
 }
 
 TEST_F(Disk, MakesFoldersAndThoseAroundThem) {
     scratch.write("f", "");
     const fs::path before = fs::current_path();
-    fs::current_path(scratch.folder());  // where a bare name stands
+    fs::current_path(scratch.folder());  // the folder of a bare name
     const String top = scratch.name("a");
     file.expect(u"mkDirEx",
                 {Row({top + u"\\b\\c"}, true), Row({top + u"\\b\\c"}, true),
@@ -91,7 +91,7 @@ TEST_F(Disk, LeavesTheArrayWhenContentCannotBeRead) {
     scratch.write("huge", "");
     scratch.write("full", "abc");
     fs::resize_file(scratch.path("huge"), std::uintmax_t{1} << 31);  // takes no room
-    GQuorFile direct(ports);  // by name, a failing call gives nothing back
+    GQuorFile direct(ports);  // a failing call by name would change no argument
     const auto expectError = [&](const String& name, Long error) {
         const Array<Byte> old(std::vector<Byte>{1, 2}, 5);
         Array<Byte> array = old;

@@ -13,14 +13,14 @@ namespace {
 
 const Variant kMissing = Variant::missing();
 
-/// A list of names that stand in a text with blanks between them. "" is the list of no names.
+/// A list of the names in a text, separated by blanks; "" is the list without names.
 Variant list(const String& text) {
     Array<String> names;
     GQuorConvert().StringTokenToStringArray(text, u" ", names);
     return names;
 }
 
-/// What comes of finding these names.
+/// The expected count and list when these names are found.
 std::vector<Variant> countAndList(const String& names) {
     return {Long(names.empty() ? 0 : std::ranges::count(names, u' ') + 1), list(names)};
 }
@@ -41,7 +41,7 @@ Row walk(const String& folder, const String& filter, bool withFolder, bool recur
     return Row({folder, filter, withFolder, recursive, before}, countAndList(names));
 }
 
-/// Files in memory, where folders are listed in the order of their names.
+/// Files in memory; folders are listed in the order of names.
 class Listing : public testing::Test {
    protected:
     Listing() {
@@ -70,7 +70,7 @@ TEST_F(Listing, FiltersByName) {
 TEST_F(Listing, FiltersByDateAndAttributes) {
     constexpr FileTime second = 10'000'000;
     constexpr FileTime day = 86'400 * second;
-    constexpr FileTime start = 153'036 * day - 3'600 * second;  // of 2020 where these files are
+    constexpr FileTime start = 153'036 * day - 3'600 * second;  // of 2020 in their time zone
     const std::tuple<String, FileTime, std::uint32_t> made[] = {
         {u"first", start + second / 2, kArchive},
         {u"last", start + 365 * day, kHidden | kArchive},
@@ -155,7 +155,7 @@ TEST_F(Listing, AddsToAListGoesThroughFoldersAndCountsExtensions) {
                  Row({u"C:\\empty", list(u"x")}, {Long{0}, list(u"x")}),
                  Row({u"C:\\d", list(u"x")}, Error{9})});
 
-    GQuorFile direct(world);  // the name and the filter may stand in the list itself
+    GQuorFile direct(world);  // name and filter may be elements of the list
     Array<String> names(std::vector<String>{u"C:\\d", u"d*"});
     EXPECT_EQ(direct.GetFilesFromDirectory3(names.at(0), names.at(1), false, false, names), 3);
     EXPECT_EQ(names.at(2), u"d.txt");
@@ -173,7 +173,7 @@ TEST_F(Listing, GoesRoundNoLinks) {
         {walk(u"C:", u"*.txt", false, true, u"a.txt b1.txt b2.TXT c.txt d.txt linked.txt c.txt"),
          walk(u"C:\\b", u"b1*", false, true, u"b1.txt"),
          walk(u"C:\\b\\up\\b", u"b1*", false, true, u"b1.txt")});
-    ports.answer(0, kGeneralFailure, "FinalName");  // nobody knows where links lead to
+    ports.answer(0, kGeneralFailure, "FinalName");  // nobody knows where links lead
     file.expect(u"GetFilesFromDirectory3",
                 {walk(u"C:\\d", u"*", false, true, u"d.txt linked.txt nowhere")});
     ports.answer(0, kGeneralFailure, "FirstEntry");

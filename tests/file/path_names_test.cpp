@@ -68,7 +68,7 @@ std::vector<String> words(const String& text, const String& delimiter = u" ") {
 
 TEST(Wildcard, MatchesAsWindowsDoes) {
     const String all = u"a ab a.b a.txt A.TXT2 b.tar.gz .x readme a..b \u00C4b.c ";
-    using Case = std::pair<String, String>;  // patterns, and the names that each of them matches
+    using Case = std::pair<String, String>;  // a pattern, and the names that match it
     for (const auto& [patterns, matched] :
          {Case(u"*|*.*|*.*.*|*?|*. |*.. |* . |*.*.|*.*. .|**.", all), Case(u"|a\"b| |...|. .", u""),
           Case(u"*.|*..|* .|*. .", u"a ab readme "),

@@ -76,7 +76,7 @@ TEST_F(Shortcuts, AreReadByAnotherReader) {
     for (const auto& [target, tip, lines] : cases) {
         file.call(u"MakeShortCut", {true, kDesktop, u"", target, u"s", tip});
         scratch.write("s.lnk", world.files.content(u"C:\\Desk\\s.lnk").value());
-        EXPECT_EQ(std::system(command.c_str()), 0);  // Debian's reader
+        EXPECT_EQ(std::system(command.c_str()), 0);  // a reader from Debian
         std::string told = scratch.read("s.lnk.txt");
         std::erase(told, '\t');
         EXPECT_NE(told.find(lines + "\n"), std::string::npos) << told;

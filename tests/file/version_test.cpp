@@ -36,7 +36,7 @@ TEST_P(FileVersion, IsThatOfTheDllAndSurvivesDamage) {
     for (std::size_t at = 0; at < whole.size(); ++at)
         EXPECT_EQ(versionOf(whole.substr(0, at)), at < end ? u"" : version) << at;
 
-    // As many sections and resources as can be counted, and directories that lead in circles.
+    // The largest possible numbers of sections and resources, and directories in circles.
     const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(whole[at]); };
     const std::size_t section = whole.find(".rsrc");
     const std::size_t root = byteAt(section + 20) + 256u * byteAt(section + 21);

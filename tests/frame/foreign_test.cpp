@@ -1,4 +1,4 @@
-// Objects of a client's own where members expect the runtime's: they have members by name alone.
+// A client's own objects, which have members by name only, as arguments for the runtime's types.
 #include <gtest/gtest.h>
 #include <quorkit/QuorCollection.h>
 #include <quorkit/collection.h>
@@ -16,7 +16,7 @@
 namespace quorkit::test {
 namespace {
 
-/// What a client makes in its own language.
+/// An object made in a client's own language.
 struct Foreign final : Object {
     using Member = std::function<Variant(std::span<Variant>)>;
     explicit Foreign(std::map<String, Member> own) : members(std::move(own)) {}
@@ -48,7 +48,7 @@ TEST(ForeignObjects, AreCollections) {
     EXPECT_EQ(convert(u"CollectionToArray", {list}), Variant(Array<Variant>(items)));
     EXPECT_EQ(Late(u"GQuorTools")(u"IndexOfElementInCollection", {Long{2}, list}),
               Variant(Long{2}));
-    // What is filled is the client's object, and the client's variable still refers to it.
+    // The member fills the client's own object, and the client's variable still refers to it.
     const Outcome filled =
         convert.call(u"StringTokenToStringCollection", {u"b;c", u";", false, list});
     EXPECT_EQ(filled.result, Variant(Long{4}));
@@ -114,7 +114,7 @@ TEST(RuntimeObjects, AnswerByName) {
     call(pairs, u"Item", {u"k", Long{3}}, CallKind::Let);
     EXPECT_EQ(call(pairs, u"Item", {u"k"}, CallKind::Get), Variant(Long{3}));
     EXPECT_EQ(call(pairs, u"Exists", {u"K"}), Variant(false));
-    EXPECT_EQ(call(pairs, u"Item", {u"K"}), Variant());  // looking it up has made it
+    EXPECT_EQ(call(pairs, u"Item", {u"K"}), Variant());  // the look-up has added it
     EXPECT_EQ(call(pairs, u"Items", {}), variants({Long{3}, Variant()}));
     call(pairs, u"Remove", {u"k"});
     EXPECT_EQ(pairs->elements(), variants({u"K"}));

@@ -1,4 +1,4 @@
-// How objects that hold others are released.
+// Releasing objects that hold others.
 #include <gtest/gtest.h>
 #include <quorkit/collection.h>
 #include <quorkit/dictionary.h>
@@ -24,7 +24,7 @@ Variant holder(Keep keep) {
     return object;
 }
 
-/// Everything that keeps a value for a client, as one link of a chain.
+/// All containers that keep a client's value, each as a link of a chain.
 const std::vector<Variant (*)(Variant)> kLinks = {
     [](Variant held) { return holder<Collection>([&](auto& c) { c.add(std::move(held)); }); },
     [](Variant held) { return holder<Dictionary>([&](auto& d) { d.set(u"k", std::move(held)); }); },
@@ -62,7 +62,7 @@ TEST(Release, TakesNoStackForEachLinkOfAChain) {
     }
 }
 
-// A client that loses a circle has no way to it, so the end of its session opens it.
+// A client cannot reach a lost circle, so the end of its session opens it.
 TEST(Release, OpensCirclesAtTheEndOfASession) {
     for (const auto link : kLinks) {
         bool gone = false;
@@ -73,7 +73,7 @@ TEST(Release, OpensCirclesAtTheEndOfASession) {
             collection->add(std::make_shared<Witness>(gone));
             collection->add(link(collection));
             objects.release(objects.numberOf(collection->item(2).get<ObjectRef>()));
-            for (int i = 0; i < 200; ++i)  // others come and go
+            for (int i = 0; i < 200; ++i)  // other objects come and go
                 objects.release(objects.numberOf(Collection::make()));
             objects.letGoOfAll();
         }

@@ -5,7 +5,7 @@
 namespace quorkit::test {
 namespace {
 
-/// What follows "call" on the command line, and what is printed.
+/// The words behind "call" on the command line, and the output.
 struct Case {
     Case(String words, std::string printed) : line(u"call " + words), output(std::move(printed)) {}
     String line;
@@ -31,7 +31,7 @@ TEST(Call, TakesTextsAndNamedArguments) {
          Case(u"QuorInifile.IniFileName --set inifilename=a=b.ini", "a=b.ini\n"),
          Case(u"GQuorConvert.cBoolEx [ja", "False\n"),
          Case(u"GQuorStrings.getNoNumbers [\"a\"]", "[\"a\"]\n"),
-         // Escapes only when asked for.
+         // Escapes are only replaced when asked for.
          Case(u"GQuorStrings.getNoNumbers 1\\n", "\\n\n"),
          Case(uR"(-e GQuorStrings.getNoNumbers \u00e91\t\q\\u\u12)", "\u00E9\t\\q\\u\\u\n"),
          Case(uR"(-e GQuorStrings.NullStringToString --arg s=a\0b)", "a\n")});
@@ -40,7 +40,7 @@ TEST(Call, TakesTextsAndNamedArguments) {
 TEST(Call, TakesAndPrintsStructures) {
     const String tokens = u"GQuorConvert.StringTokenTo";
     expectOutput(
-        {// Pure outputs need not be given.
+        {// Arguments for results only may be left out.
          Case(tokens + u"StringArray a,\u00E4 ,",
               "2\nsArray = {\"array\":[\"a\",\"\u00E4\"],\"lower\":0}\n"),
          Case(tokens + u"StringCollection a;b ; False",

@@ -17,7 +17,7 @@ struct CommandOutcome {
     std::string errors;
 };
 
-/// `line` holds the words with one blank between them, none when it is empty.
+/// `line` holds the words, separated by single blanks; an empty line has none.
 inline CommandOutcome command(const String& line, const std::string& input, Ports& ports) {
     std::vector<String> words;
     for (std::size_t start = 0, end = 0; !line.empty() && end != String::npos; start = end + 1) {
@@ -31,7 +31,7 @@ inline CommandOutcome command(const String& line, const std::string& input, Port
     return {status, out.str(), errors.str()};
 }
 
-/// The same in a world of its own.
+/// The same on new ports in memory.
 inline CommandOutcome command(const String& line, const std::string& input = {}) {
     MemoryPorts ports;
     return command(line, input, ports);

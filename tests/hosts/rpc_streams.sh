@@ -1,6 +1,6 @@
 #!/bin/sh
-# rpc_streams.sh [EMULATOR...] QUORKIT: what a member starts takes no request from a session and puts
-# nothing among its answers.
+# rpc_streams.sh [EMULATOR...] QUORKIT: programs that members start read no requests of a
+# session, and write nothing among its answers.
 set -eu
 child='sh -c \"cat; echo hello; exit 3\"'
 [ $# = 1 ] || child='cmd /c \"echo hello & exit 3\"'

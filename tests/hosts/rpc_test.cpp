@@ -7,10 +7,10 @@ namespace {
 
 struct Exchange {
     std::string message;
-    std::string answer;  ///< empty when none is wanted
+    std::string answer;  ///< empty when none is expected
 };
 
-/// One session answers all messages in order.
+/// All messages go to one session, in order.
 void expectAnswers(const std::vector<Exchange>& exchanges) {
     std::string input;
     std::string expected;

@@ -22,7 +22,7 @@ class IniTest : public testing::Test {
     void content(std::string bytes) { world.files.put(kFile, std::move(bytes)); }
     std::string content() const { return world.files.content(kFile).value_or("(no file)"); }
 
-    /// A file, what a member is called with, its result, and the file afterwards.
+    /// A file, the arguments of a member, its result, and the file afterwards.
     struct Edit {
         Edit(std::string bytes, std::vector<Variant> with, Variant returned, std::string edited)
             : before(std::move(bytes)),

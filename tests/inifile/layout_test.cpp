@@ -1,4 +1,4 @@
-// What an edit of one key or section does to the bytes of a file: that line, and nothing else.
+// The effect of one edit on the bytes of a file: only its own line changes.
 #include "inifile/ini_fixture.h"
 
 namespace quorkit::test {
@@ -72,13 +72,14 @@ TEST_F(IniTest, KeepsTheEncoding) {
           Edit(utf8, with(u"k", omega), 1, "[A]\nx=\xC3\xA4\nk=\xCE\xA9\n"),
           Edit(ansi, with(u"k", u"\u20AC"), 1, "[A]\nx=\xE4\nk=\x80\n"),
           Edit("[\xC4]\n\xD6=1\n", {u"\u00E4", u"\u00F6", u"2"}, 1, "[\xC4]\n\xD6=2\n"),
-          // A file that is plain takes the code page, unless that lacks a letter or what is written
-          // would be read back as UTF-8.
+          // A plain file becomes code page 1252, unless that lacks a letter or the text would be
+          // read back as UTF-8.
           Edit(plain, with(u"k", u"\u00E4"), 1, "[A]\nk=\xE4\n"),
           Edit(plain, with(u"k", u"\u00E4\u03A9"), 1, "[A]\nk=\xC3\xA4\xCE\xA9\n"),
           Edit(plain, with(u"k", u"\u00C3\u00A4"), 1, "[A]\nk=\xC3\x83\xC2\xA4\n"),
           Edit("", {omega, u"k", u""}, 1, "[\xCE\xA9]\r\nk=\r\n"),
-          // What it lacks is refused; another spelling of a key that is there needs no letters.
+          // A letter that the code page lacks is refused. A key in another spelling needs no
+          // letters.
           Edit(ansi, with(u"k", omega), 0, ansi), Edit(ansi, with(omega, u"1"), 0, ansi),
           Edit(ansi, {omega, u"k", u"1"}, 0, ansi), Edit(utf8, with(u"k", half), 0, utf8),
           Edit(plain, with(half, u"1"), 0, plain),
@@ -89,7 +90,7 @@ TEST_F(IniTest, KeepsTheEncoding) {
                                   Edit(plain, {u"A", entries}, 3, "[A]\nk=2\n\xCE\xA9=1\n")});
     edit(u"WriteMultiLineSection", {Edit(ansi, {u"A", entries}, 1, "[A]\nk=2\nx=\xE4\n"),
                                     Edit(ansi, {omega, entries}, 0, ansi)});
-    // The last one holds a NUL here and there and is 8-bit all the same.
+    // The last one holds a few NULs, but is 8-bit text.
     const std::string bare = little.substr(2);
     const std::string little32("\xFF\xFE\0\0[\0\0\0", 8);
     const std::string big32("\0\0\xFE\xFF\0\0\0[", 8);
@@ -108,7 +109,7 @@ TEST_F(IniTest, KeepsTheEncoding) {
 }
 
 TEST_F(IniTest, HasOneRuleOfLetterCase) {
-    // Small letters decide: these capitals are no capitals of them.
+    // Names are compared in small letters, and these capitals have other small letters.
     const std::pair<String, String> spellings[] = {{u"stra\u00DFe", u"STRA\u1E9EE"},
                                                    {u"x\u00E5", u"X\u212B"},
                                                    {u"i", u"\u0130"},
@@ -167,7 +168,7 @@ TEST_F(IniTest, RefusesWhatTheLayoutCannotCarry) {
                    {u"A", u"k", u"1" + nul}};
     for (const auto& one : refused) {
         EXPECT_EQ(write(one.section, one.key, one.value), 0);
-        if (one.key == u";k") continue;  // as an entry of a whole section it is a comment
+        if (one.key == u";k") continue;  // a comment, if it is an entry of a whole section
         const Variant entry = table({{one.key, one.value}});
         ini.expect({u"WriteSectionContent", u"WriteMultiLineSection"},
                    {Row({one.section, entry}, 0)});

@@ -27,7 +27,7 @@ TEST_F(MultiLine, StoresNumberedLinesInFront) {
 }
 
 TEST_F(MultiLine, GivesBackWhatWasWritten) {
-    // Blanks around a key do not count, and the last one's letters make the file UTF-8.
+    // Blanks around a key do not count. The letters of the last key make the file UTF-8.
     for (const String key : {u"K", u"Text ", u" T", u"\u043A\u043B"}) {
         for (const String value :
              {u"x\r\n\r\ny", u"a\nb\r\n c ", u"\r\nx", u"\"q\"\r\n;", u"one"}) {
@@ -66,7 +66,7 @@ TEST_F(MultiLine, TakesBackTheSectionItRead) {
     EXPECT_EQ(whole.get<Array<String>>().bounds(2).count, 3);
     ini(u"WriteSectionContent", {u"S", whole});
     EXPECT_EQ(content(), before);
-    ini.expect(u"WriteSectionContent", {Row({u"T", whole}, 2)});  // not the U+0000
+    ini.expect(u"WriteSectionContent", {Row({u"T", whole}, 2)});  // the last key holds U+0000
     EXPECT_EQ(content(), before + "[T]\n;k=v\nb=1\n");
 }
 

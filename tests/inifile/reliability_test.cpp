@@ -1,4 +1,4 @@
-// Nothing is lost: not to other writers, not to a kill.
+// Nothing is lost, neither to other writers nor to a kill.
 #include <gtest/gtest.h>
 #include <quorkit/QuorInifile.h>
 #include <quorkit/ports/faults.h>
@@ -15,7 +15,7 @@ namespace {
 
 int writeKeys(const std::vector<std::string>& arguments) {
     FaultyPorts ports(ports::native());
-    ports.answer(0, kSuccess, "Flush");  // what a dying process leaves does not depend on the disk
+    ports.answer(0, kSuccess, "Flush");  // a dying process leaves the same with or without a flush
     QuorInifile ini(ports);
     ini.setIniFileName(std::filesystem::path(arguments[0]).u16string());
     const String prefix(arguments[1].begin(), arguments[1].end());

@@ -1,4 +1,4 @@
-// Whole sections: read as tables, merged, several keys deleted at once.
+// Whole sections: read as tables, merged, and with several keys deleted at once.
 #include "inifile/ini_fixture.h"
 
 namespace quorkit::test {
@@ -20,13 +20,13 @@ TEST_F(IniTest, ReadsASectionAsATable) {
 TEST_F(IniTest, ReadsAsMuchOfASectionAsItsBufferTakes) {
     std::string lines = "[S]\n";
     for (int i = 0; i < 5000; ++i) lines += "ke" + std::to_string(10000 + i) + "y=x\n";
-    content(lines);  // each entry takes 11 characters; a last one that is cut goes
+    content(lines);  // each entry takes 11 characters; a cut one at the end is dropped
     EXPECT_EQ(ini.call(u"ReadSectionKeys", {u"S", 0}).arguments[1], Variant(3640));
     const std::pair<Variant, Long> sizes[] = {
         {Variant::missing(), 2978}, {1000, 2978}, {u"55002", 5000}, {55000, 4999}};
     for (const auto& [size, count] : sizes)
         EXPECT_EQ(ini.call(u"ReadSectionContent", {u"S", 0, size}).arguments[1], Variant(count));
-    // What is rewritten is not what is handed to callers.
+    // Rewriting uses the whole section, not the part that callers get.
     const Variant entry = table({{u"ke14999y", u"new"}});
     const Variant list = names({u"ke14999y"});
     const struct {
@@ -78,7 +78,7 @@ TEST_F(IniTest, MergesATable) {
 }
 
 TEST_F(IniTest, DeletesSeveralKeys) {
-    // A second section of the name would hide the moved one, so the last one stays in its place.
+    // The last section stays in place if a second one of its name would hide it after the move.
     edit(u"DeleteKeys",
          {Edit("[S]\na=1\nb = 2\n\n[T]\nt=1\n", {u"S", names({u"A", u"a"})}, 1,
                "[T]\nt=1\n[S]\nb = 2\n"),

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Installs a build, moves what was installed, and builds and runs a client of it, as CMake users do
-# and as everyone else does: check.sh BUILD COMPILER
+# Installs a build, moves the installed tree, and builds and runs a client of it, with CMake and
+# with pkg-config: check.sh BUILD COMPILER
 set -eux
 build=$1
 compiler=$2

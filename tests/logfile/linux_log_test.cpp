@@ -1,4 +1,4 @@
-// What only processes and disks of Linux show: forks, files that others move, links.
+// Cases that only Linux has: forks, files that others move, links.
 #ifdef __linux__
 #include <gtest/gtest.h>
 #include <quorkit/QuorLogFile.h>
@@ -72,7 +72,7 @@ TEST_F(LinuxLog, FollowsItsNameNotItsLinksAndIsNotInherited) {
     EXPECT_EQ(scratch.read("a.log"), "12345678\r\n12345678\r\nnew\r\n");
     fs::rename(scratch.path("a.log"), scratch.path("a.log.1"));
     std::this_thread::sleep_for(std::chrono::milliseconds(20));  // see Files::Append
-    log.setLogFileName(u"/nowhere/else.log");                    // the one that is open stays
+    log.setLogFileName(u"/nowhere/else.log");                    // the open file stays
     write(u"newer");
     EXPECT_EQ(scratch.read("a.log"), "newer\r\n");
     fs::remove(scratch.path("a.log"));

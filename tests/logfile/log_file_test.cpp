@@ -1,4 +1,4 @@
-// Lines, openings and shortening, as a client sees them.
+// Lines, opening and shortening, as a client sees them.
 #include <gtest/gtest.h>
 #include <quorkit/ports/memory.h>
 
@@ -8,7 +8,7 @@
 namespace quorkit::test {
 namespace {
 
-/// Real files, and a clock and an environment that are set by hand.
+/// Real files, with a clock and an environment set by hand.
 class LogFile : public testing::Test {
    protected:
     LogFile() {
@@ -94,13 +94,13 @@ TEST_F(LogFile, EmptiesTheFileAsSet) {
     write(u"1");
     write(u"2");
     EXPECT_EQ(content(), "1\r\n2\r\n");
-    log.let(u"Append", false);  // the next opening is the first again
+    log.let(u"Append", false);  // the next opening counts as the first
     write(u"3");
     EXPECT_EQ(content(), "3\r\n");
     EXPECT_EQ(isOpen(), Variant(false));
 
     log.let(u"AutoOpenClose", false);
-    write(u"lost");  // nobody has opened it
+    write(u"lost");  // the file is not open
     EXPECT_EQ(content(), "3\r\n");
     EXPECT_EQ(log(u"OpenLogfile"), Variant(true));
     EXPECT_EQ(log(u"OpenLogfile"), Variant(true));
@@ -190,13 +190,13 @@ TEST_F(LogFile, ShortensFromTheStartOfALine) {
         EXPECT_EQ(content(), after) << limit;
         EXPECT_EQ(scratch.count(), 1u);
         if (after == before) continue;
-        write(u"z");  // goes on in the line whose end was left out
+        write(u"z");  // continues the line that has lost its end
         EXPECT_EQ(content(), after + "z\r\n") << limit;
     }
     EXPECT_EQ(log(u"limitFileSize", {scratch.name("missing.log"), 1}), Variant(false));
     EXPECT_EQ(scratch.count(), 1u);
 
-    Late keeper(u"QuorLogFile", ports);  // whose file nobody else shortens
+    Late keeper(u"QuorLogFile", ports);  // nobody else shortens its file
     keeper.let(u"LogFileName", scratch.name("a.log"));
     keeper.let(u"AutoOpenClose", false);
     keeper(u"OpenLogfile");

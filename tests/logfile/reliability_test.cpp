@@ -1,4 +1,4 @@
-// Nothing is lost: not to other writers, not to failing operations.
+// Nothing is lost, neither to other writers nor to failing operations.
 #include <gtest/gtest.h>
 #include <quorkit/QuorLogFile.h>
 #include <quorkit/ports/faults.h>
@@ -35,7 +35,7 @@ int writeEntries(const std::vector<std::string>& arguments) {
 }
 const PartName writeEntriesPart("writeEntries", writeEntries);
 
-/// The numbers in the file by their letters; fails on anything that is no whole entry.
+/// The numbers in the file by their letters; fails on anything that is not a whole entry.
 std::map<char, std::vector<int>> entriesOf(std::string_view content) {
     std::map<char, std::vector<int>> entries;
     constexpr std::size_t size = 10;
@@ -56,7 +56,7 @@ std::map<char, std::vector<int>> entriesOf(std::string_view content) {
 }
 
 #ifdef _WIN32
-constexpr int kEntries = 2000;  // each takes its time there
+constexpr int kEntries = 2000;  // each takes its time under Wine
 #else
 constexpr int kEntries = 50000;
 #endif
@@ -79,7 +79,7 @@ TEST(LogReliability, FourWritersLoseNothing) {
         const std::string content = scratch.read("a.log");
         std::size_t total = 0;
         for (const auto& [letter, numbers] : entriesOf(content)) {
-            // What is cut off is older than what stays.
+            // Entries that were cut off are older than those that stay.
             for (std::size_t i = 0; i < numbers.size(); ++i)
                 ASSERT_EQ(numbers[i], kEntries - static_cast<int>(numbers.size() - i)) << letter;
             total += numbers.size();
@@ -92,7 +92,7 @@ TEST(LogReliability, FourWritersLoseNothing) {
     }
 }
 
-// Beside what FailingCalls expects of every member: an entry that comes with a shortening.
+// FailingCalls tests every member; this adds an entry that comes with a shortening.
 TEST(LogReliability, AFailingShorteningCostsNoEntry) {
     const std::string before = "first\r\nsecond\r\nthird\r\nfourth\r\n";
     const std::string shortened = "third\r\nfourth";

@@ -1,15 +1,15 @@
-// Files that are opened for adding at their end, in every room.
+// Files that are opened for adding at their end, in every implementation.
 #include <functional>
 #include <vector>
 
-#include "ports/rooms.h"
+#include "ports/implementations.h"
 
 namespace quorkit::test {
 namespace {
 
-class AddingTest : public RoomTest {
+class AddingTest : public EachImplementation {
    protected:
-    /// Runs `body`, which must wait for the lock until the file holds `bytes` instead.
+    /// While `body` waits for the lock, replaces the file by one with `bytes`.
     template <class Body>
     void waitsWhileReplaced(const std::string& bytes, Body body) {
         const Handle held = lock("f");
@@ -106,7 +106,7 @@ TEST_P(AddingTest, WaitsOnceForALockThatIsNeverGivenBack) {
     close(opened);
 }
 
-/// The table in files.h; but for what is under way while a file that yields is added to.
+/// The table in files.h, except for appends to a file that yields.
 TEST_P(AddingTest, AndLockingWaitForOthersAsTheTableSays) {
 #ifdef _WIN32
     const bool locksNames = true;
@@ -114,7 +114,7 @@ TEST_P(AddingTest, AndLockingWaitForOthersAsTheTableSays) {
     const bool locksNames = !GetParam();
 #endif
     const auto start = std::chrono::steady_clock::now();
-    Handle before = Handle::Invalid;  // open since before others took what they have
+    Handle before = Handle::Invalid;  // opened before others take a lock
     const std::function<void()> others[] = {[&] { close(open("f", FileAccess::Append)); },
                                             [&] { close(lock("f")); },
                                             [&] { EXPECT_EQ(files.Append(before, ""), kSuccess); }};
@@ -159,7 +159,7 @@ TEST_P(AddingTest, WaitsForTheLockAndTellsThatTheFileIsReplaced) {
     EXPECT_EQ(files.Append(opened, "er"), kSuccess);
     EXPECT_EQ(read("f"), "newer");
     EXPECT_EQ(files.DeleteFileA(name("f")), kSuccess);
-    write("next", "");  // or what is made below might be the deleted file over again
+    write("next", "");  // otherwise the file made below might be the deleted one
     for (const bool made : {false, true}) {
         if (made) replace("f", "other");
         EXPECT_EQ(files.Append(opened, "lost"), kFileReplaced);
@@ -167,7 +167,7 @@ TEST_P(AddingTest, WaitsForTheLockAndTellsThatTheFileIsReplaced) {
     }
     close(opened);
     EXPECT_EQ(read("f"), "other");
-#ifndef _WIN32  // Wine does not tell that a file will be deleted when it is closed
+#ifndef _WIN32  // Wine does not report that a file will be deleted when it is closed
     opened = open("f", FileAccess::Append);  // also under its lock
     EXPECT_EQ(files.DeleteFileA(name("f")), kSuccess);
     EXPECT_EQ(files.Append(opened, "lost"), kFileReplaced);
@@ -175,7 +175,7 @@ TEST_P(AddingTest, WaitsForTheLockAndTellsThatTheFileIsReplaced) {
 #endif
 }
 
-INSTANTIATE_TEST_SUITE_P(Rooms, AddingTest, testing::Bool(), nameOfRoom);
+INSTANTIATE_TEST_SUITE_P(Implementations, AddingTest, testing::Bool(), nameOfImplementation);
 
 }  // namespace
 }  // namespace quorkit::test

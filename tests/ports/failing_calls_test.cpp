@@ -1,5 +1,5 @@
-// Every member that writes, with every call of every port failing in turn: what is there afterwards
-// is the old or the new, and the caller is told what the member promises.
+// Every member that writes, with every call of every port failing in turn. Afterwards the state is
+// the old one or the new one, and the caller is told what the member promises.
 #include <gtest/gtest.h>
 #include <quorkit/GQuorFile.h>
 #include <quorkit/dictionary.h>
@@ -29,11 +29,11 @@ void addWindow(MemoryDesktop& desktop, WindowHandle handle) {
     window.className = u"Class";
 }
 
-/// Something of everything.
+/// A system with a little of everything.
 struct World : MemoryPorts {
     World() {
         files.put(u"C:\\s.ini", "[S]\na=1\nb=2\nm=$!MULTILINEFIELD@#\nm1=x\nm2=y\n[T]\nt=1\n");
-        files.put(u"C:\\ReadOnly\\s.ini", "[S]\na=1\n[T]\n");  // can only be written in place
+        files.put(u"C:\\ReadOnly\\s.ini", "[S]\na=1\n[T]\n");  // must be written in place
         files.setReadOnly(u"C:\\ReadOnly");
         files.put(u"C:\\a.log", "first\r\nsecond\r\nthird\r\nfourth\r\n");
         files.put(u"C:\\u.log", std::string("\xFF\xFE"
@@ -56,7 +56,7 @@ struct World : MemoryPorts {
     }
 };
 
-/// What there is, each thing and each line by itself.
+/// The state: every object and every line as one text.
 using Things = std::multiset<std::string>;
 
 void addFolder(Things& things, Ports& world, const String& folder) {
@@ -101,13 +101,13 @@ Things thingsIn(World& world) {
         if (world.keyboard.states[key] != 0) add(u"key", key, world.keyboard.states[key]);
     if (world.clipboard.content) things.insert(world.clipboard.content->second);
     for (const auto& message : world.host.messages)
-        if (message.style != kExclamationIcon) add(message.text);  // that one tells of a failure
+        if (message.style != kExclamationIcon) add(message.text);  // this one reports the failure
     if (world.host.waitText) add(*world.host.waitText);
     add(u"pointer", world.host.pointer);
     return things;
 }
 
-/// Whether what is in both states is there, and what is in neither is not.
+/// Whether `found` has everything that both states have, and nothing that neither has.
 bool isBetween(const Things& found, const Things& one, const Things& other) {
     Things both;
     Things either;
@@ -117,21 +117,21 @@ bool isBetween(const Things& found, const Things& one, const Things& other) {
 }
 
 enum Promise {
-    Whole = 0,  ///< the old state or the new one
-    Steps = 1,  ///< or one between them
-    Tells = 2,  ///< success has the new state; failure the old one, or with Steps one between
+    Whole = 0,  ///< old state or new state
+    Steps = 1,  ///< also a state between them
+    Tells = 2,  ///< success means the new state, failure the old one (with Steps also one between)
 };
 
 struct Writer {
     int promise;
-    std::vector<Variant> failures;  ///< the results other than that of success
+    std::vector<Variant> failures;  ///< results that mean failure
     const char16_t* className;      ///< null for the command line
     const char16_t* member;
     std::vector<Variant> arguments = {};
     std::vector<std::pair<const char16_t*, Variant>> properties = {};
 };
 
-constexpr Error kFileError{0};  ///< stands for the number that fits the code
+constexpr Error kFileError{0};  ///< the number that fits the code
 constexpr std::pair<ErrorCode, std::uint32_t> kCodes[] = {
     {kDiskFull, 61},   {kAccessDenied, 75}, {kSharingViolation, 70},
     {kFileExists, 57}, {kPathNotFound, 76}, {kFileReplaced, 57}};
@@ -176,7 +176,7 @@ void expectPromise(const Writer& writer) {
                               : steps                    ? isBetween(found, before, after)
                                                          : found == before || found == after;
             EXPECT_TRUE(good) << testing::PrintToString(result) << testing::PrintToString(found);
-            run(writer, faulty);  // what has been left behind is not in the way
+            run(writer, faulty);  // remains of the failure do not disturb it
             EXPECT_TRUE(isBetween(thingsIn(world), after, twice));
         }
 }
@@ -262,7 +262,7 @@ TEST(FailingCalls, LeaveTheOldOrTheNew) {
         {Steps, {}, u"GQuorClipboard", u"SetPictureToClipboard", {picture}},
         {Steps, {}, u"GQuorClipboard", u"LoadPictureToClipboard", {u"C:\\p.gif"}},
         {Whole, {}, u"GQuorClipboard", u"SavePictureFromClipboard", {u"C:\\f"}},
-        // Not yet GQuorKeyboard.SetKeyState: its port cannot tell that the table was not read.
+        // Not yet GQuorKeyboard.SetKeyState: its port cannot report that reading the table failed.
     };
     for (const Writer& writer : writers) {
         SCOPED_TRACE(toUtf8(writer.member) + testing::PrintToString(writer.arguments));

@@ -1,4 +1,4 @@
-// What a failing operation leaves behind, and a full disk in memory.
+// The state after a failing operation, and a full disk in memory.
 #include <gtest/gtest.h>
 #include <quorkit/ports/decorators.h>
 #include <quorkit/ports/memory.h>
@@ -28,7 +28,7 @@ TEST(FaultyFiles, FailAsTheRealOnesMay) {
     EXPECT_EQ(folders.CreateDirectoryA(u"d"), kDiskFull);
     EXPECT_EQ(files.CloseHandle(log), kDiskFull);
     EXPECT_EQ(files.calls(), 5u);
-    EXPECT_EQ(memory.LockForChange(u"log", log, Wait::Briefly), kSuccess);  // it has closed
+    EXPECT_EQ(memory.LockForChange(u"log", log, Wait::Briefly), kSuccess);  // it was given back
 
     files.answer(0, kSuccess, "Write");
     EXPECT_EQ(files.WriteFile(made, "34"), kSuccess);

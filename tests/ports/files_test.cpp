@@ -1,10 +1,10 @@
-// The content of files, and changing them whole, in every room.
-#include "ports/rooms.h"
+// The content of files, and replacing it, in every implementation.
+#include "ports/implementations.h"
 
 namespace quorkit::test {
 namespace {
 
-class FilesTest : public RoomTest {};
+class FilesTest : public EachImplementation {};
 
 TEST_P(FilesTest, WritesAndReads) {
     const std::string all = std::string("a\r\n\0b", 6) + std::string(300000, 'x');
@@ -89,7 +89,7 @@ TEST_P(FilesTest, RefusesWhatIsNoWritableFile) {
     EXPECT_EQ(read("f"), "x");
 }
 
-INSTANTIATE_TEST_SUITE_P(Rooms, FilesTest, testing::Bool(), nameOfRoom);
+INSTANTIATE_TEST_SUITE_P(Implementations, FilesTest, testing::Bool(), nameOfImplementation);
 
 }  // namespace
 }  // namespace quorkit::test

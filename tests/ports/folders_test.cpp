@@ -1,12 +1,12 @@
-// Folders, their entries and attributes, and how names are looked up, in every room.
+// Folders, their entries and attributes, and the look-up of names, in every implementation.
 #include <map>
 
-#include "ports/rooms.h"
+#include "ports/implementations.h"
 
 namespace quorkit::test {
 namespace {
 
-class FoldersTest : public RoomTest {
+class FoldersTest : public EachImplementation {
    protected:
     void SetUp() override {
         ASSERT_EQ(folders.CreateDirectoryA(name("d")), kSuccess);
@@ -107,7 +107,7 @@ TEST_P(FoldersTest, LinksCountAsWhatTheyLeadTo) {
     EXPECT_EQ(read("f"), "x");
 }
 
-INSTANTIATE_TEST_SUITE_P(Rooms, FoldersTest, testing::Bool(), nameOfRoom);
+INSTANTIATE_TEST_SUITE_P(Implementations, FoldersTest, testing::Bool(), nameOfImplementation);
 
 TEST(MemoryFiles, HaveDrivesSharesAndAttributesAsToldTo) {
     MemoryFiles files;

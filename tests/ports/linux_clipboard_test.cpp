@@ -1,4 +1,4 @@
-// The clipboard of a real X server, with other programs at its other end.
+// The clipboard of a real X server, shared with other programs.
 #ifndef _WIN32
 #include <gtest/gtest.h>
 #include <quorkit/GQuorClipboard.h>
@@ -33,7 +33,8 @@ class LinuxClipboard : public testing::Test {
     Late clipboard{u"GQuorClipboard"};
     Clipboard& port = ports::native().clipboard;
 
-    /// Puts bytes on the clipboard as xclip does, which owns it some time after it has returned.
+    /// Puts bytes on the clipboard with xclip, which becomes the owner some time after it has
+    /// returned.
     void copy(const std::string& type, const std::string& bytes) {
         const auto connection = x11::Connection::open();
         const xcb_window_t before = owner(*connection);
@@ -47,7 +48,7 @@ class LinuxClipboard : public testing::Test {
         return replyTo(connection, cookie, xcb_get_selection_owner_reply)->owner;
     }
     String text() { return clipboard(u"GetTextFromClipboard").get<String>(); }
-    /// The files of the programs that keep the content, each in a line.
+    /// The executables of the programs that keep the content, one a line.
     std::string helpers() {
         return outputOf("grep -lszx 'DISPLAY=" + server.display() + "' /proc/[0-9]*/environ |" +
                         "sed 's/environ$/exe/' | xargs -r readlink | grep '/quorkit-clipboard$'");
@@ -138,7 +139,7 @@ TEST_F(LinuxClipboard, OutlivesTheProgram) {
     const auto start = steady_clock::now();
     std::string expected;
     enum Kind { Good, Link, Strangers };
-    const Kind strangers = geteuid() == 0 ? Strangers : Link;  // which only root can make
+    const Kind strangers = geteuid() == 0 ? Strangers : Link;  // only root can make one
     const std::pair<const char*, Kind> steps[] = {{"libexec", Good}, {"libexec/quorkit", Good},
                                                   {"bin", Link},     {"bin", strangers},
                                                   {"bin", Good},     {"own", strangers}};
@@ -195,7 +196,7 @@ TEST_F(LinuxClipboard, FollowsTheRules) {
     EXPECT_FALSE(peer.ask("MULTIPLE", "D"));
     peer.own("CLIPBOARD");
     EXPECT_TRUE(helpersEnd());
-    std::thread manager([&] {  // one that brings an old content back when nobody has one
+    std::thread manager([&] {  // restores an old content when the clipboard has no owner
         EXPECT_TRUE(peer.next<xcb_selection_clear_event_t>(XCB_SELECTION_CLEAR));
         EXPECT_NE(owner(peer.connection), XCB_NONE);
     });
@@ -224,7 +225,7 @@ TEST_F(LinuxClipboard, DoesNotRelyOnOwners) {
                 std::this_thread::sleep_for(100ms);
                 put(XCB_ATOM_STRING, 8, 0x41414141);
             }
-            peer.property("A");  // an answer shows that the server has got it all
+            peer.property("A");  // the answer shows that the server has received everything
         });
         ready.get_future().wait();
         const auto start = steady_clock::now();

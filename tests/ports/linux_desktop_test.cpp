@@ -1,5 +1,5 @@
-// Windows, keys and the wait window on a real X server with a real window manager, seen from
-// outside by wmctrl, xprop, xdotool and xwininfo.
+// Windows, keys and the wait window on a real X server with a real window manager, checked by
+// wmctrl, xprop, xdotool and xwininfo.
 #ifndef _WIN32
 #include <gtest/gtest.h>
 #include <quorkit/ports/desktop.h>
@@ -24,7 +24,7 @@
 namespace quorkit::test {
 namespace {
 
-/// What a shell command prints, without the line end behind it.
+/// The output of a shell command without its last line end.
 std::string answerOf(const std::string& command) {
     std::string text = outputOf(command);
     if (text.ends_with('\n')) text.pop_back();
@@ -60,7 +60,7 @@ class Client {
     bool ended_ = false;
 };
 
-/// An xterm with a title that nothing changes.
+/// The command for an xterm with a fixed title.
 std::string terminal(const std::string& title, const std::string& more = {}) {
     return "env LC_ALL=C.UTF-8 xterm -T '" + title + "' " + more + " -e sleep 1000";
 }
@@ -76,7 +76,7 @@ class LinuxDesktop : public testing::Test {
         manager.emplace("openbox --sm-disable");
         ASSERT_TRUE(comesTrue([] { return !answerOf("wmctrl -m").empty(); }));
     }
-    /// The handle of a window as soon as it is there.
+    /// Waits for a window and returns its handle.
     WindowHandle windowOf(const String& title) {
         WindowHandle found = 0;
         EXPECT_TRUE(comesTrue([&] { return (found = desktop.FindWindowA({}, title)) != 0; }));
@@ -135,7 +135,7 @@ TEST_F(LinuxDesktop, PinsAndClosesThem) {
     windows.expect(u"WinTerminateProgram", {{{u"Pinned"}, Long{-1}}});
 }
 
-/// Windows of the test's own, and the list of them that a window manager would keep.
+/// The test's own windows, and a list of them such as a window manager keeps.
 class OwnWindows : public LinuxDesktop {
    protected:
     XPeer peer;
@@ -157,9 +157,9 @@ class OwnWindows : public LinuxDesktop {
                             text.data());
     }
     void map(xcb_window_t window) { xcb_map_window(peer.connection.get(), window); }
-    /// Title and visibility of all windows, from the top.
+    /// Title and visibility of all windows, the topmost first.
     std::vector<std::pair<String, bool>> seen() {
-        peer.window.serverTime();  // the server has what was asked of it
+        peer.window.serverTime();  // the server has carried out all requests
         std::vector<std::pair<String, bool>> all;
         for (const WindowInfo& one : desktop.EnumWindows())
             all.emplace_back(one.title, one.visible);
@@ -176,7 +176,7 @@ TEST_F(OwnWindows, AreThoseOfTheListThatAreThere) {
     xcb_destroy_window(peer.connection.get(), gone);
     peer.put(root, peer.atom("_NET_CLIENT_LIST_STACKING"), XCB_ATOM_WINDOW, 32,
              {first, gone, second});
-    // A list that a window manager has left behind when it died does not count.
+    // A list left by a window manager that has died does not count.
     const xcb_window_t keeper = make("", root);
     peer.put(root, peer.atom("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 32, {keeper});
     EXPECT_EQ(seen().size(), 4u);  // all of the test's own
@@ -236,7 +236,7 @@ TEST_F(LinuxDesktop, FollowsTheKeyboard) {
     EXPECT_EQ(keyboard.get(u"ShiftKeyDown"), Variant(true));
     EXPECT_EQ(keyboard.get(u"ControlKeyDown"), Variant(true));
     EXPECT_EQ(ports::native().keyboard.GetKeyState('A'), kKeyDown);
-    // What it is told holds until the key moves; other threads are told nothing.
+    // A state that is set holds until the key moves, and only for this thread.
     keyboard(u"SetKeyState", {Integer{16}, false});
     EXPECT_EQ(keyboard.get(u"ShiftKeyDown"), Variant(false));
     std::thread([&] { EXPECT_EQ(ports::native().keyboard.GetKeyState(16), kKeyDown); }).join();
@@ -267,7 +267,7 @@ TEST_F(LinuxDesktop, ShowsTheWaitWindowAtOnce) {
     windows(u"WinShowWaitForm", {true, Long{4}});
     EXPECT_EQ(shown(), window);
     EXPECT_EQ(answerOf("xdotool getwindowname " + window), "Please wait...");
-    // What the user has minimized comes back, above the window that it is shown for this time.
+    // A minimized window is restored, and the wait window is shown above it.
     answerOf("xdotool windowminimize --sync " + window);
     ASSERT_EQ(shown(), "");
     const Client client(terminal("owner"));

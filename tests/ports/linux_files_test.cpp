@@ -1,4 +1,4 @@
-// What a person finds on a Linux disk after a save.
+// The state of a Linux disk after a save.
 #ifdef __linux__
 #include <gtest/gtest.h>
 #include <quorkit/QuorInifile.h>
@@ -64,7 +64,7 @@ TEST_F(LinuxSave, FollowsLinksAlsoOfOneLetterCaseApart) {
     fs::create_symlink("nowhere/x", scratch.path("D.ini"));
     const std::pair<const char*, const char*> dangling[] = {
         {"new.ini", "sub/new.ini"},
-        {"s.ini", "S.INI"},  // looked for as "s.ini" it would be itself
+        {"s.ini", "S.INI"},  // as "s.ini" the search would find the file itself
         {"c.ini", "d.ini"}};
     for (const auto& [link, target] : dangling) {
         fs::create_symlink(target, scratch.path(link));
@@ -76,7 +76,7 @@ TEST_F(LinuxSave, FollowsLinksAlsoOfOneLetterCaseApart) {
     for (const char* name : {"loop.ini", "pipe.ini", "sub"}) EXPECT_EQ(save(name), 0) << name;
 }
 
-/// Saves or logs under a limit on the size of files, which ends a write in its middle.
+/// Saves or logs with a limit on the size of files, so that a write fails half way.
 int writeWithLittleRoom(const std::vector<std::string>& arguments) {
     signal(SIGXFSZ, SIG_IGN);
     const rlimit limit = {4096, 4096};

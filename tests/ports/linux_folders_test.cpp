@@ -15,7 +15,7 @@ namespace {
 
 class LinuxFolders : public testing::Test {
    protected:
-    /// "0 ~/Desktop|5 ~/Documents|...": those with numbers from `first` to `last`.
+    /// "0 ~/Desktop|5 ~/Documents|...": the folders with the numbers `first` to `last`.
     std::string folders(int first, int last) {
         std::string text;
         for (int number = first; number <= last; ++number) {

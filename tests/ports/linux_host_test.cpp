@@ -1,4 +1,4 @@
-// Dialogs by way of the desktop's tools, for which scripts stand in.
+// Dialogs through the desktop's tools, which scripts replace here.
 #ifdef __linux__
 #include <gtest/gtest.h>
 #include <quorkit/ports/host.h>
@@ -15,8 +15,8 @@ namespace fs = std::filesystem;
 
 class LinuxHost : public testing::Test {
    protected:
-    /// A tool that keeps its arguments, one in each line between "<" and ">", writes `output` and
-    /// ends with `status`.
+    /// Makes a tool that stores its arguments, each on a line between "<" and ">", writes `output`
+    /// and ends with `status`.
     void put(const char* tool, const std::string& output, int status) {
         scratch.write("output", output);
         scratch.write(tool, "#!/bin/sh\nset -e\nd='" + scratch.folder().string() +
@@ -56,14 +56,14 @@ TEST_F(LinuxHost, AsksZenity) {
     EXPECT_TRUE(host.SHBrowseForFolderA({u"T", u"C:\\usr", u"", {}}, name));
     EXPECT_EQ(words(),
               "<zenity>\n<--file-selection>\n<--directory>\n<--title=T>\n<--filename=/usr/>\n");
-    EXPECT_LE(std::stoi(scratch.read("handles")), 4);  // the three, and the folder that ls reads
+    EXPECT_LE(std::stoi(scratch.read("handles")), 4);  // three streams, and the folder of ls
     host.MessageBoxA(u"-t \u00E4\n<b>\\n", u"C", kPlainMessage);
     EXPECT_EQ(words(),
               "<zenity>\n<--info>\n<--no-markup>\n<--title=C>\n<--text=-t \xC3\xA4\n<b>\\n>\n");
 }
 
 TEST_F(LinuxHost, AsksKdialogElse) {
-    for (const char* tool : {"cat", "ls", "wc"})  // what the script needs, and no zenity
+    for (const char* tool : {"cat", "ls", "wc"})  // the script needs these, but zenity is missing
         fs::create_symlink("/bin/" + std::string(tool), scratch.path(tool));
     path.set(scratch.folder().string());
     put("kdialog", "/usr\n", 0);

@@ -1,4 +1,4 @@
-// Drives of made-up mount tables.
+// Drives from invented tables of mounts.
 #ifdef __linux__
 #include <gtest/gtest.h>
 #include <quorkit/ports/drives.h>
@@ -14,13 +14,13 @@ namespace {
 
 using native::DriveTable;
 
-/// Single files, which mount points may be too, are those in /etc.
+/// The mount points in /etc are single files.
 DriveTable tableOf(const char* mountinfo) {
     return {native::mountsFrom(mountinfo),
             [](const std::string& path) { return !native::isWithin(path, "/etc"); }};
 }
 
-/// "C:/ 3 | D:/media/usb 2", with the types; devices of number 8 can be taken out.
+/// "C:/ 3 | D:/media/usb 2", with the types of the drives; devices with the number 8 are removable.
 std::string drivesIn(const char* mountinfo) {
     const DriveTable drives = tableOf(mountinfo);
     std::string text;

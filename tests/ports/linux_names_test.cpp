@@ -22,7 +22,7 @@ class LinuxNames : public testing::Test {
         fs::create_directories(scratch.path(path).parent_path());
         scratch.write(path, path);
     }
-    /// The content of the file, which is its path in the folder; or the number of the error.
+    /// The content of the file, which is its path in the folder, or the number of the error.
     std::string read(const String& name) {
         std::string content;
         const ErrorCode code = file::readWholeFile(files, name, content);

@@ -1,4 +1,4 @@
-// What programs find when they are started, and what they leave behind.
+// What started programs inherit, and what they leave behind.
 #ifdef __linux__
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ Long run(const String& line, Long timeOut = 0) {
 
 class LinuxProcesses : public testing::Test {
    protected:
-    /// A program that keeps its words, one in each line between "<" and ">", and ends with 5.
+    /// Makes a program that stores its words, each on a line between "<" and ">", and ends with 5.
     void put(const std::string& tool) {
         scratch.write(tool, "#!/bin/sh\nprintf '<%s>\\n' \"$@\" > '" +
                                 scratch.path("words").string() + "'\nexit 5\n");
@@ -54,7 +54,7 @@ TEST_F(LinuxProcesses, AreFoundByTheirNames) {
     }
 }
 
-/// From now on this is a kernel that knows no descriptors of processes.
+/// Makes the system calls for descriptors of processes fail, as on an old kernel.
 void forgetProcessDescriptors() {
     sock_filter rules[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
                            BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_pidfd_open, 0, 1),
@@ -64,8 +64,8 @@ void forgetProcessDescriptors() {
     prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
     prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter);
 }
-// A process that blocks and ignores signals, and may ignore its children, so that nobody can tell
-// how they end. What a program sees of that goes into two files.
+// A process that blocks and ignores signals. It may also ignore its children, so that their exit
+// codes are lost. Two files show what a program inherits of that.
 const PartName kHost("host", [](const std::vector<std::string>& words) {
     const bool ignores = words.at(0) == "ignores";
     const String folder(words.at(1).begin(), words.at(1).end());
@@ -77,7 +77,7 @@ const PartName kHost("host", [](const std::vector<std::string>& words) {
     const int open = dup(STDIN_FILENO);
     const bool waits =
         run(u"sh -c \"exit 3\"") == (ignores ? -1 : 3) && run(u"sleep 100", 1) == -9999;
-    // Of the signals that are blocked and ignored, the bits of the first 28.
+    // Bits of the first 28 signals that are blocked and ignored.
     run(u"sed -n \"/^Sig[BI]/s/.*\\(.......\\)/\\1/w " + folder + u"/signals\" /proc/self/status");
     run(u"sh -c \"ls /proc/self/fd > " + folder + u"/files\"");
     close(open);
@@ -92,7 +92,8 @@ TEST_F(LinuxProcesses, AreStartedAfreshAndWaitedForInAnyProgram) {
     }
 }
 
-// A process at a terminal. Tells whether programs with a time-out have none, and others this one.
+// A process at a terminal. Checks that programs with a time-out have no terminal, and others this
+// one.
 const PartName kAtTerminal("at terminal", [](const std::vector<std::string>&) {
     setsid();
     const int keyboard = posix_openpt(O_RDWR | O_NOCTTY);
@@ -109,7 +110,7 @@ TEST_F(LinuxProcesses, EndInManyWays) {
     EXPECT_EQ(run(u"sh -c \"kill -9 $$\""), 128 + 9);
     EXPECT_EQ(run(u"sh -c \"exec <&- >&- 2>&-; sleep 0.2; exit 4\""), 4);
     Handle process = Handle::Invalid;
-    // With its time everything is over, in whatever group.
+    // A time-out ends everything, in whatever process group.
     const String lock = scratch.name("lock");
     EXPECT_EQ(run(u"bash -c \"set -m; flock " + lock + u" sleep 100 & sleep 100\"", 1), -9999);
     EXPECT_EQ(outputOf("flock -n " + scratch.path("lock").string() + " echo free"), "free\n");
@@ -117,7 +118,7 @@ TEST_F(LinuxProcesses, EndInManyWays) {
     processes.CloseHandle(process);
     siginfo_t end = {};
     EXPECT_EQ(waitid(P_ALL, 0, &end, WEXITED | WNOWAIT), 0);
-    run(u"true");  // takes care of the other
+    run(u"true");  // this also removes the other one
 }
 
 TEST_F(LinuxProcesses, OpenLinks) {

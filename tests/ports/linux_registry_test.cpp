@@ -1,5 +1,5 @@
-// The registry store on Linux: what stands on disk, what people do to it, and what dying processes
-// leave.
+// The registry store on Linux: its files, changes that people make by hand, and the remains of
+// processes that died.
 #ifndef _WIN32
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -94,7 +94,7 @@ TEST_F(LinuxRegistry, KeepsWhatPeopleWrite) {
     EXPECT_EQ(names, std::vector<String>{u"Tool"});
 }
 
-// A line that is not finished takes no other with it, neither the next one nor a new one.
+// An unfinished line damages no other line, neither the next nor a new one.
 TEST_F(LinuxRegistry, GetsOverUnfinishedLines) {
     for (const char* line : {"\"Bad\"=hex:01,\\", "\"Bad\"=\"x,\\", "; a comment,\\", ",\\"}) {
         scratch.write(values, std::string(line) + "\n\"Next\"=dword:7\n" + line);
@@ -152,7 +152,7 @@ TEST_F(LinuxRegistry, LeavesItsFolderByNoName) {
     EXPECT_EQ(scratch.count(), 1u);
 }
 
-// Whatever stands where a key or its values should stand costs that key at most.
+// Anything unexpected in the place of a key or of its values affects only that key.
 TEST_F(LinuxRegistry, GetsOverWhatItCannotUse) {
     EXPECT_EQ(set(u"Left", dword(1)), kSuccess);
     const fs::path store = scratch.path("store");
@@ -181,7 +181,7 @@ TEST_F(LinuxRegistry, GetsOverWhatItCannotUse) {
     EXPECT_EQ(names, (std::vector<String>{u"Acme", u"folder", u"link", u"pipe", u"rubbish"}));
     EXPECT_EQ(hive.deleteKey({u"folder"}), kAccessDenied);
     EXPECT_TRUE(fs::exists(store / "folder/@values"));
-    // A link leads those who name it, but nothing is deleted through it.
+    // A path may lead through a link, but nothing is deleted through it.
     fs::create_directory_symlink(store / "acme", store / "lnk");
     RegistryValue value;
     EXPECT_EQ(hive.value({u"lnk", u"tool"}, u"Left", value), kSuccess);
@@ -232,7 +232,7 @@ TEST_F(LinuxRegistry, RefusesWhatIsReadOnly) {
     fs::permissions(file.parent_path(), fs::perms::owner_all);
 }
 
-// A key that cannot be deleted loses nothing while somebody tries, and keys come and go beneath it.
+// A refused deletion loses nothing while keys come and go beneath the key.
 TEST_F(LinuxRegistry, RefusedDeletionsCostNothing) {
     ASSERT_EQ(hive.create({u"K", u"Stays"}), kSuccess);
     std::atomic<bool> done = false;

@@ -1,4 +1,5 @@
-// What an ordinary user can do, and what others can do to him. Needs the superuser to set it up.
+// What an ordinary user can do, and what other users can do to him. Only the superuser can run
+// this.
 #ifdef __linux__
 #include <gmock/gmock.h>
 #include <grp.h>
@@ -34,7 +35,7 @@ constexpr uid_t kOther = 65533;
 
 void become(uid_t user) {
     if (setgroups(0, nullptr) != 0 || setgid(user) != 0 || setuid(user) != 0) _exit(99);
-    prctl(PR_SET_DUMPABLE, 1);  // as a program of that user's is
+    prctl(PR_SET_DUMPABLE, 1);  // like a program started by that user
 }
 
 Long saveAs(const String& name) {
@@ -51,7 +52,7 @@ Long saveAs(const String& name) {
     });
 }
 
-/// Saves the files as an ordinary user: the first one that fails, by its number and its error.
+/// Saves the files as an ordinary user. Returns the number and the error of the first failure.
 int saveAsUser(const std::vector<std::string>& names) {
     become(kUser);
     for (std::size_t i = 0; i < names.size(); ++i)
@@ -61,7 +62,7 @@ int saveAsUser(const std::vector<std::string>& names) {
 }
 const PartName saveAsUserPart("saveAsUser", saveAsUser);
 
-/// Makes a key in the store of that folder as a superuser who lacks one of his rights.
+/// Makes a key in that store as a superuser without one of the usual rights.
 int makeKeyWithout(const std::vector<std::string>& arguments) {
     __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
     __user_cap_data_struct rights[2] = {};
@@ -83,7 +84,7 @@ class LinuxUsers : public testing::Test {
         EXPECT_EQ(chown(scratch.path(name).c_str(), user, group), 0);
         EXPECT_EQ(chmod(scratch.path(name).c_str(), mode), 0);
     }
-    /// One file of each kind, and what it holds when it has been saved.
+    /// Makes one file of each kind, and notes its content after saving.
     void put(uid_t user, gid_t group, mode_t mode) {
         scratch.write("a.ini", "[S]\nk=1\n");
         scratch.write("a.bin", "old");
@@ -117,10 +118,10 @@ TEST_F(LinuxUsers, SaveWithTheRightsThatCanBeKept) {
         uid_t owner;
         gid_t group;
         mode_t mode;
-        mode_t folder;  ///< which is the superuser's
+        mode_t folder;  ///< rights of the folder, which belongs to the superuser
         mode_t after;
     };
-    constexpr mode_t inPlace = 0;  // where the folder allows nothing else
+    constexpr mode_t inPlace = 0;  // if the folder allows nothing else
     for (const Row& row : {Row{kUser, 0, 0644, 0777, 0644}, Row{0, 0, 0666, 0777, 0666},
                            Row{kUser, 0, 0664, 0777, 0644}, Row{kOther, kUser, 0660, 0777, 0660},
                            Row{0, 0, 0666, 0755, inPlace}, Row{0, 0, 0666, 01777, inPlace}}) {
@@ -158,7 +159,7 @@ TEST_F(LinuxUsers, FollowNoLinksOfOthersInAFolderForAll) {
     EXPECT_EQ(scratch.read("target.bin"), "saved");
 }
 
-/// Puts a file in the place of another by way of a name that somebody else has taken.
+/// Replaces a file when somebody else has already taken the name of the other file.
 int replaceBySquatted(const std::vector<std::string>& names) {
     become(kUser);
     Files& files = ports::native().files;
@@ -188,7 +189,7 @@ TEST_F(LinuxUsers, AreNotStoppedByWhoSquatsTheNameForWork) {
     EXPECT_EQ(scratch.count(), 2u);
 }
 
-/// Saves a file that another one is mounted on; 77 where nothing can be mounted.
+/// Saves a file on which another one is mounted; 77 when mounting is not possible.
 int saveMountPoint(const std::vector<std::string>& names) {
     const char* const path = names[0].c_str();
     if (unshare(CLONE_NEWNS) != 0 ||
@@ -199,8 +200,8 @@ int saveMountPoint(const std::vector<std::string>& names) {
 }
 const PartName saveMountPointPart("saveMountPoint", saveMountPoint);
 
-// Keys are not given away when they are made: until then the user would be kept out, and for good
-// after a kill.
+// The superuser makes keys as their owner. If he gave them away afterwards, the user could not use
+// them until then, and after a kill never.
 TEST_F(LinuxUsers, OwnFromTheStartTheKeysThatTheSuperuserMakes) {
     const auto make = [&](int without) {
         const std::string store = scratch.path("store").string();
@@ -223,7 +224,7 @@ TEST_F(LinuxUsers, SaveAFileThatIsAMountPoint) {
     expectSaved();
 }
 
-/// Lists a folder that may not be searched.
+/// Lists a folder that may be read but not searched.
 int listUnsearchable(const std::vector<std::string>& arguments) {
     become(kUser);
     const String folder = fs::path(arguments[0]).u16string();

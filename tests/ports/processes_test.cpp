@@ -1,4 +1,4 @@
-// Real processes: this program plays their parts, so that the same tests run on every system.
+// Real processes. This program plays all of them, so that the tests run on every system.
 #include <gtest/gtest.h>
 #include <quorkit/GQuorProgram.h>
 #include <quorkit/ports/ports.h>
@@ -32,13 +32,13 @@ const PartName kTell("tell", [](const Words& words) {
     std::puts("told");
     return 255;
 });
-// Begins in a folder, and writes "alive" when it is told to go on.
+// Makes the file "begun" in a folder, waits for "go", then makes "alive".
 const PartName kLive("live", [](const Words& words) {
     std::ofstream(words.at(0) + "/begun") << "";
     if (appears(words.at(0) + "/go", kLong)) std::ofstream(words.at(0) + "/alive") << "";
     return 0;
 });
-// Starts one that lives and leaves it alone, to end at once or to wait with it.
+// Starts a process and either ends at once or waits with it.
 const PartName kParent("parent", [](const Words& words) {
     static const Child* const left = new Child("live", {words.at(0)});
     return appears(words.at(0) + words.at(1), kLong) && left != nullptr ? 0 : 1;

@@ -1,8 +1,8 @@
-// What every registry does.
+// The behaviour of every registry.
 #include <thread>
 
 #include "base/unicode.h"
-#include "support/registry_room.h"
+#include "support/each_registry.h"
 
 namespace quorkit::test {
 namespace {
@@ -26,7 +26,7 @@ Names keysOf(const registry::OpenKey& key) {
     return found;
 }
 
-class RegistryTest : public RegistryRoom {
+class RegistryTest : public EachRegistry {
    protected:
     Values values;
     Names names;
@@ -171,7 +171,7 @@ TEST_P(RegistryTest, TwoWritersLoseNothing) {
     EXPECT_EQ(valuesOf(read(u"\\K")).size(), 50u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rooms, RegistryTest, testing::Bool(), nameOfRegistry);
+INSTANTIATE_TEST_SUITE_P(Implementations, RegistryTest, testing::Bool(), nameOfRegistry);
 
 TEST(MemoryRegistry, ShowsTheClassesOfTheUserOverThoseOfTheMachine) {
     const registry::RegPath machine = {RegistryRoot::LocalMachine, u"Software\\Classes\\.one"};

@@ -60,7 +60,7 @@ TEST(NativeSystem, ReadsTheLanguageFromTheLocale) {
 }
 #endif
 
-/// The time so many seconds after the start of 1970.
+/// The FileTime at that many seconds after the start of 1970.
 constexpr FileTime fileTime(std::int64_t seconds, int thousandths = 0) {
     return static_cast<FileTime>((seconds + 11'644'473'600) * 10'000'000) +
            static_cast<FileTime>(thousandths) * 10'000;

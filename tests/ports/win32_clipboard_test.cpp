@@ -1,4 +1,4 @@
-// What other programs find on the clipboard of Windows, and put there.
+// Exchange with other programs through the clipboard of Windows.
 #ifdef _WIN32
 #include <gtest/gtest.h>
 #include <quorkit/ports/ports.h>
@@ -10,7 +10,7 @@
 namespace quorkit::test {
 namespace {
 
-/// The bytes under a number.
+/// The bytes under a format number.
 std::string under(UINT format) {
     EXPECT_TRUE(::OpenClipboard(nullptr));
     const HANDLE memory = ::GetClipboardData(format);
@@ -40,7 +40,7 @@ TEST(Win32Clipboard, HasTheBestFormOfAPictureAndABitmap) {
     EXPECT_TRUE(port.EmptyClipboard());
     for (const auto& [format, bytes, expected] :
          {std::tuple{jpeg, std::string("no picture"), std::string("none")},
-          {UINT{CF_DIB}, dib + "12345678", all[1].file},  // memory may be larger than a picture
+          {UINT{CF_DIB}, dib + "12345678", all[1].file},  // memory may be larger than the picture
           {gif, all[3].file, all[1].file},
           {png, all[0].file + std::string(8 - all[0].file.size() % 8, 'x'), all[0].file}}) {
         EXPECT_TRUE(::OpenClipboard(nullptr));

@@ -1,4 +1,4 @@
-// The windows of this program itself, whose threads need not handle events when they are asked.
+// The windows of this program, whose threads may not be handling events when they are asked.
 #ifdef _WIN32
 #include <gtest/gtest.h>
 #include <quorkit/ports/desktop.h>
@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 int handled = 0;
 
-/// Posts itself another message for each one, and never paints.
+/// A window that posts a new message to itself for each one, and never paints.
 LRESULT CALLBACK restless(HWND window, UINT message, WPARAM first, LPARAM second) {
     if (message == WM_PAINT) return 0;
     if (message == WM_APP) ::PostMessageW(window, WM_APP, 0, 0);
@@ -35,7 +35,7 @@ class Win32Windows : public testing::Test {
     static WindowHandle handleOf(HWND window) {
         return static_cast<WindowHandle>(reinterpret_cast<std::intptr_t>(window));
     }
-    /// What `ask` answers in another thread, while this one, which has the window, waits for it.
+    /// The result of `ask` in another thread, while this one, which owns the window, waits.
     template <class Ask>
     auto elsewhere(Ask ask) {
         auto answer = std::async(std::launch::async, ask);
@@ -43,7 +43,7 @@ class Win32Windows : public testing::Test {
         while (answer.wait_for(1ms) != std::future_status::ready) host.DoEvents();
         return answer.get();
     }
-    /// The titles of those visible windows that the test has made, from the top down.
+    /// The titles of the test's visible windows, the topmost first.
     std::vector<String> visible() {
         std::vector<String> titles;
         for (const WindowInfo& one : desktop.EnumWindows())
@@ -100,7 +100,7 @@ TEST_F(Win32Windows, AnyThreadShowsAndHidesTheWaitWindow) {
 }
 
 TEST_F(Win32Windows, WhatIsPostedAfterTheEndIsHandledAndTheEndStays) {
-    std::thread([&] {  // which ends with what is left in its queue
+    std::thread([&] {  // this ends with the rest of its queue
         WNDCLASSW about = {};
         about.lpfnWndProc = restless;
         about.lpszClassName = L"quorkit-restless";
@@ -128,7 +128,7 @@ TEST_F(Win32Windows, WhatIsPostedAfterTheEndIsHandledAndTheEndStays) {
             EXPECT_EQ(message.message, UINT{WM_QUIT});
             EXPECT_EQ(message.wParam, 7u);
         }
-        // A window that keeps its thread busy does not keep this from returning.
+        // A window that keeps its thread busy must not delay the return.
         ::ShowWindow(own, SW_SHOWNOACTIVATE);
         host.DoEvents();
         ::PostMessageW(own, WM_APP, 0, 0);

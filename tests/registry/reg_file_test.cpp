@@ -24,7 +24,7 @@ std::string exported(Registry& registry, const registry::RegPath& key = kKey) {
     return code == kSuccess ? content : "error " + std::to_string(code);
 }
 
-/// What is exported, without the mark and the header.
+/// The exported text without the mark and the header.
 std::string text(Registry& registry, const registry::RegPath& key = kKey) {
     const std::string content = exported(registry, key);
     if (!content.starts_with(base::kUtf16Mark)) return content;

@@ -1,6 +1,6 @@
 #include "base/unicode.h"
+#include "support/each_registry.h"
 #include "support/late.h"
-#include "support/registry_room.h"
 
 namespace quorkit::test {
 namespace {
@@ -10,18 +10,18 @@ using Results = std::vector<Variant>;
 std::string data(const String& text) {
     return base::toUtf16(text + u'\0');
 }
-/// What Reg_EnumSubPaths gives.
+/// The results of Reg_EnumSubPaths for these names.
 Results listed(const Names& names) {
     return {static_cast<Long>(names.size()), Array<String>(names, 1)};
 }
 
-class GQuorRegistryTest : public RegistryRoom {
+class GQuorRegistryTest : public EachRegistry {
    protected:
     Late members{u"GQuorRegistry", world};
     const String path = u"HKCU\\" + base;
     std::shared_ptr<Dictionary> items = Dictionary::make();
 
-    /// Calls a member that gives nothing.
+    /// Calls a member without a result.
     void run(const char16_t* member, const Results& arguments) {
         members.expect(member, {Row(arguments, Variant())});
     }
@@ -177,7 +177,7 @@ TEST_P(GQuorRegistryTest, DeletesWholeKeys) {
     deleting(path + u"\\\\k", u"", {u"L"});
 }
 
-INSTANTIATE_TEST_SUITE_P(Rooms, GQuorRegistryTest, testing::Bool(), nameOfRegistry);
+INSTANTIATE_TEST_SUITE_P(Implementations, GQuorRegistryTest, testing::Bool(), nameOfRegistry);
 
 TEST(GQuorRegistry, LeavesTheMachineAndTheRoots) {
     MemoryPorts world;

@@ -1,5 +1,5 @@
 #!/bin/sh
-# What Windows' own tool writes of a key is what we write, and each reads what the other wrote:
+# Windows' own tool and ours write the same file for a key, and each reads the other's file:
 # wine_reg.sh WINE-RUN PREFIX QUORKIT
 set -eu
 

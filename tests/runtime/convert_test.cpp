@@ -50,7 +50,7 @@ TEST(CStr, WritesEveryScalarType) {
     for (const auto& [value, text] : cases) EXPECT_EQ(CStr(value), text);
 }
 
-// The texts and their numbers are those of the automation library, but for thousands marks and
+// The texts and their numbers are those of the automation library, except for thousands marks and
 // currency signs, which depend on the language.
 TEST(Numbers, AreReadFromTextsAndOtherTypes) {
     const struct {

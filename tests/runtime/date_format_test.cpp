@@ -42,7 +42,7 @@ TEST(Format, ReadsItsFormat) {
         {u"yyy yyyyy ddddddd qq hhh", u"243 20243 Wednesday, January 3, 20243 11 099",
          u"243 20243 Wednesday, January 3, 20243 11 1515"},
         {u"mmmmm tttt ttttttt", u"January1 tttt 9:05:07 AMtt", u"January1 tttt 3:05:07 PMtt"},
-        // The clock goes to 12 when the half of the day stands anywhere.
+        // The clock has 12 hours when a half of the day is anywhere in the format.
         {u"A/P hh", u"A 09", u"P 03"},
         {u"hh ttttt", u"09 9:05:07 AM", u"15 3:05:07 PM"},
         // Minutes behind an hour, months elsewhere.
@@ -51,7 +51,7 @@ TEST(Format, ReadsItsFormat) {
         {u"hh\\hm h/mm", u"09h5 9/05", u"15h5 15/05"},
         {u"h:m:m mm:ss", u"9:5:1 01:07", u"15:5:1 01:07"},
         {u"h d m h:mmm", u"9 3 1 9:Jan", u"15 3 1 15:Jan"},
-        // Text, quoted, escaped or without a meaning.
+        // Text: quoted, escaped, or without a meaning.
         {u"\\d\\\\\"d\"d\"\"d\"dd", u"d\\d33dd", u"d\\d33dd"},
         {u"YYYY-MM-DD [x] 0#@;%\\", u"2024-01-03 [x] 0#@;%", u"2024-01-03 [x] 0#@;%"},
         {StringView(u"d\0\xD800\u00E4\u212A", 5), StringView(u"3\0\xD800\u00E4\u212A", 5),

@@ -12,7 +12,7 @@ namespace {
 const eLanguage kLanguages[] = {eLanguage_German, eLanguage_French, eLanguage_Italian,
                                 eLanguage_English, eLanguage_Unknown};
 
-/// What the text means, the same in every language; a day that no test has when it is no date.
+/// The date in the text, the same in every language. When it is no date, a day that no test uses.
 Double daysIn(const char16_t* text) {
     const auto date = dateIn(text, kLanguages[0]);
     for (const eLanguage language : kLanguages) EXPECT_EQ(dateIn(text, language), date);

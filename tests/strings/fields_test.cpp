@@ -11,7 +11,8 @@ namespace {
 TEST(ParseString, ReadsAssignments) {
     const String longest = u"a=" + String(32765, u'x');
     Late strings(u"GQuorStrings");
-    // A longer delimiter matches as a whole and is passed by one character only.
+    // A longer delimiter matches as a whole, but the reading goes on one character behind its
+    // start.
     strings.expect(u"ParseString",
                    {Row({u"a=\"\""}, u"a:|"),
                     Row({u"a=\"\"ignored, b=2"}, u"a:|b:2|"),
@@ -41,13 +42,13 @@ TEST(ParseString, ReadsAssignments) {
                     Row({String(u"a\0b=c\0d", 7)}, String(u"a\0b:c\0d|", 8)),
                     Row({u"  " + longest + u" "}, u"a:" + longest.substr(2) + u"|"),
                     Row({longest + u"x"}, Error{6})});
-    // The first step trims the caller's own text.
+    // The caller's variable loses its blanks first.
     EXPECT_EQ(strings.call(u"ParseString", {u"  x=1  "}).arguments[0], Variant(u"x=1"));
 }
 
 TEST(ReadAllVarFields, ListsTheNames) {
     Late strings(u"GQuorStrings");
-    // The search starts behind as many characters as the trailer has.
+    // The search skips as many characters as the trailer has.
     strings.expect(
         u"ReadAllVarFields",
         {Row({u"@#Name#@ text"}, u""), Row({u" @#Name#@"}, u""), Row({u"  @#Name#@"}, u":Name|"),
@@ -80,7 +81,7 @@ TEST(SplitDOSCMDParam, SplitsAtTheFirstEqualsSign) {
          Row({u"", u"?", u"?"}, {Empty{}, u"", u"?"}),
          Row({kLongest, u"", u""}, {Empty{}, kLongest, u""}), Row({kTooLong, u"", u""}, Error{6})});
 
-    String text = u"/a=b";  // from C++ a text may be split into itself
+    String text = u"/a=b";  // in C++ the results may be the argument itself
     String value;
     GQuorStrings().SplitDOSCMDParam(text, text, value);
     EXPECT_EQ(text + u" " + value, u"/a b");

@@ -12,7 +12,8 @@ TEST(ExpandEnvironmentString, PutsInValues) {
         {u"A", u"first"}, {u"B", u"%A%-%A%"},   {u"Half", u"1%"},        {u"TEMP", u"/tmp"},
         {u"Cut", u"x%A"}, {u"Self", u"%self%"}, {u"Grows", u"%Grows%x"}, {u"P", u"%"},
     };
-    // The "%" of a value pairs with the next one. Many placeholders are no endless one.
+    // The "%" in a value pairs with the next one. Many placeholders do not count as endless
+    // nesting.
     String many, expanded, nested;
     for (int i = 0; i < 10'000; ++i) nested += u"%A%";
     world.system.environment[u"Nested"] = nested;
@@ -36,7 +37,8 @@ TEST(ExpandDateString, PutsInTheLocalTime) {
     MemoryPorts world;
     world.system.localTime = {2024, 3, 5, 7, 8, 9, 999};
     world.system.userLanguage = 1031;
-    // The first "]" of "[[yyyy]]" gives "[2024", which is a format again.
+    // The first "]" in "[[yyyy]]" ends the inner format, which gives "[2024"; that is a format
+    // again.
     Late strings(u"GQuorStrings", world);
     strings.expect(
         u"ExpandDateString",

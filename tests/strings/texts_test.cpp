@@ -63,7 +63,7 @@ TEST(Texts, HavePatternsReplaced) {
          Row({u"a", u"b", u"c", true, Null{}}, Error{94})});
 }
 
-// Neither texts full of near misses nor many replacements may take quadratic time: with a million
+// Texts full of near misses and many replacements must not take quadratic time; with a million
 // characters that would not end.
 TEST(Texts, AreReplacedInLinearTime) {
     constexpr std::size_t length = 1'000'000;

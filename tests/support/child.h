@@ -1,4 +1,4 @@
-// Real processes for tests: this very program, started again to play a part.
+// Real processes for tests: this program is started again to play a part.
 #pragma once
 
 #include <cstdint>
@@ -7,15 +7,15 @@
 
 namespace quorkit::test {
 
-/// A part that a child can play; it gets the arguments behind the part's name.
+/// A part for a child; it gets the arguments that follow the part's name.
 using Part = int (*)(const std::vector<std::string>& arguments);
 /// Names a part; a test file does so in a static initializer.
 struct PartName {
     PartName(const char* name, Part part);
 };
 
-/// The command line that starts this program in the named part. No argument holds a quotation mark
-/// or ends in a backslash.
+/// The command line that starts this program in the named part. No argument may contain a quotation
+/// mark or end in a backslash.
 std::string lineOf(const std::string& part, const std::vector<std::string>& arguments);
 
 class Child {
@@ -26,16 +26,16 @@ class Child {
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
 
-    /// Ends the process at once, wherever it is.
+    /// Ends the process at once, whatever it does.
     void kill();
-    /// Waits for the end; the exit status, or -1 when it was killed.
+    /// Waits for the end. Returns the exit status, or -1 when the process was killed.
     int wait();
 
    private:
     std::intptr_t process_ = -1;
 };
 
-/// Plays the part that the command line names; false when it names none.
+/// Plays the part that the command line names; false when there is none.
 bool playPart(int argc, char** argv, int& status);
 
 }  // namespace quorkit::test

@@ -1,4 +1,4 @@
-// An environment variable, for as long as a test needs it.
+// Sets an environment variable during a test.
 #pragma once
 
 #include <cstdlib>
@@ -9,7 +9,7 @@ namespace quorkit::test {
 
 class Variable {
    public:
-    using Value = std::optional<std::string>;  ///< nothing for a variable that is not there
+    using Value = std::optional<std::string>;  ///< nothing: the variable does not exist
 
     Variable(const char* name, const Value& value) : name_(name) {
         if (const char* before = std::getenv(name)) before_ = before;
@@ -21,7 +21,7 @@ class Variable {
 
     void set(const Value& value) const {
 #ifdef _WIN32
-        _putenv_s(name_, value.value_or("").c_str());  // which takes an empty one away
+        _putenv_s(name_, value.value_or("").c_str());  // an empty value removes it
 #else
         value ? setenv(name_, value->c_str(), 1) : unsetenv(name_);
 #endif

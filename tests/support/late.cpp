@@ -23,7 +23,7 @@ void PrintTo(const Variant& value, std::ostream* out) {
 namespace quorkit::test {
 namespace {
 
-/// A collection of texts as a row expects it; any other value as it is.
+/// A collection of texts in the form in which a row expects it; any other value unchanged.
 Variant flat(const Variant& value) {
     const auto* object = value.getIf<ObjectRef>();
     const auto c = object == nullptr ? nullptr : std::dynamic_pointer_cast<Collection>(*object);

@@ -1,5 +1,5 @@
-// Calls the library as a client does: by name, through dispatch. Every call is counted, so that
-// the run can tell at its end which member no test has called.
+// Calls the library by name, as clients do. Every call is counted, so that the test run can report
+// at its end which members were never called.
 #pragma once
 
 #include <quorkit/dispatch.h>
@@ -10,7 +10,7 @@
 #include <vector>
 
 namespace quorkit {
-/// How a failed expectation shows a value: as the hosts do.
+/// Prints a value in a failed expectation as the hosts do.
 void PrintTo(const Variant& value, std::ostream* out);
 }  // namespace quorkit
 
@@ -25,16 +25,16 @@ struct Outcome {
     std::vector<Variant> arguments;
 };
 
-/// As the expected result of a row: the call must raise this error.
+/// An expected result: the call must raise this error.
 using Error = ErrorValue;
 
-/// The arguments of a call, and what must come of it. A collection of texts is expected as the text
+/// The arguments of a call and the expected results. A collection of texts is written as the text
 /// "key:item|key:item|", an item without a key as ":item|".
 struct Row {
-    /// One result, from all members.
+    /// All members give this one result.
     Row(std::vector<Variant> of, Variant result) : Row(std::move(of), std::vector{result}) {}
-    /// A result from each of the members. Those of a single member may be followed by the final
-    /// values of its last parameters.
+    /// Each member gives its own result. For a single member, the results may be followed by the
+    /// final values of its last parameters.
     Row(std::vector<Variant> of, std::vector<Variant> results)
         : arguments(std::move(of)), expected(std::move(results)) {}
 
@@ -42,20 +42,20 @@ struct Row {
     std::vector<Variant> expected;
 };
 
-/// A client with one object of a class, global or created, over the given ports.
+/// A client with one object of a class, global or created, on the given ports.
 class Late {
    public:
     explicit Late(const char16_t* className, Ports& ports = ports::native());
 
     /// Calls a member with positional arguments.
     Outcome call(const char16_t* member, std::vector<Variant> arguments = {});
-    /// The result alone.
+    /// Returns only the result.
     Variant operator()(const char16_t* member, std::vector<Variant> arguments = {});
     Variant get(const char16_t* property);
     void let(const char16_t* property, Variant value);
     /// The number of the error that the call raises; 0 when it raises none.
     Long errorOf(const char16_t* member, std::vector<Variant> arguments = {});
-    /// Calls the members with each row's arguments.
+    /// Calls the members with the arguments of each row, and checks the results.
     void expect(const std::vector<const char16_t*>& members, const std::vector<Row>& rows);
     void expect(const char16_t* member, const std::vector<Row>& rows) {
         expect(std::vector{member}, rows);

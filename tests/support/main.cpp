@@ -1,4 +1,4 @@
-// The test program: the tests, or the part of a child that a test has started.
+// The test program. It runs the tests, or plays a part that a test has started.
 #include <gtest/gtest.h>
 
 #include "support/child.h"

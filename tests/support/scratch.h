@@ -1,4 +1,4 @@
-// A folder of its own for one test, gone when the test ends.
+// A folder for one test, deleted when the test ends.
 #pragma once
 
 #include <quorkit/values.h>
@@ -35,7 +35,7 @@ class Scratch {
         std::ifstream file(path(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
-    /// How many files stand in the folder.
+    /// The number of files in the folder.
     std::size_t count() const {
         return static_cast<std::size_t>(
             std::distance(std::filesystem::directory_iterator(folder_), {}));

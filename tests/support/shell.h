@@ -1,4 +1,4 @@
-// Other programs as witnesses.
+// Checks by other programs.
 #pragma once
 
 #include <chrono>
@@ -8,7 +8,7 @@
 
 namespace quorkit::test {
 
-/// What a shell command prints.
+/// The output of a shell command.
 inline std::string outputOf(const std::string& command) {
     FILE* const pipe = popen((command + " 2>/dev/null").c_str(), "r");
     std::string text;
@@ -19,7 +19,7 @@ inline std::string outputOf(const std::string& command) {
     return text;
 }
 
-/// Asks until the answer is yes, for ten seconds at most.
+/// Repeats `ask` until it returns true, for ten seconds at most.
 template <class Ask>
 bool comesTrue(Ask ask) {
     for (int i = 0; i < 1000; ++i, std::this_thread::sleep_for(std::chrono::milliseconds(10)))

@@ -1,4 +1,4 @@
-// An ordinary program's side of the clipboard of an X server.
+// Another program that uses the clipboard of an X server.
 #pragma once
 
 #include <cstdint>
@@ -44,7 +44,7 @@ class XPeer {
     }
     auto nextRequest() { return next<xcb_selection_request_event_t>(XCB_SELECTION_REQUEST); }
     void answer(const xcb_selection_request_event_t& request) {
-        xcb_selection_notify_event_t event[2] = {};  // an event has 32 bytes, this one less
+        xcb_selection_notify_event_t event[2] = {};  // an event has 32 bytes, this type fewer
         event[0].response_type = XCB_SELECTION_NOTIFY;
         event[0].requestor = request.requestor;
         event[0].selection = request.selection;
@@ -55,14 +55,14 @@ class XPeer {
         xcb_flush(connection.get());
     }
 
-    /// Asks the owner for its content in a property of that name.
+    /// Asks the owner to put its content into the property `name`.
     bool ask(const char* target, const char* name) {
         xcb_convert_selection(connection.get(), window.id(), atom("CLIPBOARD"), atom(target),
                               atom(name), XCB_CURRENT_TIME);
         const auto answer = next<xcb_selection_notify_event_t>(XCB_SELECTION_NOTIFY);
         return answer && answer->property != XCB_NONE;
     }
-    /// Takes what comes in pieces; how many bytes.
+    /// Receives a content in pieces; returns its size in bytes.
     std::size_t takePieces(const char* name) {
         std::size_t all = 0;
         for (std::size_t count = 1; count != 0; all += count) {

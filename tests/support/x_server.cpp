@@ -14,16 +14,16 @@ namespace quorkit::test {
 namespace {
 
 [[noreturn]] void becomeServer(int answer) {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);  // a test that crashes leaves no server
+    prctl(PR_SET_PDEATHSIG, SIGKILL);  // the server must not outlive a test that crashes
     const int nothing = open("/dev/null", O_RDWR);
     for (const int stream : {0, 1, 2}) dup2(nothing, stream);
-    const std::string number = std::to_string(dup(answer));  // which is passed on
+    const std::string number = std::to_string(dup(answer));  // the duplicate is inherited
     execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "1280x1024x24", "-noreset",
            "-nolisten", "tcp", nullptr);
     _exit(127);
 }
 
-/// What the server writes when it is ready: its number in a line.
+/// Reads the line with its number that the server writes when it is ready.
 std::string numberFrom(int answer) {
     std::string number;
     for (char digit = 0; read(answer, &digit, 1) == 1 && std::isdigit(digit) != 0;) number += digit;
@@ -53,7 +53,7 @@ XServer::XServer()
 
 void XServer::end() {
     if (process_ == -1) return;
-    kill(process_, SIGTERM);  // which has it remove its lock
+    kill(process_, SIGTERM);  // the server then removes its lock
     waitpid(process_, nullptr, 0);
     process_ = -1;
 }

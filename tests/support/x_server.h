@@ -1,4 +1,4 @@
-// An X server of the tests' own, without any window manager.
+// An X server for tests, without a window manager.
 #pragma once
 
 #include <string>
@@ -7,13 +7,13 @@
 
 namespace quorkit::test {
 
-/// Xvfb on a free display, which DISPLAY names for as long as the object lives. So long
-/// QUORKIT_LIBEXEC names the folder of the program that keeps its clipboard.
+/// Xvfb on a free display. While the object lives, DISPLAY names this display, and QUORKIT_LIBEXEC
+/// the folder of the program that keeps the clipboard.
 class XServer {
    public:
     /// Throws std::runtime_error when no server starts.
     XServer();
-    /// Ends it at once, whoever still uses it.
+    /// Ends the server at once, even if it is still in use.
     ~XServer() { end(); }
     void end();
     XServer(const XServer&) = delete;

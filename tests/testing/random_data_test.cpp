@@ -11,7 +11,7 @@
 namespace quorkit::test {
 namespace {
 
-/// A table in its order, as draws show it: a limit raised by one lets one more entry occur.
+/// A table in its order, found by raising the limit by one, which lets one more entry occur.
 std::vector<String> tableOf(Late& data, const char16_t* member, std::vector<Variant> arguments) {
     arguments.emplace_back();
     const auto draw = [&](const Variant& iMax) {
@@ -60,7 +60,7 @@ TEST(QuorTesting, ANewObjectStartsTheSequenceOfItsCounter) {
     std::set<String> firsts;
     for (; world.system.performanceCounter < 50; ++world.system.performanceCounter) {
         Late data(u"QuorTesting", world);
-        const Variant sexCode = Variant::missing();  // chosen by a draw of its own
+        const Variant sexCode = Variant::missing();  // a separate draw chooses it
         firsts.insert(data(u"GetRandomFirstName", {sexCode, Integer{0}}).get<String>());
         const Variant third = data(u"GetRandomLastName");
         Late again(u"QuorTesting", world);

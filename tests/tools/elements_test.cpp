@@ -26,7 +26,7 @@ TEST(Tools, IndexOfElementInCollection) {
         EXPECT_EQ(tools(u"IndexOfElementInCollection", {element, list}), position);
     EXPECT_EQ(tools(u"IndexOfElementInCollection", {u"x", ObjectRef()}), -1);
     EXPECT_EQ(tools.errorOf(u"IndexOfElementInCollection", {Array<Variant>(), list}), 13);
-    struct Stranger final : Object {  // an object may call itself anything
+    struct Stranger final : Object {  // an object may give itself any class name
         const char* className() const override { return "Collection"; }
     };
     EXPECT_EQ(tools.errorOf(u"IndexOfElementInCollection", {u"x", std::make_shared<Stranger>()}),
@@ -46,7 +46,7 @@ TEST(Tools, IsHex) {
         EXPECT_EQ(tools(u"isHex", {other}), false);
 }
 
-// What passes by reference and never changes takes what a parameter by value does.
+// A parameter by reference that never changes accepts the same arguments as one by value.
 TEST(Tools, TakeLiterals) {
     EXPECT_TRUE(GQuorTools().isHex(u"1F"));
     EXPECT_EQ(GQuorTools().IndexOfElementInCollection(5.0, nullptr), -1);
@@ -79,7 +79,7 @@ TEST(Tools, DisplayError) {
               u"Error-Number: 53\r\nDescription : Not found\r\nFunction: Read\r\nModule: mod\r\n");
     EXPECT_EQ(world.host.messages.back().caption, u"Error");
     EXPECT_EQ(world.host.messages.back().style, kStopIcon);
-    String none;  // where nothing has failed yet
+    String none;  // nothing has failed yet
     std::thread([&] { none = shown({u"", u"", u"", u"", u"i", u"a"}); }).join();
     EXPECT_TRUE(
         none.ends_with(u": 0\r\nDescription : \r\nAdditional Info: i\r\nApplication: a\r\n"));
@@ -89,7 +89,7 @@ TEST(Tools, DisplayError) {
         EXPECT_EQ(shown(), u"Error-Number: 53\r\nDescription : File not found\r\n");
     EXPECT_EQ(errorOf([&] { tools.object().call(u"None"); }), 438);
     EXPECT_TRUE(shown().starts_with(u"Error-Number: 438\r\n"));
-    // An error that a member has dealt with is none of the client's.
+    // A client does not get an error that a member has handled itself.
     EXPECT_EQ(Late(u"GQuorFile", world).errorOf(u"LoadFileToByteArray", {u"x", Array<Byte>()}), 53);
     Late(u"GQuorWindows", world)(u"SaveVBAUserFormPosition", {u"HKCU\\F", Collection::make()});
     EXPECT_TRUE(shown().starts_with(u"Error-Number: 53\r\n"));

@@ -44,7 +44,7 @@ TEST_F(ProgramTest, RunsPrograms) {
     EXPECT_EQ(world.host.eventRounds, 20);
 }
 
-// Events may run anything, take their time, and fail.
+// Event handlers may run anything, take long, and fail.
 TEST_F(ProgramTest, HandlesEventsWhileItWaits) {
     world.processes.programs = {{u"x", {3, milliseconds(10'000)}}, {u"y", {4, milliseconds(0)}}};
     world.host.events = {[&] { EXPECT_EQ(program(u"ExecuteAndWaitEx", {u"y"}), Long{4}); },

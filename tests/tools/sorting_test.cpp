@@ -55,7 +55,7 @@ TEST(QuickSort, PutsEqualElementsWhereTheWrittenAlgorithmDoes) {
             for (const char one : testing::PrintToString(result))
                 sum = sum * 31 + static_cast<unsigned char>(one);
         }
-    EXPECT_EQ(sum, 1369149335u);  // that of the algorithm as it was published, word by word
+    EXPECT_EQ(sum, 1369149335u);  // the sum for the published algorithm, step by step
 }
 
 TEST(QuickSort, AMillionElementsInAnySequence) {
@@ -73,7 +73,7 @@ TEST(QuickSort, AMillionElementsInAnySequence) {
     EXPECT_TRUE(sorted(equal, false).elements() == equal);
 }
 
-// What fails is retried for ever, so it takes a process that can be killed.
+// A failing step is repeated for ever, so the test uses a process that can be killed.
 const PartName kSort("sort", [](const std::vector<std::string>& arguments) {
     const Values last = {3.0, Null{}, Array<Variant>()};
     sorted({2.0, 1.0, last[static_cast<std::size_t>(std::stoi(arguments[0]))]});

@@ -1,4 +1,4 @@
-// What the system says of itself, and the keys.
+// The facts of the system, and the keys.
 #include <gtest/gtest.h>
 #include <quorkit/enumerations.h>
 #include <quorkit/ports/memory.h>

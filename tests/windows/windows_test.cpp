@@ -14,7 +14,7 @@ class WindowsTest : public testing::Test {
     MemoryPorts world;
     Late windows{u"GQuorWindows", world};
 
-    /// Puts a window beneath all others.
+    /// Puts a window below all others.
     void add(WindowHandle handle, String title, bool visible, String className) {
         MemoryDesktop::Window& added = world.desktop.windows.emplace_back();
         added.info = {handle, std::move(title), visible};
@@ -130,7 +130,7 @@ TEST_F(FormPositions, AreNotedAndFoundAgain) {
     note(1247, 687, 0, 0);
     EXPECT_EQ(load(true), (Edges{1240, 680, 200, 100}));
     EXPECT_EQ(load(true, 2000), (Edges{-560, 680, 2000, 100}));
-    world.desktop.workArea.reset();  // without a screen it stays where it was noted
+    world.desktop.workArea.reset();  // without a screen it stays where it was stored
     EXPECT_EQ(load(true, 2000), (Edges{1247, 687, 2000, 100}));
 }
 

@@ -1,6 +1,5 @@
-// Every port once more: each hands its calls on to the port beneath it, but for those that it is
-// told to fail. A class of one's own derives from one of them, and overrides what is to be
-// otherwise.
+// A decorator for every port. It passes each call on to the port beneath it, except for the calls
+// that it is told to fail. A class that derives from one overrides only what it changes.
 #pragma once
 
 #include <quorkit/ports/clipboard.h>
@@ -17,8 +16,9 @@
 
 namespace quorkit {
 
-/// A write that fails has written half of its bytes, in place too, but an append none, and none in
-/// place with kFileReplaced; a close that fails has closed.
+/// A failing WriteFile or WriteInPlace has written half of its bytes, but WriteInPlace with
+/// kFileReplaced none. A failing Append has written nothing. A failing CloseHandle has closed the
+/// file.
 class FaultyFiles : public Decorator<Files> {
    public:
     using Decorator::Decorator;
@@ -213,7 +213,7 @@ class FaultyHost : public Decorator<Host> {
     void HideWaitWindow() override { pass(__func__, &Host::HideWaitWindow); }
 };
 
-/// A wait that fails answers Failed, with kSuccess Ended.
+/// A failing wait answers Failed, or Ended when the code is kSuccess.
 class FaultyProcesses : public Decorator<Processes> {
    public:
     using Decorator::Decorator;

@@ -1,4 +1,4 @@
-// Drives, their volumes, and the network names that stand behind them.
+// Drives, their volumes, and the network names behind them.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -9,29 +9,29 @@
 
 namespace quorkit {
 
-/// A network share with a drive letter, "X:" for "\\server\share". The local name is empty when it
-/// has none.
+/// A network share, "\\server\share", and its drive letter, "X:"; the local name is empty when the
+/// share has no drive letter.
 struct NetworkConnection {
     String localName;
     String remoteName;
 };
 
-/// On Linux `C:` is the root file system and the mounts behind it follow in the order of their
-/// names: disks, network shares, media and memory where users keep files, not what the system keeps
-/// for itself, such as /proc, /boot and packages. Shares are named after their source,
-/// "\\server\a\b" for "server:/a/b".
+/// On Linux `C:` is the root file system. Mounts follow as further drives, in the order of their
+/// names: disks, network shares, media, and memory where users keep files. Mounts that serve the
+/// system itself, such as /proc, /boot and packages, are left out. The name of a share is made from
+/// its source: "\\server\a\b" for "server:/a/b".
 class Drives {
    public:
     virtual ~Drives() = default;
 
-    /// The type of a drive such as "C:" or "C:\", by the numbers of Win32: 2 removable, 3 fixed,
-    /// 4 network, 5 optical, 6 memory; 1 when there is no such drive, 0 when its type is unknown.
-    /// On Linux also the type of the drive that a name such as "/media/stick/x" lies on.
+    /// The type of a drive such as "C:" or "C:\", by the numbers of Win32: 2 removable, 3 fixed, 4
+    /// network, 5 optical, 6 memory; 1 when there is no such drive, 0 when its type is unknown. On
+    /// Linux a name such as "/media/stick/x" gives the type of the drive that holds it.
     virtual int GetDriveTypeA(const String& root) = 0;
     /// The roots of all drives, such as "C:\", in alphabetical order.
     virtual std::vector<String> GetLogicalDriveStringsA() = 0;
-    /// The serial number of the volume whose root is "C:\" or "\\server\share\". On
-    /// Linux that of FAT, exFAT and NTFS volumes is the same as on Windows.
+    /// The serial number of the volume whose root is "C:\" or "\\server\share\". For FAT, exFAT and
+    /// NTFS volumes Linux gives the same number as Windows.
     virtual ErrorCode VolumeSerialNumber(const String& root, std::uint32_t& serialNumber) = 0;
     /// The network connections, in the system's order.
     virtual ErrorCode ListConnections(std::vector<NetworkConnection>& connections) = 0;

@@ -1,4 +1,4 @@
-// Lets chosen operations fail, on top of any ports: how a program finds out that it loses nothing.
+// Makes chosen operations of any ports fail, so that a program can test that it loses nothing.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -12,30 +12,30 @@
 
 namespace quorkit {
 
-/// Which calls fail, and how. Copies share the order and the counter, and so do the decorators that
-/// are given one. For one thread at a time.
+/// The order that says which calls fail, and how. Copies share the order and its counter, and so do
+/// decorators that are given the same one. For one thread at a time.
 ///
-/// A call that fails is not run. It answers the code, or where its result is none, false, 0, "" or
-/// an empty list; its outputs stay as they are. Each decorator says what it does otherwise.
-/// EndListing, RegCloseKey and CloseHandle of a process only give something back, GetLocalTime and
-/// QueryPerformanceCounter always have an answer: these are handed on and not counted.
+/// A call that fails is not run. It returns the code; an operation that returns no code returns
+/// false, 0, "" or an empty list. Its outputs stay as they are. Each decorator names its
+/// exceptions. Operations that only give something back (EndListing, RegCloseKey, CloseHandle of a
+/// process) or cannot fail (GetLocalTime, QueryPerformanceCounter) are passed on and not counted.
 class Faults {
    public:
-    /// Call number `call` from now on, counted from 1 over the operations whose names begin with
-    /// `operation` (all when empty), is not run and answers `code`; call 0 stands for every one.
-    /// kSuccess makes an operation do nothing and report that it is done: answer(0, kSuccess,
-    /// "Flush") spares the disk. Replaces the last order; call -1 is no order. `operation` must
-    /// live as long as the order.
+    /// Lets a future call fail with `code`: the call number `call`, counted from 1 over the
+    /// operations whose names begin with `operation` (over all when it is empty). Call 0 means
+    /// every call, call -1 none. With kSuccess an operation does nothing but reports success:
+    /// answer(0, kSuccess, "Flush") spares the disk. Replaces the last order. `operation` must
+    /// outlive the order.
     void answer(std::size_t call, ErrorCode code, std::string_view operation = {});
-    /// How many calls have been counted since the last order.
+    /// The number of calls counted since the last order.
     std::size_t calls() const { return order_->calls; }
 
    protected:
-    /// Counts a call, and tells whether it fails.
+    /// Counts a call and returns whether it fails.
     bool due(std::string_view operation);
-    /// What a call that fails answers.
+    /// The code with which a call fails.
     ErrorCode code() const { return order_->code; }
-    /// The same where the answer is whether it is done.
+    /// For operations that answer with a bool: whether the failing call reports success.
     bool done() const { return code() == kSuccess; }
 
    private:
@@ -48,11 +48,12 @@ class Faults {
     std::shared_ptr<Order> order_ = std::make_shared<Order>();
 };
 
-/// Hands every call on to the port beneath it, but for those that fail; see decorators.h.
+/// A port that passes every call on to the port beneath it, except for those that fail; see
+/// decorators.h.
 template <class Port>
 class Decorator : public Port, public Faults {
    public:
-    /// `inner` must live as long.
+    /// `inner` must outlive this.
     explicit Decorator(Port& inner, const Faults& faults = {}) : Faults(faults), inner_(inner) {}
 
    protected:
@@ -70,24 +71,24 @@ class Decorator : public Port, public Faults {
     Port& inner_;
 };
 
-/// A whole world under one order, which counts the calls of all its ports:
+/// A complete set of ports under one order, which counts the calls of all of them:
 ///
-///     FaultyPorts faulty(world);
+///     FaultyPorts faulty(ports);
 ///     faulty.answer(3, kDiskFull);  // the third call of any port
 ///     QuorInifile ini(faulty);
 class FaultyPorts : public Faults {
    public:
-    /// What `inner` refers to must live as long.
+    /// The ports of `inner` must outlive this.
     explicit FaultyPorts(const Ports& inner);
     ~FaultyPorts();
     FaultyPorts(const FaultyPorts&) = delete;
     FaultyPorts& operator=(const FaultyPorts&) = delete;
 
-    operator Ports&();  // NOLINT(google-explicit-constructor): it is one
+    operator Ports&();  // NOLINT(google-explicit-constructor): as the ports
 
    private:
-    struct World;
-    std::unique_ptr<World> world_;
+    struct Decorators;
+    std::unique_ptr<Decorators> decorators_;
 };
 
 }  // namespace quorkit

@@ -1,4 +1,4 @@
-// Folders and their entries as operations. Names and results are as for files.
+// Operations on folders and their entries. Names and results are as for files.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -15,7 +15,7 @@ enum FileAttribute : std::uint32_t {
     kDirectory = 16,
     kArchive = 32,  ///< on Linux: every regular file
     kNormal = 128,
-    kReparsePoint = 1024,  ///< a link; the other bits are those of what it leads to
+    kReparsePoint = 1024,  ///< a link; the other bits are those of its target
 };
 
 /// 100 nanoseconds since 1 January 1601, UTC.
@@ -25,29 +25,29 @@ using FileTime = std::uint64_t;
 struct FindData {
     String name;
     std::uint32_t attributes = 0;
-    FileTime lastWrite = 0;  ///< 0 where it was not asked for or cannot be known
+    FileTime lastWrite = 0;  ///< 0 when it was not asked for or is not known
 };
 
 enum class FindDetail {
-    Names,       ///< the name, and of the attributes kDirectory and kReparsePoint alone
-    Times,       ///< the time of the last change besides
-    Attributes,  ///< and all attributes
+    Names,       ///< the name and, of the attributes, kDirectory and kReparsePoint
+    Times,       ///< also the time of the last change
+    Attributes,  ///< also all other attributes
 };
 
 class Folders {
    public:
     virtual ~Folders() = default;
 
-    /// The attributes of a file or folder, with kReparsePoint for a link; a link that leads nowhere
+    /// The attributes of a file or folder, with kReparsePoint for a link. A link without a target
     /// is not found.
     virtual ErrorCode GetFileAttributesA(const String& name, std::uint32_t& attributes) = 0;
-    /// Makes one folder; kPathNotFound when the folder around it is missing.
+    /// Makes one folder; kPathNotFound when the folder above it is missing.
     virtual ErrorCode CreateDirectoryA(const String& name) = 0;
 
-    /// Begins to list the folder `folder`, in the system's own order, and gives its first entry.
-    /// "." and ".." are among the entries, but not always in the root of a drive. What vanishes
-    /// meanwhile is left out or not. kFileNotFound for a folder without entries, kPathNotFound
-    /// for a name that leads to no folder. On success EndListing must follow.
+    /// Begins to list `folder` in the system's order and gives its first entry. "." and ".." are
+    /// among the entries, but not always in the root of a drive. An entry that disappears meanwhile
+    /// may be left out. kFileNotFound for a folder without entries, kPathNotFound for a name that
+    /// leads to no folder. On success EndListing must follow.
     virtual ErrorCode FirstEntry(const String& folder, FindDetail detail, Handle& search,
                                  FindData& entry) = 0;
     /// The next entry; kNoMoreFiles behind the last one.

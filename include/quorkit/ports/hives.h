@@ -1,4 +1,5 @@
-// A registry made of two trees of keys, the user's and the machine's, wherever those are kept.
+// A registry made of two trees of keys (hives), the user's and the machine's, wherever they are
+// stored.
 #pragma once
 
 #include <quorkit/ports/registry.h>
@@ -7,8 +8,8 @@
 
 namespace quorkit {
 
-/// One tree of keys. A path is the names from its root on; every name in it is one that a key can
-/// have. The root is always there. Otherwise the promises are those of Registry.
+/// One tree of keys. A path is the list of names from the root on; each is a valid name of a key.
+/// The root always exists. Apart from that the promises are those of Registry.
 class Hive {
    public:
     using Path = std::vector<String>;
@@ -30,7 +31,7 @@ class Hive {
     virtual std::vector<RegistryDamage> check() = 0;
 };
 
-/// The rules of names and roots over two hives, which must live as long.
+/// The rules of names and roots over two hives, which must outlive this.
 class HiveRegistry : public Registry {
    public:
     HiveRegistry(Hive& user, Hive& machine) : user_(user), machine_(machine) {}
@@ -53,7 +54,7 @@ class HiveRegistry : public Registry {
         Hive* hive;
         Hive::Path path;
     };
-    /// An open key: the places that it shows, the one that covers the others first.
+    /// An open key: the places that it shows. Earlier places cover later ones.
     struct OpenKey;
 
     ErrorCode placesOf(RegistryRoot root, const String& path, std::vector<Place>& places);

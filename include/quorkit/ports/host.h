@@ -1,4 +1,4 @@
-// What the program around the library does for its user: messages and dialogs.
+// What the program around the library does for its user: messages, dialogs, events.
 #pragma once
 
 #include <quorkit/ports/desktop.h>
@@ -18,10 +18,10 @@ struct FileFilter {
 
 struct FileDialog {
     String title;
-    String folder;  ///< where it begins; empty for the system's choice
+    String folder;  ///< where the dialog begins; empty: the system chooses
     String fileName;
     std::vector<FileFilter> filters;
-    std::uint32_t browseFlags = 0;  ///< eBrowserInfoFlags, of the folder dialog alone
+    std::uint32_t browseFlags = 0;  ///< eBrowserInfoFlags; only for the folder dialog
 };
 
 /// By the numbers of the host run-time.
@@ -35,17 +35,17 @@ enum MessageStyle : std::uint32_t {
     kInformationIcon = 64,
 };
 
-/// On Linux the user sees dialogs and messages where there is a display and one of the programs
-/// zenity and kdialog; a program that is given a name gets it as it is, no shell reads it.
+/// On Linux the user sees dialogs and messages when there is a display and one of the programs
+/// zenity and kdialog. File names reach these programs as they are, because no shell reads them.
 ///
-/// A dialog that the user cancels, or that cannot be shown, is answered with false; `name` is then
-/// left as it is.
+/// A dialog that the user cancels, or that cannot be shown, returns false; `name` then stays as it
+/// is.
 class Host {
    public:
     virtual ~Host() = default;
 
-    /// Shows a message until the user has read it. `style` is that of Win32: its icon, and on
-    /// Windows its buttons; elsewhere there is an OK button. Where nothing can be shown the message
+    /// Shows a message until the user has read it. `style` is that of Win32: an icon and, on
+    /// Windows, buttons; other systems show an OK button. When nothing can be shown, the message
     /// goes to the standard error stream.
     virtual void MessageBoxA(const String& text, const String& caption, std::uint32_t style) = 0;
     /// Lets the user choose a file that exists.
@@ -55,23 +55,24 @@ class Host {
     /// Lets the user choose a folder.
     virtual bool SHBrowseForFolderA(const FileDialog& dialog, String& name) = 0;
 
-    /// Lets the program handle what has happened in its windows. What it runs then may call the
-    /// library again. On Windows nothing more is begun after 100 ms, so that it ends whatever
-    /// comes, and WM_QUIT stays in the queue, for the program's own loop. Linux has no events that
-    /// every program shares, so there nothing happens: a program with an event loop of its own puts
-    /// a Host into its Ports that runs it.
+    /// Lets the program handle the pending events of its windows. The code that these run may call
+    /// the library again. On Windows this begins nothing new after 100 ms, so that it always ends;
+    /// WM_QUIT stays in the queue for the program's own loop. Linux has no event loop that all
+    /// programs share, so nothing happens there. A program with its own loop can put a Host that
+    /// runs it into its Ports.
     virtual void DoEvents() = 0;
-    /// Waits for something that DoEvents has to handle, which WM_QUIT is not; false when nothing
+    /// Waits until DoEvents has something to handle; WM_QUIT does not count. False when nothing
     /// came by `deadline`, as always on Linux.
     virtual bool WaitForEvents(std::chrono::steady_clock::time_point deadline) = 0;
 
-    /// The mouse pointer over the program's windows; on Linux over the wait window alone, on
-    /// Windows until one of them sets its own.
+    /// Sets the mouse pointer over the program's windows. On Linux this affects only the wait
+    /// window; on Windows it lasts until a window sets its own pointer.
     virtual void SetPointer(Pointer pointer) = 0;
-    /// Shows the program's one wait window, or another text in it, above the window `owner` when
-    /// that is one. It can be seen when this returns, and goes when the process does. Where nothing
-    /// can be shown nothing happens. On Windows it has a thread of its own and no owner, so that it
-    /// waits for nobody: it stands over the middle of `owner`, above all windows of that moment.
+    /// Shows the program's one wait window, or a new text in it, above the window `owner` if that
+    /// exists. The window is visible when this returns and disappears with the process. When
+    /// nothing can be shown, nothing happens. On Windows the wait window has a thread of its own
+    /// and no owner, so no other window can block it: it is placed over the middle of `owner`,
+    /// above all windows that exist at that moment.
     virtual void ShowWaitWindow(const String& text, WindowHandle owner) = 0;
     virtual void HideWaitWindow() = 0;
 };

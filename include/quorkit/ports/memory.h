@@ -1,7 +1,7 @@
-// An imitation of the system in memory, for tests of programs that use the library: files whose
-// rights, links and free space are set by hand; a registry, a clipboard and a table of keys of its
-// own; windows, programs, events and answers of the user that are put there; and a system whose
-// language, clock and environment are what it is told.
+// An imitation of the system in memory, for tests of programs that use the library. Files have
+// rights, links and free space that the test sets. The registry, the clipboard and the keys are its
+// own. Windows, programs, events and the user's answers are those that the test puts there, and
+// language, clock and environment those that it sets.
 #pragma once
 
 #include <quorkit/ports/clipboard.h>
@@ -26,7 +26,7 @@
 
 namespace quorkit {
 
-/// The system as it is told to be.
+/// A system whose answers are set here.
 class MemorySystem : public System {
    public:
     LanguageIdentifier userLanguage = 1033;
@@ -34,15 +34,15 @@ class MemorySystem : public System {
     SystemTime localTime;
     std::uint64_t performanceCounter = 0;
     std::map<String, String> environment;
-    /// Added to a UTC time to give the local one.
+    /// Added to UTC to give local time.
     std::int64_t minutesEastOfUtc = 0;
-    /// With a separator at its end; empty when there is none.
+    /// Has a separator at its end; empty when there is none.
     String temporaryFolder = u"C:\\Temp\\";
     /// By their CSIDLS numbers.
     std::map<int, String> specialFolders;
-    /// None when the system does not tell.
+    /// Nothing when the system does not tell its version.
     std::optional<OsVersion> version = OsVersion{};
-    /// Whether it tells only the short record.
+    /// Whether it gives only the short record.
     bool shortRecordOnly = false;
     std::optional<String> diallingCode = u"1";
 
@@ -65,12 +65,12 @@ struct MemoryDrive {
     String remoteName;  ///< "\\server\share" of a network connection
 };
 
-/// Drives and connections as they are told to be. What stands on a drive is the files' affair.
+/// Drives and connections that are set here. The files are in MemoryFiles.
 class MemoryDrives final : public Drives {
    public:
-    /// By capital letter and colon.
+    /// The key is a capital letter and a colon.
     std::map<String, MemoryDrive> drives = {{u"C:", {}}};
-    /// What asking for the network connections answers.
+    /// The result of asking for the network connections.
     ErrorCode networkAnswer = kSuccess;
 
     int GetDriveTypeA(const String& root) override;
@@ -79,7 +79,7 @@ class MemoryDrives final : public Drives {
     ErrorCode ListConnections(std::vector<NetworkConnection>& connections) override;
 };
 
-/// A registry that is empty at the start, and gone at the end.
+/// A registry that is empty at the start and is lost at the end.
 class MemoryRegistry final : public HiveRegistry {
    public:
     MemoryRegistry();
@@ -87,7 +87,7 @@ class MemoryRegistry final : public HiveRegistry {
     MemoryRegistry(const MemoryRegistry&) = delete;
     MemoryRegistry& operator=(const MemoryRegistry&) = delete;
 
-    /// Whether nothing beneath the machine's root can be changed, as it is for ordinary users.
+    /// Protects everything beneath the machine's root, as it is for ordinary users.
     void setMachineReadOnly(bool readOnly = true);
 
    private:
@@ -96,7 +96,7 @@ class MemoryRegistry final : public HiveRegistry {
     std::unique_ptr<Hives> hives_;
 };
 
-/// A user who answers dialogs as told, and a record of what was shown.
+/// A user whose answers to dialogs are set here, and a record of what was shown.
 class MemoryHost final : public Host {
    public:
     struct Message {
@@ -106,15 +106,15 @@ class MemoryHost final : public Host {
     };
     std::vector<Message> messages;
     std::vector<FileDialog> dialogs;
-    /// The answer to the next dialogs; none cancels them.
+    /// The answer to the next dialogs; nothing cancels them.
     std::optional<String> chosen;
-    /// What DoEvents runs, once for each call that finds something.
+    /// The pending events; each call of DoEvents removes and runs the first.
     std::vector<std::function<void()>> events;
-    /// How long it has been waited in all; nobody really waits.
+    /// The sum of all waits; in fact nothing waits.
     std::chrono::nanoseconds waited{0};
-    int eventRounds = 0;  ///< calls of DoEvents
+    int eventRounds = 0;  ///< number of calls of DoEvents
     Pointer pointer = Pointer::Default;
-    std::optional<String> waitText;  ///< of the wait window, while it is shown
+    std::optional<String> waitText;  ///< the text in the wait window, while it is shown
     WindowHandle waitOwner = 0;
 
     void MessageBoxA(const String& text, const String& caption, std::uint32_t style) override;
@@ -131,14 +131,14 @@ class MemoryHost final : public Host {
     bool answer(const FileDialog& dialog, String& name);
 };
 
-/// Programs that are no more than what they are told to do.
+/// Programs that only run for a set time and end with a set exit code.
 class MemoryProcesses final : public Processes {
    public:
     struct Program {
         Long exitCode = 0;
-        std::chrono::milliseconds runs{0};  ///< how long, counted by what is waited for it
+        std::chrono::milliseconds runs{0};  ///< how long the program runs; only waits count
     };
-    /// By command line. Others cannot be started.
+    /// The key is the command line; any other cannot be started.
     std::map<String, Program> programs;
     struct Started {
         String commandLine;
@@ -149,7 +149,7 @@ class MemoryProcesses final : public Processes {
         Program program;
     };
     std::vector<Started> started;
-    /// What HandToDesktop was given, and what it answers.
+    /// The arguments of HandToDesktop so far, and its answer.
     std::vector<String> opened;
     ErrorCode openAnswer = kSuccess;
 
@@ -163,7 +163,7 @@ class MemoryProcesses final : public Processes {
     ErrorCode HandToDesktop(const String& target) override;
 };
 
-/// A screen with the windows that are put there.
+/// A screen whose windows are set here.
 class MemoryDesktop final : public Desktop {
    public:
     struct Window {
@@ -189,7 +189,7 @@ class MemoryDesktop final : public Desktop {
     Window* find(WindowHandle window);
 };
 
-/// One table, for all threads.
+/// One table, shared by all threads.
 class MemoryKeyboard final : public Keyboard {
    public:
     KeyStates states{};
@@ -203,7 +203,7 @@ class MemoryClipboard final : public Clipboard {
    public:
     /// Nothing when the clipboard is empty.
     std::optional<std::pair<ClipboardFormat, std::string>> content;
-    /// Whether another program keeps the clipboard to itself: everything fails then.
+    /// Whether another program holds the clipboard; then everything fails.
     bool locked = false;
 
     bool EmptyClipboard() override;
@@ -211,7 +211,7 @@ class MemoryClipboard final : public Clipboard {
     bool GetClipboardData(ClipboardFormat format, std::string& data) override;
 };
 
-/// A whole world in memory.
+/// A complete set of ports in memory.
 struct MemoryPorts {
     MemoryFiles files;
     MemoryFolders folders{files};
@@ -225,7 +225,7 @@ struct MemoryPorts {
     MemoryClipboard clipboard;
     Ports ports{files, folders,   drives,  registry, system,
                 host,  processes, desktop, keyboard, clipboard};
-    operator Ports&() { return ports; }  // NOLINT(google-explicit-constructor): it is one
+    operator Ports&() { return ports; }  // NOLINT(google-explicit-constructor): as the ports
 };
 
 }  // namespace quorkit

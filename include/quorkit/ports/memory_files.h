@@ -1,4 +1,4 @@
-// Files and folders in memory, for tests: rights, links and free space are set by hand.
+// Files and folders in memory, for tests; rights, links and free space are set by hand.
 #pragma once
 
 #include <quorkit/ports/files.h>
@@ -11,10 +11,10 @@
 
 namespace quorkit {
 
-/// Names are Windows names, compared without regard to letter case. The drive "C:" is there from
-/// the start; names without a drive stand in its root. Setting up makes what is missing around a
-/// name, drives and shares included, and throws std::invalid_argument for a name that cannot stand
-/// where it should, such as one beneath a file.
+/// Names are Windows names, compared without regard to letter case. The drive "C:" exists from the
+/// start; names without a drive are in its root. The functions that set up files make all missing
+/// folders, drives and shares above a name, and throw std::invalid_argument when a name cannot
+/// exist there, such as one beneath a file.
 class MemoryFiles final : public Files {
    public:
     MemoryFiles();
@@ -26,18 +26,19 @@ class MemoryFiles final : public Files {
 
     /// Makes a folder, or the root of a drive such as "D:" or of a share such as "\\server\share".
     void addFolder(const String& name);
-    /// Puts a new file in place of any that stands there. It bears the archive attribute and the
-    /// first moment of 1970, and keeps both whatever is written to it.
+    /// Puts a new file in place of any that is there. Its archive attribute and its time, the first
+    /// moment of 1970, stay whatever is written to it.
     void put(const String& name, std::string content);
-    /// Makes a link to a file or folder, which need not exist. A relative target counts from the
+    /// Makes a link to a file or folder, which need not exist. A relative target starts from the
     /// folder of the link.
     void addLink(const String& name, const String& target);
     /// In a read-only folder nothing can be made, replaced or deleted.
     void setReadOnly(const String& name, bool readOnly = true);
-    /// Sets kReadOnly, kHidden, kSystem and kArchive as they are in `attributes`.
+    /// Sets kReadOnly, kHidden, kSystem and kArchive to their values in `attributes`.
     void setAttributes(const String& name, std::uint32_t attributes);
     void setLastWrite(const String& name, FileTime time);
-    /// How many bytes can still be written before the disk is full. Nothing gives any back.
+    /// Sets how many bytes can still be written before the disk is full. No operation gives space
+    /// back.
     void setFreeSpace(std::size_t bytes);
     /// The content of a file; nothing when there is none of that name.
     std::optional<std::string> content(const String& name) const;
@@ -69,10 +70,10 @@ class MemoryFiles final : public Files {
     std::unique_ptr<State> state_;
 };
 
-/// The folders in which those files stand.
+/// The folders of these files.
 class MemoryFolders final : public Folders {
    public:
-    /// `files` must live as long.
+    /// `files` must outlive this.
     explicit MemoryFolders(MemoryFiles& files) : state_(*files.state_) {}
 
     ErrorCode GetFileAttributesA(const String& name, std::uint32_t& attributes) override;

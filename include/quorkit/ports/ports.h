@@ -1,5 +1,5 @@
-// The operating system as operations. Classes take their ports in the constructor, so that a test
-// or a host chooses the world they act on.
+// The operating system as a set of ports. Classes take them in the constructor, so that a test or a
+// host chooses the system on which they act.
 #pragma once
 
 #include <string>
@@ -34,8 +34,8 @@ struct Ports {
     Keyboard& keyboard;
     Clipboard& clipboard;
 
-    /// This world with each of `own` in the place of its own port of that kind. Files and folders
-    /// belong together.
+    /// These ports, each of `own` replacing the port of its kind. Replace files and folders
+    /// together.
     template <PortOf<Files, Folders, Drives, Registry, System, Host, Processes, Desktop, Keyboard,
                      Clipboard>... Own>
     Ports with(Own&... own) const {
@@ -54,13 +54,14 @@ struct Ports {
 };
 
 namespace ports {
-/// The system this program runs on. The same object for the whole process.
+/// The ports of the system on which this program runs: one object for the whole process.
 Ports& native();
-/// Why the calling thread was refused something since this was last called, such as for want of a
-/// display; "" when there is nothing that a person could mend. Members give their results for
-/// failure all the same.
+/// Why the calling thread was refused something since the last call of this function, such as a
+/// missing display; "" when there is nothing that a person could mend. Members return their results
+/// for failure in any case.
 std::string takeReason();
-/// Has takeReason tell the calling thread this. For what a person can do something about.
+/// Sets what takeReason tells the calling thread. Only for reasons that a person can do something
+/// about.
 void giveReason(std::string reason);
 }  // namespace ports
 

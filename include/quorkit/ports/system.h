@@ -10,7 +10,7 @@ namespace quorkit {
 
 using LanguageIdentifier = std::uint16_t;  ///< a Windows language identifier
 
-/// A moment by the clock on the wall, in the user's time zone.
+/// A moment in the user's time zone.
 struct SystemTime {
     int year = 1970;
     int month = 1;
@@ -21,55 +21,56 @@ struct SystemTime {
     int milliseconds = 0;
 };
 
-/// What Win32 tells of its version. Linux says platform 4 and the version of its kernel.
+/// The version of the operating system as Win32 has it. On Linux the platform is 4 and the version
+/// that of the kernel.
 struct OsVersion {
     std::uint32_t majorVersion = 0;
     std::uint32_t minorVersion = 0;
     std::uint32_t platformId = 0;
-    String servicePack;  ///< up to 128 characters, with whatever stands around it
+    String servicePack;  ///< up to 128 characters, including any blanks around
     std::uint16_t servicePackMajor = 0;
     std::uint16_t suiteMask = 0;
     std::uint8_t productType = 0;
 };
 
-/// How much is asked for.
+/// The size of the record that is asked for.
 enum class OsRecord { Extended = 156, Short = 148 };
 
 class System {
    public:
     virtual ~System() = default;
 
-    /// The language of the user's interface; 0 when it is not known. On Linux it comes from the
+    /// The language of the user's interface; 0 when it is not known. On Linux it is that of the
     /// first of LC_ALL, LC_MESSAGES and LANG that is set; "C" and "POSIX" are English.
     virtual LanguageIdentifier GetUserDefaultUILanguage() = 0;
     /// The language of the system itself; 0 when it is not known.
     virtual LanguageIdentifier GetSystemDefaultLangID() = 0;
 
-    /// False when the system does not give a record of that size. The short one ends with the text
-    /// of the service pack.
+    /// False when the system gives no record of that size. The short record ends with the text of
+    /// the service pack.
     virtual bool GetVersionExA(OsRecord size, OsVersion& version) = 0;
-    /// The dialling code of the system's country in decimal digits, without zeros or "+" in front.
-    /// False when it is not known. On Linux it comes from the locale's data on telephones.
+    /// The dialling code of the system's country in decimal digits, without leading zeros or "+";
+    /// false when it is not known. On Linux it comes from the locale's data on telephones.
     virtual bool DiallingCode(String& diallingCode) = 0;
 
     virtual SystemTime GetLocalTime() = 0;
-    /// A time in the user's time zone. False when it is none that a calendar can show. Linux counts
-    /// with the daylight saving time of that day, Windows always with today's.
+    /// A time in the user's time zone. False when no calendar can show it. Linux applies the
+    /// daylight saving time of that day, Windows always that of today.
     virtual bool LocalTimeOf(FileTime time, SystemTime& local) = 0;
-    /// A counter that runs for as long as the system does, in steps of a microsecond or less.
+    /// A counter that runs as long as the system, in steps of a microsecond or less.
     virtual std::uint64_t QueryPerformanceCounter() = 0;
 
-    /// The value of the environment variable `name`: of the one that is spelled so, otherwise of
-    /// one that is spelled so but for letter case. False when there is none, as always for an empty
-    /// name and for one that holds "=" or U+0000; `value` is then left as it is.
+    /// The value of the environment variable `name`. A variable of exactly that spelling is
+    /// preferred to one that differs in letter case. False, with `value` unchanged, when there is
+    /// none, which includes an empty name and a name with "=" or U+0000.
     virtual bool GetEnvironmentVariableA(const String& name, String& value) = 0;
 
-    /// The folder for temporary files, with a separator at its end. False when there is none.
+    /// The folder for temporary files with a separator at its end; false when there is none.
     virtual bool GetTempPathA(String& folder) = 0;
-    /// The path of a special folder, by its CSIDLS number, without a separator at its end; whether
-    /// it exists is not asked. False for a folder that this system does not have or that is no
-    /// folder on disk. On Linux they are those of the XDG standards: base folders, and the ones
-    /// that a user may choose in user-dirs.dirs.
+    /// The path of a special folder, by its CSIDLS number, without a separator at its end; the
+    /// folder need not exist. False for a folder that this system does not have, or that is no
+    /// folder on disk. On Linux the paths are those of the XDG standards: base folders, and those
+    /// that a user sets in user-dirs.dirs.
     virtual bool SHGetFolderPathA(int folder, String& path) = 0;
 
    protected:

@@ -1,11 +1,11 @@
-// The forms in which the clipboard keeps a content.
+// The forms in which the clipboard can hold its content.
 #pragma once
 
 #include <quorkit/values.h>
 
 namespace quorkit {
 
-/// By the numbers of the host run-time's clipboard.
+/// Numbers of the host run-time's clipboard.
 enum class ClipboardFormat : Integer {
     Text = 1,
     Bitmap = 2,

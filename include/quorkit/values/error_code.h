@@ -1,11 +1,11 @@
-// What an operation of a port answers.
+// The results of operations of the ports.
 #pragma once
 
 #include <cstdint>
 
 namespace quorkit {
 
-/// The system's error codes, by the numbers of Win32 on every system.
+/// Error codes with the numbers of Win32, on every system.
 enum ErrorCode : std::uint32_t {
     kSuccess = 0,
     kFileNotFound = 2,

@@ -1,16 +1,16 @@
-// What has no place in UTF-16 or UTF-8.
+// Conversions between UTF-16 and UTF-8 that have no exact result.
 #pragma once
 
 namespace quorkit {
 
-/// What becomes of a surrogate without its partner in a text, and of bytes that are no UTF-8, such
-/// as over-long forms. Neither has a place on the other side.
+/// How to convert what the other encoding has no place for: a surrogate without its partner in a
+/// text; bytes that are not valid UTF-8, over-long forms included.
 enum class Malformed {
-    Replace,  ///< U+FFFD for a surrogate, and for each of the bytes
-    Keep,  ///< a surrogate is three bytes, as any other unit, and comes back: every text survives
-           ///< a round trip. U+FFFD for each other byte
-    AsBytes,  ///< a byte is the surrogate U+DC00 + byte, and comes back: all bytes survive a round
-              ///< trip. U+FFFD for each other surrogate
+    Replace,  ///< a surrogate, and each such byte, becomes U+FFFD
+    Keep,     ///< a surrogate becomes three bytes, as other units do: a text survives a round
+              ///< trip. Each other invalid byte becomes U+FFFD
+    AsBytes,  ///< a byte becomes the surrogate U+DC00 + byte: all bytes survive a round
+              ///< trip. Each other surrogate becomes U+FFFD
 };
 
 }  // namespace quorkit

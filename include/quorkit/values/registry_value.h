@@ -1,4 +1,4 @@
-// Values of a registry, and how long names are.
+// Values of a registry, and the limits of its names.
 #pragma once
 
 #include <quorkit/values.h>
@@ -9,7 +9,7 @@
 
 namespace quorkit {
 
-/// Types of values, by the numbers of Win32. Any other number is carried along.
+/// Types of values, by the numbers of Win32. Other numbers are passed on.
 enum RegistryType : std::uint32_t {
     kRegNone = 0,
     kRegString = 1,
@@ -19,12 +19,12 @@ enum RegistryType : std::uint32_t {
     kRegMultiString = 7,
 };
 
-/// Whether the data of a type is text, UTF-16 with the lower byte first.
+/// Whether the data of a type is UTF-16 text, the lower byte first.
 inline bool isRegistryText(std::uint32_t type) {
     return type == kRegString || type == kRegExpandString || type == kRegMultiString;
 }
 
-/// A type and its data: bytes, with whatever U+0000 a text ends in.
+/// A type and its data: bytes, including any U+0000 at the end of a text.
 struct RegistryValue {
     std::uint32_t type = kRegNone;
     std::string data;
@@ -40,7 +40,7 @@ struct NamedValue {
     bool operator==(const NamedValue&) const = default;
 };
 
-/// In characters, and the last one in keys from the root of a hive on.
+/// The first two in characters, the last one in keys counted from the root of a hive.
 inline constexpr std::size_t kLongestKeyName = 255;
 inline constexpr std::size_t kLongestValueName = 16'383;
 inline constexpr std::size_t kDeepestKey = 512;

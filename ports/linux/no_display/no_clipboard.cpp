@@ -1,4 +1,4 @@
-// A build that knows no display has no clipboard.
+// The clipboard of a build without display: there is none.
 #include <quorkit/ports/clipboard_owner.h>
 
 #include "linux/no_display/no_display.h"

@@ -1,4 +1,4 @@
-// A build that knows no display: there are no windows and there is no clipboard.
+// The desktop of a build without display: there are no windows.
 #include "linux/no_display/no_display.h"
 #include "native/native_desktop.h"
 

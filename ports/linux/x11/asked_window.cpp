@@ -12,9 +12,9 @@ namespace {
 
 constexpr std::uint32_t kLongestText = 1024;  // of a title or class, in units of four bytes
 
-/// The type STRING is Latin-1, though many programs write UTF-8 under its name.
+/// The type STRING means Latin-1, but many programs use it for UTF-8.
 String textOf(std::string_view bytes) {
-    // A long one may be cut within a character.
+    // A long text may be cut within a character.
     const std::size_t mostCut = bytes.size() < std::size_t{4} * kLongestText ? 0 : 3;
     for (std::size_t cut = 0; cut <= mostCut; ++cut)
         if (const auto whole = bytes.substr(0, bytes.size() - cut); base::isUtf8(whole))
@@ -32,8 +32,8 @@ char16_t latin9(unsigned char byte) {
     return found == std::string_view::npos ? char16_t{byte} : characters[found];
 }
 
-/// Compound text (X Consortium Standard, version 1.1): Latin-1, or Latin-9 behind one escape
-/// sequence, and UTF-8 between two. What other sequences announce is taken as Latin-1.
+/// Compound text (X Consortium Standard, version 1.1): Latin-1; Latin-9 behind one escape sequence;
+/// UTF-8 between two others. Text behind any other sequence is read as Latin-1.
 String fromCompoundText(std::string_view bytes) {
     constexpr std::string_view utf8 = "\x1B%G";
     constexpr std::string_view back = "\x1B%@";
@@ -46,7 +46,7 @@ String fromCompoundText(std::string_view bytes) {
             text += base::fromUtf8(part);
             bytes.remove_prefix(std::min(bytes.size(), part.size() + back.size()));
         } else if (bytes.front() == '\x1B') {
-            // Intermediate characters, and a final one.
+            // A sequence has intermediate characters and a final one.
             const std::size_t end = bytes.find_first_not_of(" !\"#$%&'()*+,-./", 1);
             const std::string_view sequence = bytes.substr(0, std::min(end, bytes.size()) + 1);
             if (sequence.starts_with("\x1B-")) isLatin9 = sequence == "\x1B-b";
@@ -110,7 +110,7 @@ void AskedWindow::takeRest() {
         title = compound ? fromCompoundText(bytes) : textOf(bytes);
     }
     const std::string classes = bytesOf(answer(class_).get(), XCB_ATOM_STRING, 8);
-    const std::size_t end = classes.find('\0');  // one behind each of the two
+    const std::size_t end = classes.find('\0');  // one behind each of the two names
     instanceName = textOf(classes.substr(0, end));
     className = end == std::string::npos ? String() : textOf(classes.substr(end + 1).c_str());
 

@@ -1,5 +1,5 @@
-// What a window says of itself, by the conventions of X clients: ICCCM 2.0 and Extended Window
-// Manager Hints 1.5.
+// The facts of a window, by the conventions of X clients: ICCCM 2.0 and Extended Window Manager
+// Hints 1.5.
 #pragma once
 
 #include <quorkit/values.h>
@@ -10,39 +10,39 @@
 
 namespace quorkit::x11 {
 
-/// Its requests are sent when it is made, and the answers are taken later, so that many windows
-/// cost one round; those cost a second one that have an old title or are not on the screen.
+/// The constructor sends the requests and `take` reads the answers, so asking many windows costs
+/// one round trip. Windows with a title of the old kind, or not on the screen, need a second one.
 class AskedWindow {
    public:
-    /// The names that it asks for, to be learnt at once.
+    /// The names that the requests use; learn them all at once.
     static const std::vector<std::string>& names();
 
     enum Asked { Title, Everything };
     AskedWindow(Connection& connection, xcb_window_t window, Asked asked);
 
-    /// Takes the answers, and asks for what they leave open. False when there is no such window any
-    /// more.
+    /// Reads the answers and sends the requests that are still needed. False when the window no
+    /// longer exists.
     bool take();
     void takeRest();
 
     xcb_window_t window() const { return window_; }
     String title;
-    bool visible = false;  ///< also when it is minimized, as on Windows
+    bool visible = false;  ///< true for a minimized window too, as on Windows
 
-    // These are known when everything is asked for.
+    // These are set when everything is asked for.
 
     String className;
     String instanceName;
-    bool managed = false;  ///< the window of a program, not the frame around one
+    bool managed = false;  ///< a program's window, not the frame around one
 
-    /// Whether a name is one of the two of its class.
+    /// Whether `name` is one of the window's two class names.
     bool hasClass(const String& name) const;
 
    private:
     using Property = std::optional<xcb_get_property_cookie_t>;
 
     xcb_get_property_cookie_t ask(const char* name) const;
-    /// Null for what was not asked for; each answer comes once.
+    /// Null when it was not asked for; each answer can be taken once.
     ReplyPtr<xcb_get_property_reply_t> answer(Property& property);
 
     Connection* connection_;

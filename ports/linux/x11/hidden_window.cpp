@@ -16,7 +16,7 @@ HiddenWindow::~HiddenWindow() {
 }
 
 xcb_timestamp_t HiddenWindow::serverTime() {
-    // Adding nothing to a property is a change, which the server tells with its time.
+    // Appending nothing to a property is a change; the server reports it with its time.
     const xcb_atom_t property = connection_.atom("QUORKIT_TIME");
     xcb_change_property(connection_.get(), XCB_PROP_MODE_APPEND, id_, property, XCB_ATOM_INTEGER,
                         32, 0, nullptr);

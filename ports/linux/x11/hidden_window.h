@@ -1,18 +1,18 @@
-// A window that nobody sees, for what programs tell each other by way of windows.
+// An invisible window, through which programs exchange data and messages.
 #pragma once
 
 #include "linux/x11/x11_connection.h"
 
 namespace quorkit::x11 {
 
-/// How long to wait for what another program should answer at once.
+/// The longest wait for another program that should answer at once.
 inline constexpr std::chrono::seconds kPatience{2};
 
 inline Deadline soon() {
     return std::chrono::steady_clock::now() + kPatience;
 }
 
-/// Changes of its properties come as events.
+/// Changes of its properties arrive as events.
 class HiddenWindow {
    public:
     explicit HiddenWindow(Connection& connection);
@@ -22,8 +22,8 @@ class HiddenWindow {
 
     xcb_window_t id() const { return id_; }
 
-    /// The server's time; forgets the events that come before it is told. 0, which stands for any
-    /// time, when it is not told.
+    /// The server's time. Events that come before the answer are dropped. 0, which means any time,
+    /// when there is no answer.
     xcb_timestamp_t serverTime();
 
    private:
@@ -31,7 +31,7 @@ class HiddenWindow {
     xcb_window_t id_;
 };
 
-/// The event, when it is one of that type.
+/// The event if it is of that type, otherwise null.
 template <class Event>
 const Event* eventOf(const EventPtr& event, int type) {
     return (event->response_type & 0x7F) == type ? reinterpret_cast<const Event*>(event.get())

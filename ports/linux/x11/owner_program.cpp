@@ -26,8 +26,8 @@ bool isProgram(const fs::path& file) {
     return fs::is_regular_file(file, error) && access(file.c_str(), X_OK) == 0;
 }
 
-/// Whether nobody but this user and root can have put a file there. No link, which may be
-/// another's.
+/// Whether only this user and root can have put the file there. A link is rejected, because it may
+/// be another user's.
 bool isTrusted(const fs::path& file) {
     struct stat about = {};
     return lstat(file.c_str(), &about) == 0 && S_ISREG(about.st_mode) &&

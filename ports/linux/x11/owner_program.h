@@ -1,5 +1,5 @@
-// The program quorkit-clipboard, which owns the content of the clipboard when the one that has put
-// it there is gone.
+// The program quorkit-clipboard. It owns the content of the clipboard after the program that has
+// put it there is gone.
 #pragma once
 
 #include <quorkit/ports/clipboard.h>
@@ -8,12 +8,13 @@
 
 namespace quorkit::x11 {
 
-/// Starts the program with a content. True when it has it on the clipboard.
+/// Starts the program with a content. True when the program has put it on the clipboard.
 ///
-/// It is looked for in the folder that the environment variable QUORKIT_LIBEXEC names, unless this
-/// program has more rights than its user; in the folder of the running program, from there in
-/// ../libexec/quorkit and ../libexec, where this library was to be installed, and on PATH. But for
-/// the first and the last it must be a file, no link, of this user or of root.
+/// These places are searched for the program: the folder that the environment variable
+/// QUORKIT_LIBEXEC names, unless this program has more rights than its user; the folder of the
+/// running program, then ../libexec/quorkit and ../libexec from there; the folder where this
+/// library was to be installed; PATH. Except in the first and the last place, it must be a file of
+/// this user or of root, and no link.
 bool startOwner(ClipboardFormat format, const std::string& content);
 
 }  // namespace quorkit::x11

@@ -22,7 +22,7 @@ Piecewise::Piecewise(Connection& connection) : connection_(connection) {
 
 void Piecewise::begin(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
                       std::shared_ptr<const std::string> bytes) {
-    // Watched first: the window may take the announcement at once.
+    // Watch first, because the window may react to the announcement at once.
     watch(connection_, window, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     const auto size = static_cast<std::uint32_t>(bytes->size());
     xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window, property,
@@ -35,7 +35,7 @@ void Piecewise::goOn(xcb_window_t window, xcb_atom_t property) {
     const auto found = transfers_.find({window, property});
     if (found == transfers_.end()) return;
     Transfer& transfer = found->second;
-    // The piece of no bytes is the end.
+    // An empty piece means the end.
     const std::size_t count = std::min(most_, transfer.bytes->size() - transfer.sent);
     xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window, property, transfer.type,
                         8, static_cast<std::uint32_t>(count),

@@ -1,5 +1,4 @@
-// Contents too large for one message, on their way to other programs piece by piece. Source: ICCCM
-// 2.7.2, INCR.
+// Sends contents that are too large for one message, piece by piece. Source: ICCCM 2.7.2, INCR.
 #pragma once
 
 #include <cstddef>
@@ -12,8 +11,8 @@
 
 namespace quorkit::x11 {
 
-/// Any number may be on their way at once, each at the speed of the program that takes it. One
-/// that takes nothing for half a minute, or whose window is gone, is forgotten.
+/// Any number of contents can be sent at the same time, each as fast as its program reads it. A
+/// transfer is dropped when its program reads nothing for half a minute or its window is gone.
 class Piecewise {
    public:
     explicit Piecewise(Connection& connection);
@@ -21,17 +20,17 @@ class Piecewise {
     /// The largest content that needs no pieces, in bytes.
     std::size_t mostAtOnce() const { return most_; }
 
-    /// Announces a content to a window, in a property of it. A content that is still on its way
-    /// there gives way.
+    /// Announces a content in a property of a window. It replaces a content that is still being
+    /// sent there.
     void begin(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
                std::shared_ptr<const std::string> bytes);
-    /// Sends the next piece: the window has taken what was in the property.
+    /// Sends the next piece, after the window has read the property.
     void goOn(xcb_window_t window, xcb_atom_t property);
     void forget(xcb_window_t window);
     void forgetIdle();
 
     bool done() const { return transfers_.empty(); }
-    /// When one may have to be forgotten.
+    /// The earliest time at which a transfer may have to be dropped.
     Deadline nextCheck() const;
 
    private:

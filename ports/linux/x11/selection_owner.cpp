@@ -6,7 +6,7 @@
 namespace quorkit::x11 {
 namespace {
 
-constexpr std::uint32_t kLongestList = 1024;  // of a request for several types, in numbers
+constexpr std::uint32_t kLongestList = 1024;  // entries in a request for several types
 
 }  // namespace
 
@@ -27,26 +27,26 @@ SelectionOwner::SelectionOwner(Connection& connection, std::vector<Offer> offers
 
 void SelectionOwner::serve() {
     if (owns_) handToManager();
-    // Also what somebody has asked who was there before the next owner.
+    // Answer the requests that came before the next owner, too.
     while (const EventPtr event = connection_.nextEvent(Deadline::min())) handle(event);
     while ((owns_ || !pieces_.done()) && !connection_.isBroken()) {
         if (const EventPtr event = connection_.nextEvent(pieces_.nextCheck())) handle(event);
         pieces_.forgetIdle();
     }
-    // What is still on its way to a server gets lost when its client goes; an answer shows that all
-    // has arrived.
+    // A server loses what it has not read when its client closes the connection. An answer shows
+    // that it has read everything.
     const auto cookie = xcb_get_input_focus(connection_.get());
     replyTo(connection_, cookie, xcb_get_input_focus_reply);
 }
 
-/// The manager then asks like anybody else, and may take the clipboard.
+/// The manager then asks like any other program, and may take the clipboard over.
 void SelectionOwner::handToManager() {
     const xcb_atom_t manager = connection_.atom("CLIPBOARD_MANAGER");
     const xcb_atom_t property = connection_.atom("QUORKIT_SELECTION");
     std::vector<std::uint32_t> targets;
     for (const Target& one : targets_) targets.push_back(one.target);
     putNumbers(window_.id(), property, XCB_ATOM_ATOM, targets);
-    // Without a manager the server answers that nobody owns this selection.
+    // Without a manager, the server answers that this selection has no owner.
     xcb_convert_selection(connection_.get(), window_.id(), manager,
                           connection_.atom("SAVE_TARGETS"), property, since_);
 }
@@ -77,7 +77,7 @@ void SelectionOwner::answer(const xcb_selection_request_event_t& request) {
                                : put(request.requestor, request.target, property));
     union {
         xcb_selection_notify_event_t event;
-        char whole[32];  // as every event
+        char whole[32];  // every event has this size
     } answer = {};
     answer.event.response_type = XCB_SELECTION_NOTIFY;
     answer.event.time = request.time;
@@ -88,14 +88,15 @@ void SelectionOwner::answer(const xcb_selection_request_event_t& request) {
     xcb_send_event(connection_.get(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT, answer.whole);
 }
 
-/// Whether it is about this content: what was asked for before belongs to the owner before.
+/// Whether the request is about this content; an earlier request is for the owner before.
 bool SelectionOwner::isOurs(const xcb_selection_request_event_t& request) const {
-    const auto since = static_cast<std::int32_t>(request.time - since_);  // the time wraps around
+    const auto since = static_cast<std::int32_t>(request.time - since_);  // time wraps around
     return request.selection == selection_ &&
            (request.time == XCB_CURRENT_TIME || since_ == XCB_CURRENT_TIME || since >= 0);
 }
 
-/// Several types at once: pairs of a target and a property. What cannot be had becomes None there.
+/// A request for several types: pairs of a target and a property. A target that is not available is
+/// replaced by None.
 bool SelectionOwner::putAll(xcb_window_t window, xcb_atom_t list) {
     const auto cookie = xcb_get_property(connection_.get(), 0, window, list,
                                          XCB_GET_PROPERTY_TYPE_ANY, 0, kLongestList);

@@ -1,4 +1,4 @@
-// Owning the clipboard: answering those who ask for its content. Source: ICCCM 2, and the
+// Owns the clipboard and answers requests for its content. Source: ICCCM 2, and the
 // ClipboardManager of freedesktop.org.
 #pragma once
 
@@ -14,14 +14,14 @@ namespace quorkit::x11 {
 
 class SelectionOwner {
    public:
-    /// Takes the clipboard; see `hasTaken` for how it went.
+    /// Takes the clipboard; `hasTaken` gives the outcome.
     SelectionOwner(Connection& connection, std::vector<Offer> offers);
 
-    /// True also when it is another's again: whoever is the last has it.
+    /// True even if another program has taken it since: the last one owns it.
     bool hasTaken() const { return !connection_.isBroken(); }
 
-    /// Gives a copy to the clipboard manager, if one runs, and answers everybody until the
-    /// clipboard is another's and what was on its way has arrived, or the server has gone.
+    /// Gives a copy to the clipboard manager, if one runs. Then answers requests until another
+    /// program takes the clipboard and all transfers have ended, or until the server is gone.
     void serve();
 
    private:

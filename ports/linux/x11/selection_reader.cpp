@@ -34,20 +34,20 @@ std::optional<std::vector<xcb_atom_t>> SelectionReader::offered() {
 
 std::optional<Delivery> SelectionReader::ask(xcb_atom_t target) {
     if (givenUp_) return {};
-    // With a time, one who owns it only since then would refuse.
+    // The request gives no time, because a program that became owner later than that would refuse.
     xcb_convert_selection(connection_.get(), window_.id(), selection_, target, property_,
                           XCB_CURRENT_TIME);
     if (!answered()) return {};
     auto delivery = take();
     if (!delivery || delivery->type != connection_.atom("INCR")) return delivery;
     delivery = takePieces();
-    givenUp_ = !delivery;  // the rest of its pieces would get among others
+    givenUp_ = !delivery;  // later pieces could be taken for those of another request
     return delivery;
 }
 
 EventPtr SelectionReader::nextEvent(Deadline since) {
     const Deadline last = start_ + kLongest + seconds(taken_ / kBytesASecond);
-    // Events that come all the time do not make it longer.
+    // A steady stream of events does not extend the time.
     if (steady_clock::now() >= last) return nullptr;
     return connection_.nextEvent(std::min(since + kPatience, last));
 }
@@ -63,7 +63,7 @@ bool SelectionReader::answered() {
     return false;
 }
 
-/// What stands in the property. Taking it away tells the owner that it has arrived.
+/// The content of the property. Deleting it tells the owner that it has arrived.
 std::optional<Delivery> SelectionReader::take() {
     const auto cookie = xcb_get_property(connection_.get(), 1, window_.id(), property_,
                                          XCB_GET_PROPERTY_TYPE_ANY, 0, kWholeProperty);
@@ -83,7 +83,7 @@ std::optional<Delivery> SelectionReader::takePieces() {
             change->state != XCB_PROPERTY_NEW_VALUE)
             continue;
         auto piece = take();
-        if (!piece) continue;  // taken before this event had come
+        if (!piece) continue;  // this piece was taken before the event came
         if (piece->format != 8 || piece->type == connection_.atom("INCR")) return {};
         const bool last = piece->bytes.empty();
         if (!all) {

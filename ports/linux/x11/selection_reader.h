@@ -1,4 +1,4 @@
-// Asking the owner of the clipboard for its content. Source: ICCCM 2.
+// Requests the content of the clipboard from its owner. Source: ICCCM 2.
 #pragma once
 
 #include <optional>
@@ -8,27 +8,27 @@
 
 namespace quorkit::x11 {
 
-/// What an owner has delivered, of whatever type it likes.
+/// The delivery of an owner, whose type may be any.
 struct Delivery {
     xcb_atom_t type = XCB_NONE;
     int format = 0;  ///< bits of an element
     std::string bytes;
 };
 
-/// An owner that lets two seconds pass without doing what it should is given up: it is not asked
-/// again. So is one that has taken ten seconds in all and another for each MB that it has
-/// delivered, and one that delivers more than 1 GB at once.
+/// Requests are abandoned, and the owner is not asked again, in three cases: it does nothing for
+/// two seconds; it has taken more than ten seconds in all, plus one for each MB delivered; it
+/// delivers more than 1 GB at once.
 class SelectionReader {
    public:
     explicit SelectionReader(Connection& connection);
 
-    /// The types that the owner says it has; nothing when it does not say.
+    /// The types that the owner offers; nothing when it does not tell.
     std::optional<std::vector<xcb_atom_t>> offered();
-    /// The content as that type; nothing when the owner refuses or is given up.
+    /// The content as that type; nothing when the owner refuses or was abandoned.
     std::optional<Delivery> ask(xcb_atom_t target);
 
    private:
-    /// The next event within an owner's time, which began at `since`.
+    /// The next event within the owner's time, which has run since `since`.
     EventPtr nextEvent(Deadline since);
     bool answered();
     std::optional<Delivery> take();

@@ -25,7 +25,7 @@ constexpr PictureType kPictures[] = {
     {base::PictureKind::Wmf, "image/wmf"},        {base::PictureKind::Wmf, "image/x-wmf"},
     {base::PictureKind::Wmf, "application/x-wmf"}};
 
-/// Nothing when a character has no place in it.
+/// Nothing when Latin-1 lacks a character.
 std::optional<std::string> latin1OfUtf8(std::string_view bytes) {
     std::string result;
     result.reserve(bytes.size());

@@ -1,5 +1,5 @@
-// Under which types the programs of an X server offer a content. Source: ICCCM 2.6.2, RFC 2046,
-// and what toolkits and office programs do.
+// The types under which programs of an X server offer a content. Source: ICCCM 2.6.2, RFC 2046, and
+// the practice of toolkits and office programs.
 #pragma once
 
 #include <quorkit/ports/clipboard.h>
@@ -11,20 +11,20 @@
 
 namespace quorkit::x11 {
 
-/// The types under which others may have a content of a format, those that lose least first.
+/// The types of a content that other programs may offer, in the order of least loss.
 std::vector<std::string> typesOf(ClipboardFormat format);
 
-/// A content as one type has it.
+/// A content in one type.
 struct Offer {
-    std::string target;  ///< what others ask for
-    std::string type;    ///< what they are told that they get
+    std::string target;  ///< the type that others request
+    std::string type;    ///< the type of the answer
     std::shared_ptr<const std::string> bytes;
 };
-/// All types under which others can have a content; none for bytes that the format does not allow.
-/// A text is also Latin-1 where all its characters have a place in that.
+/// All types in which a content is offered; none for bytes that the format does not allow. A text
+/// is also offered as Latin-1 if that has all its characters.
 std::vector<Offer> offersOf(ClipboardFormat format, std::string content);
 
-/// A text that came as Latin-1.
+/// The UTF-8 of a text in Latin-1.
 std::string utf8OfLatin1(std::string_view bytes);
 
 }  // namespace quorkit::x11

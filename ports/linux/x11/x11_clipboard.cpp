@@ -1,5 +1,5 @@
-// The clipboard is the selection CLIPBOARD. What is put there is given to a program of its own,
-// which owns it.
+// The clipboard is the selection CLIPBOARD. New content goes to a program of its own, which owns
+// it.
 #include <quorkit/ports/clipboard_owner.h>
 
 #include <algorithm>
@@ -19,16 +19,16 @@ namespace {
 using x11::Connection;
 using x11::Delivery;
 
-/// A text that calls itself UTF-8, or does not say what it is.
+/// The text of a delivery that is UTF-8, or of unstated encoding.
 std::string textOf(std::string bytes, const std::string& target) {
     if (base::isUtf8(bytes)) return bytes;
     return target == "text/plain" ? x11::utf8OfLatin1(bytes) : base::toUtf8(base::fromUtf8(bytes));
 }
 
-/// The content that has come, whatever the owner calls it; false when it is no such content.
+/// Accepts a delivery if it is a content of the format, whatever its type; otherwise false.
 bool accept(ClipboardFormat format, const std::string& target, Delivery delivery,
             std::string& data) {
-    // What an owner offers need not be what it delivers.
+    // Owners do not always deliver what they offer.
     if (delivery.format != 8 || !base::fits(format, delivery.bytes)) return false;
     if (format != ClipboardFormat::Text)
         data = std::move(delivery.bytes);

@@ -21,15 +21,15 @@ std::string displayName() {
     return variable == nullptr ? "" : variable;
 }
 
-/// Has a person told why there is no server, and returns nothing.
+/// Sets the reason why there is no server, and returns null.
 std::nullptr_t noServer(const std::string& display) {
     ports::giveReason("there is no display here: " +
                       (display.empty() ? "DISPLAY is not set" : "nobody answers at " + display));
     return nullptr;
 }
 
-/// Connections that nobody uses now. Where its mutex is taken, perhaps by a thread that a fork has
-/// left behind, everybody does without: nobody waits for it.
+/// Connections that are not in use. If the mutex is taken, perhaps by a thread that a fork has left
+/// behind, callers do without it; nobody waits.
 struct Kept {
     std::mutex mutex;
     std::vector<std::unique_ptr<Connection>> connections;
@@ -37,7 +37,7 @@ struct Kept {
 constexpr std::size_t kMostKept = 4;
 
 Kept& kept() {
-    static auto& all = *new Kept;  // never destroyed: other threads may outlive what is static
+    static auto& all = *new Kept;  // never destroyed: other threads may outlive static objects
     return all;
 }
 
@@ -49,8 +49,8 @@ std::unique_ptr<Connection> takeKept() {
     return taken;
 }
 
-/// Holds the numbers of those standard streams that are closed, so that nothing that is opened
-/// meanwhile gets one: anybody may write to it.
+/// Occupies the numbers of those standard streams that are closed. Otherwise a new connection could
+/// get one of them, and any code may write to it.
 class StandardStreams {
    public:
     StandardStreams() {
@@ -102,7 +102,7 @@ Connection::Connection(xcb_connection_t* connection, xcb_screen_t* screen, std::
     : connection_(connection), screen_(screen), display_(std::move(display)), process_(getpid()) {}
 
 Connection::~Connection() {
-    // A child must leave the parent's connection alone; its descriptor is closed all the same.
+    // A child must not use the parent's connection; it only closes the descriptor.
     if (process_ == getpid())
         xcb_disconnect(connection_);
     else
@@ -111,7 +111,7 @@ Connection::~Connection() {
 
 bool Connection::isUsable() const {
     if (display_ != displayName() || process_ != getpid() || isBroken()) return false;
-    // A server that has gone may have a successor of the same name.
+    // A server that is gone may have a successor of the same name.
     pollfd socket = {xcb_get_file_descriptor(connection_), POLLRDHUP, 0};
     return poll(&socket, 1, 0) == 0;
 }

@@ -25,7 +25,7 @@ std::vector<xcb_window_t> childrenIn(const Connection& connection, xcb_query_tre
     return {children.begin(), children.end()};
 }
 
-/// In the order given, without those that have vanished.
+/// In the given order, without windows that have disappeared.
 std::vector<AskedWindow> askAll(Connection& connection, const std::vector<xcb_window_t>& windows,
                                 AskedWindow::Asked asked) {
     std::vector<AskedWindow> all;
@@ -38,13 +38,13 @@ std::vector<AskedWindow> askAll(Connection& connection, const std::vector<xcb_wi
     return found;
 }
 
-/// Whether a property that is a list of names has this one.
+/// Whether a property that is a list of names contains this one.
 bool lists(Connection& connection, xcb_window_t window, const char* property, const char* name) {
     const auto names = numbersIn(connection.property(window, property, XCB_ATOM_ATOM, 32));
     return std::ranges::find(names, connection.atom(name)) != names.end();
 }
 
-/// Puts the programs' windows in the place of the nameless frames around them.
+/// Replaces nameless frames by the programs' windows in them.
 void lookIntoFrames(Connection& connection, std::vector<AskedWindow>& windows) {
     std::vector<std::pair<AskedWindow*, xcb_query_tree_cookie_t>> frames;
     for (AskedWindow& one : windows)
@@ -63,8 +63,8 @@ void lookIntoFrames(Connection& connection, std::vector<AskedWindow>& windows) {
     }
 }
 
-/// Whether a window manager runs that keeps these conventions. What it has told on the root stays
-/// there when it dies.
+/// Whether a window manager that follows these conventions is running. Its entry on the root window
+/// alone is no proof, because that stays when the manager dies.
 bool hasManager(Connection& connection) {
     const char* const name = "_NET_SUPPORTING_WM_CHECK";
     const auto check = [&](xcb_window_t window) {
@@ -84,7 +84,7 @@ std::vector<AskedWindow> topLevelWindows(Connection& connection, AskedWindow::As
         (!listed.empty() ||
          lists(connection, connection.root(), "_NET_SUPPORTED", "_NET_CLIENT_LIST_STACKING")))
         return askAll(connection, listed, asked);
-    // Nobody keeps a list: the windows are the root's children, or stand in frames that are.
+    // No window manager keeps a list. The windows are children of the root, or of frames that are.
     listed = childrenIn(connection, xcb_query_tree(connection.get(), connection.root()));
     std::ranges::reverse(listed);
     std::vector<AskedWindow> found = askAll(connection, listed, AskedWindow::Everything);
@@ -104,7 +104,7 @@ bool exists(Connection& connection, WindowHandle window) {
                    xcb_get_window_attributes_reply) != nullptr;
 }
 
-/// Sends a message about a window to `to`, and waits until the server has it.
+/// Sends a message about a window to `to`, and returns when the server has it.
 void send(Connection& connection, xcb_window_t to, std::uint32_t mask, xcb_window_t about,
           const char* type, const std::array<std::uint32_t, 5>& data) {
     xcb_client_message_event_t event = {};
@@ -183,7 +183,7 @@ bool NativeDesktop::WorkArea(ScreenArea& workArea) {
     const auto areas =
         numbersIn(connection->property(connection->root(), "_NET_WORKAREA", XCB_ATOM_CARDINAL, 32));
     const std::size_t first = current.empty() ? 0 : std::size_t{4} * current.front();
-    constexpr std::uint32_t farthest = 0x7FFF;  // of a place on an X screen
+    constexpr std::uint32_t farthest = 0x7FFF;  // coordinate on an X screen
     if (areas.size() >= first + 4 &&
         std::ranges::all_of(std::span(areas).subspan(first, 4),
                             [](std::uint32_t place) { return place <= farthest; })) {

@@ -6,7 +6,8 @@ namespace {
 
 using namespace x11;
 
-/// The key symbols first ... last (keysymdef.h of X11) are the virtual keys from `key` on.
+/// The key symbols first ... last (keysymdef.h of X11) correspond to the virtual keys from `key`
+/// on.
 struct Keys {
     xcb_keysym_t first;
     xcb_keysym_t last;
@@ -22,7 +23,7 @@ constexpr Keys kKeys[] = {
     {0xFFFF, 0xFFFF, 46},
 };
 
-/// 0 for a symbol that no virtual key has.
+/// 0 for a symbol without a virtual key.
 int keyOf(xcb_keysym_t symbol) {
     for (const Keys& keys : kKeys)
         if (symbol >= keys.first && symbol <= keys.last)
@@ -30,14 +31,14 @@ int keyOf(xcb_keysym_t symbol) {
     return 0;
 }
 
-/// A key that stands for two, the left and the right one.
+/// A virtual key for two keys, the left and the right one.
 struct EitherKey {
     std::size_t both;
     std::size_t left;
 };
 constexpr EitherKey kEither[] = {{16, 160}, {17, 162}, {18, 164}};
 
-/// Lights and the toggles that they show, by the server's usual order.
+/// A light, and the toggle key that it shows; usually the server has them in this order.
 struct Light {
     std::uint32_t mask;
     std::size_t key;

@@ -1,5 +1,5 @@
-// A window whose background is a picture of the text, so that the server draws it again whenever it
-// must, while the program is at work.
+// A window whose background is a picture of the text. So the server can redraw it at any time while
+// the program is busy.
 #include <array>
 #include <chrono>
 #include <mutex>
@@ -19,12 +19,12 @@ constexpr std::uint16_t kWidth = 280;
 constexpr std::uint16_t kHeight = 90;
 constexpr std::uint32_t kBackground = 0xF0F0F0;
 constexpr std::uint32_t kForeground = 0x202020;
-/// How long a window manager may take to show a window.
+/// The longest wait for a window manager to show the window.
 constexpr auto kLongestWait = std::chrono::seconds(2);
 constexpr auto kBetweenRequests = std::chrono::milliseconds(50);
 constexpr auto kBetweenLooks = std::chrono::milliseconds(1);
 
-/// The first of these that the server has; the last one is built into every server.
+/// The server uses the first one that it has; the last one is built into every server.
 constexpr const char* kFonts[] = {"-*-helvetica-medium-r-normal--18-*-*-*-*-*-iso8859-1",
                                   "-*-*-medium-r-normal--18-*-*-*-*-*-iso8859-1", "fixed"};
 constexpr std::uint16_t kWatch = 150;  // of the font "cursor"
@@ -84,7 +84,7 @@ class WaitWindow {
         xcb_change_property(get(), XCB_PROP_MODE_REPLACE, window_, name, type, format, count, data);
     }
 
-    /// What window managers want to know: a dialog of a fixed size that cannot be typed into.
+    /// Tells window managers that this is a dialog of fixed size without keyboard input.
     void describe() {
         connection_->learn(
             {"_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DIALOG", "UTF8_STRING", "_NET_WM_NAME"});
@@ -161,7 +161,7 @@ class WaitWindow {
         return about && about->map_state == XCB_MAP_STATE_VIEWABLE;
     }
 
-    /// Asks again and again: a window manager that is just starting may miss it.
+    /// Asks repeatedly, because a window manager that is just starting may miss a request.
     void waitUntilShown() {
         const auto deadline = steady_clock::now() + kLongestWait;
         for (auto asked = steady_clock::time_point::min(); !isShown();
@@ -189,7 +189,7 @@ struct State {
 };
 
 State& state() {
-    static State& only = *new State;  // never destroyed: other threads may outlive what is static
+    static State& only = *new State;  // never destroyed: other threads may outlive static objects
     return only;
 }
 

@@ -1,4 +1,4 @@
-// One suite of tests for the imitated registry and the native one, so that they cannot drift apart.
+// One suite of tests for the registry in memory and the native one, so that both behave the same.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -14,8 +14,9 @@ namespace quorkit::test {
 using Names = std::vector<String>;
 using Values = std::vector<NamedValue>;
 
-/// A key of the user's own for one test, the system's (true) or in memory. Nothing else is touched.
-class RegistryRoom : public testing::TestWithParam<bool> {
+/// A key for one test, in the system's registry (true) or in memory. The rest of the registry is
+/// left alone.
+class EachRegistry : public testing::TestWithParam<bool> {
     Scratch scratch;
     Variable dataFolder{"XDG_DATA_HOME", scratch.folder().string()};
     MemoryPorts memory;
@@ -26,7 +27,7 @@ class RegistryRoom : public testing::TestWithParam<bool> {
     const String base = u"Software\\" + scratch.folder().filename().u16string();
     RegistryValue value;
 
-    ~RegistryRoom() override { GQuorRegistry(world).Reg_DeletePath(u"HKCU\\" + base); }
+    ~EachRegistry() override { GQuorRegistry(world).Reg_DeletePath(u"HKCU\\" + base); }
 
     registry::RegPath at(const String& path) const {
         return {RegistryRoot::CurrentUser, base + path};
@@ -39,8 +40,8 @@ class RegistryRoom : public testing::TestWithParam<bool> {
     }
 };
 
-inline std::string nameOfRegistry(const testing::TestParamInfo<bool>& room) {
-    return room.param ? "native" : "memory";
+inline std::string nameOfRegistry(const testing::TestParamInfo<bool>& info) {
+    return info.param ? "native" : "memory";
 }
 
 }  // namespace quorkit::test

@@ -1,4 +1,4 @@
-#include "win32/file_gate.h"
+#include "win32/file_mutex.h"
 
 #include <quorkit/ports/ports.h>
 
@@ -9,13 +9,13 @@
 namespace quorkit::native {
 namespace {
 
-/// One name for one file, however its own is spelled.
+/// The same name for one file, however the file's name is spelled.
 std::wstring objectName(String name) {
     ::CharLowerBuffW(wide(name), static_cast<DWORD>(name.size()));
     return L"Global\\quorkit-" + std::to_wstring(base::hashOf(StringView(name)));
 }
 
-/// Users who share the file share its objects, so everyone may open them.
+/// Users who share the file also share its kernel objects, so everyone may open them.
 template <class Make>
 HANDLE makeForEveryone(Make make) {
     SECURITY_DESCRIPTOR everyone = {};
@@ -27,19 +27,19 @@ HANDLE makeForEveryone(Make make) {
 
 }  // namespace
 
-Gate::Gate(const String& name) : file_(name), name_(objectName(name)) {
+FileMutex::FileMutex(const String& name) : file_(name), name_(objectName(name)) {
     mutex_ = makeForEveryone([&](SECURITY_ATTRIBUTES* security) {
         return ::CreateMutexW(security, FALSE, name_.c_str());
     });
     if (mutex_ == nullptr) status_ = lastError();
 }
 
-Gate::~Gate() {
+FileMutex::~FileMutex() {
     unmark();
     if (mutex_ != nullptr) ::CloseHandle(mutex_);
 }
 
-ErrorCode Gate::enter(std::chrono::milliseconds most) {
+ErrorCode FileMutex::enter(std::chrono::milliseconds most) {
     switch (::WaitForSingleObject(mutex_, static_cast<DWORD>(most.count()))) {
         case WAIT_OBJECT_0:
         case WAIT_ABANDONED:
@@ -52,25 +52,25 @@ ErrorCode Gate::enter(std::chrono::milliseconds most) {
     }
 }
 
-void Gate::leave() {
+void FileMutex::leave() {
     ::ReleaseMutex(mutex_);
 }
 
-bool Gate::marked() const {
+bool FileMutex::marked() const {
     const HANDLE other = ::OpenEventW(SYNCHRONIZE, FALSE, (name_ + L"-mark").c_str());
     if (other == nullptr) return ::GetLastError() != ERROR_FILE_NOT_FOUND;
     ::CloseHandle(other);
     return true;
 }
 
-ErrorCode Gate::mark() {
+ErrorCode FileMutex::mark() {
     mark_ = makeForEveryone([&](SECURITY_ATTRIBUTES* security) {
         return ::CreateEventW(security, TRUE, FALSE, (name_ + L"-mark").c_str());
     });
     return mark_ == nullptr ? lastError() : kSuccess;
 }
 
-void Gate::unmark() {
+void FileMutex::unmark() {
     if (mark_ != nullptr) ::CloseHandle(mark_);
     mark_ = nullptr;
 }

@@ -1,4 +1,4 @@
-// One suite of tests for the imitated files and the native ones, so that they cannot drift apart.
+// One suite of tests for the files in memory and the native ones, so that both behave the same.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@
 namespace quorkit::test {
 
 /// An empty folder, on the disk (true) or in memory.
-class RoomTest : public testing::TestWithParam<bool> {
+class EachImplementation : public testing::TestWithParam<bool> {
     MemoryPorts memory;
     Scratch scratch;
 
@@ -33,7 +33,7 @@ class RoomTest : public testing::TestWithParam<bool> {
         if (!GetParam()) return memory.files.setReadOnly(name(file));
         std::filesystem::permissions(scratch.path(file), perms::owner_read | perms::group_read);
     }
-    /// False when a test can make no links here.
+    /// False when links cannot be made here.
     bool makeLink(const std::string& link, const std::string& target) {
         std::error_code error;
         if (!GetParam()) memory.files.addLink(name(link), name(target));
@@ -58,7 +58,7 @@ class RoomTest : public testing::TestWithParam<bool> {
         EXPECT_EQ(files.FlushFileBuffers(handle), kSuccess);
         close(handle);
     }
-    /// Puts `bytes` in the place of a locked file.
+    /// Replaces the locked file by one with `bytes`.
     ErrorCode replace(Handle held, const std::string& bytes) {
         Handle made = Handle::Invalid;
         EXPECT_EQ(files.CreateReplacement(held, name("work"), made), kSuccess);
@@ -77,7 +77,7 @@ class RoomTest : public testing::TestWithParam<bool> {
         std::string content;
         return file::readWholeFile(files, name(file), content) == kSuccess ? content : "(failed)";
     }
-    /// Runs `body` on a thread of its own while `meanwhile` finds it waiting and lets it go.
+    /// Runs `body` on a thread of its own. `meanwhile` runs while `body` waits, and ends the wait.
     template <class Body, class Meanwhile>
     void waits(Body body, Meanwhile meanwhile) {
         std::atomic<bool> done = false;
@@ -92,8 +92,8 @@ class RoomTest : public testing::TestWithParam<bool> {
     }
 };
 
-inline std::string nameOfRoom(const testing::TestParamInfo<bool>& room) {
-    return room.param ? "native" : "memory";
+inline std::string nameOfImplementation(const testing::TestParamInfo<bool>& info) {
+    return info.param ? "native" : "memory";
 }
 
 }  // namespace quorkit::test
