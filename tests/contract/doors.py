@@ -16,7 +16,7 @@ import sys
 import tempfile
 import threading
 
-from table import ENVIRONMENT, Catalogue, Place, rows, same, steps
+from table import ENVIRONMENT, Catalogue, Place, kind, rows, same, steps
 
 SECONDS = 30  # that a call may take
 CATALOGUE = Catalogue()
@@ -38,10 +38,10 @@ class Answer:
 
 
 def split(step):
-    """Kind, owner and member of a call."""
-    kind = next(word for word in ("call", "get", "let") if word in step)
-    owner, member = step[kind].split(".", 1)
-    return kind, owner, member
+    """How a member is reached, its owner and its name."""
+    way = next(word for word in ("call", "get", "let") if word in step)
+    owner, member = step[way].split(".", 1)
+    return way, owner, member
 
 
 class Door:
@@ -58,8 +58,8 @@ class Door:
         self.kept = {}  # their values
 
     def member(self, step):
-        kind, owner, member = split(step)
-        return CATALOGUE.member(self.classes.get(owner, owner), member, kind)
+        way, owner, member = split(step)
+        return CATALOGUE.member(self.classes.get(owner, owner), member, way)
 
     def parameters(self, step):
         return self.member(step).get("parameters", [])
@@ -88,6 +88,8 @@ class Door:
             wrong = self.place.file(step)
             if wrong is not None:
                 raise Failed(wrong)
+        elif "properties" in step:
+            self.kept[step["as"]] = self.value({"properties": step["properties"]})
         elif "new" in step:
             self.create(step["new"], step["as"])
             for name, to in step.get("with", {}).items():
@@ -175,8 +177,9 @@ class Rpc(Door):
             self.end(self.display)
             raise Failed("no answer")
         answer = json.loads(line)
-        if "error" in answer and answer["error"]["code"] != -32000:
-            raise Failed(answer["error"]["message"])
+        failure = answer.get("error")
+        if failure and (failure["code"] != -32000 or method != "invoke"):
+            raise Failed(failure["message"])
         return answer
 
     def create(self, class_name, name):
@@ -188,9 +191,9 @@ class Rpc(Door):
         return self.request("create", {"properties": values})["result"]
 
     def ask(self, step):
-        kind, owner, member = split(step)
+        way, owner, member = split(step)
         given, named = self.arguments(step)
-        params = {"member": member, "kind": kind, "args": given, "named": named}
+        params = {"member": member, "kind": way, "args": given, "named": named}
         params.update(self.kept[owner] if owner in self.kept else {"class": owner})
         if owner in self.kept and "object" not in params:
             raise Cannot("a member of an object that this door copies")
@@ -222,14 +225,14 @@ class Cli(Door):
         return super().value(value)
 
     def ask(self, step):
-        kind, owner, member = split(step)
+        way, owner, member = split(step)
         sets = self.kept.get(owner, [])
         given, named = self.arguments(step)
         parameters = self.parameters(step)
         types = {one["name"].lower(): one["type"] for one in parameters}
         if not isinstance(sets, list):
             raise Cannot("an object that lives from call to call")
-        if kind == "let":
+        if way == "let":
             if len(given) > 1:
                 raise Cannot("a property with an index")
             sets = sets + ["--set", f"{member}={self.typed(given[0], types.get('newvalue', 'Variant'))}"]
@@ -250,9 +253,9 @@ class Cli(Door):
         for name, one in named.items():
             options += ["--arg", f"{name}={self.typed(one, types.get(name.lower(), 'Variant'))}"]
         answer = self.run(options, texts)
-        if kind == "call" and owner in self.kept and self.classes[owner] not in KEEP_NOTHING:
+        if way == "call" and owner in self.kept and self.classes[owner] not in KEEP_NOTHING:
             self.kept[owner] = None
-        return Answer(None, [], answer.error) if kind == "let" else answer
+        return Answer(None, [], answer.error) if way == "let" else answer
 
     def run(self, options, texts):
         if any(text.startswith("--") or text == "-e" for text in texts):
@@ -284,8 +287,12 @@ class Cli(Door):
             if wanted in ANYTHING and value[:1] in ("{", "["):
                 raise Cannot("a text that reads as a structure")
             return value
-        if isinstance(value, (bool, int, float)):
+        if isinstance(value, (bool, int)) and wanted != "Date":
             return str(value)
+        if isinstance(value, float) and wanted == "Double":
+            return str(value)
+        if isinstance(value, float) and wanted != "Date" and "e" not in str(value):
+            return f"{value:g}"
         if isinstance(value, list) or isinstance(value, dict) and STRUCTURES & set(value):
             if wanted in ANYTHING:
                 return json.dumps(value, ensure_ascii=False)
@@ -293,7 +300,7 @@ class Cli(Door):
                 return str(value["integer"])
             if "date" in value and isinstance(value["date"], str) and "." not in value["date"]:
                 return value["date"].replace("T", " ")
-        raise Cannot("a value that nobody can type: " + shown(value))
+        raise Cannot(f"{kind(value)} typed for {wanted}")
 
 
 def hard(c):
@@ -362,10 +369,10 @@ def main():
     server = None if windows else XServer()
     environments = {"": plain, "display": plain if windows else dict(plain, DISPLAY=server.display)}
     failures = 0
-    for name, kind in {"rpc": Rpc, "cli": Cli}.items():
+    for name, make in {"rpc": Rpc, "cli": Cli}.items():
         if options.door not in (None, name):
             continue
-        door = kind(options.launcher.split() + [program], environments, windows)
+        door = make(options.launcher.split() + [program], environments, windows)
         said, reasons = 0, collections.Counter()
         for row in rows(options.files):
             try:

@@ -9,7 +9,7 @@ import tempfile
 
 HERE = pathlib.Path(__file__).parent
 # What every door has in its environment, so that rows can rely on it.
-ENVIRONMENT = {"LC_ALL": "C.UTF-8", "TZ": "UTC", "GREETING": "Grüezi"}
+ENVIRONMENT = {"LC_ALL": "C.UTF-8", "TZ": "UTC", "GREETING": "Grüezi", "NESTED": "%NESTED% and more"}
 
 
 def rows(names):
