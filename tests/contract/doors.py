@@ -359,7 +359,7 @@ def main():
     parser.add_argument("--door", choices=["rpc", "cli"])
     parser.add_argument("--launcher", default="")
     parser.add_argument("files", nargs="*")
-    options = parser.parse_args()
+    options = parser.parse_intermixed_args()
     program = os.path.abspath(options.program)
     windows = program.endswith(".exe")
     home = tempfile.mkdtemp(prefix="quorkit-home-")

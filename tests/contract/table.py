@@ -85,7 +85,7 @@ def content(text):
     return None if text is None else text.encode()
 
 
-KINDS = {str: "String", bool: "Boolean", int: "Long", float: "Double", type(None): "Empty"}
+KINDS = {list: "Array", str: "String", bool: "Boolean", int: "Long", float: "Double", type(None): "Empty"}
 NOTATIONS = {"integer": "Integer", "date": "Date", "array": "Array", "bytes": "Bytes", "table": "Table",
              "collection": "Collection", "dictionary": "Dictionary", "picture": "Picture",
              "object": "Object", "nothing": "Nothing", "null": "Null", "missing": "Missing",
