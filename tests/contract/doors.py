@@ -16,7 +16,7 @@ import sys
 import tempfile
 import threading
 
-from table import ENVIRONMENT, Catalogue, Place, kind, rows, same, steps
+from table import ENVIRONMENT, Catalogue, Place, kind, rows, same, split, steps
 
 SECONDS = 30  # that a call may take
 CATALOGUE = Catalogue()
@@ -35,13 +35,6 @@ class Answer:
 
     def __init__(self, result=None, finals=None, error=None):
         self.result, self.finals, self.error = result, finals, error
-
-
-def split(step):
-    """How a member is reached, its owner and its name."""
-    way = next(word for word in ("call", "get", "let") if word in step)
-    owner, member = step[way].split(".", 1)
-    return way, owner, member
 
 
 class Door:

@@ -9,7 +9,7 @@ import tempfile
 
 HERE = pathlib.Path(__file__).parent
 # What every door has in its environment, so that rows can rely on it.
-ENVIRONMENT = {"LC_ALL": "C.UTF-8", "TZ": "UTC", "GREETING": "Grüezi", "NESTED": "%NESTED% and more"}
+ENVIRONMENT = dict(line.split("=", 1) for line in (HERE / "environment").read_text("utf-8").splitlines())
 
 
 def rows(names):
@@ -24,10 +24,17 @@ def steps(row):
     return row["steps"] if "steps" in row else [row]
 
 
+def split(step):
+    """How a member is reached, its owner and its name."""
+    way = next(word for word in ("call", "get", "let") if word in step)
+    owner, member = step[way].split(".", 1)
+    return way, owner, member
+
+
 class Catalogue:
     def __init__(self):
         known = json.loads((HERE / "../../docs/catalogue.json").read_text(encoding="utf-8"))
-        self.kinds = {one["name"]: one["kind"] for one in known["classes"]}
+        self.classes = {one["name"] for one in known["classes"]}
         self.members = {(one["name"].lower(), member["name"].lower(), member["kind"] == "let"): member
                         for one in known["classes"] for member in one["members"]}
 
