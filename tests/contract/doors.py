@@ -1,25 +1,25 @@
 #!/usr/bin/env python3
-"""doors.py PROGRAM [--door rpc|cli] [--launcher COMMAND...] [FILE...]
+"""doors.py PROGRAM [--door rpc|cli] [--launcher COMMAND] [FILE...]
 
-Says the contract table to the program `quorkit` as a client does: by one session of `quorkit rpc`, and
-by one `quorkit call` for each call. Ends with a line for each door, and with 1 when a row got another
-answer than it wants. --launcher is what the program is started with, such as wine.
+Says the contract table to the program `quorkit` as a client does: in one session of `quorkit rpc`, and by
+one `quorkit call` for each call. --launcher is what starts the program, such as wine. Ends with a line for
+each door, and with 1 when a row got another answer than it wants, or when a member has no row.
 """
 import argparse
 import collections
 import json
 import os
-import queue
 import shutil
 import subprocess
 import sys
 import tempfile
 import threading
 
-from table import ENVIRONMENT, Catalogue, Place, kind, rows, same, split, steps
+from table import ENVIRONMENT, Catalogue, Place, each, kind, rows, same, split, steps
 
 SECONDS = 30  # that a call may take
 CATALOGUE = Catalogue()
+MISSING = {"missing": True}
 
 
 class Cannot(Exception):
@@ -30,167 +30,121 @@ class Failed(Exception):
     """The answer is not what the row wants."""
 
 
-class Answer:
-    """What came of a call: a result, the final values of the parameters, or the number of an error."""
-
-    def __init__(self, result=None, finals=None, error=None):
-        self.result, self.finals, self.error = result, finals, error
+Answer = collections.namedtuple("Answer", "result finals error", defaults=(None, [], None))
 
 
 class Door:
-    def __init__(self, command, environments, windows):
-        self.command, self.environments, self.windows = command, environments, windows
+    """What the doors have in common: a row with what it has named."""
 
-    def close(self):
-        pass
+    def __init__(self, command, environments):
+        self.command, self.environments = command, environments
 
     def begin(self, row, place):
-        self.display = row.get("needs", "")
-        self.place = place
-        self.classes = {}  # of the objects that the row has named
-        self.kept = {}  # their values
+        self.display, self.place = row.get("needs", ""), place
+        self.classes, self.kept = {}, {}  # of the objects that the row has named, and their values
 
     def member(self, step):
         way, owner, member = split(step)
         return CATALOGUE.member(self.classes.get(owner, owner), member, way)
 
-    def parameters(self, step):
-        return self.member(step).get("parameters", [])
-
     def value(self, value):
         """An argument, with what the row has named put in."""
-        if isinstance(value, dict) and set(value) == {"named"}:
+        if isinstance(value, dict) and "named" in value:
             return self.kept[value["named"]]
-        if isinstance(value, dict) and set(value) == {"properties"}:
-            return self.foreign(value["properties"])
-        if isinstance(value, list):
-            return [self.value(one) for one in value]
+        if isinstance(value, dict) and "properties" in value:
+            return self.foreign(each(self.value, value["properties"]))
         if isinstance(value, dict):
-            return {name: self.value(one) for name, one in value.items() if name != "of"}
-        return value
-
-    def arguments(self, step):
-        """The values in order and those by name; the new one of a let is the last."""
-        given = [self.value(one) for one in step.get("args", [])]
-        if "let" in step:
-            given.append(self.value(step["to"]))
-        return given, {name: self.value(one) for name, one in step.get("named", {}).items()}
+            value = {name: one for name, one in value.items() if name != "of"}
+        return each(self.value, value)
 
     def take(self, step):
         if "file" in step:
-            wrong = self.place.file(step)
-            if wrong is not None:
-                raise Failed(wrong)
+            if not self.place.file(step):
+                raise Failed("another content")
         elif "properties" in step:
-            self.kept[step["as"]] = self.value({"properties": step["properties"]})
+            self.kept[step["as"]] = self.value(step)
         elif "new" in step:
-            self.create(step["new"], step["as"])
+            self.classes[step["as"]] = step["new"]
+            self.kept[step["as"]] = self.created(step["new"])
             for name, to in step.get("with", {}).items():
                 self.take({"let": f"{step['as']}.{name}", "to": to})
         else:
-            answer = self.ask(step)
-            if answer is not None:
-                self.compare(step, answer)
+            given = [self.value(one) for one in step.get("args", [])]
+            if "let" in step:
+                given.append(self.value(step["to"]))
+            named = {name.lower(): self.value(one) for name, one in step.get("named", {}).items()}
+            answer = self.ask(step, given, named)
+            if answer.error != step.get("error"):
+                raise Failed(f"error {answer.error}, result {shown(answer.result)}")
+            if answer.error is None and "let" not in step:
+                self.compare(step, given, named, answer)
 
-    def compare(self, step, answer):
-        if answer.error != step.get("error"):
-            raise Failed(f"error {answer.error}, result {shown(answer.result)}")
-        if answer.error is not None:
-            return
+    def compare(self, step, given, named, answer):
+        member = self.member(step)
+        if "gives" in step or "as" not in step:
+            if not same(self.value(step.get("gives")), answer.result):
+                raise Failed(shown(answer.result))
         if "as" in step:
-            self.kept[step["as"]] = answer.result
-            self.classes[step["as"]] = self.member(step).get("result", "")
-        wanted = self.value(step.get("gives"))
-        if not (same(wanted, answer.result) or "as" in step and "gives" not in step):
-            raise Failed(shown(answer.result))
-        if "let" in step:
-            return
-        given, named = self.arguments(step)
-        given += [{"missing": True}] * (len(answer.finals) - len(given))
-        for parameter, handed, final in zip(self.parameters(step), given, answer.finals):
-            name = parameter["name"]
-            handed = named.get(name, handed)
-            if name in step.get("changes", {}):
-                handed = self.value(step["changes"][name])
-            elif not parameter["byReference"] or handed == {"missing": True}:
+            self.kept[step["as"]], self.classes[step["as"]] = answer.result, member.get("result", "")
+        given = given + [MISSING] * len(answer.finals)
+        for parameter, wanted, final in zip(member.get("parameters", []), given, answer.finals):
+            wanted = named.get(parameter["name"].lower(), wanted)
+            if parameter["name"] in step.get("changes", {}):
+                wanted = self.value(step["changes"][parameter["name"]])
+            elif not parameter["byReference"] or wanted == MISSING:
                 continue
-            if not self.stays(handed, final, parameter):
-                raise Failed(f"{name} = {shown(final)}")
+            if not self.stays(wanted, final, parameter["type"]):
+                raise Failed(f"{parameter['name']} = {shown(final)}")
 
-    def stays(self, wanted, final, parameter):
+    def stays(self, wanted, final, _):
         return same(wanted, final)
 
 
 class Rpc(Door):
-    """One session for all rows, and one for those that need a display."""
+    """A session for all rows, and one for those that need a display."""
 
     def __init__(self, *args):
         super().__init__(*args)
         self.sessions = {}
 
     def close(self):
-        for name in list(self.sessions):
-            self.end(name)
-
-    def end(self, name):
-        process, _ = self.sessions.pop(name)
-        process.stdin.close()
-        try:
+        for process in self.sessions.values():
+            process.stdin.close()
             process.wait(SECONDS)
-        except subprocess.TimeoutExpired:
-            process.kill()
-
-    def session(self):
-        if self.display not in self.sessions:
-            process = subprocess.Popen(self.command + ["rpc"], env=self.environments[self.display],
-                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                       stderr=subprocess.DEVNULL, cwd=tempfile.gettempdir())
-            lines = queue.Queue()
-
-            def read():
-                for line in process.stdout:
-                    lines.put(line)
-                lines.put(b"")
-
-            threading.Thread(target=read, daemon=True).start()
-            self.sessions[self.display] = process, lines
-        return self.sessions[self.display]
 
     def request(self, method, params):
-        process, lines = self.session()
+        if self.display not in self.sessions:
+            self.sessions[self.display] = subprocess.Popen(
+                self.command + ["rpc"], env=self.environments[self.display], cwd=tempfile.gettempdir(),
+                stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        process = self.sessions[self.display]
+        limit = threading.Timer(SECONDS, process.kill)
+        limit.start()
         message = json.dumps({"jsonrpc": "2.0", "id": 1, "method": method, "params": params})
         process.stdin.write(message.encode() + b"\n")
         process.stdin.flush()
-        try:
-            line = lines.get(timeout=SECONDS)
-        except queue.Empty:
-            line = b""
+        line = process.stdout.readline()
+        limit.cancel()
         if not line:
-            process.kill()
-            self.end(self.display)
+            del self.sessions[self.display]
             raise Failed("no answer")
         answer = json.loads(line)
-        failure = answer.get("error")
-        if failure and (failure["code"] != -32000 or method != "invoke"):
-            raise Failed(failure["message"])
+        if "error" in answer and (answer["error"]["code"] != -32000 or method != "invoke"):
+            raise Failed(answer["error"]["message"])
         return answer
 
-    def create(self, class_name, name):
-        self.kept[name] = self.request("create", {"class": class_name})["result"]
-        self.classes[name] = class_name
+    def created(self, class_name):
+        return self.request("create", {"class": class_name})["result"]
 
     def foreign(self, properties):
-        values = {name: self.value(one) for name, one in properties.items()}
-        return self.request("create", {"properties": values})["result"]
+        return self.request("create", {"properties": properties})["result"]
 
-    def ask(self, step):
+    def ask(self, step, given, named):
         way, owner, member = split(step)
-        given, named = self.arguments(step)
-        params = {"member": member, "kind": way, "args": given, "named": named}
-        params.update(self.kept[owner] if owner in self.kept else {"class": owner})
-        if owner in self.kept and "object" not in params:
+        target = self.kept.get(owner, {"class": owner})
+        if not {"class", "object"} & set(target):
             raise Cannot("a member of an object that this door copies")
-        answer = self.request("invoke", params)
+        answer = self.request("invoke", dict(target, member=member, kind=way, args=given, named=named))
         if "error" in answer:
             return Answer(error=answer["error"]["data"]["number"])
         return Answer(answer["result"]["result"], answer["result"]["args"])
@@ -198,66 +152,63 @@ class Rpc(Door):
 
 # What their objects do stays outside of them, so that a new one goes on where another has stopped.
 KEEP_NOTHING = {"QuorInifile"}
-STRUCTURES = {"array", "bytes", "table", "collection", "dictionary", "picture", "nothing", "integer", "date"}
-ANYTHING = {"Variant", "String()", "Byte()", "Variant()", "Object", "Collection", "Dictionary", "Picture"}
+TYPED_AS_JSON = {"Array", "Bytes", "Table", "Collection", "Dictionary", "Picture", "Nothing", "Integer", "Date"}
+TAKE_JSON = {"Variant", "String()", "Byte()", "Variant()", "Object", "Collection", "Dictionary", "Picture"}
 
 
 class Cli(Door):
-    """One process a call; an object is no more than its class and what its properties were set to."""
+    """One process a call. An object is its class and a list of what its properties were set to."""
 
-    def create(self, class_name, name):
-        self.classes[name] = class_name
-        self.kept[name] = []
+    def close(self):
+        pass
 
-    def foreign(self, properties):
+    def created(self, _):
+        return []
+
+    def foreign(self, _):
         raise Cannot("an object of the client's own")
 
     def value(self, value):
-        if isinstance(value, dict) and set(value) == {"named"} and isinstance(self.kept[value["named"]], list):
+        if isinstance(value, dict) and isinstance(self.kept.get(value.get("named")), list):
             raise Cannot("an object as an argument")
         return super().value(value)
 
-    def ask(self, step):
+    def ask(self, step, given, named):
         way, owner, member = split(step)
-        sets = self.kept.get(owner, [])
-        given, named = self.arguments(step)
-        parameters = self.parameters(step)
-        types = {one["name"].lower(): one["type"] for one in parameters}
-        if not isinstance(sets, list):
+        options = list(self.kept.get(owner, []) or [])
+        if owner in self.kept and not isinstance(self.kept[owner], list):
             raise Cannot("an object that lives from call to call")
+        parameters = self.member(step).get("parameters", [])
+        types = {one["name"].lower(): one["type"] for one in parameters}
         if way == "let":
             if len(given) > 1:
                 raise Cannot("a property with an index")
-            sets = sets + ["--set", f"{member}={self.typed(given[0], types.get('newvalue', 'Variant'))}"]
-            if owner in self.kept:
-                self.kept[owner] = sets
-                if "error" not in step:
-                    return None
-            given = []
-        texts = [f"{self.classes.get(owner, owner)}.{member}"]
-        options = list(sets)
-        names = [one["name"] for one in parameters] + [""] * len(given)
-        while given and {"missing": True} in given:  # what follows it goes by name
+            options += ["--set", f"{member}={self.typed(given.pop(), types.get('newvalue', 'Variant'))}"]
+            if owner in self.kept and "error" not in step:
+                self.kept[owner] = options
+                return Answer()
+        names = [*types] + [""] * len(given)
+        given, named = list(given), dict(named)
+        while MISSING in given:  # what follows it goes by name
             last = given.pop()
-            if last != {"missing": True}:
-                named = {names[len(given)]: last, **named}
-        for name, one in zip(names, given):
-            texts.append(self.typed(one, types.get(name.lower(), "Variant")))
+            if last != MISSING:
+                named[names[len(given)]] = last
+        texts = [f"{self.classes.get(owner, owner)}.{member}"]
+        texts += [self.typed(one, types.get(name, "Variant")) for name, one in zip(names, given)]
         for name, one in named.items():
-            options += ["--arg", f"{name}={self.typed(one, types.get(name.lower(), 'Variant'))}"]
-        answer = self.run(options, texts)
+            options += ["--arg", f"{name}={self.typed(one, types.get(name, 'Variant'))}"]
         if way == "call" and owner in self.kept and self.classes[owner] not in KEEP_NOTHING:
             self.kept[owner] = None
-        return Answer(None, [], answer.error) if way == "let" else answer
+        return self.run(options, texts)
 
     def run(self, options, texts):
         if any(text.startswith("--") or text == "-e" for text in texts):
             texts = ["--"] + texts
-        command = ["call", "--json"] + options + texts
-        if any(hard(c) for word in command for c in word):
-            command = ["call", "--json", "-e"] + [escaped(word) for word in options + texts]
+        words = options + texts
+        if any(hard(c) for word in words for c in word):
+            words = ["-e"] + [escaped(word) for word in words]
         try:
-            done = subprocess.run(self.command + command, env=self.environments[self.display],
+            done = subprocess.run(self.command + ["call", "--json"] + words, env=self.environments[self.display],
                                   stdin=subprocess.DEVNULL, capture_output=True, timeout=SECONDS,
                                   cwd=tempfile.gettempdir())
         except subprocess.TimeoutExpired:
@@ -265,34 +216,29 @@ class Cli(Door):
         if done.returncode == 0:
             answer = json.loads(done.stdout)
             return Answer(answer["result"], answer["args"])
-        words = done.stderr.decode().split()
-        if words[:2] != ["quorkit:", "error"]:
+        told = done.stderr.decode().split()
+        if told[:2] != ["quorkit:", "error"]:
             raise Failed(f"status {done.returncode}: {done.stderr.decode()}")
-        return Answer(error=int(words[2].rstrip(":")))
+        return Answer(error=int(told[2].rstrip(":")))
 
-    def stays(self, wanted, final, parameter):
-        """What a person types for any value is a text."""
-        return same(wanted, final) or parameter["type"] == "Variant" and final == self.typed(wanted, "String")
+    def stays(self, wanted, final, wanted_type):
+        """Where any value will do, what a person types is a text."""
+        return same(wanted, final) or wanted_type == "Variant" and final == self.typed(wanted, "String")
 
     def typed(self, value, wanted):
         """What a person types for a value where a type is wanted."""
-        if isinstance(value, str):
-            if wanted in ANYTHING and value[:1] in ("{", "["):
-                raise Cannot("a text that reads as a structure")
+        if isinstance(value, str) and not (wanted in TAKE_JSON and value[:1] in ("{", "[")):
             return value
         if isinstance(value, (bool, int)) and wanted != "Date":
             return str(value)
-        if isinstance(value, float) and wanted == "Double":
-            return str(value)
-        if isinstance(value, float) and wanted != "Date" and "e" not in str(value):
-            return f"{value:g}"
-        if isinstance(value, list) or isinstance(value, dict) and STRUCTURES & set(value):
-            if wanted in ANYTHING:
-                return json.dumps(value, ensure_ascii=False)
-            if "integer" in value:
-                return str(value["integer"])
-            if "date" in value and isinstance(value["date"], str) and "." not in value["date"]:
-                return value["date"].replace("T", " ")
+        if isinstance(value, float) and (wanted == "Double" or "e" not in str(value) and wanted != "Date"):
+            return str(value).removesuffix(".0")
+        if kind(value) in TYPED_AS_JSON and wanted in TAKE_JSON:
+            return json.dumps(value, ensure_ascii=False)
+        if kind(value) == "Integer":
+            return str(value["integer"])
+        if kind(value) == "Date" and "." not in str(value["date"]):
+            return value["date"].replace("T", " ")
         raise Cannot(f"{kind(value)} typed for {wanted}")
 
 
@@ -309,41 +255,43 @@ def shown(value):
     return json.dumps(value, ensure_ascii=True)
 
 
-class XServer:
-    """Xvfb for the rows that need a display."""
-
-    def __init__(self):
-        out, into = os.pipe()
-        self.process = subprocess.Popen(["Xvfb", "-displayfd", str(into), "-screen", "0", "1280x1024x24",
-                                         "-noreset", "-nolisten", "tcp"], pass_fds=[into],
-                                        stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                        stderr=subprocess.DEVNULL)
-        os.close(into)
-        with os.fdopen(out) as answer:
-            self.display = ":" + answer.readline().strip()
-
-    def close(self):
-        self.process.terminate()
-        self.process.wait()
-
-
-def say(door, name, row, windows):
-    """Nothing when the row was said and is as wanted."""
-    if row.get("on", "windows" if windows else "linux") != ("windows" if windows else "linux"):
+def say(door, name, row, system):
+    if row.get("on", system) != system:
         raise Cannot("a row of the other system")
     if name in row.get("not", {}):
         raise Cannot(row["not"][name])
-    place = Place(windows)
+    place = Place(system == "windows")
     try:
         door.begin(row, place)
-        for step in steps(row):
+        for step in map(place.filled, steps(row)):
             try:
-                door.take(place.filled(step))
+                door.take(step)
             except Failed as failed:
-                wanted = {one: what for one, what in step.items() if one not in ("tells", "name")}
-                raise Failed(f"{shown(wanted)}\n    got {failed}") from None
+                raise Failed(f"{shown(step)}\n    got {failed}") from None
     finally:
         place.close()
+
+
+def unsaid():
+    """What no row calls, and what no row with a sentence does."""
+    told = {}
+    for _, row in rows([]):
+        classes = {}
+        for step in steps(row):
+            if "new" in step:
+                classes[step["as"]] = step["new"]
+            if "file" in step or "properties" in step:
+                continue
+            lets = [{"let": f"{step['as']}.{name}"} for name in step.get("with", {})]
+            for call in lets if "new" in step else [step]:
+                way, owner, name = split(call)
+                key = classes.get(owner, owner).lower(), name.lower(), way == "let"
+                told[key] = told.get(key, False) or "tells" in row
+                if "as" in call:
+                    classes[call["as"]] = CATALOGUE.members.get(key, {}).get("result", "")
+    return [f"no row calls {key}" for key in CATALOGUE.members if key not in told] + [
+        f"no sentence tells of {key}" for key, tells in told.items() if not tells and not key[2]
+        and key in CATALOGUE.members]
 
 
 def main():
@@ -354,33 +302,37 @@ def main():
     parser.add_argument("files", nargs="*")
     options = parser.parse_intermixed_args()
     program = os.path.abspath(options.program)
-    windows = program.endswith(".exe")
+    system = "windows" if program.endswith(".exe") else "linux"
     home = tempfile.mkdtemp(prefix="quorkit-home-")
     plain = {name: value for name, value in os.environ.items()
              if name not in ("DISPLAY", "WAYLAND_DISPLAY") and not name.startswith("XDG_")}
     plain.update(ENVIRONMENT, HOME=home, QUORKIT_LIBEXEC=os.path.dirname(program))
-    server = None if windows else XServer()
-    environments = {"": plain, "display": plain if windows else dict(plain, DISPLAY=server.display)}
-    failures = 0
+    environments = {"": plain, "display": plain}
+    if system == "linux":
+        server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp"],
+                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        environments["display"] = dict(plain, DISPLAY=":" + server.stdout.readline().decode().strip())
+    failures = [] if options.files else unsaid()
     for name, make in {"rpc": Rpc, "cli": Cli}.items():
         if options.door not in (None, name):
             continue
-        door = make(options.launcher.split() + [program], environments, windows)
+        door = make(options.launcher.split() + [program], environments)
         said, reasons = 0, collections.Counter()
-        for row in rows(options.files):
+        for row_name, row in rows(options.files):
             try:
-                say(door, name, row, windows)
+                say(door, name, row, system)
                 said += 1
             except Cannot as cannot:
                 reasons[str(cannot)] += 1
             except Failed as failed:
-                failures += 1
-                print(f"{name}: {row['name']} wants {failed}")
+                failures.append(f"{name}: {row_name} wants {failed}")
         door.close()
         cannot = "".join(f"; {count} cannot: {why}" for why, count in reasons.most_common())
         print(f"{name}: {said} rows said{cannot}")
-    if server:
-        server.close()
+    print(*failures, sep="\n", end="\n" if failures else "")
+    if system == "linux":
+        server.terminate()
+        server.wait()
     shutil.rmtree(home, ignore_errors=True)
     return 1 if failures else 0
 
