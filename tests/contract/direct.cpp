@@ -3,6 +3,9 @@
 #include <quorkit/errors.h>
 
 #include <iostream>
+#include <utility>
+
+#include "contract/table.h"
 
 namespace quorkit::test {
 
@@ -10,19 +13,28 @@ void DirectRow::doUntil(std::size_t step) {
     for (; done_ < step; ++done_) row_.doneWithout(row_.steps()[done_]);
 }
 
+void DirectRow::finish() {
+    doUntil(row_.steps().size());
+}
+
+Variant DirectRow::any(const char* place) {
+    return row_.value(row_.steps()[done_][Json::json_pointer(place)]);
+}
+
 void DirectRow::say(std::size_t step, const std::function<Variant()>& call) {
-    doUntil(step++);
-    step_ = &row_.steps()[done_++];
+    doUntil(step);
+    const Json& said = row_.steps()[step];
     finals_.clear();
     Answer answer;
     try {
         answer.result = call();
     } catch (const AutomationError& error) {
         answer.error = error.number();
-        answer.argument = step_->value("argument", "");  // which C++ cannot tell
+        answer.argument = said.value("argument", "");  // which C++ cannot tell
     }
     answer.finals = std::move(finals_);
-    if (!step_->contains("new")) row_.expect(*step_, answer);
+    if (!said.contains("new")) row_.expect(said, answer);
+    ++done_;
 }
 
 Array<String> DirectRow::strings(const char* place) {

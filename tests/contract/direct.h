@@ -5,9 +5,14 @@
 #include <quorkit/dictionary.h>
 #include <quorkit/picture.h>
 
-#include "contract/table.h"
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <string>
 
 namespace quorkit::test {
+
+class RowBeingSaid;
 
 class DirectRow {
    public:
@@ -16,12 +21,12 @@ class DirectRow {
     /// Does the steps before this one that are no calls, then this one, and looks at its answer.
     void say(std::size_t step, const std::function<Variant()>& call);
     /// Does the steps that are left.
-    void finish() { doUntil(row_.steps().size()); }
+    void finish();
     /// What a variable holds that the call may have changed.
     void changed(const char* parameter, Variant value) { finals_[parameter] = std::move(value); }
 
     // An argument of the step by its place in it, such as "/args/0".
-    Variant any(const char* place) { return row_.value((*step_)[Json::json_pointer(place)]); }
+    Variant any(const char* place);
     String text(const char* place) { return any(place).get<String>(); }
     Date date(const char* place) { return any(place).get<Date>(); }
     Array<Byte> bytes(const char* place) { return any(place).get<Array<Byte>>(); }
@@ -37,7 +42,6 @@ class DirectRow {
 
     RowBeingSaid& row_;
     std::size_t done_ = 0;
-    const Json* step_ = nullptr;
     std::map<std::string, Variant> finals_;
 };
 

@@ -46,29 +46,6 @@ bool isOnly(const Json& json, const char* name) {
     return json.is_object() && json.size() == 1 && json.contains(name);
 }
 
-std::string kindOfValue(const Json& json) {
-    static const std::map<std::string, std::string> kinds = {{"integer", "Integer"},
-                                                             {"date", "Date"},
-                                                             {"array", "Array"},
-                                                             {"bytes", "Bytes"},
-                                                             {"table", "Table"},
-                                                             {"collection", "Collection"},
-                                                             {"dictionary", "Dictionary"},
-                                                             {"picture", "Picture"},
-                                                             {"object", "Object"},
-                                                             {"nothing", "Nothing"},
-                                                             {"null", "Null"},
-                                                             {"missing", "Missing"},
-                                                             {"error", "Error"}};
-    if (json.is_object())
-        return kinds.at(json.begin().key() == "lower" ? (++json.begin()).key()
-                                                      : json.begin().key());
-    if (json.is_string()) return "String";
-    if (json.is_boolean()) return "Boolean";
-    if (json.is_null()) return "Empty";
-    return json.is_number_integer() ? "Long" : "Double";
-}
-
 /// The notation with what may be left out.
 Json whole(const Json& json) {
     if (json.is_array()) return {{"array", json}, {"lower", 0}};
@@ -79,7 +56,6 @@ Json whole(const Json& json) {
 }
 
 bool same(const Json& wanted, const Json& found) {
-    if (isOnly(wanted, "any")) return kindOfValue(found) == wanted["any"];
     if (isOnly(wanted, "like"))
         return found.is_string() &&
                std::regex_match(found.get<std::string>(), std::regex(wanted["like"]));
@@ -106,6 +82,14 @@ void tellApart(const Variant& value, Json& json) {
         tellApart(array->elements()[i], json["array"][i]);
 }
 
+std::string kindOf(const Variant& value) {
+    static constexpr const char* kinds[] = {"Empty", "Null",   "Error",  "Boolean", "Integer",
+                                            "Long",  "Double", "Date",   "String",  "Array",
+                                            "Bytes", "Array",  "Nothing"};
+    const auto* object = value.getIf<ObjectRef>();
+    return object != nullptr && *object ? (*object)->className() : kinds[value.index()];
+}
+
 Json bytesOf(const Json& content) {
     if (!isOnly(content, "bytes")) return content;
     const auto bytes = json::fromBase64(content["bytes"].get<std::string>()).value();
@@ -125,29 +109,39 @@ RowBeingSaid::~RowBeingSaid() {
     objects_.letGoOfAll();
 }
 
-Variant RowBeingSaid::value(const Json& notation) {
-    if (isOnly(notation, "named")) return named_.at(notation["named"]).value;
+Json RowBeingSaid::shown(const Variant& value) {
+    Json json = json::toJson(value, objects_);
+    tellApart(value, json);
+    return json;
+}
+
+Json RowBeingSaid::resolved(const Json& notation) {
+    if (isOnly(notation, "named")) return shown(named_.at(notation["named"]).value);
     if (isOnly(notation, "properties")) {
         std::vector<rpc::PropertyObject::Property> properties;
         for (const auto& [name, one] : notation["properties"].items())
             properties.emplace_back(json::textOf(name), value(one));
-        return std::make_shared<rpc::PropertyObject>(std::move(properties));
+        return shown(std::make_shared<rpc::PropertyObject>(std::move(properties)));
     }
-    Json plain = notation;
-    if (plain.is_object()) plain.erase("of");
-    return json::fromJson(plain, objects_);
+    Json json = notation;
+    if (json.is_structured())
+        for (Json& one : json) one = resolved(one);
+    return json;
 }
 
-std::string RowBeingSaid::classOf(const Json& step) const {
-    const std::string owner = targetOf(step).first;
-    const auto found = named_.find(owner);
-    return found == named_.end() ? owner : found->second.className;
+Variant RowBeingSaid::value(const Json& notation) {
+    if (isOnly(notation, "named")) return named_.at(notation["named"]).value;
+    Json json = resolved(notation);
+    if (json.is_object()) json.erase("of");
+    return json::fromJson(json, objects_);
 }
 
 const MemberInfo* RowBeingSaid::memberOf(const Json& step) const {
-    const ClassInfo* info = findClass(utf16(classOf(step)));
-    const CallKind kind = kindOf(step) == "let" ? CallKind::Let : CallKind::Call;
-    return info == nullptr ? nullptr : findMember(*info, utf16(targetOf(step).second), kind);
+    const Target target = targetOf(step);
+    const auto owner = named_.find(target.owner);
+    const ClassInfo* info =
+        findClass(utf16(owner == named_.end() ? target.owner : owner->second.className));
+    return info == nullptr ? nullptr : findMember(*info, target.member, target.kind);
 }
 
 void RowBeingSaid::name(const std::string& name, const std::string& className, Variant value) {
@@ -177,15 +171,12 @@ bool RowBeingSaid::doneWithout(const Json& step) {
 }
 
 void RowBeingSaid::expectSame(const Json& step, const Json& wanted, const Variant& found) {
-    Json json = json::toJson(found, objects_);
-    tellApart(found, json);
-    Json expected = wanted;
-    if (isOnly(wanted, "named")) {
-        const Variant& kept = named_.at(wanted["named"]).value;
-        expected = json::toJson(kept, objects_);
-        tellApart(kept, expected);
+    if (isOnly(wanted, "any")) {
+        EXPECT_EQ(kindOf(found), wanted["any"]) << json::writeJson(step);
+        return;
     }
-    EXPECT_TRUE(same(expected, json))
+    const Json json = shown(found);
+    EXPECT_TRUE(same(resolved(wanted), json))
         << json::writeJson(step) << "\n    got " << json::writeJson(json);
 }
 
@@ -218,16 +209,14 @@ void RowBeingSaid::expect(const Json& step, const Answer& answer) {
         EXPECT_TRUE(answer.finals.contains(name)) << json::writeJson(step);
 }
 
-std::string kindOf(const Json& step) {
-    for (const char* kind : {"call", "get"})
-        if (step.contains(kind)) return kind;
-    return "let";
-}
-
-std::pair<std::string, std::string> targetOf(const Json& step) {
-    const std::string path = step.at(kindOf(step));
+Target targetOf(const Json& step) {
+    constexpr std::pair<const char*, CallKind> kinds[] = {
+        {"call", CallKind::Call}, {"get", CallKind::Get}, {"let", CallKind::Let}};
+    const auto& [key, kind] =
+        *std::ranges::find_if(kinds, [&](const auto& one) { return step.contains(one.first); });
+    const std::string path = step[key];
     const std::size_t dot = path.find('.');
-    return {path.substr(0, dot), path.substr(dot + 1)};
+    return {kind, path.substr(0, dot), utf16(path.substr(dot + 1))};
 }
 
 String utf16(const std::string& text) {

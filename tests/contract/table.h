@@ -7,7 +7,6 @@
 #include <functional>
 #include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "json/object_table.h"
@@ -40,8 +39,6 @@ class RowBeingSaid {
     Variant value(const Json& notation);
     /// The member of a call, a get or a let; null when there is none.
     const MemberInfo* memberOf(const Json& step) const;
-    /// The class that the step's owner is of.
-    std::string classOf(const Json& step) const;
     void name(const std::string& name, const std::string& className, Variant value);
     /// Null when nothing is named so.
     const Variant* named(const std::string& name) const;
@@ -52,6 +49,10 @@ class RowBeingSaid {
     void expect(const Json& step, const Answer& answer);
 
    private:
+    /// A value in the notation.
+    Json shown(const Variant& value);
+    /// The notation with what the row has named put in.
+    Json resolved(const Json& notation);
     void expectSame(const Json& step, const Json& wanted, const Variant& found);
 
     Scratch place_;
@@ -65,10 +66,14 @@ class RowBeingSaid {
     std::map<std::string, Named> named_;
 };
 
-/// "call", "get" or "let".
-std::string kindOf(const Json& step);
-/// The two parts of what a step calls.
-std::pair<std::string, std::string> targetOf(const Json& step);
+/// What a step calls.
+struct Target {
+    CallKind kind;
+    std::string owner;
+    String member;
+};
+Target targetOf(const Json& step);
+/// A text of the table.
 String utf16(const std::string& text);
 
 /// The rows of a file, and the files.
