@@ -8,51 +8,6 @@
 namespace quorkit::test {
 namespace {
 
-TEST(PathNames, AreTakenApart) {
-    Late file(u"GQuorFile");
-    file.expect(
-        {u"ExtractDrive", u"ExtractPath", u"ExtractFileName", u"ExtractFileExt"},
-        {Row({u"C:\\dir\\a.txt"}, {u"C:", u"C:\\dir\\", u"a.txt", u".txt"}),
-         Row({u"c:a.tar.gz"}, {u"c:", u"c:", u"a.tar.gz", u".gz"}),
-         Row({u"dir/x."}, {u"", u"dir/", u"x.", u"."}),
-         Row({u"C:\\my.dir\\readme"}, {u"C:", u"C:\\my.dir\\", u"readme", u""}),
-         Row({u".profile"}, {u"", u"", u".profile", u".profile"}),
-         Row({u"d:"}, {u"d:", u"d:", u"", u""}), Row({u"1:\\x"}, {u"", u"1:\\", u"x", u""}),
-         Row({u"\u00E4:x"}, {u"", u"\u00E4:", u"x", u""}), Row({u":x"}, {u"", u":", u"x", u""}),
-         Row({u"\\\\srv\\share\\f"}, {u"\\\\srv", u"\\\\srv\\share\\", u"f", u""}),
-         Row({u""}, {u"", u"", u"", u""})});
-    file.expect(
-        {u"ExtractUNCName", u"ExtractUNCServerAndShareName"},
-        {Row({u"\\\\srv\\share\\d\\f"}, {u"srv", u"\\\\srv\\share"}),
-         Row({u"\\\\srv\\share"}, {u"srv", u"\\\\srv\\share"}),
-         Row({u"\\\\srv\\"}, {u"srv", u"\\\\srv\\"}), Row({u"\\\\srv"}, {u"srv", u"\\\\srv"}),
-         Row({u"\\\\srv\\\\x"}, {u"srv", u"\\\\srv\\"}), Row({u"\\\\"}, {u"", u""}),
-         Row({u"\\\\\\share"}, {u"", u""}), Row({u"C:\\x"}, {u"", u""}), Row({u""}, {u"", u""})});
-}
-
-TEST(PathNames, ArePutTogether) {
-    Late file(u"GQuorFile");
-    file.expect(u"PathAddBackSlash", {Row({u""}, u""), Row({u"C:"}, u"C:\\"),
-                                      Row({u"C:\\"}, u"C:\\"), Row({u"a/"}, u"a/\\")});
-    file.expect(
-        u"getParentDirectory",
-        {Row({u"C:\\a\\b"}, u"C:\\a"), Row({u"C:\\a\\b\\"}, u"C:\\a\\"), Row({u"C:\\a"}, u"C:"),
-         Row({u"C:\\a\\"}, u"C:\\"), Row({u"C:\\"}, u""), Row({u"a\\b"}, u""),
-         Row({u"a\\bc"}, u"a"), Row({u"abcd"}, u""), Row({u"\\abc"}, u""), Row({u"\\abc\\"}, u""),
-         Row({u"\\\\ab\\c"}, u""), Row({u"\\\\srv\\sh"}, u"\\\\srv"),
-         Row({u"\\\\srv\\sh\\d"}, u"\\\\srv\\sh"), Row({u"\\\\abcde"}, u"\\"), Row({u""}, u"")});
-    file.expect(
-        u"ChangeFileExt",
-        {Row({u"a.txt", u".bak"}, u"a.bak"), Row({u"name", u"txt"}, u"nametxt"),
-         Row({u"C:\\my.dir\\readme", u".txt"}, u"C:\\my.txt"), Row({u"a.b.c", u""}, u"a.b")});
-    file.expect(
-        u"GetFileNameForLanguage",
-        {Row({u"help.chm", u"D"}, u"help_D.chm"), Row({u"help_E.CHM", u"F"}, u"help_F.chm"),
-         Row({u"readme", u"D"}, u"readme_D."), Row({u"data.txt", u"F", u"csv"}, u"data.txt_F.csv"),
-         Row({u"a_EN.x", u"F"}, u"a_EN_F.x"), Row({u"_E.x", u"F"}, u"_F.x"),
-         Row({u"a.x", u"F"}, Error{5}), Row({u"", u"F"}, Error{5})});
-}
-
 TEST(PathNames, AreExpandedEnvironmentFirst) {
     MemoryPorts world;
     world.system.environment = {{u"A", u"[yyyy]"}};

@@ -48,13 +48,5 @@ TEST(ExpandDateString, PutsInTheLocalTime) {
          Row({u""}, u""), Row({String(5000, u'[') + String(5000, u']')}, Error{28})});
 }
 
-TEST(IsValidMailAddress, IsCoarse) {
-    Late strings(u"GQuorStrings");
-    strings.expect(u"isValidMailAddress",
-                   {Row({u"a@b.c"}, true), Row({u"a@b"}, false), Row({u"@b.c"}, false),
-                    Row({u"a.b@c"}, false), Row({u"a@."}, true), Row({u""}, false),
-                    Row({u"@a@b.c"}, false), Row({u"a b@c d."}, true), Row({u"a.c"}, false)});
-}
-
 }  // namespace
 }  // namespace quorkit::test

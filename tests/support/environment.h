@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace quorkit::test {
 
@@ -11,8 +13,8 @@ class Variable {
    public:
     using Value = std::optional<std::string>;  ///< nothing: the variable does not exist
 
-    Variable(const char* name, const Value& value) : name_(name) {
-        if (const char* before = std::getenv(name)) before_ = before;
+    Variable(std::string name, const Value& value) : name_(std::move(name)) {
+        if (const char* before = std::getenv(name_.c_str())) before_ = before;
         set(value);
     }
     ~Variable() { set(before_); }
@@ -21,14 +23,18 @@ class Variable {
 
     void set(const Value& value) const {
 #ifdef _WIN32
-        _putenv_s(name_, value.value_or("").c_str());  // an empty value removes it
+        const auto wide = [](const std::string& text) {
+            return std::filesystem::path(std::u8string(text.begin(), text.end())).wstring();
+        };
+        _wputenv_s(wide(name_).c_str(),
+                   wide(value.value_or("")).c_str());  // takes an empty one away
 #else
-        value ? setenv(name_, value->c_str(), 1) : unsetenv(name_);
+        value ? setenv(name_.c_str(), value->c_str(), 1) : unsetenv(name_.c_str());
 #endif
     }
 
    private:
-    const char* name_;
+    std::string name_;
     Value before_;
 };
 

@@ -81,17 +81,5 @@ TEST_F(ProgramTest, OpenMail) {
     EXPECT_EQ(program(u"OpenMail", {u"a"}), false);
 }
 
-TEST_F(ProgramTest, EncodesAndDecodes) {
-    program.expect(u"URLPathEncode", {{{u"a b&c=d"}, u"a%20b&c%3Dd"},
-                                      {{u"azAZ09-./_~&:?@#!$*+"}, u"azAZ09-./_~&:?@#!$*+"},
-                                      {{u"%\n\u00E4\u20AC\u4E2D"}, u"%25%0A%E4%80%3F"},
-                                      {{u"\"'(),;<>[\\]^`{|}"},
-                                       u"%22%27%28%29%2C%3B%3C%3E%5B%5C%5D%5E%60%7B%7C%7D"}});
-    program.expect(u"URLPathDecode", {{{u"a%20b&c%3dD+"}, u"a b&c=D+"},
-                                      {{u"%2541%E4%80"}, u"%41\u00E4\u20AC"},
-                                      {{u"100%"}, String(u"100\0", 4)},
-                                      {{u"%zz%4gx%-1%4"}, String(u"\0\0x\0\4", 5)}});
-}
-
 }  // namespace
 }  // namespace quorkit::test

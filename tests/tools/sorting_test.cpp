@@ -24,18 +24,6 @@ Array<Variant> sorted(Values values, bool caseSensitive = true, bool up = true) 
         .get<Array<Variant>>();
 }
 
-TEST(QuickSort, SortsPartsUpAndDown) {
-    const Values letters = {u"b", u"A", u"c"};
-    EXPECT_EQ(sorted(letters).elements(), (Values{u"A", u"b", u"c"}));
-    EXPECT_EQ(sorted(letters, false).elements(), (Values{u"A", u"b", u"c"}));
-    EXPECT_EQ(sorted(letters, true, false).elements(), (Values{u"c", u"b", u"A"}));
-    const Array<Variant> numbers({4.0, 3.0, 2.0, 1.0}, -1);
-    EXPECT_EQ(Late(u"GQuorTools")
-                  .call(u"QuickSortVariantArray", {numbers, Long{0}, Long{2}})
-                  .arguments[0],
-              Variant(Array<Variant>({4.0, 1.0, 2.0, 3.0}, -1)));
-}
-
 TEST(QuickSort, PutsEqualElementsWhereTheWrittenAlgorithmDoes) {
     const Values numbers = {Integer{1}, Long{1}, 1.0, Date{1}, true, false, 0.0, -0.0, 2.5, {}};
     const Values texts = {u"a", u"A", u"b", u"B", u"", u"aB", u"\u00E4", u"\u00C4", u"5", {}};
