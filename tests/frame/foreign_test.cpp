@@ -67,7 +67,7 @@ TEST(ForeignObjects, AreDictionariesAndPictures) {
                   {u"Item", [&](auto of) { return of[0].template get<String>() + u"!"; }}})});
     EXPECT_EQ(registry(u"Reg_ReadStringValue", {u"HKCU\\F", u"b"}), Variant(u"b!"));
 
-    const std::string& file = samples()[0].file;
+    const std::string file = samples()[0].file;
     const Variant bytes = Array<Byte>(std::vector<Byte>(file.begin(), file.end()));
     Late(u"GQuorClipboard", world)(u"SetPictureToClipboard",
                                    {std::make_shared<Foreign>(std::map<String, Foreign::Member>{
