@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uint32_t kWriters = 4;
-constexpr std::uint32_t kKeys = 100;
+constexpr std::uint32_t kKeysEach = 100;
 constexpr std::uint32_t kEntries = 5000;
 constexpr std::uint32_t kKills = 40;
 
@@ -94,7 +94,7 @@ class KeyRound {
 
    private:
     std::string file() const { return round_.file("keys.ini"); }
-    bool finished() const { return *std::min_element(next_.begin(), next_.end()) == kKeys; }
+    bool finished() const { return *std::min_element(next_.begin(), next_.end()) == kKeysEach; }
 
     std::vector<std::unique_ptr<Process>> startAll() {
         std::vector<std::unique_ptr<Process>> writers;
@@ -102,7 +102,7 @@ class KeyRound {
             Job job = round_.job(role_, "keys.ini");
             job.worker = worker;
             job.first = next_[worker];
-            job.steps = kKeys;
+            job.steps = kKeysEach;
             writers.push_back(std::make_unique<Process>(job));
         }
         return writers;
@@ -112,7 +112,7 @@ class KeyRound {
     void note(const std::vector<std::unique_ptr<Process>>& writers) {
         for (const auto& writer : writers)
             for (std::uint32_t& step = next_[writer->job().worker];
-                 step < kKeys && writer->board().step(step).outcome == Outcome::Done; ++step)
+                 step < kKeysEach && writer->board().step(step).outcome == Outcome::Done; ++step)
                 told_.insert(newKeyOf(writer->job().worker, step) + "=" + newValueOf(step));
     }
 
@@ -154,7 +154,7 @@ void runPeers(Report& report, std::uint64_t seed) {
         Role role;
         bool flag;
     };
-    report.addPeers("Four processes add " + numberOf(kKeys) + " keys each to one file of " +
+    report.addPeers("Four processes add " + numberOf(kKeysEach) + " keys each to one file of " +
                         numberOf(kForeignKeys) +
                         " keys and two comments; then all are killed at once " + numberOf(kKills) +
                         " times.",

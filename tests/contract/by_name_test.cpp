@@ -3,7 +3,6 @@
 #include <quorkit/dispatch.h>
 
 #include "contract/table.h"
-#include "json/utf8.h"
 
 namespace quorkit::test {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <quorkit/GQuorRegistry.h>
+#include <quorkit/utf8.h>
 
 #include <list>
 #include <memory>
@@ -9,7 +10,6 @@
 #include <regex>
 
 #include "json/base64.h"
-#include "json/utf8.h"
 #include "rpc/property_object.h"
 #include "support/environment.h"
 #include "support/late.h"
@@ -101,7 +101,7 @@ Json bytesOf(const Json& content) {
 RowBeingSaid::RowBeingSaid(const Json& row)
     : key_("HKCU\\Software\\" + place_.folder().filename().string()),
       steps_(row.contains("steps") ? row["steps"] : Json::array({row})) {
-    fill(steps_, json::toUtf8(place_.folder().u16string()), key_);
+    fill(steps_, toUtf8(place_.folder().u16string()), key_);
 }
 
 RowBeingSaid::~RowBeingSaid() {
