@@ -15,7 +15,6 @@
 #include "base/hash.h"
 #include "frame/conversion.h"
 #include "hosts/command.h"
-#include "support/late.h"
 
 namespace quorkit::test {
 namespace {
@@ -48,23 +47,6 @@ TEST(Catalogue, RowsAreWholeAndUnique) {
         }
     }
 }
-
-/// Fails a complete test run in which some member was never called.
-class AllMembersCalled : public testing::Environment {
-    void TearDown() override {
-        if (testing::GTEST_FLAG(filter) != "*" || testing::UnitTest::GetInstance()->Failed())
-            return;
-        for (const ClassInfo& info : classes())
-            for (const MemberInfo& member : info.members()) {
-                const char* mark = member.kind == MemberKind::PropertyLet ? "=" : "";
-                const std::string name = std::string(info.name) + "." + member.name + mark;
-                EXPECT_TRUE(calledMembers().contains(name)) << "no test calls " << name;
-            }
-    }
-};
-
-const testing::Environment* const kEnvironment =
-    testing::AddGlobalTestEnvironment(new AllMembersCalled);
 
 std::string documentOf(const std::string& name) {
     std::ifstream file(QUORKIT_SOURCE_DIR "/docs/" + name, std::ios::binary);

@@ -93,22 +93,6 @@ TEST(QuorCollection, BehavesAsTwoListsDo) {
     }
 }
 
-TEST(QuorCollection, KeepsAnyValueAndSharesObjectsWithAClone) {
-    Late c(u"QuorCollection");
-    const Variant object = c(u"clone");
-    for (const Variant& value : {Variant(), Variant(Null()), object}) {
-        c(u"setValueByKey", {value, u"Key"});
-        EXPECT_EQ(c(u"getValueByKey", {u"KEY"}), value);
-        EXPECT_EQ(c(u"getValueByKey", {u"absent", value}), value);
-    }
-    EXPECT_EQ(c(u"getValueByKey", {u"absent", Variant::missing()}), Variant(u""));
-    const ObjectRef clone = c(u"clone").get<ObjectRef>();
-    EXPECT_STREQ(clone->className(), "QuorCollection");
-    EXPECT_EQ(c(u"removeByKey", {u"kEY"}), Variant(true));
-    Variant key = u"key";
-    EXPECT_EQ(clone->call(u"getValueByKey", CallKind::Call, {{&key, 1}}), object);
-}
-
 struct Witness final : Object {
     explicit Witness(std::function<void()> action) : released(std::move(action)) {}
     ~Witness() override { released(); }

@@ -21,20 +21,23 @@ Variant DirectRow::any(const char* place) {
     return row_.value(row_.steps()[done_][Json::json_pointer(place)]);
 }
 
-void DirectRow::say(std::size_t step, const std::function<Variant()>& call) {
+void DirectRow::begin(std::size_t step) {
     doUntil(step);
-    const Json& said = row_.steps()[step];
     finals_.clear();
-    Answer answer;
-    try {
-        answer.result = call();
-    } catch (const AutomationError& error) {
-        answer.error = error.number();
-        answer.argument = said.value("argument", "");  // which C++ cannot tell
-    }
-    answer.finals = std::move(finals_);
-    if (!said.contains("new")) row_.expect(said, answer);
-    ++done_;
+}
+
+void DirectRow::gave(const Variant& result) {
+    expect(result, 0);
+}
+
+void DirectRow::raised(const AutomationError& error) {
+    expect({}, error.number());
+}
+
+void DirectRow::expect(Variant result, Long error) {
+    const Json& step = row_.steps()[done_++];
+    const std::string argument = error == 0 ? "" : step.value("argument", "");  // C++ has none
+    row_.expect(step, {std::move(result), std::move(finals_), error, argument});
 }
 
 Array<String> DirectRow::strings(const char* place) {

@@ -6,7 +6,6 @@
 #include <quorkit/picture.h>
 
 #include <cstddef>
-#include <functional>
 #include <map>
 #include <string>
 
@@ -18,8 +17,11 @@ class DirectRow {
    public:
     explicit DirectRow(RowBeingSaid& row) : row_(row) {}
 
-    /// Does the steps before this one that are no calls, then this one, and looks at its answer.
-    void say(std::size_t step, const std::function<Variant()>& call);
+    /// Does the steps before this one that are no calls.
+    void begin(std::size_t step);
+    /// Looks at what came of the call.
+    void gave(const Variant& result);
+    void raised(const AutomationError& error);
     /// Does the steps that are left.
     void finish();
     /// What a variable holds that the call may have changed.
@@ -39,6 +41,7 @@ class DirectRow {
 
    private:
     void doUntil(std::size_t step);
+    void expect(Variant result, Long error);
 
     RowBeingSaid& row_;
     std::size_t done_ = 0;

@@ -46,9 +46,13 @@ class Row:
             if "new" in step:
                 self.declare(step["as"], step["new"])
                 lets = [self.let(step["as"], name, to, f"/with/{name}") for name, to in step.get("with", {}).items()]
-                self.lines += [f"    row.say({number}, [&] {{", *lets, "        return Variant();", "    });"]
+                self.say(number, lets)
             elif "file" not in step and "properties" not in step:
-                self.lines += [f"    row.say({number}, [&] {{", *self.call(step), "    });"]
+                self.say(number, self.call(step))
+
+    def say(self, number, lines):
+        self.lines += [f"    row.begin({number});", "    try {", *lines,
+                       "    } catch (const AutomationError& error) {", "        row.raised(error);", "    }"]
 
     def declare(self, name, class_name):
         if class_name not in CATALOGUE.classes:
@@ -77,7 +81,7 @@ class Row:
         way, owner, name = split(step)
         target = self.owner(owner)
         if way == "let":
-            return [self.let(owner, name, step["to"], "/to", target), "        return Variant();"]
+            return [self.let(owner, name, step["to"], "/to", target), "        row.gave({});"]
         member = self.member(owner, name, way)
         before, arguments, after = [], self.arguments(step, member["parameters"]), []
         for number, (parameter, text) in enumerate(zip(member["parameters"], arguments)):
@@ -93,8 +97,10 @@ class Row:
             self.declare(step["as"], member["result"])
             called = f"{step['as']} = {called}"
         elif member["result"]:
-            return [*before, f"        Variant result = {called};", *after, "        return result;"]
-        return [*before, f"        {called};", *after, "        return Variant();"]
+            if after:
+                return [*before, f"        const Variant result = {called};", *after, "        row.gave(result);"]
+            return [f"        row.gave({called});"]
+        return [*before, f"        {called};", *after, "        row.gave({});"]
 
     def arguments(self, step, parameters):
         """One text for each parameter, up to the last that is given."""

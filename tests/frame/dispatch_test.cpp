@@ -1,7 +1,5 @@
 // The rules of a late-bound call, as a host sees them.
 #include <gtest/gtest.h>
-#include <quorkit/collection.h>
-#include <quorkit/dictionary.h>
 #include <quorkit/dispatch.h>
 #include <quorkit/ports/memory.h>
 
@@ -17,14 +15,6 @@ class Dispatch : public testing::Test {
     MemoryPorts world;
     Library library{world};
     ObjectRef strings = library.global(u"gquorstrings");
-    ObjectRef convert = library.global(u"GQuorConvert");
-
-    static Variant call(const ObjectRef& object, StringView member, std::vector<Variant> values) {
-        return object->call(member, CallKind::Call, {values});
-    }
-    static Long errorIn(const ObjectRef& object, StringView member, std::vector<Variant> values) {
-        return errorOf([&] { call(object, member, values); });
-    }
 };
 
 TEST_F(Dispatch, FindsObjectsAndMembers) {
@@ -37,43 +27,6 @@ TEST_F(Dispatch, FindsObjectsAndMembers) {
     EXPECT_EQ(errorOf([&] { library.create(u"GQuorLanguage")->call(u"any"); }), 438);
     EXPECT_EQ(errorOf([&] { strings->call(u"LPad", CallKind::Let); }), 438);
     EXPECT_EQ(errorOf([&] { strings->invoke(1, CallKind::Call, {}); }), 438);
-}
-
-TEST_F(Dispatch, ReadsAndSetsProperties) {
-    const ObjectRef ini = library.create(u"QuorInifile");
-    std::vector<Variant> name = {Long{7}};
-    ini->call(u"inifilename", CallKind::Let, {name});
-    EXPECT_EQ(ini->call(u"IniFileName", CallKind::Get), Variant(u"7"));
-    EXPECT_EQ(ini->call(u"IniFileName", CallKind::Call), Variant(u"7"));
-}
-
-TEST_F(Dispatch, ConvertsArguments) {
-    EXPECT_EQ(call(strings, u"LPad", {Long{0}, 7.0, u" 3 "}), Variant(u"007"));
-    EXPECT_EQ(call(convert, u"BoolToInt", {Empty()}), Variant(Integer{0}));
-    EXPECT_EQ(call(convert, u"WindowsLanguageIDToLanguageID", {u"2055"}), Variant(Long{1}));
-    EXPECT_EQ(errorIn(strings, u"LPad", {u"0", u"7", u"three"}), 13);
-    EXPECT_EQ(errorIn(strings, u"LPad", {u"0", Null(), Long{3}}), 94);
-    EXPECT_EQ(errorIn(convert, u"IntToBool", {Long{40000}}), 6);
-    EXPECT_EQ(errorIn(convert, u"CollectionToArray", {u"text"}), 13);
-    EXPECT_EQ(errorIn(convert, u"CollectionToArray", {ObjectRef()}), 91);
-    EXPECT_EQ(errorIn(convert, u"CollectionToArray", {Dictionary::make()}), 13);
-}
-
-TEST_F(Dispatch, GivesBackWhatGoesByReference) {
-    std::vector<Variant> values = {u"a,b", u",", Array<Variant>(std::vector<Variant>{Long{1}}, 5)};
-    EXPECT_EQ(convert->call(u"StringTokenToStringArray", CallKind::Call, {values}),
-              Variant(Long{2}));
-    EXPECT_EQ(values[2], Variant(Array<String>(std::vector<String>{u"a", u"b"})));
-
-    std::vector<Variant> first = {u"a,b"};
-    std::vector<NamedArgument> named = {
-        {u"C", ObjectRef()}, {u"btrim", Long{0}}, {u"delimiter", u","}};
-    EXPECT_EQ(convert->call(u"StringTokenToStringCollection", CallKind::Call, {first, named}),
-              Variant(Long{2}));
-    EXPECT_NE(named[0].value.get<ObjectRef>(), nullptr);
-
-    const Array<Variant> table({0, 2}, {0, 1});
-    EXPECT_EQ(errorIn(convert, u"StringTokenToStringArray", {u"", u"", table}), 13);
 }
 
 TEST_F(Dispatch, LeavesTheArgumentsOfARefusedCall) {

@@ -38,11 +38,6 @@ Variant flat(const Variant& value) {
 
 }  // namespace
 
-std::set<std::string>& calledMembers() {
-    static std::set<std::string> members;
-    return members;
-}
-
 Late::Late(const char16_t* className, Ports& ports)
     : library_(ports),
       object_(std::dynamic_pointer_cast<CatalogueObject>(library_.create(className))) {}
@@ -50,8 +45,6 @@ Late::Late(const char16_t* className, Ports& ports)
 Outcome Late::invoke(const char16_t* member, CallKind kind, std::vector<Variant> arguments) {
     const MemberInfo* info = findMember(object_->info(), member, kind);
     if (info == nullptr) throw std::logic_error("the test names a member that does not exist");
-    calledMembers().insert(std::string(object_->className()) + "." + info->name +
-                           (kind == CallKind::Let ? "=" : ""));
     CallResult result = quorkit::call(
         *object_, {.member = member, .kind = kind, .positional = std::move(arguments)});
     if (!result.reason.empty()) ports::giveReason(result.reason);

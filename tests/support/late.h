@@ -1,12 +1,9 @@
-// Calls the library by name, as clients do. Every call is counted, so that the test run can report
-// at its end which members were never called.
+// Calls the library by name, as clients do.
 #pragma once
 
 #include <quorkit/dispatch.h>
 
 #include <iosfwd>
-#include <set>
-#include <string>
 #include <vector>
 
 namespace quorkit {
@@ -15,9 +12,6 @@ void PrintTo(const Variant& value, std::ostream* out);
 }  // namespace quorkit
 
 namespace quorkit::test {
-
-/// "Class.Member" of every member called so far; a property's let as "Class.Member=".
-std::set<std::string>& calledMembers();
 
 /// One call: its result, and the final values of all parameters in order.
 struct Outcome {
