@@ -306,12 +306,16 @@ def main():
     home = tempfile.mkdtemp(prefix="quorkit-home-")
     plain = {name: value for name, value in os.environ.items()
              if name not in ("DISPLAY", "WAYLAND_DISPLAY") and not name.startswith("XDG_")}
-    plain.update(ENVIRONMENT, HOME=home, QUORKIT_LIBEXEC=os.path.dirname(program))
+    plain.update(ENVIRONMENT, HOME=home, TMPDIR=home, QUORKIT_LIBEXEC=os.path.dirname(program))
     environments = {"": plain, "display": plain}
     if system == "linux":
         server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp"],
                                   stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         environments["display"] = dict(plain, DISPLAY=":" + server.stdout.readline().decode().strip())
+    # While one program runs, Wine does not start anew for each of the others.
+    running = [] if system == "linux" else [subprocess.Popen(
+        options.launcher.split() + [program, "rpc"], env=plain, stdin=subprocess.PIPE,
+        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)]
     failures = [] if options.files else unsaid()
     for name, make in {"rpc": Rpc, "cli": Cli}.items():
         if options.door not in (None, name):
@@ -330,6 +334,9 @@ def main():
         cannot = "".join(f"; {count} cannot: {why}" for why, count in reasons.most_common())
         print(f"{name}: {said} rows said{cannot}")
     print(*failures, sep="\n", end="\n" if failures else "")
+    for process in running:
+        process.stdin.close()
+        process.wait()
     if system == "linux":
         server.terminate()
         server.wait()

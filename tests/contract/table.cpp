@@ -238,9 +238,11 @@ void sayRows(const std::string& file,
              const std::function<void(std::size_t number, RowBeingSaid& row)>& say) {
     const Scratch home;
     std::list<Variable> environment;
-    for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME"})
+    for (const char* name :
+         {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "TMPDIR"})
         environment.emplace_back(name, home.folder().string());
-    environment.emplace_back("DISPLAY", std::nullopt);
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY"})
+        environment.emplace_back(name, std::nullopt);
     std::istringstream lines(contentOf(kFolder / "environment"));
     for (std::string line; std::getline(lines, line);) {
         const std::size_t mark = line.find('=');

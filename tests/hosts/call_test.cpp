@@ -6,14 +6,15 @@ namespace quorkit::test {
 namespace {
 
 /// The words behind "call" on the command line, and the output.
-struct Case {
-    Case(String words, std::string printed) : line(u"call " + words), output(std::move(printed)) {}
+struct CallLine {
+    CallLine(String words, std::string printed)
+        : line(u"call " + words), output(std::move(printed)) {}
     String line;
     std::string output;
 };
 
-void expectOutput(const std::vector<Case>& cases) {
-    for (const Case& one : cases) {
+void expectOutput(const std::vector<CallLine>& cases) {
+    for (const CallLine& one : cases) {
         const CommandOutcome outcome = command(one.line);
         EXPECT_EQ(outcome.output, one.output) << outcome.errors;
         EXPECT_EQ(outcome.status, 0);
@@ -22,45 +23,46 @@ void expectOutput(const std::vector<Case>& cases) {
 
 TEST(Call, TakesTextsAndNamedArguments) {
     expectOutput(
-        {Case(u"GQuorStrings.LPad 0 7 3", "007\n"),
-         Case(u"gquorstrings.LPAD 0 --arg MAXLEN=3 --arg s==", "00=\n"),
-         Case(u"GQuorStrings.StringReplace aAa a  --arg vbIgnoreCase=True", "\n"),
-         Case(u"GQuorStrings.LPad -- --arg x 3", "--x\n"),
-         Case(u"GQuorConvert.IntToBool -5", "True\n"),
-         Case(u"GQuorConvert.myVal 1'234.50", "1234.5\n"),
-         Case(u"QuorInifile.IniFileName --set inifilename=a=b.ini", "a=b.ini\n"),
-         Case(u"GQuorConvert.cBoolEx [ja", "False\n"),
-         Case(u"GQuorStrings.getNoNumbers [\"a\"]", "[\"a\"]\n"),
+        {CallLine(u"GQuorStrings.LPad 0 7 3", "007\n"),
+         CallLine(u"gquorstrings.LPAD 0 --arg MAXLEN=3 --arg s==", "00=\n"),
+         CallLine(u"GQuorStrings.StringReplace aAa a  --arg vbIgnoreCase=True", "\n"),
+         CallLine(u"GQuorStrings.LPad -- --arg x 3", "--x\n"),
+         CallLine(u"GQuorConvert.IntToBool -5", "True\n"),
+         CallLine(u"GQuorConvert.myVal 1'234.50", "1234.5\n"),
+         CallLine(u"QuorInifile.IniFileName --set inifilename=a=b.ini", "a=b.ini\n"),
+         CallLine(u"GQuorConvert.cBoolEx [ja", "False\n"),
+         CallLine(u"GQuorStrings.getNoNumbers [\"a\"]", "[\"a\"]\n"),
          // Escapes are only replaced when asked for.
-         Case(u"GQuorStrings.getNoNumbers 1\\n", "\\n\n"),
-         Case(uR"(-e GQuorStrings.getNoNumbers \u00e91\t\q\\u\u12)", "\u00E9\t\\q\\u\\u\n"),
-         Case(uR"(-e GQuorStrings.NullStringToString --arg s=a\0b)", "a\n")});
+         CallLine(u"GQuorStrings.getNoNumbers 1\\n", "\\n\n"),
+         CallLine(uR"(-e GQuorStrings.getNoNumbers \u00e91\t\q\\u\u12)", "\u00E9\t\\q\\u\\u\n"),
+         CallLine(uR"(-e GQuorStrings.NullStringToString --arg s=a\0b)", "a\n")});
 }
 
 TEST(Call, TakesAndPrintsStructures) {
     const String tokens = u"GQuorConvert.StringTokenTo";
     expectOutput(
         {// Arguments for results only may be left out.
-         Case(tokens + u"StringArray a,\u00E4 ,",
-              "2\nsArray = {\"array\":[\"a\",\"\u00E4\"],\"lower\":0}\n"),
-         Case(tokens + u"StringCollection a;b ; False",
-              "2\nc = {\"collection\":[{\"item\":\"a\"},{\"item\":\"b\"}]}\n"),
-         Case(tokens + u"StringCollection  ; False", "0\nc = \n"),
-         Case(u"--json " + tokens + u"StringArray a ,",
-              "{\"args\":[\"a\",\",\",{\"array\":[\"a\"],\"lower\":0}],\"result\":1}\n"),
-         Case(uR"(GQuorConvert.CollectionToStringToken {"collection":[{"item":"x"},{"item":2}]} ;)",
-              "x;2\n"),
-         Case(uR"(GQuorConvert.ArrayToCollection ["p",true,[1,2]])",
-              "p\nTrue\n{\"array\":[1,2],\"lower\":0}\n"),
-         Case(uR"(GQuorConvert.ArrayToCollection {"table":[["k","v"],["","w"]],"lower":[1,1]})",
-              "k\tv\nw\n"),
-         Case(uR"(GQuorConvert.CollectionToArray {"collection":[{"item":1.5},{"item":null}]})",
-              "1.5\n\n"),
-         Case(uR"(GQuorConvert.CollectionToArray {"collection":[]})", "")});
+         CallLine(tokens + u"StringArray a,\u00E4 ,",
+                  "2\nsArray = {\"array\":[\"a\",\"\u00E4\"],\"lower\":0}\n"),
+         CallLine(tokens + u"StringCollection a;b ; False",
+                  "2\nc = {\"collection\":[{\"item\":\"a\"},{\"item\":\"b\"}]}\n"),
+         CallLine(tokens + u"StringCollection  ; False", "0\nc = \n"),
+         CallLine(u"--json " + tokens + u"StringArray a ,",
+                  "{\"args\":[\"a\",\",\",{\"array\":[\"a\"],\"lower\":0}],\"result\":1}\n"),
+         CallLine(
+             uR"(GQuorConvert.CollectionToStringToken {"collection":[{"item":"x"},{"item":2}]} ;)",
+             "x;2\n"),
+         CallLine(uR"(GQuorConvert.ArrayToCollection ["p",true,[1,2]])",
+                  "p\nTrue\n{\"array\":[1,2],\"lower\":0}\n"),
+         CallLine(uR"(GQuorConvert.ArrayToCollection {"table":[["k","v"],["","w"]],"lower":[1,1]})",
+                  "k\tv\nw\n"),
+         CallLine(uR"(GQuorConvert.CollectionToArray {"collection":[{"item":1.5},{"item":null}]})",
+                  "1.5\n\n"),
+         CallLine(uR"(GQuorConvert.CollectionToArray {"collection":[]})", "")});
 }
 
 TEST(Call, TellsErrors) {
-    const Case cases[] = {
+    const CallLine cases[] = {
         {u"GQuorNothing.LPad", "429: Cannot create object"},
         {u"GQuorStrings.Nothing", "438: Object doesn't support this property or method"},
         {u"QuorInifile.IniFileName --set LPad=1",
@@ -69,7 +71,7 @@ TEST(Call, TellsErrors) {
         {u"GQuorConvert.CollectionToArray {\"object\":1}", "424: Object required"},
         {u"GQuorClipboard.SetPictureToClipboard {\"picture\":\"AAAA\"}", "481: Invalid picture"},
     };
-    for (const Case& one : cases) {
+    for (const CallLine& one : cases) {
         const CommandOutcome outcome = command(one.line);
         EXPECT_EQ(outcome.errors, "quorkit: error " + one.output + '\n');
         EXPECT_EQ(outcome.output, "");
