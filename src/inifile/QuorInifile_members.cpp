@@ -26,10 +26,11 @@ std::span<const MemberInfo> frame::memberRows<QuorInifile>() {
                                     "The names of a section's keys."),
         method<&C::ReadSectionNames>(0x60030004, "ReadSectionNames", {"countSectionsRead"},
                                      "The names of the file's sections."),
-        method<&C::DeleteSection>(0x60030005, "DeleteSection", {"sSection"},
-                                  "Removes a section with all its lines; 1, or 0 when it was not."),
+        method<&C::DeleteSection>(
+            0x60030005, "DeleteSection", {"sSection"},
+            "Removes a section with all its lines; 1, or 0 when nothing was removed."),
         method<&C::DeleteKey>(0x60030006, "DeleteKey", {"sSection", "sKeyName"},
-                              "Removes a key; 1, or 0 when it was not."),
+                              "Removes a key; 1, or 0 when nothing was removed."),
         method<&C::AddSection>(0x60030007, "AddSection", {"sSection"},
                                "Makes an empty section; one that exists is emptied."),
         method<&C::DeleteKeys>(0x60030008, "DeleteKeys",
@@ -42,7 +43,7 @@ std::span<const MemberInfo> frame::memberRows<QuorInifile>() {
         method<&C::WriteSectionContent>(0x6003000A, "WriteSectionContent",
                                         {"sSection", "sKeyArray", "lOldSectionSizeInByte"},
                                         "Merges a table of keys and values into a section; how "
-                                        "many entries, -1 when it could not be read."),
+                                        "many entries, -1 when the size is no number."),
         method<&C::WriteMultiLineValue>(0x6003000B, "WriteMultiLineValue",
                                         {"sSection", "sKey", "sValue"},
                                         "Stores a value of several lines; 1, or 0 when the key is "

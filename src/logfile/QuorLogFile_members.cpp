@@ -18,9 +18,9 @@ std::span<const MemberInfo> frame::memberRows<QuorLogFile>() {
             "Names the file to write; %NAME% is replaced. A bare name, with "
             "no folder in front, writes nothing."),
         propertyGet<&C::Append>(0x68030001, "Append",
-                                "Whether what is in the file stays when it is opened first."),
+                                "Whether the first opening keeps what is in the file."),
         propertyLet<&C::setAppend>(0x68030001, "Append",
-                                   "Chooses whether what is in the file stays."),
+                                   "Chooses whether the first opening keeps what is in the file."),
         propertyGet<&C::MaxFileSize>(0x68030002, "MaxFileSize",
                                      "The size in bytes beyond which the file is shortened."),
         propertyLet<&C::setMaxFileSize>(0x68030002, "MaxFileSize",

@@ -3,7 +3,7 @@
 //   Windows Registry Editor Version 5.00        or REGEDIT4, the old form
 //
 //   [HKEY_CURRENT_USER\Software\X]              makes a key; what follows goes there
-//   @="text"                                    a value as in value_text.h
+//   @="text"                                    a value as in base/registry_value_text.h
 //   "Name"=hex:01,02,\                          hexadecimal digits go on behind a "\"
 //     03,04
 //   "Gone"=-                                    deletes a value
@@ -13,7 +13,7 @@
 // A text between quotation marks may hold line breaks. A key's name ends at the last "]" of its
 // line. Roots are those of key_name.h, long or short.
 //
-// Source: as value_text.h; layout as Wine's "reg export" writes it.
+// Source: as base/registry_value_text.h; layout as Wine's "reg export" writes it.
 #pragma once
 
 #include <optional>

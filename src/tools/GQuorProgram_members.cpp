@@ -16,8 +16,9 @@ std::span<const MemberInfo> frame::memberRows<GQuorProgram>() {
             0x60030001, "ExecuteAndWaitEx", {"cmdline", "WindowTitle", "bAllowEvents", "iTimeOut"},
             "Runs a program, ends it when it takes too long, and gives its "
             "exit code."),
-        method<&C::OpenURL>(0x60030002, "OpenURL", {"vsURL", "vbOpenNewBrowser"},
-                            "Opens an address in the user's browser."),
+        method<&C::OpenURL>(
+            0x60030002, "OpenURL", {"vsURL", "vbOpenNewBrowser"},
+            "Opens an address or a document with the program that the user has for it."),
         method<&C::OpenMail>(0x60030003, "OpenMail", {"MailTo", "Subject", "CC", "BCC", "Body"},
                              "Opens a new mail in the user's mail program."),
         method<&C::URLPathEncode>(0x60030004, "URLPathEncode", {"Text"},

@@ -44,7 +44,7 @@ std::span<const MemberInfo> frame::memberRows<GQuorTools>() {
                                     "The last day of the month of a date."),
         method<&C::CheckTextBoxValue>(
             0x6003000E, "CheckTextBoxValue", {"txtBox", "iKind", "iMaxLength", "bEmptyAllowed"},
-            "Whether the text in a text box is of a kind, and not too long."),
+            "Whether the text in a text box fits a kind of value and is not too long."),
     };
     return rows;
 }

@@ -28,8 +28,9 @@ std::span<const MemberInfo> frame::memberRows<GQuorWindows>() {
             "The topmost window whose title holds a text."),
         method<&C::WinGetWindowTitle>(0x60030007, "WinGetWindowTitle", {"hwnd"},
                                       "The title of a window."),
-        method<&C::WinTerminateProgram>(0x60030008, "WinTerminateProgram", {"className"},
-                                        "Asks the program of a window to close it."),
+        method<&C::WinTerminateProgram>(
+            0x60030008, "WinTerminateProgram", {"className"},
+            "Asks the program that owns a window to close that window."),
         method<&C::getWorkingScreenSize>(
             0x60030009, "getWorkingScreenSize", {"eUnits", "iLeft", "iTop", "iWidth", "iHeight"},
             "The edges of the part of the screen that panels leave to windows."),
@@ -37,12 +38,12 @@ std::span<const MemberInfo> frame::memberRows<GQuorWindows>() {
                                           "Points as pixels."),
         method<&C::ConvertPixelsToPoints>(0x6003000B, "ConvertPixelsToPoints", {"Pixels"},
                                           "Pixels as points."),
-        method<&C::LoadVBAUserFormPosition>(0x6003000C, "LoadVBAUserFormPosition",
-                                            {"sRegPath", "frm", "hostApp", "bOnlyPosition"},
-                                            "Puts a form where it was noted to be."),
+        method<&C::LoadVBAUserFormPosition>(
+            0x6003000C, "LoadVBAUserFormPosition", {"sRegPath", "frm", "hostApp", "bOnlyPosition"},
+            "Moves a form to the position that the registry has for it."),
         method<&C::SaveVBAUserFormPosition>(0x6003000D, "SaveVBAUserFormPosition",
                                             {"sRegPath", "frm", "bOnlyPosition"},
-                                            "Notes where a form is, in the registry."),
+                                            "Writes the position of a form to the registry."),
         method<&C::CenterUserFormInApplication>(0x6003000E, "CenterUserFormInApplication",
                                                 {"frm", "hostApp"},
                                                 "Puts a form in the middle of an application."),
