@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""doors.py PROGRAM [--door rpc|cli] [--launcher COMMAND] [FILE...]
+"""doors.py PROGRAM [--door rpc|cli] [--launcher COMMAND] [--every N] [FILE...]
 
 Says the contract table to the program `quorkit` as a client does: in one session of `quorkit rpc`, and by
-one `quorkit call` for each call. --launcher is what starts the program, such as wine. Ends with a line for
-each door, and with 1 when a row got another answer than it wants, or when a member has no row.
+one `quorkit call` for each call. --launcher is what starts the program, such as wine; where that takes long,
+every Nth row will do. Ends with a line for each door, and with 1 when a row got another answer than it wants,
+or when a member has no row.
 """
 import argparse
 import collections
@@ -207,18 +208,23 @@ class Cli(Door):
         words = options + texts
         if any(hard(c) for word in words for c in word):
             words = ["-e"] + [escaped(word) for word in words]
-        try:
-            done = subprocess.run(self.command + ["call", "--json"] + words, env=self.environments[self.display],
-                                  stdin=subprocess.DEVNULL, capture_output=True, timeout=SECONDS,
-                                  cwd=tempfile.gettempdir())
-        except subprocess.TimeoutExpired:
-            raise Failed("no answer") from None
-        if done.returncode == 0:
-            answer = json.loads(done.stdout)
+        # Files, since what Wine leaves running would keep a pipe open.
+        with tempfile.TemporaryFile() as printed, tempfile.TemporaryFile() as told:
+            try:
+                status = subprocess.run(
+                    self.command + ["call", "--json"] + words, env=self.environments[self.display],
+                    stdin=subprocess.DEVNULL, stdout=printed, stderr=told, timeout=SECONDS,
+                    cwd=tempfile.gettempdir()).returncode
+            except subprocess.TimeoutExpired:
+                raise Failed("no answer") from None
+            printed.seek(0)
+            told.seek(0)
+            printed, told = printed.read(), told.read().decode().split()
+        if status == 0:
+            answer = json.loads(printed)
             return Answer(answer["result"], answer["args"])
-        told = done.stderr.decode().split()
         if told[:2] != ["quorkit:", "error"]:
-            raise Failed(f"status {done.returncode}: {done.stderr.decode()}")
+            raise Failed(f"status {status}: {' '.join(told)}")
         return Answer(error=int(told[2].rstrip(":")))
 
     def stays(self, wanted, final, wanted_type):
@@ -299,6 +305,7 @@ def main():
     parser.add_argument("program")
     parser.add_argument("--door", choices=["rpc", "cli"])
     parser.add_argument("--launcher", default="")
+    parser.add_argument("--every", type=int, default=1)
     parser.add_argument("files", nargs="*")
     options = parser.parse_intermixed_args()
     program = os.path.abspath(options.program)
@@ -322,7 +329,7 @@ def main():
             continue
         door = make(options.launcher.split() + [program], environments)
         said, reasons = 0, collections.Counter()
-        for row_name, row in rows(options.files):
+        for row_name, row in list(rows(options.files))[::options.every]:
             try:
                 say(door, name, row, system)
                 said += 1
