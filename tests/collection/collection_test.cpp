@@ -76,7 +76,7 @@ TEST(QuorCollection, BehavesAsTwoListsDo) {
         return static_cast<Long>(random() % static_cast<unsigned>(limit));
     };
     for (Long step = 0; step < 6000 && !testing::Test::HasFailure(); ++step) {
-        expectSame(c, linear);
+        if (step % 10 == 0) expectSame(c, linear);  // what went wrong before shows then too
         const auto letter = u"kK\u212A\u00E4\u00C4\u0130"[below(6)];
         const String key = below(50) == 0 ? String() : String{letter, char16_t(u'a' + below(20))};
         const Long p = below(3) == 0 ? below(2) * linear.count() : below(50) - 1;
