@@ -16,7 +16,7 @@ class PropertyObject final : public Object {
     using Property = std::pair<String, Variant>;
 
     /// Names match without regard to letter case; of two equal names the second counts.
-    explicit PropertyObject(std::vector<Property> properties) {
+    explicit PropertyObject(std::vector<Property>&& properties) {
         for (auto& [name, value] : properties) properties_.setValueByKey(std::move(value), name);
     }
 

@@ -37,7 +37,7 @@ inline constexpr bool isOneOf<T, std::variant<Types...>> = (std::is_same_v<T, Ty
 /// Releases the contents of `value`, and their contents in turn, without recursion, however deep
 /// they are nested. Up to a certain depth all is released when this returns, and `value` is Empty
 /// if it held other values. Deeper contents are released before the outermost call of this returns.
-void release(VariantValue& value) noexcept;
+void release(VariantValue& value) noexcept;  // NOLINT(bugprone-exception-escape)
 }  // namespace detail
 
 template <class T>
@@ -69,7 +69,7 @@ class Variant : public VariantValue {
     Variant(Variant&&) noexcept = default;
     Variant& operator=(const Variant&) = default;
     Variant& operator=(Variant&&) noexcept = default;
-    ~Variant() {
+    ~Variant() {  // NOLINT(bugprone-exception-escape)
         if (mayHoldValues()) detail::release(*this);
     }
 

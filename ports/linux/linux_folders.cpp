@@ -79,7 +79,7 @@ bool describe(int folder, const dirent& entry, FindDetail detail, FindData& data
             if (errno != EACCES || detail == FindDetail::Times) return false;
             // This user may list the folder, but not examine its entries, and so not write them
             // either.
-            about.st_mode = DTTOIF(entry.d_type);
+            about.st_mode = static_cast<mode_t>(DTTOIF(entry.d_type));
         }
         data.attributes = detail == FindDetail::Attributes
                               ? attributesOf(folder, entry.d_name, about)

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
 #include <string>
 #include <system_error>
@@ -52,7 +51,7 @@ std::string digitsOf(std::uint32_t high, std::uint64_t low) {
 
 /// Multiplies by ten and adds a digit. Error 6 when the result needs more than 96 bits.
 void append(Decimal& number, char digit) {
-    std::uint64_t carry = static_cast<std::uint64_t>(digit - '0');
+    auto carry = static_cast<std::uint64_t>(digit - '0');
     std::uint32_t words[] = {static_cast<std::uint32_t>(number.low),
                              static_cast<std::uint32_t>(number.low >> 32), number.high};
     for (std::uint32_t& word : words) {
@@ -145,7 +144,9 @@ Decimal toDecimal(const Variant& value) {
             .ptr;
     char* const mark = std::find(text, end, 'e');
     if (mark == end) raise(ErrorNumber::Overflow);  // not finite
-    int scale = 14 - std::atoi(mark + 1);
+    int exponent = 0;
+    std::from_chars(mark + (mark[1] == '+' ? 2 : 1), end, exponent);
+    int scale = 14 - exponent;
     std::string digits(text, mark);
     std::erase(digits, '.');
     for (; scale > 0 && digits.size() > 1 && digits.back() == '0'; --scale) digits.pop_back();

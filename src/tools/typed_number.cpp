@@ -49,8 +49,7 @@ bool addAround(StringView text, char16_t decimal, String& result) {
 /// The number as the runtime reads it. Nothing when its marks are not where they belong.
 std::optional<String> plain(StringView text, char16_t decimal) {
     String result;
-    std::size_t at =
-        static_cast<std::size_t>(std::ranges::find_if(text, convert::isDigit) - text.begin());
+    auto at = static_cast<std::size_t>(std::ranges::find_if(text, convert::isDigit) - text.begin());
     if (!addAround(text.substr(0, at), decimal, result)) return {};
     if (!addWhole(text, at, decimal, result)) return {};
     if (!addAround(text.substr(at), decimal, result)) return {};

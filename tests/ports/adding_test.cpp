@@ -155,12 +155,12 @@ TEST_P(AddingTest, WaitsForTheLockAndTellsThatTheFileIsReplaced) {
     EXPECT_EQ(files.Append(opened, "a"), kSuccess);
     waitsWhileReplaced("new", [&] { EXPECT_EQ(files.Append(opened, "lost"), kFileReplaced); });
     close(opened);
+    // The file that is made last must not get the number of the deleted one.
+    const std::filesystem::path file = name("f");
+    if (GetParam()) std::filesystem::create_hard_link(file, file.parent_path() / "kept");
     opened = open("f", FileAccess::AppendYielding);
     EXPECT_EQ(files.Append(opened, "er"), kSuccess);
     EXPECT_EQ(read("f"), "newer");
-    // The file that is made below must not get the number of the deleted one.
-    const std::filesystem::path file = name("f");
-    if (GetParam()) std::filesystem::create_hard_link(file, file.parent_path() / "kept");
     EXPECT_EQ(files.DeleteFileA(name("f")), kSuccess);
     for (const bool made : {false, true}) {
         if (made) replace("f", "other");

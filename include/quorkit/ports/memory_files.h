@@ -58,7 +58,7 @@ class MemoryFiles final : public Files {
                      std::string_view lineBreak = {}) override;
     ErrorCode EmptyFile(Handle handle) override;
     ErrorCode FinalName(const String& name, String& target) override;
-    ErrorCode LockForChange(const String& name, Handle& lock, Wait wait) override;
+    ErrorCode LockForChange(const String& name, Handle& handle, Wait wait) override;
     ErrorCode CreateReplacement(Handle lock, const String& beside, Handle& file) override;
     ErrorCode Replace(Handle lock, Handle file, Wait wait) override;
     ErrorCode WriteInPlace(Handle lock, std::string_view content) override;
