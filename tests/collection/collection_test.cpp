@@ -6,6 +6,7 @@
 
 #include "base/letter_case.h"
 #include "support/late.h"
+#include "support/sanitized.h"
 
 namespace quorkit::test {
 namespace {
@@ -124,7 +125,7 @@ TEST(QuorCollection, IsWholeWhenAValueIsReleased) {
 
 // If each call visited all elements, this would not end.
 TEST(QuorCollection, IsNotQuadratic) {
-    constexpr Long count = 200'000;
+    constexpr Long count = sized(200'000);
     QuorCollection c;
     const auto key = [](Long i) { return String{char16_t(i >> 12), char16_t(0xD000 + i % 4096)}; };
     for (Long i = 1; i <= count; ++i) c.setValueByKey(i, key(i));

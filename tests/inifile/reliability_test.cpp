@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "support/child.h"
+#include "support/sanitized.h"
 #include "support/scratch.h"
 
 namespace quorkit::test {
@@ -98,7 +99,8 @@ TEST(IniReliability, RefusesWhatIsTooLarge) {
 TEST(IniReliability, AHundredMegabytes) {
     Scratch scratch;
     std::string big;
-    while (big.size() < 100u << 20) big += "[S" + std::to_string(big.size()) + "]\r\nkey=value\r\n";
+    constexpr std::size_t size = sized(100 << 20);
+    while (big.size() < size) big += "[S" + std::to_string(big.size()) + "]\r\nkey=value\r\n";
     scratch.write("s.ini", big + "[End]\r\nkey=value\r\n");
     QuorInifile ini;
     ini.setIniFileName(scratch.name("s.ini"));

@@ -9,6 +9,7 @@
 
 #include "support/child.h"
 #include "support/late.h"
+#include "support/sanitized.h"
 
 namespace quorkit::test {
 namespace {
@@ -47,7 +48,7 @@ TEST(QuickSort, PutsEqualElementsWhereTheWrittenAlgorithmDoes) {
 }
 
 TEST(QuickSort, AMillionElementsInAnySequence) {
-    constexpr int count = 1'000'000;
+    constexpr int count = sized(1'000'000);
     Values rising;
     Values roof;
     for (int i = 0; i < count; ++i) {
