@@ -144,13 +144,13 @@ class Table {
     bool listValues() {
         const std::string path = "HKCU\\Software\\Many";
         sqlite3_bind_text(list_, 1, path.data(), static_cast<int>(path.size()), SQLITE_STATIC);
-        Dictionary all;
+        const DictionaryRef all = Dictionary::make();
         while (sqlite3_step(list_) == SQLITE_ROW) {
             const auto* name = static_cast<const char16_t*>(sqlite3_column_text16(list_, 0));
-            all.add(String(name), sqlite3_column_bytes(list_, 1));
+            all->add(String(name), sqlite3_column_bytes(list_, 1));
         }
         sqlite3_reset(list_);
-        return all.count() == RegistryCases::kMany;
+        return all->count() == RegistryCases::kMany;
     }
 
    private:
