@@ -19,7 +19,7 @@ namespace {
 
 constexpr const char* kUsage =
     R"(usage: quorkit list
-       quorkit describe [CLASS[.MEMBER] | ENUMERATION] [--json | --markdown | --idl]
+       quorkit describe [CLASS[.MEMBER] | ENUMERATION | RECORD] [--json | --markdown | --idl]
        quorkit call CLASS.MEMBER [ARG...] [--arg name=value]... [--set Property=value]...
                     [-e] [--json] [--]
        quorkit rpc

@@ -64,6 +64,15 @@ char* encodeUtf8(char32_t character, char* target) {
     return target;
 }
 
+/// The code point at `position`, which then moves behind it. A surrogate without its partner is
+/// returned as it is. `position` must be inside the text.
+char32_t nextCodePoint(StringView text, std::size_t& position) {
+    const char32_t first = text[position++];
+    if (!isHighSurrogate(first) || position == text.size() || !isLowSurrogate(text[position]))
+        return first;
+    return 0x10000 + ((first - 0xD800) << 10) + (text[position++] - 0xDC00u);
+}
+
 }  // namespace
 
 std::size_t findLoneSurrogate(StringView text, std::size_t start) {
@@ -72,13 +81,6 @@ std::size_t findLoneSurrogate(StringView text, std::size_t start) {
         if (isSurrogate(nextCodePoint(text, start))) return at;
     }
     return StringView::npos;
-}
-
-char32_t nextCodePoint(StringView text, std::size_t& position) {
-    const char32_t first = text[position++];
-    if (!isHighSurrogate(first) || position == text.size() || !isLowSurrogate(text[position]))
-        return first;
-    return 0x10000 + ((first - 0xD800) << 10) + (text[position++] - 0xDC00u);
 }
 
 std::string toUtf8(StringView text, Malformed malformed) {
@@ -134,11 +136,6 @@ bool isUtf8(std::string_view bytes) {
         if (next.length == 0 || isSurrogate(next.character)) return false;
         bytes.remove_prefix(next.length);
     }
-}
-
-void appendUtf8(std::string& bytes, char32_t codePoint) {
-    char buffer[4];
-    bytes.append(buffer, encodeUtf8(codePoint, buffer));
 }
 
 std::string toUtf16(StringView text) {

@@ -29,10 +29,6 @@ constexpr bool isSurrogate(char32_t unit) {
 /// none. `start` must not be inside a pair.
 std::size_t findLoneSurrogate(StringView text, std::size_t start = 0);
 
-/// The code point at `position`, which then moves behind it. A surrogate without its partner is
-/// returned as it is. `position` must be inside the text.
-char32_t nextCodePoint(StringView text, std::size_t& position);
-
 /// Writing gives valid UTF-8 by default; reading keeps what it can.
 std::string toUtf8(StringView text, Malformed malformed = Malformed::Replace);
 String fromUtf8(std::string_view bytes, Malformed malformed = Malformed::Keep);
@@ -45,9 +41,6 @@ constexpr bool standsForByte(char32_t unit) {
 
 /// Whether all of `bytes` is UTF-8 without surrogates and over-long forms.
 bool isUtf8(std::string_view bytes);
-
-/// Appends the UTF-8 of one code point; a surrogate takes three bytes.
-void appendUtf8(std::string& bytes, char32_t codePoint);
 
 /// UTF-16, little-endian. An odd byte at the end of `bytes` is ignored.
 std::string toUtf16(StringView text);
