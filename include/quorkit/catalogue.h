@@ -16,6 +16,7 @@ struct Ports;
 
 struct ClassInfo;
 struct EnumerationInfo;
+class MemberIndex;
 
 // GCC warns that scoped enumerators hide the types of the same name.
 #pragma GCC diagnostic push
@@ -73,7 +74,10 @@ struct MemberInfo {
     std::array<ParameterInfo, kMaxParameters> parameterRow = {};
     const char* sentence = "";
     /// Runs the member on `self` with one Variant of exactly the parameter's type per parameter.
-    Variant (*run)(void* self, Ports* ports, Variant* arguments) = nullptr;
+    /// When one holds an object of a wrong class, error 13, and `fitting` is its position;
+    /// otherwise `fitting` becomes the number of the parameters.
+    Variant (*run)(void* self, Ports* ports, Variant* const* arguments,
+                   std::size_t& fitting) = nullptr;
 
     std::span<const ParameterInfo> parameters() const {
         return {parameterRow.data(), parameterCount};
@@ -96,6 +100,8 @@ struct ClassInfo {
     const char* identity = "";
     /// One row per member; a property has one row for its get and one for its let.
     std::span<const MemberInfo> (*members)() = nullptr;
+    /// The rows as `findMember` searches them.
+    const MemberIndex& (*index)() = nullptr;
     /// Makes an instance over the given ports; null when a client cannot make one.
     ObjectRef (*create)(Ports&) = nullptr;
 };

@@ -17,16 +17,15 @@ class CatalogueObject : public Object {
     Variant call(StringView name, CallKind kind = CallKind::Call,
                  const Arguments& arguments = {}) override;
 
-    /// Runs a member of the object's own class. `values` holds one value per parameter, `missing`
-    /// for each one left out. First the values are converted in place, a text to a Date by the
-    /// rules of the user's language; after the call they are the final values. Error 13 when a
-    /// value does not convert, and any error of the member. `fitting` receives the number of values
-    /// converted before the first that failed.
-    Variant run(const MemberInfo& member, std::span<Variant> values,
-                std::size_t* fitting = nullptr);
+    /// Runs a member of the object's own class with one value for each parameter. First the values
+    /// are converted in place, a text to a Date by the rules of the user's language; after the call
+    /// they are the final values. Error 13 when a value does not convert; what the member throws
+    /// passes as it is. After a failure `fitting` is the position of the value that is not what its
+    /// parameter needs, or else the number of the values.
+    Variant run(const MemberInfo& member, std::span<Variant* const> values, std::size_t& fitting);
 
    private:
-    Variant invoke(const MemberInfo& member, const Arguments& arguments);
+    Variant invoke(const MemberInfo* member, const Arguments& arguments);
 
     /// The object that the class's rows were made for.
     virtual void* self() = 0;

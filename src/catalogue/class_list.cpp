@@ -25,6 +25,7 @@
 #include <type_traits>
 
 #include "base/published_names.h"
+#include "catalogue/member_index.h"
 #include "frame/enumeration_rows.h"
 #include "frame/instance.h"
 
@@ -37,9 +38,16 @@ ObjectRef make(Ports& ports) {
 }
 
 template <class C>
+const MemberIndex& indexOf() {
+    static const MemberIndex index(frame::memberRows<C>());
+    return index;
+}
+
+template <class C>
 constexpr ClassInfo publicClass(const char* interfaceIdentity, const char* identity,
                                 const char* name, ClassKind kind, const char* role) {
-    return {name, kind, role, interfaceIdentity, identity, &frame::memberRows<C>, &make<C>};
+    return {name,        kind,    role, interfaceIdentity, identity, &frame::memberRows<C>,
+            &indexOf<C>, &make<C>};
 }
 
 template <class C>
@@ -115,12 +123,13 @@ constexpr ClassInfo kRuntimeClasses[] = {
     {"Collection", ClassKind::Runtime,
      "ordered list of values, counted from 1, each optionally under a key",
      "a4c46780-499f-101b-bb78-00aa00383cbb", "", &frame::memberRows<Collection>,
-     &makeOwn<Collection>},
+     &indexOf<Collection>, &makeOwn<Collection>},
     {"Dictionary", ClassKind::Runtime, "values under unique keys, in the order of their adding",
      "42c642c1-97e1-11cf-978f-00a02463e06f", "", &frame::memberRows<Dictionary>,
-     &makeOwn<Dictionary>},
+     &indexOf<Dictionary>, &makeOwn<Dictionary>},
     {"Picture", ClassKind::Runtime, "a picture, as the bytes of its file",
-     "7bf80981-bf32-101a-8bbb-00aa00300cab", "", &frame::memberRows<Picture>, nullptr},
+     "7bf80981-bf32-101a-8bbb-00aa00300cab", "", &frame::memberRows<Picture>, &indexOf<Picture>,
+     nullptr},
 };
 
 constexpr FieldInfo kRectangle[] = {{"Left", {Type::Long}},
@@ -135,10 +144,6 @@ const Info* named(std::span<const Info> all, StringView name) {
     const auto found =
         std::ranges::find_if(all, [&](const Info& one) { return base::sameName(name, one.name); });
     return found == all.end() ? nullptr : &*found;
-}
-
-bool reaches(CallKind kind, const MemberInfo& member) {
-    return (kind == CallKind::Let) == (member.kind == MemberKind::PropertyLet);
 }
 
 }  // namespace
@@ -165,15 +170,11 @@ const ClassInfo* findClass(StringView name) {
 }
 
 const MemberInfo* findMember(const ClassInfo& info, StringView name, CallKind kind) {
-    for (const MemberInfo& member : info.members())
-        if (reaches(kind, member) && base::sameName(name, member.name)) return &member;
-    return nullptr;
+    return info.index().find(name, kind);
 }
 
 const MemberInfo* findMember(const ClassInfo& info, Long identifier, CallKind kind) {
-    for (const MemberInfo& member : info.members())
-        if (member.identifier == identifier && reaches(kind, member)) return &member;
-    return nullptr;
+    return info.index().find(identifier, kind);
 }
 
 std::optional<std::size_t> findParameter(const MemberInfo& member, StringView name) {

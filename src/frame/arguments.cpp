@@ -1,49 +1,14 @@
 #include "frame/arguments.h"
 
+#include <quorkit/errors.h>
+
+#include <algorithm>
 #include <utility>
 
-#include "frame/pending_error.h"
-
 namespace quorkit::frame {
+namespace {
 
-Sources sourcesOf(const MemberInfo& member, const Arguments& arguments) {
-    if (arguments.positional.size() > member.parameterCount)
-        raiseToClient(ErrorNumber::WrongNumberOfArguments);
-    Sources sources = {};
-    for (std::size_t i = 0; i < arguments.positional.size(); ++i)
-        sources[i] = &arguments.positional[i];
-    for (NamedArgument& one : arguments.named) {
-        const auto position = findParameter(member, one.name);
-        if (!position) raiseToClient(ErrorNumber::NamedArgumentNotFound);
-        if (sources[*position] != nullptr) raiseToClient(ErrorNumber::WrongNumberOfArguments);
-        sources[*position] = &one.value;
-    }
-    return sources;
-}
-
-Values arrange(const MemberInfo& member, const Sources& sources, bool variablesMayBeOmitted) {
-    const auto isLeftOut = [&](std::size_t i) {
-        return sources[i] == nullptr || sources[i]->isMissing();
-    };
-    const auto mayBeLeftOut = [&](const ParameterInfo& parameter) {
-        return parameter.optional() || (variablesMayBeOmitted && parameter.changed);
-    };
-    for (std::size_t i = 0; i < member.parameterCount; ++i)
-        if (isLeftOut(i) && !mayBeLeftOut(member.parameterRow[i]))
-            raiseToClient(ErrorNumber::ArgumentNotOptional);
-
-    Values values;
-    for (std::size_t i = 0; i < member.parameterCount; ++i) {
-        const ParameterInfo& parameter = member.parameterRow[i];
-        if (!isLeftOut(i))
-            values[i] = std::move(*sources[i]);
-        else
-            values[i] =
-                parameter.optional() ? Variant::missing() : initialValue(parameter.type.type);
-    }
-    return values;
-}
-
+/// The value of a variable of this type before it is set.
 Variant initialValue(Type type) {
     switch (type) {
         case Type::Boolean:
@@ -71,6 +36,51 @@ Variant initialValue(Type type) {
             break;
     }
     return {};
+}
+
+}  // namespace
+
+Values::Values(const MemberInfo& member, const Arguments& arguments, bool variablesMayBeOmitted)
+    : count_(member.parameterCount) {
+    const std::size_t positional = arguments.positional.size();
+    if (positional > count_) raise(ErrorNumber::WrongNumberOfArguments);
+    bool allGiven = positional == count_;
+    for (std::size_t i = 0; i < positional; ++i) {
+        places_[i] = &arguments.positional[i];
+        allGiven &= isGiven(i);
+    }
+    if (allGiven && arguments.named.empty()) return;
+    std::fill(places_.begin() + positional, places_.begin() + count_, nullptr);
+    placeNamed(member, arguments.named);
+    complete(member, variablesMayBeOmitted);
+}
+
+void Values::placeNamed(const MemberInfo& member, std::span<NamedArgument> named) {
+    for (NamedArgument& one : named) {
+        const auto position = findParameter(member, one.name);
+        if (!position) raise(ErrorNumber::NamedArgumentNotFound);
+        if (places_[*position] != nullptr) raise(ErrorNumber::WrongNumberOfArguments);
+        places_[*position] = &one.value;
+    }
+}
+
+void Values::complete(const MemberInfo& member, bool variablesMayBeOmitted) {
+    for (std::size_t i = 0; i < count_; ++i) {
+        const ParameterInfo& parameter = member.parameterRow[i];
+        if (!isGiven(i) && !parameter.optional() && !(variablesMayBeOmitted && parameter.changed))
+            raise(ErrorNumber::ArgumentNotOptional);
+    }
+    for (std::size_t i = 0; i < count_; ++i)
+        if (!isGiven(i)) leaveOut(i, member.parameterRow[i]);
+}
+
+void Values::leaveOut(std::size_t position, const ParameterInfo& parameter) {
+    Variant value =
+        parameter.optional() ? parameter.defaultValue() : initialValue(parameter.type.type);
+    if (places_[position] != nullptr)
+        *places_[position] = std::move(value);
+    else
+        places_[position] = made_.add(std::move(value));
 }
 
 }  // namespace quorkit::frame

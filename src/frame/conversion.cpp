@@ -1,6 +1,7 @@
 #include "frame/conversion.h"
 
 #include "frame/ui_language.h"
+#include "frame/value_types.h"
 #include "runtime/convert.h"
 
 namespace quorkit::frame {
@@ -28,14 +29,12 @@ Array<T> converted(const Array<From>& from, Convert convert) {
 /// converts.
 template <class T, class Convert>
 void requireArray(Variant& value, Convert convert) {
-    if (value.is<Array<T>>()) return;
     const auto* variants = value.getIf<Array<Variant>>();
     if (variants == nullptr) raise(ErrorNumber::TypeMismatch);
     value = converted<T>(*variants, convert);
 }
 
 void requireVariants(Variant& value) {
-    if (value.is<Array<Variant>>()) return;
     const auto* texts = value.getIf<Array<String>>();
     if (texts == nullptr) raise(ErrorNumber::TypeMismatch);
     value = converted<Variant>(*texts, [](const String& text) { return text; });
@@ -44,30 +43,31 @@ void requireVariants(Variant& value) {
 }  // namespace
 
 void convert(Variant& value, const TypeInfo& type, Ports* ports) {
+    if (typeOfContent(value) == type.type) return;
     switch (type.type) {
         case Type::None:
         case Type::Variant:
             return;
         case Type::Boolean:
-            if (!value.is<Boolean>()) value = runtime::CBool(value);
+            value = runtime::CBool(value);
             return;
         case Type::Integer:
-            if (!value.is<Integer>()) value = runtime::CInt(value);
+            value = runtime::CInt(value);
             return;
         case Type::Long:
-            if (!value.is<Long>()) value = runtime::CLng(value);
+            value = runtime::CLng(value);
             return;
         case Type::Double:
-            if (!value.is<Double>()) value = runtime::CDbl(value);
+            value = runtime::CDbl(value);
             return;
         case Type::Date:
             if (value.is<String>() && ports != nullptr)
                 value = runtime::CDate(value, uiLanguage(*ports));
-            else if (!value.is<Date>())
+            else
                 value = runtime::CDate(value);
             return;
         case Type::String:
-            if (!value.is<String>()) value = runtime::CStr(value);
+            value = runtime::CStr(value);
             return;
         case Type::StringArray:
             requireArray<String>(value, runtime::CStr);
@@ -79,8 +79,7 @@ void convert(Variant& value, const TypeInfo& type, Ports* ports) {
             requireVariants(value);
             return;
         case Type::Object:
-            if (!value.is<ObjectRef>()) raise(ErrorNumber::TypeMismatch);
-            return;
+            raise(ErrorNumber::TypeMismatch);
     }
 }
 

@@ -24,23 +24,28 @@ void resolve(Variant& value, const TypeInfo& type) {
     if (const auto constant = findConstant(*type.enumeration, *name)) value = *constant;
 }
 
-/// `fitting`: how many of the values were what their parameters need.
-Variant callOwn(CatalogueObject& target, Call& request, std::vector<Variant>& values,
-                std::size_t& fitting) {
+/// `fitting`: the position of the argument that is not what its parameter needs.
+void callOwn(CatalogueObject& target, Call& request, CallResult& outcome, std::size_t& fitting) {
     const MemberInfo* member = request.identifier
                                    ? findMember(target.info(), *request.identifier, request.kind)
                                    : findMember(target.info(), request.member, request.kind);
-    if (member == nullptr) frame::raiseToClient(ErrorNumber::NoSuchMember);
-    frame::Values arranged =
-        frame::arrange(*member, frame::sourcesOf(*member, {request.positional, request.named}),
-                       request.variablesMayBeOmitted);
-    values.assign(
-        std::move_iterator(arranged.begin()),
-        std::move_iterator(arranged.begin() + static_cast<std::ptrdiff_t>(member->parameterCount)));
+    if (member == nullptr) raise(ErrorNumber::NoSuchMember);
+    const frame::Values values(*member, {request.positional, request.named},
+                               request.variablesMayBeOmitted);
     if (request.constantsByName)
-        for (std::size_t i = 0; i < values.size(); ++i)
-            resolve(values[i], member->parameterRow[i].type);
-    return target.run(*member, values, &fitting);
+        for (std::size_t i = 0; i < member->parameterCount; ++i)
+            resolve(*values.all()[i], member->parameterRow[i].type);
+    const auto handBack = [&] {
+        for (Variant* value : values.all()) outcome.arguments.push_back(std::move(*value));
+    };
+    outcome.arguments.reserve(member->parameterCount);
+    try {
+        outcome.result = target.run(*member, values.all(), fitting);
+    } catch (...) {
+        handBack();
+        throw;
+    }
+    handBack();
 }
 
 }  // namespace
@@ -82,12 +87,11 @@ ObjectRef Library::object(StringView className) {
 CallResult call(Object& target, Call request) {
     CallResult outcome;
     ports::takeReason();  // of what came before
-    auto* const own = dynamic_cast<CatalogueObject*>(&target);
     constexpr auto none = static_cast<std::size_t>(-1);
     std::size_t fitting = none;
     try {
-        if (own != nullptr)
-            outcome.result = callOwn(*own, request, outcome.arguments, fitting);
+        if (auto* const own = dynamic_cast<CatalogueObject*>(&target))
+            callOwn(*own, request, outcome, fitting);
         else
             outcome.result =
                 target.call(request.member, request.kind, {request.positional, request.named});
@@ -95,7 +99,7 @@ CallResult call(Object& target, Call request) {
         outcome.error = errorOf(std::current_exception(), target.className());
         if (fitting < outcome.arguments.size()) outcome.error->argument = fitting;
     }
-    if (own == nullptr || fitting == none) outcome.arguments = std::move(request.positional);
+    if (fitting == none) outcome.arguments = std::move(request.positional);
     outcome.reason = ports::takeReason();
     return outcome;
 }

@@ -18,38 +18,13 @@
 
 #include "frame/enumeration_rows.h"
 #include "frame/instance.h"
+#include "frame/value_types.h"
 
 namespace quorkit::frame {
 
 /// Types that a Variant holds without conversion.
 template <class T>
 concept Native = std::is_same_v<T, Variant> || VariantAlternative<T>;
-
-/// The C++ types of the interface, except enumerations and classes.
-template <class T>
-inline constexpr Type kPlainType = Type::None;
-template <>
-inline constexpr Type kPlainType<Boolean> = Type::Boolean;
-template <>
-inline constexpr Type kPlainType<Integer> = Type::Integer;
-template <>
-inline constexpr Type kPlainType<Long> = Type::Long;
-template <>
-inline constexpr Type kPlainType<Double> = Type::Double;
-template <>
-inline constexpr Type kPlainType<Date> = Type::Date;
-template <>
-inline constexpr Type kPlainType<String> = Type::String;
-template <>
-inline constexpr Type kPlainType<Variant> = Type::Variant;
-template <>
-inline constexpr Type kPlainType<Array<String>> = Type::StringArray;
-template <>
-inline constexpr Type kPlainType<Array<Byte>> = Type::ByteArray;
-template <>
-inline constexpr Type kPlainType<Array<Variant>> = Type::VariantArray;
-template <>
-inline constexpr Type kPlainType<ObjectRef> = Type::Object;
 
 /// A reference to an object of one of the runtime's classes.
 template <class T>
@@ -110,17 +85,26 @@ constexpr ParameterInfo parameter(const char* name) {
             S::defaultValue};
 }
 
+/// The place of an argument.
+struct Slot {
+    Variant& value;
+    std::size_t position;
+    std::size_t& fitting;  ///< becomes `position` when the value is an object of a wrong class
+};
+
 /// One argument: it goes into the member, and back out if the member may change it.
 template <class P>
 class Argument {
     using Value = typename Signature<P>::Value;
 
    public:
-    explicit Argument(Variant& slot) : slot_(slot) {
-        if constexpr (std::is_enum_v<Value>)
-            local_ = static_cast<Value>(slot.get<Long>());
-        else if constexpr (!Native<Value>)
-            local_ = Value::element_type::of(slot.get<ObjectRef>());
+    explicit Argument(const Slot& slot) : slot_(slot.value) {
+        if constexpr (std::is_enum_v<Value>) {
+            local_ = static_cast<Value>(slot_.get<Long>());
+        } else if constexpr (!Native<Value>) {
+            slot.fitting = slot.position;
+            local_ = Value::element_type::of(slot_.get<ObjectRef>());
+        }
         if constexpr (!Native<Value> && Signature<P>::changed) handed_ = local_;
     }
     Argument(const Argument&) = delete;
@@ -155,8 +139,8 @@ struct Shape {
     using Result = std::remove_cvref_t<R>;
     static constexpr std::size_t arity = sizeof...(P);
 
-    static Variant run(void* self, Ports* ports, Variant* slots) {
-        return run(static_cast<C*>(self), ports, slots, std::index_sequence_for<P...>());
+    static Variant run(void* self, Ports* ports, Variant* const* slots, std::size_t& fitting) {
+        return run(static_cast<C*>(self), ports, slots, fitting, std::index_sequence_for<P...>());
     }
     static constexpr auto parameters(const char* const* names) {
         return parameters(names, std::index_sequence_for<P...>());
@@ -164,9 +148,11 @@ struct Shape {
 
    private:
     template <std::size_t... I>
-    static Variant run(C* self, [[maybe_unused]] Ports* ports, [[maybe_unused]] Variant* slots,
+    static Variant run(C* self, [[maybe_unused]] Ports* ports,
+                       [[maybe_unused]] Variant* const* slots, std::size_t& fitting,
                        std::index_sequence<I...>) {
-        [[maybe_unused]] std::tuple<Argument<P>...> arguments(slots[I]...);
+        [[maybe_unused]] std::tuple<Argument<P>...> arguments(Slot{*slots[I], I, fitting}...);
+        fitting = arity;
         const auto call = [&]() -> R {
             return (self->*F)(static_cast<P>(std::get<I>(arguments).value())...);
         };
