@@ -1,0 +1,28 @@
+// A client's arrays and the library's.
+#pragma once
+
+#include <oaidl.h>
+#include <quorkit/variant.h>
+
+namespace quorkit::automation {
+
+class Apartment;
+
+/// An array of texts, bytes or Variants as what it is, an array of another type as one of Variants.
+/// A null pointer is an unallocated array. Error 13 for more than two dimensions, and for elements
+/// that the library has no values for; `type` is that of the elements.
+Variant fromArray(SAFEARRAY* array, VARTYPE type, Apartment& apartment);
+
+/// A new array with elements of `type`; null for an unallocated one. The value is an array. Error 13
+/// or 6 when an element does not convert.
+SAFEARRAY* toArray(const Variant& value, VARTYPE type, Apartment& apartment);
+
+/// The type of the elements that an array of the library has: text, byte or VARIANT; VT_EMPTY when
+/// the value is no array.
+VARTYPE elementTypeOf(const Variant& value);
+
+/// Puts an array in the place of a client's. Error 10 when that one is locked, or of a fixed size
+/// and of other bounds; then it is as it was.
+void storeArray(const Variant& value, VARTYPE type, Apartment& apartment, SAFEARRAY** variable);
+
+}  // namespace quorkit::automation

@@ -1,0 +1,53 @@
+#include "automation/class_factory.h"
+
+#include <string>
+
+#include "automation/apartment.h"
+#include "automation/failure.h"
+#include "automation/guid.h"
+
+namespace quorkit::automation {
+
+HRESULT ClassFactory::QueryInterface(REFIID wanted, void** found) {
+    if (found == nullptr) return E_POINTER;
+    const bool known = wanted == IID_IUnknown || wanted == IID_IClassFactory;
+    *found = known ? this : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+ULONG ClassFactory::AddRef() {
+    return ++count_;
+}
+
+ULONG ClassFactory::Release() {
+    const ULONG left = --count_;
+    if (left == 0) delete this;
+    return left;
+}
+
+HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID wanted, void** made) {
+    if (made == nullptr) return E_POINTER;
+    *made = nullptr;
+    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    return guarded([&] {
+        const auto apartment = Apartment::current();
+        const std::string_view name = info_.name;
+        const ObjectRef object = apartment->library().object(String(name.begin(), name.end()));
+        return apartment->dispatchOf(object)->QueryInterface(wanted, made);
+    });
+}
+
+HRESULT ClassFactory::LockServer(BOOL lock) {
+    lock != FALSE ? InUse::begin() : InUse::end();
+    return S_OK;
+}
+
+const ClassInfo* classOf(const GUID& identity) {
+    for (const ClassInfo& info : classes())
+        if (guidOf(info.identity) == identity) return &info;
+    return nullptr;
+}
+
+}  // namespace quorkit::automation

@@ -1,0 +1,118 @@
+#include "automation/invocation.h"
+
+#include <quorkit/dispatch.h>
+
+#include <array>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "automation/failure.h"
+#include "automation/values.h"
+
+namespace quorkit::automation {
+namespace {
+
+constexpr UINT kNone = static_cast<UINT>(-1);
+
+CallKind kindOf(WORD flags) {
+    if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) return CallKind::Let;
+    return (flags & DISPATCH_METHOD) != 0 ? CallKind::Call : CallKind::Get;
+}
+
+/// The client's arguments, which come from the last to the first, the named ones in front.
+class Given {
+   public:
+    Given(const MemberInfo& member, const DISPPARAMS& arguments) : arguments_(arguments) {
+        index_.fill(kNone);
+        for (UINT i = 0; i < arguments.cArgs; ++i) {
+            const std::size_t position = positionOf(i, member);
+            if (position >= member.parameterCount || index_[position] != kNone)
+                raise(i < arguments.cNamedArgs && arguments.rgdispidNamedArgs[i] >= 0
+                          ? ErrorNumber::NamedArgumentNotFound
+                          : ErrorNumber::WrongNumberOfArguments);
+            index_[position] = i;
+        }
+    }
+
+    /// The argument for a parameter; null when it was left out.
+    const VARIANT* at(std::size_t position) const {
+        return index_[position] == kNone ? nullptr : &arguments_.rgvarg[index_[position]];
+    }
+    /// Its position as the client counts; for a parameter that got none it is the first.
+    UINT indexOf(std::size_t position) const {
+        return index_[position] == kNone ? 0 : index_[position];
+    }
+
+   private:
+    std::size_t positionOf(UINT i, const MemberInfo& member) const {
+        if (i >= arguments_.cNamedArgs) return arguments_.cArgs - 1 - i;
+        const DISPID name = arguments_.rgdispidNamedArgs[i];
+        return static_cast<std::size_t>(name == DISPID_PROPERTYPUT
+                                            ? static_cast<DISPID>(member.parameterCount) - 1
+                                            : name);
+    }
+
+    const DISPPARAMS& arguments_;
+    std::array<UINT, MemberInfo::kMaxParameters> index_;
+};
+
+bool isLeftOut(const VARIANT& argument) {
+    return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
+}
+
+/// The arguments for the library, one for each parameter. `position` is that of the one being read.
+std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartment& apartment,
+                          std::size_t& position) {
+    std::vector<Variant> values(member.parameterCount, Variant::missing());
+    for (position = 0; position < values.size(); ++position) {
+        const ParameterInfo& parameter = member.parameterRow[position];
+        const VARIANT* one = given.at(position);
+        if (one == nullptr || isLeftOut(*one)) {
+            if (!parameter.optional()) raise(ErrorNumber::ArgumentNotOptional);
+        } else if (!parameter.result) {
+            values[position] = fromVariant(*one, apartment);
+        }
+    }
+    return values;
+}
+
+void write(const MemberInfo& member, const std::vector<Variant>& values, const Given& given,
+           Apartment& apartment, std::size_t& position) {
+    for (position = 0; position < values.size(); ++position)
+        if (const VARIANT* one = given.at(position))
+            if (member.parameterRow[position].changed) store(values[position], apartment, *one);
+}
+
+}  // namespace
+
+HRESULT invoke(CatalogueObject& object, Apartment& apartment, DISPID identifier, WORD flags,
+               const DISPPARAMS& arguments, VARIANT* result, EXCEPINFO* failure, UINT* argument) {
+    const CallKind kind = kindOf(flags);
+    const MemberInfo* member = findMember(object.info(), identifier, kind);
+    if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
+
+    std::optional<CallError> error;
+    std::optional<Given> given;
+    std::size_t position = member->parameterCount;
+    try {
+        given.emplace(*member, arguments);
+        // A variable whose value is never read may hold anything.
+        CallResult outcome = call(object, {.identifier = identifier,
+                                           .kind = kind,
+                                           .positional = read(*member, *given, apartment, position),
+                                           .variablesMayBeOmitted = true});
+        error = std::move(outcome.error);
+        write(*member, outcome.arguments, *given, apartment, position);
+        if (!error && result != nullptr) toVariant(outcome.result, apartment, *result);
+    } catch (...) {
+        error = errorOf(std::current_exception(), object.className());
+        if (position < member->parameterCount) error->argument = position;
+    }
+    if (!error) return S_OK;
+    if (argument != nullptr && error->argument && given)
+        *argument = given->indexOf(*error->argument);
+    return tell(*error, failure);
+}
+
+}  // namespace quorkit::automation

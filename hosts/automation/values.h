@@ -1,0 +1,23 @@
+// A client's values and the library's.
+#pragma once
+
+#include <oaidl.h>
+#include <quorkit/variant.h>
+
+namespace quorkit::automation {
+
+class Apartment;
+
+/// The client's value; a value by reference is read. Its objects become objects of the library, the
+/// library's own come back as what they are. Error 13 for what the library has no value for.
+Variant fromVariant(const VARIANT& value, Apartment& apartment);
+
+/// Makes a VARIANT of the type that the value has; `made` is overwritten, not cleared.
+void toVariant(const Variant& value, Apartment& apartment, VARIANT& made);
+
+/// Puts a value where a client's variable is, which keeps its type: `variable` is by reference, of
+/// any type that a client can have. Error 13 or 6 when the type cannot hold it, 10 for an array that
+/// is fixed or locked; then the variable is as it was. Does nothing when it is not by reference.
+void store(const Variant& value, Apartment& apartment, const VARIANT& variable);
+
+}  // namespace quorkit::automation
