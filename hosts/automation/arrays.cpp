@@ -115,9 +115,8 @@ Variant fromArray(SAFEARRAY* array, VARTYPE type, Apartment& apartment) {
     }
     if (type == VT_UI1) {
         if (array == nullptr) return Array<Byte>();
-        return read<Byte>(array, [](const Locked& locked, std::size_t i) {
-            return locked.elements<Byte>()[i];
-        });
+        return read<Byte>(
+            array, [](const Locked& locked, std::size_t i) { return locked.elements<Byte>()[i]; });
     }
     if (array == nullptr) return Array<Variant>();
     const UINT size = SafeArrayGetElemsize(array);

@@ -13,8 +13,8 @@ class Apartment;
 /// that the library has no values for; `type` is that of the elements.
 Variant fromArray(SAFEARRAY* array, VARTYPE type, Apartment& apartment);
 
-/// A new array with elements of `type`; null for an unallocated one. The value is an array. Error 13
-/// or 6 when an element does not convert.
+/// A new array with elements of `type`; null for an unallocated one. The value is an array. Error
+/// 13 or 6 when an element does not convert.
 SAFEARRAY* toArray(const Variant& value, VARTYPE type, Apartment& apartment);
 
 /// The type of the elements that an array of the library has: text, byte or VARIANT; VT_EMPTY when

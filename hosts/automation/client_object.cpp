@@ -16,7 +16,8 @@ namespace {
 WORD flagsOf(CallKind kind, const Arguments& arguments) {
     if (kind == CallKind::Get) return DISPATCH_PROPERTYGET;
     if (kind == CallKind::Call) return DISPATCH_METHOD | DISPATCH_PROPERTYGET;
-    const bool object = !arguments.positional.empty() && arguments.positional.back().is<ObjectRef>();
+    const bool object =
+        !arguments.positional.empty() && arguments.positional.back().is<ObjectRef>();
     return object ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT;
 }
 

@@ -16,13 +16,14 @@ namespace {
 
 /// What only these objects have. Made for this purpose; a pointer that crosses to another apartment
 /// loses it.
-constexpr GUID kOwn = {0x673d865c, 0x04b8, 0x44f9, {0xaa, 0xdf, 0x94, 0xb1, 0xa8, 0x22, 0x1c, 0x8d}};
+constexpr GUID kOwn = {
+    0x673d865c, 0x04b8, 0x44f9, {0xaa, 0xdf, 0x94, 0xb1, 0xa8, 0x22, 0x1c, 0x8d}};
 
 const ClassInfo& infoOf(const Object& object) {
     return static_cast<const CatalogueObject&>(object).info();
 }
 
-StringView viewOf(const OLECHAR* text) {
+StringView nameOf(const OLECHAR* text) {
     return reinterpret_cast<const char16_t*>(text);
 }
 
@@ -67,9 +68,9 @@ HRESULT DispatchObject::QueryInterface(REFIID wanted, void** found) {
     if (found == nullptr) return E_POINTER;
     const ClassInfo& info = infoOf(*object_);
     *found = nullptr;
-    if (wanted == kOwn)
-        *found = this;
-    // A runtime object has the identity of an interface with functions of its own, which this is not.
+    if (wanted == kOwn) *found = this;
+    // A runtime object has the identity of an interface with functions of its own, which this is
+    // not.
     else if (wanted == IID_IUnknown || wanted == IID_IDispatch ||
              (info.kind != ClassKind::Runtime && wanted == guidOf(info.interfaceIdentity)))
         *found = static_cast<IDispatch*>(this);
@@ -126,12 +127,12 @@ HRESULT DispatchObject::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT cou
     if (count == 0) return E_INVALIDARG;
     for (UINT i = 0; i < count; ++i) identifiers[i] = DISPID_UNKNOWN;
     const ClassInfo& info = infoOf(*object_);
-    const MemberInfo* member = memberOf(info, viewOf(names[0]));
+    const MemberInfo* member = memberOf(info, nameOf(names[0]));
     if (member == nullptr) return DISP_E_UNKNOWNNAME;
     identifiers[0] = member->identifier;
     bool allFound = true;
     for (UINT i = 1; i < count; ++i) {
-        identifiers[i] = positionOf(info, *member, viewOf(names[i]));
+        identifiers[i] = positionOf(info, *member, nameOf(names[i]));
         allFound &= identifiers[i] != DISPID_UNKNOWN;
     }
     return allFound ? S_OK : DISP_E_UNKNOWNNAME;
@@ -142,7 +143,8 @@ HRESULT DispatchObject::elements(VARIANT* result, EXCEPINFO* failure) {
         Variant all = object_->elements();
         if (result == nullptr) return S_OK;
         VariantInit(result);
-        result->punkVal = new Enumerator(apartment_, std::move(all.get<Array<Variant>>().elements()));
+        result->punkVal =
+            new Enumerator(apartment_, std::move(all.get<Array<Variant>>().elements()));
         result->vt = VT_UNKNOWN;
         return S_OK;
     } catch (...) {

@@ -61,10 +61,10 @@ HRESULT codeOf(Long number) {
 
 HRESULT tell(const CallError& error, EXCEPINFO* report) {
     const auto number = static_cast<ErrorNumber>(error.number);
-    const bool ofTheCall =
-        error.argument || number == ErrorNumber::NoSuchMember ||
-        number == ErrorNumber::NamedArgumentNotFound ||
-        number == ErrorNumber::ArgumentNotOptional || number == ErrorNumber::WrongNumberOfArguments;
+    const bool ofTheCall = error.argument || number == ErrorNumber::NoSuchMember ||
+                           number == ErrorNumber::NamedArgumentNotFound ||
+                           number == ErrorNumber::ArgumentNotOptional ||
+                           number == ErrorNumber::WrongNumberOfArguments;
     if (ofTheCall)
         for (const Pair& pair : kPairs)
             if (pair.number == number) return pair.result;

@@ -39,18 +39,15 @@ class Given {
     const VARIANT* at(std::size_t position) const {
         return index_[position] == kNone ? nullptr : &arguments_.rgvarg[index_[position]];
     }
-    /// Its position as the client counts; for a parameter that got none it is the first.
-    UINT indexOf(std::size_t position) const {
-        return index_[position] == kNone ? 0 : index_[position];
-    }
+    /// Its position as the client counts.
+    UINT indexOf(std::size_t position) const { return index_[position]; }
 
    private:
     std::size_t positionOf(UINT i, const MemberInfo& member) const {
         if (i >= arguments_.cNamedArgs) return arguments_.cArgs - 1 - i;
         const DISPID name = arguments_.rgdispidNamedArgs[i];
-        return static_cast<std::size_t>(name == DISPID_PROPERTYPUT
-                                            ? static_cast<DISPID>(member.parameterCount) - 1
-                                            : name);
+        return static_cast<std::size_t>(
+            name == DISPID_PROPERTYPUT ? static_cast<DISPID>(member.parameterCount) - 1 : name);
     }
 
     const DISPPARAMS& arguments_;
@@ -110,7 +107,7 @@ HRESULT invoke(CatalogueObject& object, Apartment& apartment, DISPID identifier,
         if (position < member->parameterCount) error->argument = position;
     }
     if (!error) return S_OK;
-    if (argument != nullptr && error->argument && given)
+    if (argument != nullptr && error->argument && given && given->at(*error->argument) != nullptr)
         *argument = given->indexOf(*error->argument);
     return tell(*error, failure);
 }

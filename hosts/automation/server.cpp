@@ -34,8 +34,7 @@ HINSTANCE module() {
 std::wstring modulePath() {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length =
-            GetModuleFileNameW(self, path.data(), static_cast<DWORD>(path.size()));
+        const DWORD length = GetModuleFileNameW(self, path.data(), static_cast<DWORD>(path.size()));
         if (length < path.size()) {
             path.resize(length);
             return path;

@@ -16,8 +16,9 @@ Variant fromVariant(const VARIANT& value, Apartment& apartment);
 void toVariant(const Variant& value, Apartment& apartment, VARIANT& made);
 
 /// Puts a value where a client's variable is, which keeps its type: `variable` is by reference, of
-/// any type that a client can have. Error 13 or 6 when the type cannot hold it, 10 for an array that
-/// is fixed or locked; then the variable is as it was. Does nothing when it is not by reference.
+/// any type that a client can have. Error 13 or 6 when the type cannot hold it, 10 for an array
+/// that is fixed or locked; then the variable is as it was. Does nothing when it is not by
+/// reference.
 void store(const Variant& value, Apartment& apartment, const VARIANT& variable);
 
 }  // namespace quorkit::automation

@@ -1,0 +1,374 @@
+// The automation server as a client in C++ finds it.
+#include <gtest/gtest.h>
+#include <oaidl.h>
+#include <ocidl.h>
+#include <quorkit/catalogue.h>
+
+#include <cstring>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "automation/com.h"
+#include "automation/guid.h"
+
+namespace quorkit::test {
+namespace {
+
+using automation::newBstr;
+using automation::OwnedVariant;
+using automation::Ref;
+
+/// A value as a client hands it in.
+struct Value : OwnedVariant {
+    Value() = default;
+    Value(int number) {  // NOLINT
+        vt = VT_I4;
+        lVal = number;
+    }
+    Value(const char16_t* text) {  // NOLINT
+        bstrVal = newBstr(text);
+        vt = VT_BSTR;
+    }
+    Value(IDispatch* object) {  // NOLINT
+        if (object != nullptr) object->AddRef();
+        pdispVal = object;
+        vt = VT_DISPATCH;
+    }
+    Value(const Value& other) : OwnedVariant() { VariantCopy(this, other.bare()); }
+    Value& operator=(const Value& other) {
+        VariantCopy(this, other.bare());
+        return *this;
+    }
+    /// As mingw's headers want it.
+    VARIANT* bare() const { return const_cast<Value*>(this); }
+
+    static Value missing() {
+        Value value;
+        value.vt = VT_ERROR;
+        value.scode = DISP_E_PARAMNOTFOUND;
+        return value;
+    }
+    /// A variable of a type, by reference.
+    static Value at(VARTYPE type, void* place) {
+        Value value;
+        value.vt = static_cast<VARTYPE>(VT_BYREF | type);
+        value.byref = place;
+        return value;
+    }
+    std::u16string text() const {
+        OwnedVariant made;
+        if (FAILED(
+                VariantChangeTypeEx(&made, bare(), LOCALE_INVARIANT, VARIANT_ALPHABOOL, VT_BSTR)))
+            return u"?";
+        return std::u16string(automation::viewOf(made.bstrVal));
+    }
+};
+
+struct Outcome {
+    HRESULT code = S_OK;
+    Value result;
+    UINT argument = 99;
+    HRESULT report = S_OK;  ///< the number in EXCEPINFO
+    std::u16string source = {};
+};
+
+using Named = std::vector<std::pair<const wchar_t*, Value>>;
+
+Outcome callOf(IDispatch* object, const wchar_t* name, std::vector<Value> values,
+               WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET, Named named = {}) {
+    Outcome outcome;
+    std::vector<LPOLESTR> names = {const_cast<LPOLESTR>(name)};
+    for (auto& [parameter, value] : named) {
+        names.push_back(const_cast<LPOLESTR>(parameter));
+        values.insert(values.begin(), value);
+    }
+    std::vector<DISPID> identifiers(names.size());
+    outcome.code = object->GetIDsOfNames(IID_NULL, names.data(), static_cast<UINT>(names.size()),
+                                         LOCALE_USER_DEFAULT, identifiers.data());
+    if (FAILED(outcome.code)) return outcome;
+    std::vector<DISPID> parameters(identifiers.rbegin(), identifiers.rend() - 1);
+    if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0)
+        parameters = {DISPID_PROPERTYPUT};
+    // The named ones come first, and all from the last to the first.
+    std::vector<VARIANT> passed;
+    for (std::size_t i = 0; i < named.size(); ++i) passed.push_back(values[i]);
+    for (std::size_t i = values.size(); i > named.size(); --i) passed.push_back(values[i - 1]);
+    DISPPARAMS arguments = {passed.data(), parameters.data(), static_cast<UINT>(passed.size()),
+                            static_cast<UINT>(parameters.size())};
+    EXCEPINFO report = {};
+    outcome.code = object->Invoke(identifiers[0], IID_NULL, LOCALE_USER_DEFAULT, flags, &arguments,
+                                  &outcome.result, &report, &outcome.argument);
+    outcome.report = report.scode;
+    outcome.source = automation::viewOf(report.bstrSource);
+    SysFreeString(report.bstrSource);
+    SysFreeString(report.bstrDescription);
+    return outcome;
+}
+
+/// A client's own object, with the members that it is given.
+class Own : public IDispatch {
+   public:
+    std::vector<std::pair<std::wstring, Value>> members;
+    ULONG count = 1;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** found) override {
+        const bool known = wanted == IID_IUnknown || wanted == IID_IDispatch;
+        *found = known ? this : nullptr;
+        count += known;
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++count; }
+    ULONG STDMETHODCALLTYPE Release() override { return --count; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID,
+                                            DISPID* identifiers) override {
+        for (std::size_t i = 0; i < members.size(); ++i)
+            if (_wcsicmp(members[i].first.c_str(), names[0]) == 0) {
+                *identifiers = static_cast<DISPID>(i);
+                return S_OK;
+            }
+        return DISP_E_UNKNOWNNAME;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
+                                     VARIANT* result, EXCEPINFO*, UINT*) override {
+        VARIANT& value = members[static_cast<std::size_t>(member)].second;
+        if ((flags & DISPATCH_PROPERTYPUT) != 0) return VariantCopy(&value, &arguments->rgvarg[0]);
+        return VariantCopy(result, &value);
+    }
+};
+
+using GetClassObject = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
+using CanUnload = HRESULT(WINAPI*)();
+
+class Server : public testing::Test {
+   protected:
+    Server() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    ~Server() override {
+        EXPECT_EQ(canUnload(), S_OK) << "a client's reference was kept";
+        FreeLibrary(library);
+        CoUninitialize();
+    }
+
+    template <class Function>
+    Function exported(const char* name) const {
+        return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
+    }
+    HRESULT canUnload() const { return exported<CanUnload>("DllCanUnloadNow")(); }
+    Ref<IDispatch> make(const char* name) const {
+        const ClassInfo* info = findClass(String(name, name + std::strlen(name)));
+        Ref<IClassFactory> factory;
+        void* found = nullptr;
+        const HRESULT code = exported<GetClassObject>("DllGetClassObject")(
+            automation::guidOf(info->identity), IID_IClassFactory, &found);
+        EXPECT_EQ(code, S_OK) << name;
+        factory = Ref<IClassFactory>(static_cast<IClassFactory*>(found));
+        EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, &found), S_OK) << name;
+        return Ref<IDispatch>(static_cast<IDispatch*>(found));
+    }
+
+    HMODULE library = LoadLibraryA(QUORKIT_SERVER);
+};
+
+TEST_F(Server, MakesEveryClass) {
+    for (const ClassInfo& info : classes()) {
+        const Ref<IDispatch> first = make(info.name);
+        const Ref<IDispatch> second = make(info.name);
+        EXPECT_EQ(first.get() == second.get(), info.kind == ClassKind::Global) << info.name;
+        void* found = nullptr;
+        EXPECT_EQ(first->QueryInterface(automation::guidOf(info.interfaceIdentity), &found), S_OK);
+        Ref<IUnknown>(static_cast<IUnknown*>(found));
+        EXPECT_EQ(canUnload(), S_FALSE);
+    }
+}
+
+TEST_F(Server, CallsAndTellsWhatDoesNotFit) {
+    const Ref<IDispatch> strings = make("GQuorStrings");
+    const Value seven = u"7";
+    struct Case {
+        const wchar_t* name;
+        std::vector<Value> values;
+        Named named;
+        HRESULT code;
+        std::u16string result;
+        UINT argument = 99;
+    };
+    const Case cases[] = {
+        {L"lpAD", {u"0", seven, 3}, {}, S_OK, u"007"},
+        {L"LPad", {u"0"}, {{L"MAXLEN", 3}, {L"s", seven}}, S_OK, u"007"},
+        {L"StringReplace", {u"aa", u"a", u"b", Value::missing(), Value()}, {}, S_OK, u"bb"},
+        {L"StringReplace", {u"aa", u"A", u"b"}, {{L"vbIgnoreCase", 1}}, S_OK, u"bb"},
+        {L"NoSuch", {}, {}, DISP_E_UNKNOWNNAME, u""},
+        {L"LPad", {u"0", seven}, {{L"noSuch", 3}}, DISP_E_UNKNOWNNAME, u""},
+        {L"LPad", {u"0", seven}, {}, DISP_E_PARAMNOTOPTIONAL, u""},
+        {L"LPad", {u"0", seven, 3, 4}, {}, DISP_E_BADPARAMCOUNT, u""},
+        {L"LPad", {u"0", seven, u"three"}, {}, DISP_E_TYPEMISMATCH, u"", 0},
+        {L"LPad",
+         {u"0", Value(static_cast<IDispatch*>(nullptr)), 3},
+         {},
+         DISP_E_TYPEMISMATCH,
+         u"",
+         1},
+        {L"LPad", {u"0", seven}, {{L"maxLen", u"3000000000"}}, DISP_E_OVERFLOW, u"", 0},
+    };
+    for (const Case& one : cases) {
+        const Outcome outcome = callOf(strings.get(), one.name, one.values,
+                                       DISPATCH_METHOD | DISPATCH_PROPERTYGET, one.named);
+        EXPECT_EQ(outcome.code, one.code) << one.name << " " << one.values.size();
+        EXPECT_EQ(outcome.argument, one.argument) << one.name << " " << one.values.size();
+        if (one.code == S_OK) {
+            EXPECT_EQ(outcome.result.text(), one.result);
+        }
+    }
+    // What fails within the member has the runtime's number.
+    Value bytes = u"none";
+    const Outcome failed = callOf(make("GQuorFile").get(), L"LoadFileToByteArray",
+                                  {u"Z:\\no\\such file", Value::at(VT_VARIANT, &bytes)});
+    EXPECT_EQ(failed.code, DISP_E_EXCEPTION);
+    EXPECT_EQ(failed.report, static_cast<HRESULT>(0x800A004C));
+    EXPECT_EQ(failed.source, u"quorkit.GQuorFile");
+}
+
+TEST_F(Server, FillsVariablesOfAnyType) {
+    const Ref<IDispatch> strings = make("GQuorStrings");
+    union {
+        char bytes[16];
+        DECIMAL decimal;
+    } place;
+    for (const VARTYPE type : {VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4, VT_INT, VT_UINT, VT_I8,
+                               VT_UI8, VT_R4, VT_R8, VT_CY, VT_DECIMAL, VT_BSTR}) {
+        std::memset(&place, 0, sizeof place);
+        const Outcome outcome = callOf(strings.get(), L"SplitAppVersionString",
+                                       {u"1.42.3.4", 0, Value::at(type, &place), 0, 0});
+        EXPECT_EQ(outcome.code, S_OK) << type;
+        EXPECT_EQ(Value(Value::at(type, &place)).text(), u"42") << type;
+        if (type == VT_BSTR) SysFreeString(reinterpret_cast<BSTR&>(place));
+    }
+    // A variable keeps its value when the new one does not fit.
+    BYTE byte = 7;
+    const Outcome outcome = callOf(strings.get(), L"SplitAppVersionString",
+                                   {u"1.300.3.4", 0, Value::at(VT_UI1, &byte), 0, 0});
+    EXPECT_EQ(outcome.code, DISP_E_OVERFLOW);
+    EXPECT_EQ(outcome.argument, 2u);
+    EXPECT_EQ(byte, 7);
+    // A Variant takes what the member gives, whatever was in it, and one in one too.
+    Value inner = u"text";
+    Value outer = Value::at(VT_VARIANT, &inner);
+    callOf(strings.get(), L"SplitAppVersionString",
+           {u"1.42.3.4", 0, Value::at(VT_VARIANT, &outer), 0, 0});
+    EXPECT_EQ(inner.vt, VT_I4);
+    EXPECT_EQ(inner.lVal, 42);
+}
+
+/// A client's array of texts, "a", "b", ..., from `lower` on.
+SAFEARRAY* arrayOf(VARTYPE type, LONG lower, const std::vector<const char16_t*>& texts) {
+    SAFEARRAYBOUND bound = {static_cast<ULONG>(texts.size()), lower};
+    SAFEARRAY* array = SafeArrayCreate(type, 1, &bound);
+    for (LONG i = 0; i < static_cast<LONG>(texts.size()); ++i) {
+        LONG index = lower + i;
+        Value element = texts[static_cast<std::size_t>(i)];
+        SafeArrayPutElement(array, &index,
+                            type == VT_VARIANT ? static_cast<void*>(&element) : element.bstrVal);
+    }
+    return array;
+}
+
+TEST_F(Server, FillsArrays) {
+    const Ref<IDispatch> convert = make("GQuorConvert");
+    const auto split = [&](Value array) {
+        return callOf(convert.get(), L"StringTokenToStringArray", {u"x;y;z", u";", array});
+    };
+    for (const VARTYPE type : {VT_BSTR, VT_VARIANT}) {
+        SAFEARRAY* unallocated = nullptr;
+        SAFEARRAY* old = arrayOf(type, 5, {u"a"});
+        for (SAFEARRAY** array : {&unallocated, &old}) {
+            const Outcome outcome = split(Value::at(static_cast<VARTYPE>(VT_ARRAY | type), array));
+            EXPECT_EQ(outcome.code, S_OK) << type;
+            ASSERT_NE(*array, nullptr);
+            EXPECT_EQ((*array)->rgsabound[0].cElements, 3u);
+            EXPECT_EQ((*array)->rgsabound[0].lLbound, 0);
+            SafeArrayDestroy(*array);
+        }
+    }
+    // A locked array is as it was, and so is one of a fixed size with other bounds.
+    SAFEARRAY* locked = arrayOf(VT_BSTR, 0, {u"a"});
+    SafeArrayLock(locked);
+    const Outcome outcome = split(Value::at(VT_ARRAY | VT_BSTR, &locked));
+    EXPECT_EQ(outcome.report, static_cast<HRESULT>(0x800A000A));
+    SafeArrayUnlock(locked);
+    locked->fFeatures |= FADF_FIXEDSIZE;
+    EXPECT_EQ(split(Value::at(VT_ARRAY | VT_BSTR, &locked)).report,
+              static_cast<HRESULT>(0x800A000A));
+    EXPECT_EQ(locked->rgsabound[0].cElements, 1u);
+    locked->fFeatures &= static_cast<USHORT>(~FADF_FIXEDSIZE);
+    SafeArrayDestroy(locked);
+}
+
+TEST_F(Server, GivesObjectsThatCanBeCountedVisitedAndToldApart) {
+    IDispatch* list = nullptr;
+    callOf(make("GQuorConvert").get(), L"StringTokenToStringCollection",
+           {u"x;y", u";", 0, Value::at(VT_DISPATCH, &list)});
+    const Ref<IDispatch> owner(list);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(callOf(list, L"Count", {}).result.lVal, 2);
+    // The default member, as Invoke finds it.
+    Value index = 2;
+    DISPPARAMS one = {&index, nullptr, 1, 0};
+    Value item;
+    EXPECT_EQ(list->Invoke(DISPID_VALUE, IID_NULL, 0, DISPATCH_PROPERTYGET, &one, &item, nullptr,
+                           nullptr),
+              S_OK);
+    DISPPARAMS none = {};
+    Value all;
+    ASSERT_EQ(list->Invoke(DISPID_NEWENUM, IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                           &none, &all, nullptr, nullptr),
+              S_OK);
+    const auto each = Ref<IEnumVARIANT>::from(all.punkVal);
+    VARIANT both[3];
+    ULONG number = 0;
+    EXPECT_EQ(each->Next(3, both, &number), S_FALSE);
+    EXPECT_EQ(number, 2u);
+    for (ULONG i = 0; i < number; ++i) VariantClear(&both[i]);
+
+    // What a collection keeps comes back as the same object, the library's and the client's.
+    const Ref<IDispatch> kept = make("QuorCollection");
+    Own form;
+    callOf(kept.get(), L"setValueByKey", {Value(&form), u"own"});
+    callOf(kept.get(), L"setValueByKey", {Value(list), u"list"});
+    EXPECT_EQ(callOf(kept.get(), L"getValueByKey", {u"own"}).result.pdispVal, &form);
+    EXPECT_EQ(callOf(kept.get(), L"getValueByKey", {u"list"}).result.pdispVal, list);
+}
+
+TEST_F(Server, UsesAClientsForm) {
+    Own form;
+    form.members = {{L"Left", 10},    {L"Top", 10},    {L"Width", 100},
+                    {L"Height", 100}, {L"Name", u"f"}, {L"StartUpPosition", 0}};
+    Own host = {};
+    host.members = {{L"Left", 0}, {L"Top", 0}, {L"Width", 500}, {L"Height", 300}};
+    const Ref<IDispatch> windows = make("GQuorWindows");
+    EXPECT_EQ(
+        callOf(windows.get(), L"CenterUserFormInApplication", {Value(&form), Value(&host)}).code,
+        S_OK);
+    EXPECT_EQ(form.members[0].second.text(), u"200");
+    EXPECT_EQ(form.members[1].second.text(), u"100");
+    EXPECT_EQ(form.count, 1u);
+}
+
+TEST_F(Server, KeepsToItsThread) {
+    Ref<IDispatch> log = make("QuorLogFile");
+    HRESULT elsewhere = S_OK;
+    bool another = false;
+    std::thread([&] {
+        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        elsewhere = callOf(log.get(), L"LogFileName", {}).code;
+        another = make("GQuorStrings").get() != make("GQuorFile").get();
+        log = Ref<IDispatch>();  // the last reference, on another thread
+        CoUninitialize();
+    }).join();
+    EXPECT_EQ(elsewhere, RPC_E_WRONG_THREAD);
+    EXPECT_TRUE(another);
+}
+
+}  // namespace
+}  // namespace quorkit::test
