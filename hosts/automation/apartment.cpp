@@ -2,6 +2,7 @@
 
 #include <quorkit/errors.h>
 
+#include <atomic>
 #include <set>
 
 #include "automation/client_object.h"
@@ -14,6 +15,7 @@ struct Apartments {
     std::mutex mutex;
     std::map<DWORD, std::shared_ptr<Apartment>> ofThreads;
     std::set<DWORD> ended;
+    std::atomic<bool> haveEnded = false;  // seen without waiting for the others
 };
 
 Apartments& apartments() {
@@ -25,8 +27,8 @@ Apartments& apartments() {
 }  // namespace
 
 std::shared_ptr<Apartment> Apartment::current() {
-    sweep(false);
     Apartments& all = apartments();
+    if (all.haveEnded) sweep(false);
     const std::scoped_lock lock(all.mutex);
     std::shared_ptr<Apartment>& mine = all.ofThreads[GetCurrentThreadId()];
     if (mine == nullptr) mine = std::make_shared<Apartment>();
@@ -37,7 +39,9 @@ void Apartment::leave() noexcept {
     try {
         Apartments& all = apartments();
         const std::scoped_lock lock(all.mutex);
-        if (all.ofThreads.contains(GetCurrentThreadId())) all.ended.insert(GetCurrentThreadId());
+        if (!all.ofThreads.contains(GetCurrentThreadId())) return;
+        all.ended.insert(GetCurrentThreadId());
+        all.haveEnded = true;
     } catch (const std::exception&) {  // then it is freed with the library
     }
 }
@@ -48,6 +52,7 @@ void Apartment::sweep(bool all) {
     const std::scoped_lock lock(known.mutex);
     for (const DWORD thread : known.ended) gone.insert(known.ofThreads.extract(thread));
     known.ended.clear();
+    known.haveEnded = false;
     if (all) gone.merge(known.ofThreads);
 }
 

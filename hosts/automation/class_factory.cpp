@@ -1,12 +1,15 @@
 #include "automation/class_factory.h"
 
-#include <string>
+#include <cstring>
 
 #include "automation/apartment.h"
 #include "automation/failure.h"
 #include "automation/guid.h"
 
 namespace quorkit::automation {
+
+ClassFactory::ClassFactory(const ClassInfo& info)
+    : className_(info.name, info.name + std::strlen(info.name)) {}
 
 HRESULT ClassFactory::QueryInterface(REFIID wanted, void** found) {
     if (found == nullptr) return E_POINTER;
@@ -33,8 +36,7 @@ HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID wanted, void** made
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
     return guarded([&] {
         const auto apartment = Apartment::current();
-        const std::string_view name = info_.name;
-        const ObjectRef object = apartment->library().object(String(name.begin(), name.end()));
+        const ObjectRef object = apartment->library().object(className_);
         return apartment->dispatchOf(object)->QueryInterface(wanted, made);
     });
 }

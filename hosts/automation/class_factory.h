@@ -14,7 +14,7 @@ namespace quorkit::automation {
 class ClassFactory final : public IClassFactory {
    public:
     /// Counted once.
-    explicit ClassFactory(const ClassInfo& info) : info_(info) {}
+    explicit ClassFactory(const ClassInfo& info);
     ClassFactory(const ClassFactory&) = delete;
     ClassFactory& operator=(const ClassFactory&) = delete;
 
@@ -28,7 +28,7 @@ class ClassFactory final : public IClassFactory {
     ~ClassFactory() = default;
 
     std::atomic<ULONG> count_ = 1;
-    const ClassInfo& info_;
+    const String className_;
     const InUse inUse_;
 };
 

@@ -17,6 +17,12 @@ ObjectRef createOrRaise(const ClassInfo* info, Ports& ports) {
     return info->create(ports);
 }
 
+CallError toClient(const AutomationError& error, const char* className) {
+    frame::setPendingError(error);
+    const std::string source = className == nullptr ? "" : "." + std::string(className);
+    return {error.number(), error.what(), "quorkit" + source, {}};
+}
+
 /// Puts the constant in the place of its name.
 void resolve(Variant& value, const TypeInfo& type) {
     const auto* name = value.getIf<String>();
@@ -24,28 +30,34 @@ void resolve(Variant& value, const TypeInfo& type) {
     if (const auto constant = findConstant(*type.enumeration, *name)) value = *constant;
 }
 
-/// `fitting`: the position of the argument that is not what its parameter needs.
-void callOwn(CatalogueObject& target, Call& request, CallResult& outcome, std::size_t& fitting) {
+/// Puts every argument in its parameter's place: one value for each, `missing` when left out.
+void place(const MemberInfo& member, Call& request) {
+    std::vector<Variant>& values = request.positional;
+    const std::size_t given = values.size();
+    if (given > member.parameterCount) raise(ErrorNumber::WrongNumberOfArguments);
+    if (given < member.parameterCount) values.resize(member.parameterCount, Variant::missing());
+    for (NamedArgument& one : request.named) {
+        const auto position = findParameter(member, one.name);
+        if (!position) raise(ErrorNumber::NamedArgumentNotFound);
+        if (*position < given || !values[*position].isMissing())
+            raise(ErrorNumber::WrongNumberOfArguments);
+        values[*position] = std::move(one.value);
+    }
+}
+
+/// The arguments become the values of all parameters. `fitting`: the position of the one that is
+/// not what its parameter needs.
+Variant callOwn(CatalogueObject& target, Call& request, std::size_t& fitting) {
     const MemberInfo* member = request.identifier
                                    ? findMember(target.info(), *request.identifier, request.kind)
                                    : findMember(target.info(), request.member, request.kind);
     if (member == nullptr) raise(ErrorNumber::NoSuchMember);
-    const frame::Values values(*member, {request.positional, request.named},
-                               request.variablesMayBeOmitted);
+    place(*member, request);
+    const frame::Values values(*member, {request.positional}, request.variablesMayBeOmitted);
     if (request.constantsByName)
         for (std::size_t i = 0; i < member->parameterCount; ++i)
-            resolve(*values.all()[i], member->parameterRow[i].type);
-    const auto handBack = [&] {
-        for (Variant* value : values.all()) outcome.arguments.push_back(std::move(*value));
-    };
-    outcome.arguments.reserve(member->parameterCount);
-    try {
-        outcome.result = target.run(*member, values.all(), fitting);
-    } catch (...) {
-        handBack();
-        throw;
-    }
-    handBack();
+            resolve(request.positional[i], member->parameterRow[i].type);
+    return target.run(*member, values.all(), fitting);
 }
 
 }  // namespace
@@ -87,19 +99,20 @@ ObjectRef Library::object(StringView className) {
 CallResult call(Object& target, Call request) {
     CallResult outcome;
     ports::takeReason();  // of what came before
-    constexpr auto none = static_cast<std::size_t>(-1);
-    std::size_t fitting = none;
+    auto fitting = static_cast<std::size_t>(-1);
     try {
         if (auto* const own = dynamic_cast<CatalogueObject*>(&target))
-            callOwn(*own, request, outcome, fitting);
+            outcome.result = callOwn(*own, request, fitting);
         else
             outcome.result =
                 target.call(request.member, request.kind, {request.positional, request.named});
+    } catch (const AutomationError& error) {
+        outcome.error = toClient(error, target.className());
     } catch (...) {
         outcome.error = errorOf(std::current_exception(), target.className());
-        if (fitting < outcome.arguments.size()) outcome.error->argument = fitting;
     }
-    if (fitting == none) outcome.arguments = std::move(request.positional);
+    outcome.arguments = std::move(request.positional);
+    if (outcome.error && fitting < outcome.arguments.size()) outcome.error->argument = fitting;
     outcome.reason = ports::takeReason();
     return outcome;
 }
@@ -109,9 +122,7 @@ CallError errorOf(const std::exception_ptr& failure, const char* className) {
         frame::untrapped([&] { std::rethrow_exception(failure); });
         return {};
     } catch (const AutomationError& error) {
-        frame::setPendingError(error);
-        const std::string source = className == nullptr ? "" : "." + std::string(className);
-        return {error.number(), error.what(), "quorkit" + source, {}};
+        return toClient(error, className);
     }
 }
 
