@@ -7,6 +7,7 @@
 
 #include "automation/client_object.h"
 #include "automation/dispatch_object.h"
+#include "automation/pictures.h"
 
 namespace quorkit::automation {
 namespace {
@@ -60,6 +61,8 @@ Ref<IDispatch> Apartment::dispatchOf(const ObjectRef& object) {
     if (object == nullptr) return {};
     if (const auto* client = dynamic_cast<const ClientObject*>(object.get()))
         return client->dispatch();
+    if (const auto* picture = dynamic_cast<const Picture*>(object.get()))
+        if (auto shown = systemPicture(*picture)) return shown;
     const std::scoped_lock lock(mutex_);
     DispatchObject*& known = known_[object.get()];
     if (known == nullptr || !known->revive())
@@ -70,6 +73,7 @@ Ref<IDispatch> Apartment::dispatchOf(const ObjectRef& object) {
 ObjectRef Apartment::objectOf(IUnknown* object) {
     if (object == nullptr) return {};
     if (ObjectRef own = DispatchObject::behind(object, *this)) return own;
+    if (PictureRef picture = pictureOf(object)) return picture;
     auto dispatch = Ref<IDispatch>::from(object);
     if (!dispatch) raise(ErrorNumber::TypeMismatch);
     return std::make_shared<ClientObject>(std::move(dispatch), shared_from_this());

@@ -28,10 +28,11 @@ class Apartment : public std::enable_shared_from_this<Apartment> {
     Library& library() { return library_; }
     bool isCurrent() const { return thread_ == GetCurrentThreadId(); }
 
-    /// The object as a client sees it: its own object as itself, one of the library's always as the
-    /// same. Null for Nothing.
+    /// The object as a client sees it: its own object as itself, a picture as one of the system's,
+    /// any other of the library's always as the same. Null for Nothing.
     Ref<IDispatch> dispatchOf(const ObjectRef& object);
-    /// A client's object as the library sees it, one of the library's as itself. Null is Nothing.
+    /// A client's object as the library sees it, one of the library's as itself, the system's
+    /// picture as a picture. Null is Nothing.
     /// Error 13 when it cannot be called by name.
     ObjectRef objectOf(IUnknown* object);
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <oaidl.h>
 #include <ocidl.h>
+#include <olectl.h>
 #include <quorkit/catalogue.h>
 
 #include <cstring>
@@ -353,6 +354,31 @@ TEST_F(Server, UsesAClientsForm) {
     EXPECT_EQ(form.members[0].second.text(), u"200");
     EXPECT_EQ(form.members[1].second.text(), u"100");
     EXPECT_EQ(form.count, 1u);
+}
+
+TEST_F(Server, TakesAndGivesTheSystemsPictures) {
+    // A bitmap of one white point.
+    constexpr unsigned char bytes[] = {'B', 'M', 58, 0, 0, 0, 0, 0, 0, 0,   54,  0,   0, 0,  40,
+                                       0,   0,   0,  1, 0, 0, 0, 1, 0, 0,   0,   1,   0, 24, 0,
+                                       0,   0,   0,  0, 4, 0, 0, 0, 0, 0,   0,   0,   0, 0,  0,
+                                       0,   0,   0,  0, 0, 0, 0, 0, 0, 255, 255, 255, 0};
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, sizeof bytes);
+    std::memcpy(GlobalLock(memory), bytes, sizeof bytes);
+    GlobalUnlock(memory);
+    Ref<IStream> stream;
+    CreateStreamOnHGlobal(memory, TRUE, stream.receive());
+    void* made = nullptr;
+    ASSERT_EQ(OleLoadPicture(stream.get(), sizeof bytes, FALSE, IID_IPictureDisp, &made), S_OK);
+    const Ref<IDispatch> white(static_cast<IDispatch*>(made));
+    const Ref<IDispatch> clipboard = make("GQuorClipboard");
+    EXPECT_EQ(callOf(clipboard.get(), L"SetPictureToClipboard", {Value(white.get())}).code, S_OK);
+    const Outcome got = callOf(clipboard.get(), L"GetPictureFromClipboard", {});
+    ASSERT_EQ(got.result.vt, VT_DISPATCH) << got.code;
+    const auto picture = Ref<IPicture>::from(got.result.pdispVal);
+    ASSERT_TRUE(picture);
+    short kind = 0;
+    picture->get_Type(&kind);
+    EXPECT_EQ(kind, PICTYPE_BITMAP);
 }
 
 TEST_F(Server, KeepsToItsThread) {
