@@ -36,7 +36,7 @@ void detach() {
 /// Owns the clipboard to the end; tells `parent` when it does.
 int own(ClipboardFormat format, int parent) {
     constexpr unsigned longestStart = 5;  // seconds
-    std::ios::sync_with_stdio(false);  // else it is read character by character
+    std::ios::sync_with_stdio(false);     // else it is read character by character
     std::ostringstream content;
     if (std::cin.peek() != EOF) content << std::cin.rdbuf();
     if (std::cin.bad() || !content) return 1;
