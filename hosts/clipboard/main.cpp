@@ -14,8 +14,7 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
-#include <iterator>
-#include <string>
+#include <sstream>
 #include <utility>
 
 namespace {
@@ -37,10 +36,12 @@ void detach() {
 /// Owns the clipboard to the end; tells `parent` when it does.
 int own(ClipboardFormat format, int parent) {
     constexpr unsigned longestStart = 5;  // seconds
-    std::string content(std::istreambuf_iterator<char>(std::cin), {});
-    if (std::cin.bad()) return 1;
+    std::ios::sync_with_stdio(false);     // else it is read character by character
+    std::ostringstream content;
+    if (std::cin.peek() != EOF) content << std::cin.rdbuf();
+    if (std::cin.bad() || !content) return 1;
     alarm(longestStart);
-    const bool owned = ports::ownClipboard(format, std::move(content), [parent] {
+    const bool owned = ports::ownClipboard(format, std::move(content).str(), [parent] {
         if (write(parent, &ports::kOwnsClipboard, 1) != 1) return false;
         close(parent);
         alarm(0);
