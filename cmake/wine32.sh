@@ -1,8 +1,10 @@
 #!/bin/sh
 # Runs a Windows program of 64 or of 32 bits: wine32.sh WINE [PREFIX PROGRAM [ARGUMENT...]]
 # WINE is the folder of a Wine for both, made on first use: the installed one and Debian's packages
-# for 32 bits, unpacked there, so that the system needs no second architecture. The rest is as for
-# wine-run.sh; without it nothing is run. Any number may run at once.
+# for 32 bits, unpacked there, so that the system needs no second architecture. With them comes
+# Free Pascal's compiler for 32 bits, usr/lib/i386-linux-gnu/fpc/3.2.2/ppc386. The rest is as for
+# wine-run.sh, but a PREFIX that the installed Wine has made knows 64 bits only; without it nothing
+# is run. Any number may run at once.
 # Exits with 77 where 32 bits cannot be had here; what is missing has been printed.
 set -eu
 case $1 in /*) wine=$1 ;; *) wine=$PWD/$1 ;; esac
@@ -28,7 +30,7 @@ fetch() {
   # Threads end through GCC's library. Without FreeType every program with windows complains, and
   # with it but without Fontconfig it crashes.
   foreign_apt update && foreign_apt download "libwine=$1" "wine32=$1" libgcc-s1 \
-    libfreetype6 libbrotli1 libpng16-16 zlib1g libfontconfig1 libexpat1 libuuid1
+    libfreetype6 libbrotli1 libpng16-16 zlib1g libfontconfig1 libexpat1 libuuid1 fp-compiler-3.2.2
 }
 
 make() {
@@ -38,7 +40,7 @@ make() {
   cd "$wine"
   fetch "$version" || missing "the packages for Wine $version could not be fetched"
   for package in *.deb; do dpkg-deb -x "$package" .; done
-  rm -r apt ./*.deb usr/share usr/lib/wine/wineserver*
+  rm -r apt ./*.deb usr/share usr/bin usr/lib/wine/wineserver*
   mkdir usr/share usr/lib/x86_64-linux-gnu
   ln -s /usr/share/wine usr/share/wine
   cp /usr/lib/wine/wine64 usr/lib/wine/
