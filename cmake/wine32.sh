@@ -19,7 +19,7 @@ missing() {
 # An apt of its own, which knows 32 bits only and has nothing installed.
 foreign_apt() {
   apt-get -qq -o Dir="$wine/apt" -o Dir::State::status=/dev/null -o APT::Sandbox::User=root \
-    -o APT::Architecture=i386 -o APT::Architectures=i386 "$@"
+    -o APT::Architecture=i386 -o APT::Architectures=i386 -o APT::Update::Error-Mode=any "$@"
 }
 
 fetch() {
