@@ -21,7 +21,8 @@ if [ ! -e "$WINEPREFIX/made" ]; then
   # driver "null" lets windows exist without a display; the services look once which driver it is.
   flock -o "$WINEPREFIX" sh -c '
     [ -e "$WINEPREFIX/made" ] && exit
-    { "$WINE" wineboot --init && "$WINE" reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
+    { "$WINE" wineboot --init &&
+      "$WINE" reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
       wineserver -k; } >"$WINEPREFIX/log" 2>&1 || { cat "$WINEPREFIX/log" >&2; exit 1; }
     touch "$WINEPREFIX/made"'
 fi
