@@ -1,8 +1,9 @@
 #!/bin/sh
 # Runs a Windows program: wine-run.sh PREFIX PROGRAM [ARGUMENT...]
 # PREFIX is the folder of a Windows that is made on first use and may be thrown away at any time.
-# Any number may run at once.
+# Any number may run at once. WINE names another Wine than the installed one.
 set -eu
+export WINE="${WINE-wine}"
 export WINEPREFIX="$1"
 shift
 
@@ -20,8 +21,9 @@ if [ ! -e "$WINEPREFIX/made" ]; then
   # driver "null" lets windows exist without a display; the services look once which driver it is.
   flock -o "$WINEPREFIX" sh -c '
     [ -e "$WINEPREFIX/made" ] && exit
-    { wineboot --init && wine reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
+    { "$WINE" wineboot --init &&
+      "$WINE" reg add "HKCU\\Software\\Wine\\Drivers" /v Graphics /d null /f &&
       wineserver -k; } >"$WINEPREFIX/log" 2>&1 || { cat "$WINEPREFIX/log" >&2; exit 1; }
     touch "$WINEPREFIX/made"'
 fi
-exec wine "$@"
+exec "$WINE" "$@"

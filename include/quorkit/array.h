@@ -4,7 +4,9 @@
 #include <quorkit/errors.h>
 #include <quorkit/values.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -64,10 +66,11 @@ class Array {
                 raise(ErrorNumber::SubscriptOutOfRange);
         elements_.resize(size());
     }
+    /// More than any vector holds where the product does not fit.
     std::size_t size() const {
-        std::size_t product = 1;
-        for (const Bounds& one : bounds_) product *= static_cast<std::size_t>(one.count);
-        return product;
+        std::uint64_t product = 1;
+        for (const Bounds& one : bounds_) product *= static_cast<std::uint64_t>(one.count);
+        return static_cast<std::size_t>(std::min<std::uint64_t>(product, SIZE_MAX));
     }
     static std::size_t position(const Bounds& bounds, Long index) {
         const auto distance = static_cast<std::int64_t>(index) - bounds.lower;

@@ -21,7 +21,8 @@ inline bool endAt(std::uint64_t place, std::string_view before, std::string_view
 /// The bytes to write between a torn line and the next one. They complete a half character, so that
 /// the text behind it can be read.
 inline std::string parting(std::uint64_t place, std::string_view lineBreak) {
-    return std::string(place % feedOf(lineBreak).size(), '\0').append(lineBreak);
+    const auto half = static_cast<std::size_t>(place % feedOf(lineBreak).size());
+    return std::string(half, '\0').append(lineBreak);
 }
 
 }  // namespace quorkit::lines

@@ -27,16 +27,17 @@ String titleOf(HWND window) {
     }
 }
 
+BOOL CALLBACK addWindow(HWND window, LPARAM list) {
+    reinterpret_cast<std::vector<WindowInfo>*>(list)->push_back(
+        {handleOf(window), titleOf(window), ::IsWindowVisible(window) != FALSE});
+    return TRUE;
+}
+
 }  // namespace
 
 std::vector<WindowInfo> NativeDesktop::EnumWindows() {
     std::vector<WindowInfo> windows;
-    const auto add = [](HWND window, LPARAM list) {
-        reinterpret_cast<std::vector<WindowInfo>*>(list)->push_back(
-            {handleOf(window), titleOf(window), ::IsWindowVisible(window) != FALSE});
-        return TRUE;
-    };
-    ::EnumWindows(static_cast<WNDENUMPROC>(add), reinterpret_cast<LPARAM>(&windows));
+    ::EnumWindows(addWindow, reinterpret_cast<LPARAM>(&windows));
     return windows;
 }
 

@@ -135,7 +135,7 @@ ErrorCode readAt(HANDLE file, std::uint64_t position, char* buffer, std::size_t 
 /// Whether a file ends in a line without an end, as far as it can be read.
 bool isTorn(HANDLE file, std::uint64_t size, std::string_view feed) {
     char end[2] = {};
-    const std::size_t wanted = std::min<std::size_t>(feed.size(), size);
+    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(feed.size(), size));
     std::size_t count = 0;
     return readAt(file, size - wanted, end, wanted, count) == kSuccess && count == wanted &&
            !lines::endAt(size, {end, wanted}, feed);

@@ -17,12 +17,12 @@ template <class Name>
 std::uint64_t nameKey(const Name& name, bool isLet) {
     if (name.empty()) return isLet;
     const std::uint64_t ends = base::asciiLower(name.front()) << 16 | base::asciiLower(name.back());
-    return (name.size() << 34) | (ends << 1) | isLet;
+    return (std::uint64_t{name.size()} << 34) | (ends << 1) | isLet;
 }
 
 std::size_t placeOf(std::uint64_t key, std::size_t places) {
     constexpr std::uint64_t golden = 0x9E3779B97F4A7C15;
-    return (key * golden >> 32) & (places - 1);
+    return static_cast<std::size_t>(key * golden >> 32) & (places - 1);
 }
 
 }  // namespace

@@ -23,8 +23,11 @@ Long KeyedList::positionOf(const Element& element) const {
     const std::int64_t stamp = element.second.stamp;
     const std::int64_t high = std::min(last, stamp - stampOf(order_.front()));
     const std::int64_t low = std::max(std::int64_t{0}, last - (stampOf(order_.back()) - stamp));
-    const auto found =
-        std::ranges::lower_bound(order_.begin() + low, order_.begin() + high, stamp, {}, stampOf);
+    // Both are positions in the list, so that they fit whatever its iterators count with.
+    const auto at = [&](std::int64_t index) {
+        return order_.begin() + static_cast<std::ptrdiff_t>(index);
+    };
+    const auto found = std::ranges::lower_bound(at(low), at(high), stamp, {}, stampOf);
     return static_cast<Long>(found - order_.begin()) + 1;
 }
 

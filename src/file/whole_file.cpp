@@ -27,8 +27,8 @@ void readOn(OpenFile& file, std::uint64_t rest, std::size_t most, std::string& c
     content.clear();
     for (std::size_t got = 1; got != 0 && used < most; used += got) {
         if (used == content.size())
-            content.resize(
-                std::min(most, used == 0 ? static_cast<std::size_t>(rest) + 1 : used * 2));
+            content.resize(static_cast<std::size_t>(
+                std::min<std::uint64_t>(most, used == 0 ? rest + 1 : std::uint64_t{used} * 2)));
         got = file.read(content.data() + used, content.size() - used);
     }
     content.resize(used);

@@ -50,8 +50,10 @@ std::optional<Kept> newerPart(Files& files, const String& name, std::uint64_t si
 /// For a UTF-16 file.
 std::optional<Kept> olderHalf(Files& files, const String& name, std::uint64_t size) {
     std::string kept;
-    const auto half = static_cast<std::size_t>(std::nearbyint(static_cast<double>(size) / 2 - 1));
-    if (file::readPart(files, name, base::kUtf16Mark.size(), half, kept) != kSuccess)
+    const double half = std::nearbyint(static_cast<double>(size) / 2 - 1);
+    if (half > static_cast<double>(kept.max_size())) return std::nullopt;
+    if (file::readPart(files, name, base::kUtf16Mark.size(), static_cast<std::size_t>(half),
+                       kept) != kSuccess)
         return std::nullopt;
     return Kept{std::move(kept), true};
 }

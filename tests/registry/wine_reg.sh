@@ -1,11 +1,10 @@
-#!/bin/sh
+#!/bin/bash
 # Windows' own tool and ours write the same file for a key, and each reads the other's file:
-# wine_reg.sh WINE-RUN PREFIX QUORKIT
+# wine_reg.sh QUORKIT EMULATOR...
 set -eu
 
-wine_run=$1
-prefix=$2
-quorkit=$3
+quorkit=$1
+emulator=("${@:2}")
 key='HKCU\Software\Quorkit Witness'
 witness=$(realpath "$(dirname "$0")/witness.reg")
 folder=$(mktemp -d)
@@ -13,8 +12,8 @@ trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 cp "$witness" .
 
-reg() { "$wine_run" "$prefix" reg "$@"; }
-registry() { "$wine_run" "$prefix" "$quorkit" registry "$@"; }
+reg() { "${emulator[@]}" reg "$@"; }
+registry() { "${emulator[@]}" "$quorkit" registry "$@"; }
 
 # Both write the key as it was.
 expect_key() {
