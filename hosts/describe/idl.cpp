@@ -1,4 +1,5 @@
 #include "describe/describe.h"
+#include "describe/interface_name.h"
 #include "describe/signature.h"
 #include "json/plain_text.h"
 
@@ -21,12 +22,6 @@ std::string quote(std::string_view text) {
     std::string result = "\"";
     for (const char one : text) result.append(one == '"' || one == '\\' ? "\\" : "") += one;
     return result + '"';
-}
-
-/// The name of a class's interface.
-std::string interfaceName(const ClassInfo& info) {
-    const std::string name = info.name;  // the runtime's own have the names that clients know
-    return name == "Dictionary" ? "IDictionary" : name == "Picture" ? "IPictureDisp" : "_" + name;
 }
 
 std::string typeName(const TypeInfo& type) {
