@@ -59,8 +59,7 @@ PictureRef pictureOf(IUnknown* object) {
     Ref<IStream> stream;
     LONG size = 0;
     if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, stream.receive()))) throw std::bad_alloc();
-    if (FAILED(picture->SaveAsFile(stream.get(), TRUE, &size)))
-        raise(ErrorNumber::InvalidPicture);
+    if (FAILED(picture->SaveAsFile(stream.get(), TRUE, &size))) raise(ErrorNumber::InvalidPicture);
     return std::make_shared<Picture>(bytesOf(stream.get()));
 }
 

@@ -55,21 +55,27 @@ BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
     return TRUE;
 }
 
+STDAPI DllCanUnloadNow() {
+    return guarded([] {
+        Apartment::sweep(!InUse::any());
+        return InUse::any() ? S_FALSE : S_OK;
+    });
+}
+
+// The runtime of C++ keeps things for each thread, which it can free only as long as it is loaded:
+// a thread that unloaded it while ending would wait for itself. So the code stays until the process
+// ends. DllCanUnloadNow still frees what no client uses.
 STDAPI DllGetClassObject(REFCLSID identity, REFIID wanted, LPVOID* found) {
     if (found == nullptr) return E_POINTER;
     *found = nullptr;
     return guarded([&]() -> HRESULT {
         const quorkit::ClassInfo* info = classOf(identity);
         if (info == nullptr) return CLASS_E_CLASSNOTAVAILABLE;
+        HMODULE pinned = nullptr;
+        GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                           reinterpret_cast<LPCWSTR>(&DllCanUnloadNow), &pinned);
         const Ref<ClassFactory> factory(new ClassFactory(*info));
         return factory->QueryInterface(wanted, found);
-    });
-}
-
-STDAPI DllCanUnloadNow() {
-    return guarded([] {
-        Apartment::sweep(!InUse::any());
-        return InUse::any() ? S_FALSE : S_OK;
     });
 }
 

@@ -13,7 +13,7 @@
 namespace quorkit::cli {
 namespace {
 
-enum class Form { Text, Json, Markdown, Idl };
+enum class Form { Text, Json, Markdown, Idl, Manifest };
 
 struct DescribeLine {
     Form form = Form::Text;
@@ -29,6 +29,8 @@ DescribeLine parseDescribe(std::span<const String> arguments) {
             line.form = Form::Markdown;
         else if (word == u"--idl")
             line.form = Form::Idl;
+        else if (word == u"--manifest")
+            line.form = Form::Manifest;
         else if (word.starts_with(u"-"))
             throw UsageError("no such option: " + toUtf8(word));
         else if (line.name)
@@ -36,8 +38,8 @@ DescribeLine parseDescribe(std::span<const String> arguments) {
         else
             line.name = word;
     }
-    if (line.form == Form::Idl && line.name)
-        throw UsageError("the interface definition is always of the whole library");
+    if (line.name && (line.form == Form::Idl || line.form == Form::Manifest))
+        throw UsageError("interface definition and manifest are always of the whole library");
     return line;
 }
 
@@ -55,6 +57,9 @@ void write(std::ostream& out, Form form, const What&... what) {
             return;
         case Form::Idl:
             out << describe::asIdl();
+            return;
+        case Form::Manifest:
+            out << describe::asManifest();
             return;
     }
 }

@@ -35,4 +35,8 @@ std::string asMarkdown(const RecordInfo& record);
 /// The interface definition of the whole library, from which a type library is made.
 std::string asIdl();
 
+/// The manifest of the automation server, with which a program finds it without registration: the
+/// assembly "quorkit.automation", to be kept beside quorkit.dll as quorkit.automation.manifest.
+std::string asManifest();
+
 }  // namespace quorkit::describe

@@ -13,6 +13,7 @@ constexpr struct {
     const char* option;
     std::string (*text)();
 } kForms[] = {{"--idl", asIdl},
+              {"--manifest", asManifest},
               {"--json", [] { return asJson().dump(2) + '\n'; }},
               {"--markdown", [] { return asMarkdown(); }}};
 
@@ -24,6 +25,6 @@ int main(int count, char** words) {
         const bool written = std::fputs(text().c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
         return written ? 0 : 1;
     }
-    std::fputs("usage: quorkit-describe --idl | --json | --markdown\n", stderr);
+    std::fputs("usage: quorkit-describe --idl | --manifest | --json | --markdown\n", stderr);
     return 2;
 }

@@ -1,6 +1,7 @@
 // The user's keys are in the user's data folder; the machine's are where programs keep their state
 // (Filesystem Hierarchy Standard 3.0, /var/lib).
 #include "linux/folder_hive.h"
+#include "linux/surroundings.h"
 #include "linux/user_folders.h"
 #include "native/native_registry.h"
 
@@ -9,19 +10,19 @@ namespace {
 
 constexpr const char* kFolder = "quorkit/registry";
 
-std::string userFolder() {
+}  // namespace
+
+std::string userRegistryFolder() {
     return inFolder(baseFolder("XDG_DATA_HOME", ".local/share"), kFolder);
 }
 
-std::string machineFolder() {
+std::string machineRegistryFolder() {
     return inFolder("/var/lib", kFolder);
 }
 
-}  // namespace
-
 Registry& nativeRegistry() {
-    static FolderHive user(userFolder, kForUser);
-    static FolderHive machine(machineFolder, kForEverybody);
+    static FolderHive user(userRegistryFolder, kForUser);
+    static FolderHive machine(machineRegistryFolder, kForEverybody);
     static HiveRegistry registry(user, machine);
     return registry;
 }

@@ -381,6 +381,19 @@ TEST_F(Server, TakesAndGivesTheSystemsPictures) {
     EXPECT_EQ(kind, PICTYPE_BITMAP);
 }
 
+TEST_F(Server, MayBeLetGoOfByAThreadThatEnds) {
+    std::thread([&] {
+        const HMODULE again = LoadLibraryA(QUORKIT_SERVER);
+        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        EXPECT_EQ(callOf(make("GQuorStrings").get(), L"LPad", {u"0", u"7", 3}).code, S_OK);
+        EXPECT_EQ(canUnload(), S_OK);
+        CoUninitialize();
+        FreeLibrary(library);
+        FreeLibrary(again);
+    }).join();
+    library = LoadLibraryA(QUORKIT_SERVER);
+}
+
 TEST_F(Server, KeepsToItsThread) {
     Ref<IDispatch> log = make("QuorLogFile");
     HRESULT elsewhere = S_OK;

@@ -2,6 +2,7 @@
 #include <quorkit/ports/clipboard_owner.h>
 
 #include "linux/no_display/no_display.h"
+#include "linux/surroundings.h"
 #include "native/native_desktop.h"
 
 namespace quorkit::native {
@@ -16,6 +17,10 @@ bool NativeClipboard::PutOnClipboard(ClipboardFormat, const std::string&) {
 
 bool NativeClipboard::GetClipboardData(ClipboardFormat, std::string&) {
     return nothing<bool>();
+}
+
+std::string clipboardProgram() {
+    return {};
 }
 
 }  // namespace quorkit::native

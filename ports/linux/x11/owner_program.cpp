@@ -13,6 +13,7 @@
 #include "linux/descriptor.h"
 #include "linux/linux_calls.h"
 #include "linux/run_tool.h"
+#include "linux/surroundings.h"
 
 namespace quorkit::x11 {
 namespace {
@@ -73,3 +74,7 @@ bool startOwner(ClipboardFormat format, const std::string& content) {
 }
 
 }  // namespace quorkit::x11
+
+std::string quorkit::native::clipboardProgram() {
+    return x11::program().lexically_normal().string();
+}
