@@ -192,7 +192,7 @@ class Reader {
     }
     static OrderedJson parameter(ITypeInfo& type, const ELEMDESC& row, const std::string& name) {
         const int flags = row.paramdesc.wParamFlags;
-        const bool byReference = (flags & PARAMFLAG_FOUT) != 0;
+        const bool byReference = (flags & PARAMFLAG_FOUT) != 0 && row.tdesc.vt == VT_PTR;
         OrderedJson made = {{"name", name},
                             {"type", typeName(type, byReference ? *row.tdesc.lptdesc : row.tdesc)},
                             {"byReference", byReference}};
