@@ -67,6 +67,9 @@ std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartmen
         const VARIANT* one = given.at(position);
         if (one == nullptr || isLeftOut(*one)) {
             if (!parameter.optional()) raise(ErrorNumber::ArgumentNotOptional);
+        } else if (parameter.type.enumeration != nullptr && one->vt == VT_UI4) {
+            // Programs whose constants were made from the type library may have no negative ones.
+            values[position] = static_cast<Long>(one->ulVal);
         } else if (!parameter.result) {
             values[position] = fromVariant(*one, apartment);
         }
