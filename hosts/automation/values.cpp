@@ -221,7 +221,13 @@ void store(const Variant& value, Apartment& apartment, const VARIANT& variable) 
         VARIANT& inner = *variable.pvarVal;
         if ((inner.vt & VT_BYREF) != 0) return store(value, apartment, inner);
         OwnedVariant made;
-        toVariant(value, apartment, made);
+        // An array of Variants stays one: there are clients that can read no other.
+        if (inner.vt == (VT_ARRAY | VT_VARIANT) && elementTypeOf(value) != VT_EMPTY) {
+            made.parray = toArray(value, VT_VARIANT, apartment);
+            made.vt = inner.vt;
+        } else {
+            toVariant(value, apartment, made);
+        }
         std::swap<VARIANT>(inner, made);
         return;
     }
