@@ -1,5 +1,6 @@
 #include "automation/client_object.h"
 
+#include <dispex.h>
 #include <quorkit/errors.h>
 #include <quorkit/variant.h>
 
@@ -14,8 +15,8 @@ namespace quorkit::automation {
 namespace {
 
 WORD flagsOf(CallKind kind, const Arguments& arguments) {
-    if (kind == CallKind::Get) return DISPATCH_PROPERTYGET;
-    if (kind == CallKind::Call) return DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+    // A client may read what is a method with it, and the other way round.
+    if (kind != CallKind::Let) return DISPATCH_METHOD | DISPATCH_PROPERTYGET;
     const bool object =
         !arguments.positional.empty() && arguments.positional.back().is<ObjectRef>();
     return object ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT;
@@ -30,8 +31,26 @@ Long ClientObject::identifierOf(StringView name) const {
     std::wstring text(name.begin(), name.end());
     OLECHAR* names[] = {text.data()};
     DISPID identifier = DISPID_UNKNOWN;
-    check(object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &identifier));
+    HRESULT found = object_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &identifier);
+    if (found == E_NOTIMPL)
+        if (const auto script = Ref<IDispatchEx>::from(object_.get())) {
+            OwnedVariant bstr;
+            toVariant(String(name), *apartment_, bstr);
+            found = script->GetDispID(bstr.bstrVal, fdexNameCaseInsensitive, &identifier);
+        }
+    check(found);
     return identifier;
+}
+
+HRESULT ClientObject::callObject(DISPID identifier, WORD flags, DISPPARAMS& arguments,
+                                 VARIANT* result, EXCEPINFO* report) const {
+    const HRESULT outcome = object_->Invoke(identifier, IID_NULL, LOCALE_USER_DEFAULT, flags,
+                                            &arguments, result, report, nullptr);
+    if (outcome == E_NOTIMPL)
+        if (const auto script = Ref<IDispatchEx>::from(object_.get()))
+            return script->InvokeEx(identifier, LOCALE_USER_DEFAULT, flags, &arguments, result,
+                                    report, nullptr);
+    return outcome;
 }
 
 Variant ClientObject::invoke(Long identifier, CallKind kind, const Arguments& arguments) {
@@ -51,9 +70,11 @@ Variant ClientObject::invoke(Long identifier, CallKind kind, const Arguments& ar
     }
     OwnedVariant result;
     EXCEPINFO report = {};
-    const HRESULT outcome =
-        object_->Invoke(identifier, IID_NULL, LOCALE_USER_DEFAULT, flagsOf(kind, arguments),
-                        &parameters, kind == CallKind::Let ? nullptr : &result, &report, nullptr);
+    HRESULT outcome = callObject(identifier, flagsOf(kind, arguments), parameters,
+                                 kind == CallKind::Let ? nullptr : &result, &report);
+    // There are engines that call whatever may be called.
+    if (kind == CallKind::Get && FAILED(outcome) && outcome != DISP_E_EXCEPTION)
+        outcome = callObject(identifier, DISPATCH_PROPERTYGET, parameters, &result, &report);
     if (outcome == DISP_E_EXCEPTION) raise(take(report));
     check(outcome);
     return fromVariant(result, *apartment_);
@@ -62,9 +83,8 @@ Variant ClientObject::invoke(Long identifier, CallKind kind, const Arguments& ar
 Variant ClientObject::elements() {
     DISPPARAMS none = {};
     OwnedVariant result;
-    check(object_->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT,
-                          DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, &result, nullptr,
-                          nullptr));
+    check(
+        callObject(DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, none, &result, nullptr));
     if (result.vt != VT_UNKNOWN && result.vt != VT_DISPATCH) raise(ErrorNumber::NoSuchMember);
     const auto each = Ref<IEnumVARIANT>::from(result.punkVal);
     if (!each) raise(ErrorNumber::NoSuchMember);

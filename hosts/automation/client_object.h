@@ -22,6 +22,10 @@ class ClientObject final : public Object {
     Variant elements() override;
 
    private:
+    /// Objects of a script engine may answer to IDispatchEx alone.
+    HRESULT callObject(DISPID identifier, WORD flags, DISPPARAMS& arguments, VARIANT* result,
+                       EXCEPINFO* report) const;
+
     Ref<IDispatch> object_;
     std::shared_ptr<Apartment> apartment_;
 };
