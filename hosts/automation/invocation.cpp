@@ -1,6 +1,7 @@
 #include "automation/invocation.h"
 
 #include <quorkit/dispatch.h>
+#include <quorkit/errors.h>
 
 #include <array>
 #include <optional>
@@ -59,6 +60,7 @@ bool isLeftOut(const VARIANT& argument) {
 }
 
 /// The arguments for the library, one for each parameter. `position` is that of the one being read.
+/// A variable that only receives a result may hold anything.
 std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartment& apartment,
                           std::size_t& position) {
     std::vector<Variant> values(member.parameterCount, Variant::missing());
@@ -70,11 +72,32 @@ std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartmen
         } else if (parameter.type.enumeration != nullptr && one->vt == VT_UI4) {
             // Programs whose constants were made from the type library may have no negative ones.
             values[position] = static_cast<Long>(one->ulVal);
-        } else if (!parameter.result) {
-            values[position] = fromVariant(*one, apartment);
+        } else {
+            try {
+                values[position] = fromVariant(*one, apartment);
+            } catch (const AutomationError&) {
+                if (!parameter.result) throw;
+            }
         }
     }
     return values;
+}
+
+/// A variable whose value is never read need not fit; one that does keeps what the member leaves.
+CallResult callWithFitting(CatalogueObject& object, const MemberInfo& member, CallKind kind,
+                           std::vector<Variant> values) {
+    for (;;) {
+        CallResult outcome = call(object, {.identifier = member.identifier,
+                                           .kind = kind,
+                                           .positional = std::move(values),
+                                           .variablesMayBeOmitted = true});
+        if (!outcome.error || !outcome.error->argument) return outcome;
+        Variant& unfit = outcome.arguments[*outcome.error->argument];
+        if (!member.parameterRow[*outcome.error->argument].result || unfit.isMissing())
+            return outcome;
+        unfit = Variant::missing();
+        values = std::move(outcome.arguments);
+    }
 }
 
 void write(const MemberInfo& member, const std::vector<Variant>& values, const Given& given,
@@ -97,11 +120,8 @@ HRESULT invoke(CatalogueObject& object, Apartment& apartment, DISPID identifier,
     std::size_t position = member->parameterCount;
     try {
         given.emplace(*member, arguments);
-        // A variable whose value is never read may hold anything.
-        CallResult outcome = call(object, {.identifier = identifier,
-                                           .kind = kind,
-                                           .positional = read(*member, *given, apartment, position),
-                                           .variablesMayBeOmitted = true});
+        CallResult outcome =
+            callWithFitting(object, *member, kind, read(*member, *given, apartment, position));
         error = std::move(outcome.error);
         write(*member, outcome.arguments, *given, apartment, position);
         if (!error && result != nullptr) toVariant(outcome.result, apartment, *result);
