@@ -261,21 +261,17 @@ def shown(value):
     return json.dumps(value, ensure_ascii=True)
 
 
-def say(door, name, row, system):
+def say(door, name, row, system, place):
     if row.get("on", system) != system:
         raise Cannot("a row of the other system")
     if name in row.get("not", {}):
         raise Cannot(row["not"][name])
-    place = Place(system == "windows")
-    try:
-        door.begin(row, place)
-        for step in map(place.filled, steps(row)):
-            try:
-                door.take(step)
-            except Failed as failed:
-                raise Failed(f"{shown(step)}\n    got {failed}") from None
-    finally:
-        place.close()
+    door.begin(row, place)
+    for step in map(place.filled, steps(row)):
+        try:
+            door.take(step)
+        except Failed as failed:
+            raise Failed(f"{shown(step)}\n    got {failed}") from None
 
 
 def unsaid():
@@ -330,13 +326,16 @@ def main():
         door = make(options.launcher.split() + [program], environments)
         said, reasons = 0, collections.Counter()
         for row_name, row in list(rows(options.files))[::options.every]:
+            place = Place(system == "windows")
             try:
-                say(door, name, row, system)
+                say(door, name, row, system, place)
                 said += 1
             except Cannot as cannot:
                 reasons[str(cannot)] += 1
             except Failed as failed:
                 failures.append(f"{name}: {row_name} wants {failed}")
+            finally:
+                place.close()
         door.close()
         cannot = "".join(f"; {count} cannot: {why}" for why, count in reasons.most_common())
         print(f"{name}: {said} rows said{cannot}")

