@@ -1,12 +1,12 @@
 // The facts that quorkit doctor examines on Linux.
 #include <langinfo.h>
-#include <locale.h>
 #include <quorkit/ports/desktop.h>
 #include <quorkit/ports/drives.h>
 #include <quorkit/ports/system.h>
 #include <quorkit/utf8.h>
 #include <unistd.h>
 
+#include <clocale>
 #include <filesystem>
 
 #include "cli/linux_findings.h"

@@ -25,7 +25,7 @@ std::string startedBy(const std::string& name) {
     std::string_view folders = variable == nullptr ? "/usr/local/bin:/usr/bin:/bin" : variable;
     for (;;) {
         const std::size_t end = folders.find(':');
-        const std::string file = (fs::path(folders.substr(0, end)) / name).string();
+        std::string file = (fs::path(folders.substr(0, end)) / name).string();
         if (isProgram(file)) return file;
         if (end == std::string_view::npos) return {};
         folders.remove_prefix(end + 1);

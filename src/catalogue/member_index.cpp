@@ -16,7 +16,8 @@ std::uint64_t identifierKey(Long identifier, bool isLet) {
 template <class Name>
 std::uint64_t nameKey(const Name& name, bool isLet) {
     if (name.empty()) return isLet;
-    const std::uint64_t ends = base::asciiLower(name.front()) << 16 | base::asciiLower(name.back());
+    const auto lower = [](auto unit) { return base::asciiLower(static_cast<char16_t>(unit)); };
+    const std::uint64_t ends = lower(name.front()) << 16 | lower(name.back());
     return (std::uint64_t{name.size()} << 34) | (ends << 1) | isLet;
 }
 

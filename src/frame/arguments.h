@@ -19,7 +19,7 @@ class Made {
     Made() = default;
     Made(const Made&) = delete;
     Made& operator=(const Made&) = delete;
-    ~Made() { std::destroy_n(values(), count_); }
+    ~Made() { std::destroy_n(values(), count_); }  // NOLINT(bugprone-exception-escape): as Variant
 
     Variant* add(Variant value) { return std::construct_at(values() + count_++, std::move(value)); }
 

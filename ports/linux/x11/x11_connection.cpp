@@ -149,8 +149,8 @@ EventPtr Connection::nextEvent(Deadline deadline) {
         EventPtr event(xcb_poll_for_event(connection_));
         const auto now = std::chrono::steady_clock::now();
         if (event || isBroken() || now >= deadline) return event;
-        constexpr milliseconds kLongest = std::chrono::hours(1);
-        const auto wait = std::min(std::chrono::ceil<milliseconds>(deadline - now), kLongest);
+        constexpr milliseconds longest = std::chrono::hours(1);
+        const auto wait = std::min(std::chrono::ceil<milliseconds>(deadline - now), longest);
         pollfd socket = {xcb_get_file_descriptor(connection_), POLLIN, 0};
         poll(&socket, 1, static_cast<int>(wait.count()));
     }
