@@ -116,7 +116,9 @@ Function Shown(value)
         Case vbBoolean If value Then Shown = "true" Else Shown = "false"
         Case 8204 Shown = ShownArray(value)
         Case 8200 Shown = "{""array"":" & ShownTexts(value) & ",""lower"":null}"
-        Case 8209 Shown = Replace("{""bytes"":" & ShownBytes(value) & ",""lower"":null}", "{""bytes"":"""",", "{""array"":[],")
+        Case 8209
+            Shown = "{""bytes"":" & ShownBytes(value) & ",""lower"":null}"
+            Shown = Replace(Shown, "{""bytes"":"""",", "{""array"":[],")
         Case Else Shown = Tagged("type", VarType(value))
     End Select
 End Function
@@ -166,23 +168,18 @@ Function ShownTexts(values)
     ShownTexts = "[" & Mid(text, 2) & "]"
 End Function
 
+' A table of texts has become a collection too, its first column the keys.
 Function ShownTable(values)
-    Dim listed, all, keyed, i, key, text
-    On Error Resume Next
+    Dim listed, keys, i, text
     If VarType(values) <> 8200 Then
         ShownTable = Shown(values)
         Exit Function
     End If
     text = ""
     Set listed = GQuorConvert.ArrayToCollection(values)
-    all = GQuorConvert.CollectionToArray(listed)
-    Err.Clear
-    i = UBound(all, 2)
-    keyed = Err.Number = 0
+    keys = KeysOf(listed)
     For i = 1 To listed.Count
-        key = ""
-        If keyed Then key = all(0, i - 1)
-        text = text & ",[" & Quoted(key) & "," & Shown(listed.Item(i)) & "]"
+        text = text & ",[" & Quoted(keys(i)) & "," & Shown(listed.Item(i)) & "]"
     Next
     ShownTable = "{""table"":[" & Mid(text, 2) & "],""lower"":null}"
 End Function
@@ -235,18 +232,26 @@ Function ShownObject(object)
 End Function
 
 Function ShownCollection(object)
-    Dim all, keyed, i, key, text
-    On Error Resume Next
+    Dim keys, i, key, text
     text = ""
-    all = GQuorConvert.CollectionToArray(object)
-    Err.Clear
-    i = UBound(all, 2)
-    keyed = Err.Number = 0
+    keys = KeysOf(object)
     For i = 1 To object.Count
         key = ""
-        If keyed Then key = all(0, i - 1)
-        If key <> "" Then key = """key"":" & Quoted(key) & ","
+        If keys(i) <> "" Then key = """key"":" & Quoted(keys(i)) & ","
         text = text & ",{" & key & """item"":" & Shown(object.Item(i)) & "}"
     Next
     ShownCollection = Tagged("collection", "[" & Mid(text, 2) & "]")
+End Function
+
+' The keys of a collection, counted from 1; those that it does not have are "".
+Function KeysOf(object)
+    Dim all, keys, i
+    On Error Resume Next
+    ReDim keys(object.Count)
+    all = GQuorConvert.CollectionToArray(object)
+    For i = 1 To object.Count
+        keys(i) = ""
+        keys(i) = all(0, i - 1)
+    Next
+    KeysOf = keys
 End Function
