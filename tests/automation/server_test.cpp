@@ -394,6 +394,22 @@ TEST_F(Server, MayBeLetGoOfByAThreadThatEnds) {
     library = LoadLibraryA(QUORKIT_SERVER);
 }
 
+IDispatch* again = nullptr;
+HRESULT within = E_FAIL;
+
+void CALLBACK callAgain(HWND, UINT, UINT_PTR, DWORD) {
+    within = callOf(again, L"LPad", {u"0", u"7", 3}).code;
+}
+
+TEST_F(Server, IsCalledAgainWhileItWaits) {
+    const Ref<IDispatch> strings = make("GQuorStrings");
+    again = strings.get();
+    const UINT_PTR timer = SetTimer(nullptr, 0, 50, callAgain);
+    EXPECT_EQ(callOf(make("GQuorTools").get(), L"delay", {1}).code, S_OK);
+    KillTimer(nullptr, timer);
+    EXPECT_EQ(within, S_OK);
+}
+
 TEST_F(Server, KeepsToItsThread) {
     Ref<IDispatch> log = make("QuorLogFile");
     HRESULT elsewhere = S_OK;
