@@ -1,49 +1,46 @@
 #!/bin/sh
 # check.sh COMPILER FOLDER DLL LAUNCHER...: Free Pascal's importer makes a unit of the type library in
-# the DLL, which compiles, and whose members a program calls. FOLDER keeps what is built.
+# the server, which compiles, and a program that uses it calls the server, bound early and late.
+# FOLDER keeps what is built.
 set -eu
 
 compiler=$1 folder=$2 dll=$3
 shift 3
 here=$(dirname "$(realpath "$0")")
-source=/usr/share/fpcsrc/$("$compiler" -iV)
-target=$([ "$("$compiler" -iTP)" = x86_64 ] && echo win64 || echo win32)
-mkdir -p "$folder/units"
+case $compiler in
+  *ppc386) system=syswow64 ;;
+  *) system=system32 ;;
+esac
+windows() { printf 'Z:%s' "$1" | tr / '\\'; }
 
-compile() {
-  "$compiler" -n -Sg -T"$target" -FU"$folder/units" -Fu"$folder/units" "$@" >"$folder/log" ||
-    { cat "$folder/log" && false; }
-}
-runtime() {
-  rtl=$source/rtl
-  compile -Fi"$rtl/inc" -Fi"$rtl/$("$compiler" -iTP)" -Fi"$rtl/win" -Fi"$rtl/$target" \
-    -Fi"$rtl/objpas" -Fi"$rtl/objpas/sysutils" -Fi"$rtl/objpas/classes" -Fi"$rtl/win/wininc" \
-    -Fu"$rtl/$target" -Fu"$rtl/win" -Fu"$rtl/inc" -Fu"$rtl/objpas" \
-    -Fu"$rtl/$("$compiler" -iTP)" "$@"
-}
-with_packages() {
-  for name in winunits-base/src fcl-base/src fcl-registry/src fcl-xml/src rtl-objpas/src/inc \
-    rtl-objpas/src/win rtl-objpas/src/common; do
-    set -- "$@" -Fu"$source/packages/$name" -Fi"$source/packages/$name"
+mkdir -p "$folder"
+build() {
+  program=$1
+  set -- "-Fu$folder"
+  for package in winunits-base/src fcl-base/src fcl-registry/src fcl-xml/src rtl-objpas/src/inc; do
+    set -- "$@" "-Fu/usr/share/fpcsrc/3.2.2/packages/$package"
   done
-  compile "$@"
+  "$here/compile.sh" "$compiler" "$folder/units" "$here/$program.pas" "$folder/$program.exe" "$@" \
+    >"$folder/log" || { cat "$folder/log" && false; }
 }
-
-if [ ! -e "$folder/runtime" ]; then
-  runtime -Us "$source/rtl/$target/system.pp"
-  runtime "$source/rtl/$target/buildrtl.pp"
-  with_packages -o"$folder/import.exe" "$here/import.pas"
-  touch "$folder/runtime"
-fi
-"$@" "$folder/import.exe" "$dll" "$folder/quorkit_TLB.pas"
-with_packages -Fu"$folder" -o"$folder/early.exe" "$here/early.pas"
-"$@" "$folder/early.exe" | tr -d '\r' >"$folder/received"
-# Identifier, kind of call, types of the arguments: constants arrive as VT_UI4, and an object's
-# property gets its value even where it is declared by reference.
-diff - "$folder/received" <<'TEXT'
+[ -e "$folder/import.exe" ] || build import
+"$@" "$folder/import.exe" "$(windows "$dll")" "$(windows "$folder/quorkit_TLB.pas")"
+build client
+"$@" "C:\\windows\\$system\\regsvr32.exe" /s "$(windows "$dll")"
+"$@" "$folder/client.exe" | tr -d '\r' >"$folder/said"
+"$@" "C:\\windows\\$system\\regsvr32.exe" /s /u "$(windows "$dll")"
+# What arrives is told as identifier, kind of call and types of the arguments: an object's property
+# gets its value even where it is declared by reference.
+diff - "$folder/said" <<'TEXT'
 6003000D 3: 0008 000B
 60030015 3: 4008 4008 4008 4008
 68030005 4: 0013
 68030000 4: 000B
 60030011 3: 0008 400C 0008 000B 0001 000A 0008
+early: 007
+version 1.2.3.4: 0, 1 2 3 4
+level: -2
+late: 007, by name: 007
+value: kept
+error 800A004C from quorkit.GQuorFile: Path not found
 TEXT

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Compiles a Pascal program for Windows: free_pascal.sh COMPILER UNITS SOURCE PROGRAM [OPTION...]
+# Compiles a Pascal program for Windows: compile.sh COMPILER UNITS SOURCE PROGRAM [OPTION...]
 # COMPILER is Free Pascal's for the machine, ppcx64 or ppc386, which makes programs for Windows too,
 # but has no units for it. They are made of its sources once, in the folder UNITS; those of SOURCE
 # go to PROGRAM.units. Any number may run at once.
