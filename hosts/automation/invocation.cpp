@@ -83,23 +83,6 @@ std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartmen
     return values;
 }
 
-/// A variable whose value is never read need not fit; one that does keeps what the member leaves.
-CallResult callWithFitting(CatalogueObject& object, const MemberInfo& member, CallKind kind,
-                           std::vector<Variant> values) {
-    for (;;) {
-        CallResult outcome = call(object, {.identifier = member.identifier,
-                                           .kind = kind,
-                                           .positional = std::move(values),
-                                           .variablesMayBeOmitted = true});
-        if (!outcome.error || !outcome.error->argument) return outcome;
-        Variant& unfit = outcome.arguments[*outcome.error->argument];
-        if (!member.parameterRow[*outcome.error->argument].result || unfit.isMissing())
-            return outcome;
-        unfit = Variant::missing();
-        values = std::move(outcome.arguments);
-    }
-}
-
 void write(const MemberInfo& member, const std::vector<Variant>& values, const Given& given,
            Apartment& apartment, std::size_t& position) {
     for (position = 0; position < values.size(); ++position)
@@ -120,8 +103,10 @@ HRESULT invoke(CatalogueObject& object, Apartment& apartment, DISPID identifier,
     std::size_t position = member->parameterCount;
     try {
         given.emplace(*member, arguments);
-        CallResult outcome =
-            callWithFitting(object, *member, kind, read(*member, *given, apartment, position));
+        CallResult outcome = call(object, {.identifier = identifier,
+                                           .kind = kind,
+                                           .positional = read(*member, *given, apartment, position),
+                                           .variablesMayBeOmitted = true});
         error = std::move(outcome.error);
         write(*member, outcome.arguments, *given, apartment, position);
         if (!error && result != nullptr) toVariant(outcome.result, apartment, *result);

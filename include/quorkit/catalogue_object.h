@@ -19,9 +19,10 @@ class CatalogueObject : public Object {
 
     /// Runs a member of the object's own class with one value for each parameter. First the values
     /// are converted in place, a text to a Date by the rules of the user's language; after the call
-    /// they are the final values. Error 13 when a value does not convert; what the member throws
-    /// passes as it is. After a failure `fitting` is the position of the value that is not what its
-    /// parameter needs, or else the number of the values.
+    /// they are the final values. Error 13 when a value does not convert, unless the parameter only
+    /// carries a result out; what the member throws passes as it is. After a failure `fitting` is
+    /// the position of the value that is not what its parameter needs, or else the number of the
+    /// values.
     Variant run(const MemberInfo& member, std::span<Variant* const> values, std::size_t& fitting);
 
    private:

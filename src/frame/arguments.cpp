@@ -5,40 +5,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "frame/conversion.h"
+
 namespace quorkit::frame {
-namespace {
-
-/// The value of a variable of this type before it is set.
-Variant initialValue(Type type) {
-    switch (type) {
-        case Type::Boolean:
-            return Boolean();
-        case Type::Integer:
-            return Integer();
-        case Type::Long:
-            return Long();
-        case Type::Double:
-            return Double();
-        case Type::Date:
-            return Date();
-        case Type::String:
-            return String();
-        case Type::StringArray:
-            return Array<String>();
-        case Type::ByteArray:
-            return Array<Byte>();
-        case Type::VariantArray:
-            return Array<Variant>();
-        case Type::Object:
-            return ObjectRef();
-        case Type::None:
-        case Type::Variant:
-            break;
-    }
-    return {};
-}
-
-}  // namespace
 
 Values::Values(const MemberInfo& member, const Arguments& arguments, bool variablesMayBeOmitted)
     : count_(member.parameterCount) {

@@ -6,7 +6,6 @@
 #include "frame/conversion.h"
 #include "frame/error_patterns.h"
 #include "frame/pending_error.h"
-#include "frame/value_types.h"
 
 namespace quorkit {
 
@@ -27,12 +26,8 @@ Variant CatalogueObject::call(StringView name, CallKind kind, const Arguments& a
 Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant* const> values,
                              std::size_t& fitting) {
     Ports* const own = ports();
-    for (fitting = 0; fitting < member.parameterCount; ++fitting) {
-        const TypeInfo& type = member.parameterRow[fitting].type;
-        if (frame::typeOfContent(*values[fitting]) !=
-            type.type)  // rarely: convert would see it too
-            frame::convert(*values[fitting], type, own);
-    }
+    for (fitting = 0; fitting < member.parameterCount; ++fitting)
+        frame::convertArgument(*values[fitting], member.parameterRow[fitting], own);
     return member.run(self(), own, values.data(), fitting);
 }
 

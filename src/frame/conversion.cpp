@@ -83,4 +83,43 @@ void convert(Variant& value, const TypeInfo& type, Ports* ports) {
     }
 }
 
+void convertArgument(Variant& value, const ParameterInfo& parameter, Ports* ports) {
+    if (typeOfContent(value) == parameter.type.type) return;
+    try {
+        convert(value, parameter.type, ports);
+    } catch (const AutomationError&) {
+        if (!parameter.result) throw;
+        value = initialValue(parameter.type.type);
+    }
+}
+
+Variant initialValue(Type type) {
+    switch (type) {
+        case Type::Boolean:
+            return Boolean();
+        case Type::Integer:
+            return Integer();
+        case Type::Long:
+            return Long();
+        case Type::Double:
+            return Double();
+        case Type::Date:
+            return Date();
+        case Type::String:
+            return String();
+        case Type::StringArray:
+            return Array<String>();
+        case Type::ByteArray:
+            return Array<Byte>();
+        case Type::VariantArray:
+            return Array<Variant>();
+        case Type::Object:
+            return ObjectRef();
+        case Type::None:
+        case Type::Variant:
+            break;
+    }
+    return {};
+}
+
 }  // namespace quorkit::frame

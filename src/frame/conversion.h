@@ -13,4 +13,11 @@ namespace quorkit::frame {
 /// a value is needed; `value` then stays as it was.
 void convert(Variant& value, const TypeInfo& type, Ports* ports);
 
+/// The same for an argument. The value of a parameter that only carries a result out is never read:
+/// one that does not convert becomes the initial value of the type.
+void convertArgument(Variant& value, const ParameterInfo& parameter, Ports* ports);
+
+/// The value of a variable of this type before it is set.
+Variant initialValue(Type type);
+
 }  // namespace quorkit::frame

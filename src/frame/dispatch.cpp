@@ -1,7 +1,6 @@
 #include <quorkit/dispatch.h>
 
-#include <new>
-#include <stdexcept>
+#include <optional>
 #include <utility>
 
 #include "frame/arguments.h"
@@ -30,34 +29,34 @@ void resolve(Variant& value, const TypeInfo& type) {
     if (const auto constant = findConstant(*type.enumeration, *name)) value = *constant;
 }
 
-/// Puts every argument in its parameter's place: one value for each, `missing` when left out.
-void place(const MemberInfo& member, Call& request) {
-    std::vector<Variant>& values = request.positional;
-    const std::size_t given = values.size();
-    if (given > member.parameterCount) raise(ErrorNumber::WrongNumberOfArguments);
-    if (given < member.parameterCount) values.resize(member.parameterCount, Variant::missing());
-    for (NamedArgument& one : request.named) {
-        const auto position = findParameter(member, one.name);
-        if (!position) raise(ErrorNumber::NamedArgumentNotFound);
-        if (*position < given || !values[*position].isMissing())
-            raise(ErrorNumber::WrongNumberOfArguments);
-        values[*position] = std::move(one.value);
-    }
-}
-
-/// The arguments become the values of all parameters. `fitting`: the position of the one that is
-/// not what its parameter needs.
-Variant callOwn(CatalogueObject& target, Call& request, std::size_t& fitting) {
+const MemberInfo& memberOf(const CatalogueObject& target, const Call& request) {
     const MemberInfo* member = request.identifier
                                    ? findMember(target.info(), *request.identifier, request.kind)
                                    : findMember(target.info(), request.member, request.kind);
     if (member == nullptr) raise(ErrorNumber::NoSuchMember);
-    place(*member, request);
-    const frame::Values values(*member, {request.positional}, request.variablesMayBeOmitted);
+    return *member;
+}
+
+/// `values` are those of the call as soon as its arguments fit the member. `fitting`: the position
+/// of the one that is not what its parameter needs.
+Variant callOwn(CatalogueObject& target, Call& request, std::optional<frame::Values>& values,
+                std::size_t& fitting) {
+    const MemberInfo& member = memberOf(target, request);
+    values.emplace(member, Arguments{request.positional, request.named},
+                   request.variablesMayBeOmitted);
     if (request.constantsByName)
-        for (std::size_t i = 0; i < member->parameterCount; ++i)
-            resolve(request.positional[i], member->parameterRow[i].type);
-    return target.run(*member, values.all(), fitting);
+        for (std::size_t i = 0; i < member.parameterCount; ++i)
+            resolve(*values->all()[i], member.parameterRow[i].type);
+    return target.run(member, values->all(), fitting);
+}
+
+/// One for each parameter.
+std::vector<Variant> finalValues(const frame::Values& values, std::vector<Variant>& positional) {
+    if (positional.size() == values.all().size()) return std::move(positional);  // it has them all
+    std::vector<Variant> all;
+    all.reserve(values.all().size());
+    for (Variant* value : values.all()) all.push_back(std::move(*value));
+    return all;
 }
 
 }  // namespace
@@ -99,10 +98,11 @@ ObjectRef Library::object(StringView className) {
 CallResult call(Object& target, Call request) {
     CallResult outcome;
     ports::takeReason();  // of what came before
-    auto fitting = static_cast<std::size_t>(-1);
+    std::optional<frame::Values> values;
+    std::size_t fitting = 0;
     try {
         if (auto* const own = dynamic_cast<CatalogueObject*>(&target))
-            outcome.result = callOwn(*own, request, fitting);
+            outcome.result = callOwn(*own, request, values, fitting);
         else
             outcome.result =
                 target.call(request.member, request.kind, {request.positional, request.named});
@@ -111,8 +111,10 @@ CallResult call(Object& target, Call request) {
     } catch (...) {
         outcome.error = errorOf(std::current_exception(), target.className());
     }
-    outcome.arguments = std::move(request.positional);
-    if (outcome.error && fitting < outcome.arguments.size()) outcome.error->argument = fitting;
+    if (outcome.error && values && fitting < values->all().size())
+        outcome.error->argument = fitting;
+    outcome.arguments =
+        values ? finalValues(*values, request.positional) : std::move(request.positional);
     outcome.reason = ports::takeReason();
     return outcome;
 }
