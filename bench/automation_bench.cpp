@@ -14,9 +14,12 @@ namespace {
 
 const GUID kStrings = {
     0x673d863f, 0x04b8, 0x44f9, {0xaa, 0xdf, 0x94, 0xb1, 0xa8, 0x22, 0x1c, 0x8d}};
+const GUID kConvert = {
+    0x673d864b, 0x04b8, 0x44f9, {0xaa, 0xdf, 0x94, 0xb1, 0xa8, 0x22, 0x1c, 0x8d}};
 constexpr DISPID kPad = 0x60030016;
+constexpr DISPID kToArray = 0x6003000A;
 
-/// What somebody writes who needs LPad and nothing else.
+/// What somebody writes who needs LPad and a member that takes an object, and nothing else.
 class Minimal final : public IDispatch {
    public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** found) override {
@@ -42,7 +45,8 @@ class Minimal final : public IDispatch {
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* arguments,
-                                     VARIANT* result, EXCEPINFO*, UINT* bad) override {
+                                     VARIANT* result, EXCEPINFO* failure, UINT* bad) override {
+        if (member == kToArray) return toArray(*arguments, *failure);
         if (member != kPad) return DISP_E_MEMBERNOTFOUND;
         VARIANT values[3];
         const VARTYPE types[] = {VT_BSTR, VT_BSTR, VT_I4};
@@ -65,6 +69,25 @@ class Minimal final : public IDispatch {
     }
 
    private:
+    static std::size_t itemsOf(IUnknown* object) {
+        if (object == nullptr)
+            throw std::runtime_error("Object variable or With block variable not set");
+        return 0;
+    }
+    static HRESULT toArray(const DISPPARAMS& arguments, EXCEPINFO& failure) {
+        try {
+            return itemsOf(arguments.rgvarg[0].punkVal) == 0 ? S_OK : S_FALSE;
+        } catch (const std::runtime_error& error) {
+            const std::string text = error.what();
+            const std::wstring wide(text.begin(), text.end());
+            failure.scode = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, 91);
+            failure.bstrSource = SysAllocString(L"minimal.Minimal");
+            failure.bstrDescription =
+                SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
+            return DISP_E_EXCEPTION;
+        }
+    }
+
     LONG count_ = 1;
 };
 
@@ -97,17 +120,30 @@ struct Client {
                    S_OK &&
                identifier == kPad && byIdentifier();
     }
-    bool failure() {
-        VARIANT three[3] = {arguments[0], arguments[1], arguments[2]};
-        three[0].vt = VT_UNKNOWN;  // Nothing
-        three[0].punkVal = nullptr;
-        DISPPARAMS parameters = {three, nullptr, 3, 0};
+    bool misfit() {
+        VARIANT three[3] = {nothing(), arguments[1], arguments[2]};
+        return fails(kPad, three, 3);
+    }
+    bool raised() {
+        VARIANT one = nothing();
+        return fails(kToArray, &one, 1);
+    }
+
+   private:
+    static VARIANT nothing() {
+        VARIANT value = {};
+        value.vt = VT_DISPATCH;
+        return value;
+    }
+    bool fails(DISPID member, VARIANT* given, UINT count) {
+        DISPPARAMS parameters = {given, nullptr, count, 0};
         VARIANT result;
         VariantInit(&result);
         EXCEPINFO report = {};
         UINT bad = 0;
-        const HRESULT outcome = object->Invoke(kPad, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
-                                               &parameters, &result, &report, &bad);
+        const HRESULT outcome =
+            object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                           &result, &report, &bad);
         SysFreeString(report.bstrSource);
         SysFreeString(report.bstrDescription);
         return FAILED(outcome);
@@ -166,12 +202,19 @@ int main(int count, char** words) {
     using GetClassObject = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
     const auto get = reinterpret_cast<GetClassObject>(
         reinterpret_cast<void*>(GetProcAddress(library, "DllGetClassObject")));
-    IClassFactory* factory = nullptr;
-    IDispatch* object = nullptr;
-    if (FAILED(get(kStrings, IID_IClassFactory, reinterpret_cast<void**>(&factory))) ||
-        FAILED(factory->CreateInstance(nullptr, IID_IDispatch, reinterpret_cast<void**>(&object))))
-        return 1;
-    Client ours(object);
+    const auto factoryOf = [&](const GUID& one) {
+        void* factory = nullptr;
+        if (FAILED(get(one, IID_IClassFactory, &factory))) std::abort();
+        return static_cast<IClassFactory*>(factory);
+    };
+    const auto objectOf = [&](const GUID& one) {
+        void* object = nullptr;
+        if (FAILED(factoryOf(one)->CreateInstance(nullptr, IID_IDispatch, &object))) std::abort();
+        return static_cast<IDispatch*>(object);
+    };
+    IClassFactory* const factory = factoryOf(kStrings);
+    Client ours(objectOf(kStrings));
+    Client converting(objectOf(kConvert));
     Client peer(new Minimal);
     MinimalFactory minimal;
     std::printf("%-14s %11s %11s  ratio\n", "", "ours", "minimal");
@@ -180,7 +223,9 @@ int main(int count, char** words) {
     compare(
         "by name", [&] { return ours.byName(); }, [&] { return peer.byName(); });
     compare(
-        "misfit", [&] { return ours.failure(); }, [&] { return peer.failure(); });
+        "misfit", [&] { return ours.misfit(); }, [&] { return peer.misfit(); });
+    compare(
+        "error raised", [&] { return converting.raised(); }, [&] { return peer.raised(); });
     compare(
         "object made", [&] { return makes(factory); }, [&] { return makes(&minimal); });
     return 0;

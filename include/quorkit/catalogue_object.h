@@ -2,8 +2,11 @@
 #pragma once
 
 #include <quorkit/catalogue.h>
+#include <quorkit/errors.h>
 #include <quorkit/object.h>
 
+#include <cstddef>
+#include <optional>
 #include <span>
 
 namespace quorkit {
@@ -17,12 +20,20 @@ class CatalogueObject : public Object {
     Variant call(StringView name, CallKind kind = CallKind::Call,
                  const Arguments& arguments = {}) override;
 
-    /// Runs a member of the object's own class with one value for each parameter. First the values
-    /// are converted in place, a text to a Date by the rules of the user's language; after the call
-    /// they are the final values. Error 13 when a value does not convert, unless the parameter only
-    /// carries a result out; what the member throws passes as it is. After a failure `fitting` is
-    /// the position of the value that is not what its parameter needs, or else the number of the
-    /// values.
+    /// The first value of a call that does not fit its parameter, and the error that tells so.
+    struct Misfit {
+        std::size_t position;
+        ErrorNumber number;
+    };
+    /// Converts the values of a call in place, one for each parameter of a member of the object's
+    /// own class; a text becomes a Date by the rules of the user's language. A value that does not
+    /// convert is no misfit when the parameter only carries a result out.
+    std::optional<Misfit> fit(const MemberInfo& member, std::span<Variant* const> values);
+
+    /// Runs a member of the object's own class with values that fit; after the call they are the
+    /// final values. What the member throws passes as it is. After a failure `fitting` is the
+    /// position of an object that is not of the class that its parameter needs, or else the number
+    /// of the values.
     Variant run(const MemberInfo& member, std::span<Variant* const> values, std::size_t& fitting);
 
    private:

@@ -35,6 +35,8 @@ class Library {
     ObjectRef object(StringView className);
 
    private:
+    ObjectRef instance(const ClassInfo* info);
+
     Ports& ports_;
     std::map<const ClassInfo*, ObjectRef> globals_;
 };

@@ -19,7 +19,8 @@ Picture::Picture(std::string file) : file_(std::move(file)) {
 PictureRef Picture::of(const ObjectRef& object) {
     return frame::ForeignObject::adapted<Picture>(
         object, u"File", [](const ObjectRef&, Variant file) {
-            frame::convert(file, {Type::ByteArray}, nullptr);
+            if (const auto failure = frame::convert(file, {Type::ByteArray}, nullptr))
+                raise(*failure);
             const std::vector<Byte>& bytes = file.get<Array<Byte>>().elements();
             return std::make_shared<Picture>(std::string(bytes.begin(), bytes.end()));
         });

@@ -23,12 +23,18 @@ Variant CatalogueObject::call(StringView name, CallKind kind, const Arguments& a
     return invoke(findMember(info(), name, kind), arguments);
 }
 
+std::optional<CatalogueObject::Misfit> CatalogueObject::fit(const MemberInfo& member,
+                                                            std::span<Variant* const> values) {
+    Ports* const own = ports();
+    for (std::size_t i = 0; i < member.parameterCount; ++i)
+        if (const auto failure = frame::convertArgument(*values[i], member.parameterRow[i], own))
+            return Misfit{i, *failure};
+    return {};
+}
+
 Variant CatalogueObject::run(const MemberInfo& member, std::span<Variant* const> values,
                              std::size_t& fitting) {
-    Ports* const own = ports();
-    for (fitting = 0; fitting < member.parameterCount; ++fitting)
-        frame::convertArgument(*values[fitting], member.parameterRow[fitting], own);
-    return member.run(self(), own, values.data(), fitting);
+    return member.run(self(), ports(), values.data(), fitting);
 }
 
 Variant CatalogueObject::invoke(const MemberInfo* member, const Arguments& arguments) {
@@ -36,6 +42,7 @@ Variant CatalogueObject::invoke(const MemberInfo* member, const Arguments& argum
         return frame::untrapped([&] {
             if (member == nullptr) raise(ErrorNumber::NoSuchMember);
             const frame::Values values(*member, arguments);
+            if (const auto misfit = fit(*member, values.all())) raise(misfit->number);
             std::size_t fitting = 0;
             return run(*member, values.all(), fitting);
         });

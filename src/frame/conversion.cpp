@@ -1,5 +1,9 @@
 #include "frame/conversion.h"
 
+#include <type_traits>
+#include <utility>
+#include <vector>
+
 #include "frame/ui_language.h"
 #include "frame/value_types.h"
 #include "runtime/convert.h"
@@ -7,90 +11,82 @@
 namespace quorkit::frame {
 namespace {
 
-Byte byteOf(const Variant& value) {
-    const Long number = runtime::CLng(value);
-    if (number < 0 || number > 255) raise(ErrorNumber::Overflow);
-    return static_cast<Byte>(number);
+using runtime::Converted;
+using Failure = std::optional<ErrorNumber>;
+
+Converted<Byte> byteOf(const Variant& value) {
+    auto number = runtime::to<Long>(value);
+    if (number.failure()) return *number.failure();
+    if (!std::in_range<Byte>(number.value())) return ErrorNumber::Overflow;
+    return static_cast<Byte>(number.value());
 }
 
-/// An array with each element converted; an unallocated one stays unallocated. Error 13 for a
-/// table.
-template <class T, class From, class Convert>
-Array<T> converted(const Array<From>& from, Convert convert) {
-    if (!from.allocated()) return {};
-    if (from.dimensions() > 1) raise(ErrorNumber::TypeMismatch);
-    std::vector<T> elements;
-    elements.reserve(from.elements().size());
-    for (const From& element : from.elements()) elements.push_back(convert(element));
-    return Array<T>(std::move(elements), from.lower());
+template <class T>
+Failure become(Variant& value, Converted<T> made) {
+    if (!made.failure()) value = std::move(made.value());
+    return made.failure();
 }
 
-/// An array of Variants converts to any array, an array of texts to Variants; no other array
-/// converts.
-template <class T, class Convert>
-void requireArray(Variant& value, Convert convert) {
-    const auto* variants = value.getIf<Array<Variant>>();
-    if (variants == nullptr) raise(ErrorNumber::TypeMismatch);
-    value = converted<T>(*variants, convert);
-}
-
-void requireVariants(Variant& value) {
-    const auto* texts = value.getIf<Array<String>>();
-    if (texts == nullptr) raise(ErrorNumber::TypeMismatch);
-    value = converted<Variant>(*texts, [](const String& text) { return text; });
+/// An array of `From` becomes one of what `convert` makes of each element; an unallocated one stays
+/// unallocated. No other value converts, nor does a table.
+template <class From, class Convert>
+Failure becomeArray(Variant& value, Convert convert) {
+    using To = std::remove_cvref_t<decltype(convert(From()).value())>;
+    const auto* from = value.getIf<Array<From>>();
+    if (from == nullptr) return ErrorNumber::TypeMismatch;
+    if (!from->allocated()) return become(value, Converted(Array<To>()));
+    if (from->dimensions() > 1) return ErrorNumber::TypeMismatch;
+    std::vector<To> elements;
+    elements.reserve(from->elements().size());
+    for (const From& element : from->elements()) {
+        auto made = convert(element);
+        if (made.failure()) return made.failure();
+        elements.push_back(std::move(made.value()));
+    }
+    return become(value, Converted(Array<To>(std::move(elements), from->lower())));
 }
 
 }  // namespace
 
-void convert(Variant& value, const TypeInfo& type, Ports* ports) {
-    if (typeOfContent(value) == type.type) return;
+Failure convert(Variant& value, const TypeInfo& type, Ports* ports) {
+    if (typeOfContent(value) == type.type) return {};
     switch (type.type) {
         case Type::None:
         case Type::Variant:
-            return;
+            return {};
         case Type::Boolean:
-            value = runtime::CBool(value);
-            return;
+            return become(value, runtime::to<Boolean>(value));
         case Type::Integer:
-            value = runtime::CInt(value);
-            return;
+            return become(value, runtime::to<Integer>(value));
         case Type::Long:
-            value = runtime::CLng(value);
-            return;
+            return become(value, runtime::to<Long>(value));
         case Type::Double:
-            value = runtime::CDbl(value);
-            return;
+            return become(value, runtime::to<Double>(value));
         case Type::Date:
             if (value.is<String>() && ports != nullptr)
-                value = runtime::CDate(value, uiLanguage(*ports));
-            else
-                value = runtime::CDate(value);
-            return;
+                return become(value, runtime::toDate(value, uiLanguage(*ports)));
+            return become(value, runtime::toDate(value));
         case Type::String:
-            value = runtime::CStr(value);
-            return;
+            return become(value, runtime::to<String>(value));
         case Type::StringArray:
-            requireArray<String>(value, runtime::CStr);
-            return;
+            return becomeArray<Variant>(value, runtime::to<String>);
         case Type::ByteArray:
-            requireArray<Byte>(value, byteOf);
-            return;
+            return becomeArray<Variant>(value, byteOf);
         case Type::VariantArray:
-            requireVariants(value);
-            return;
+            return becomeArray<String>(value,
+                                       [](const String& text) { return Converted<Variant>(text); });
         case Type::Object:
-            raise(ErrorNumber::TypeMismatch);
+            break;
     }
+    return ErrorNumber::TypeMismatch;
 }
 
-void convertArgument(Variant& value, const ParameterInfo& parameter, Ports* ports) {
-    if (typeOfContent(value) == parameter.type.type) return;
-    try {
-        convert(value, parameter.type, ports);
-    } catch (const AutomationError&) {
-        if (!parameter.result) throw;
-        value = initialValue(parameter.type.type);
-    }
+Failure convertArgument(Variant& value, const ParameterInfo& parameter, Ports* ports) {
+    if (typeOfContent(value) == parameter.type.type) return {};
+    const Failure failure = convert(value, parameter.type, ports);
+    if (!failure || !parameter.result) return failure;
+    value = initialValue(parameter.type.type);
+    return {};
 }
 
 Variant initialValue(Type type) {

@@ -37,17 +37,22 @@ const MemberInfo& memberOf(const CatalogueObject& target, const Call& request) {
     return *member;
 }
 
-/// `values` are those of the call as soon as its arguments fit the member. `fitting`: the position
-/// of the one that is not what its parameter needs.
-Variant callOwn(CatalogueObject& target, Call& request, std::optional<frame::Values>& values,
-                std::size_t& fitting) {
+/// `values` are those of the call as soon as its arguments are placed. `fitting`: the position of
+/// the one that is not what its parameter needs.
+void callOwn(CatalogueObject& target, Call& request, std::optional<frame::Values>& values,
+             std::size_t& fitting, CallResult& outcome) {
     const MemberInfo& member = memberOf(target, request);
     values.emplace(member, Arguments{request.positional, request.named},
                    request.variablesMayBeOmitted);
     if (request.constantsByName)
         for (std::size_t i = 0; i < member.parameterCount; ++i)
             resolve(*values->all()[i], member.parameterRow[i].type);
-    return target.run(member, values->all(), fitting);
+    if (const auto misfit = target.fit(member, values->all())) {
+        fitting = misfit->position;
+        outcome.error = toClient(AutomationError(misfit->number), target.className());
+    } else {
+        outcome.result = target.run(member, values->all(), fitting);
+    }
 }
 
 /// One for each parameter.
@@ -83,16 +88,18 @@ ObjectRef Library::create(StringView className) {
 
 ObjectRef Library::global(StringView className) {
     const ClassInfo* info = findClass(className);
-    if (info != nullptr && info->kind != ClassKind::Global) info = nullptr;
-    ObjectRef& object = globals_[info];
-    if (object == nullptr) object = createOrRaise(info, ports_);
-    return object;
+    return instance(info != nullptr && info->kind == ClassKind::Global ? info : nullptr);
 }
 
 ObjectRef Library::object(StringView className) {
-    const ClassInfo* info = findClass(className);
-    return info != nullptr && info->kind == ClassKind::Global ? global(className)
-                                                              : createOrRaise(info, ports_);
+    return instance(findClass(className));
+}
+
+ObjectRef Library::instance(const ClassInfo* info) {
+    if (info == nullptr || info->kind != ClassKind::Global) return createOrRaise(info, ports_);
+    ObjectRef& object = globals_[info];
+    if (object == nullptr) object = createOrRaise(info, ports_);
+    return object;
 }
 
 CallResult call(Object& target, Call request) {
@@ -102,7 +109,7 @@ CallResult call(Object& target, Call request) {
     std::size_t fitting = 0;
     try {
         if (auto* const own = dynamic_cast<CatalogueObject*>(&target))
-            outcome.result = callOwn(*own, request, values, fitting);
+            callOwn(*own, request, values, fitting, outcome);
         else
             outcome.result =
                 target.call(request.member, request.kind, {request.positional, request.named});

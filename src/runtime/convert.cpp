@@ -23,10 +23,10 @@ String wide(std::string_view ascii) {
 /// 15 significant digits. They are plain when 15 digits before or behind the point show all of
 /// them; otherwise the text has an exponent of at least two digits: 0.1, 123456789012345, 1E+15,
 /// 1.5E-15.
-String textOf(Double value) {
+Converted<String> textOf(Double value) {
     constexpr int mostDigits = 15;
-    if (!std::isfinite(value)) raise(ErrorNumber::Overflow);
-    if (value == 0) return u"0";
+    if (!std::isfinite(value)) return ErrorNumber::Overflow;
+    if (value == 0) return String(u"0");
     char buffer[32];
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, std::abs(value),
                                    std::chars_format::scientific, mostDigits - 1)
@@ -54,109 +54,140 @@ String textOf(Double value) {
     return wide(value < 0 ? "-" + text : text);
 }
 
-Double finite(Double value) {
-    if (std::isinf(value)) raise(ErrorNumber::Overflow);
-    return value;
-}
-
-Date inRange(Date date) {
-    if (!isDateInRange(date.days)) raise(ErrorNumber::Overflow);
-    return date;
-}
-
-[[noreturn]] void fail(Null) {
-    raise(ErrorNumber::InvalidUseOfNull);
+ErrorNumber misfit(Null) {
+    return ErrorNumber::InvalidUseOfNull;
 }
 template <class T>
-[[noreturn]] void fail(const T&) {
-    raise(ErrorNumber::TypeMismatch);
+ErrorNumber misfit(const T&) {
+    return ErrorNumber::TypeMismatch;
 }
 
 struct ToText {
-    String operator()(Empty) const { return {}; }
-    String operator()(Boolean value) const { return value ? u"True" : u"False"; }
-    String operator()(Integer value) const { return wide(std::to_string(value)); }
-    String operator()(Long value) const { return wide(std::to_string(value)); }
-    String operator()(Double value) const { return textOf(value); }
-    String operator()(Date value) const { return dateText(inRange(value)); }
-    String operator()(const String& value) const { return value; }
+    using Result = Converted<String>;
+    Result operator()(Empty) const { return String(); }
+    Result operator()(Boolean value) const { return String(value ? u"True" : u"False"); }
+    Result operator()(Integer value) const { return wide(std::to_string(value)); }
+    Result operator()(Long value) const { return wide(std::to_string(value)); }
+    Result operator()(Double value) const { return textOf(value); }
+    Result operator()(Date value) const {
+        if (!isDateInRange(value.days)) return ErrorNumber::Overflow;
+        return dateText(value);
+    }
+    Result operator()(const String& value) const { return value; }
     template <class T>
-    String operator()(const T& value) const {
-        fail(value);
+    Result operator()(const T& value) const {
+        return misfit(value);
     }
 };
 
 struct ToNumber {
-    Double operator()(Empty) const { return 0; }
-    Double operator()(Boolean value) const { return value ? -1 : 0; }
-    Double operator()(Integer value) const { return value; }
-    Double operator()(Long value) const { return value; }
-    Double operator()(Double value) const { return value; }
-    Double operator()(Date value) const { return value.days; }
-    Double operator()(const String& value) const {
+    using Result = Converted<Double>;
+    Result operator()(Empty) const { return 0.0; }
+    Result operator()(Boolean value) const { return value ? -1.0 : 0.0; }
+    Result operator()(Integer value) const { return static_cast<Double>(value); }
+    Result operator()(Long value) const { return static_cast<Double>(value); }
+    Result operator()(Double value) const { return value; }
+    Result operator()(Date value) const { return value.days; }
+    Result operator()(const String& value) const {
         const auto number = numberIn(value);
-        if (!number) raise(ErrorNumber::TypeMismatch);
-        return finite(*number);
+        if (!number) return ErrorNumber::TypeMismatch;
+        if (std::isinf(*number)) return ErrorNumber::Overflow;
+        return *number;
     }
     template <class T>
-    Double operator()(const T& value) const {
-        fail(value);
+    Result operator()(const T& value) const {
+        return misfit(value);
     }
 };
 
 template <class To>
-auto converted(const Variant& value) {
+typename To::Result converted(const Variant& value) {
     return std::visit(To{}, static_cast<const VariantValue&>(value));
 }
 
 template <class Whole>
-Whole rounded(Double value) {
-    const Double whole = std::nearbyint(value);
+Converted<Whole> rounded(Converted<Double> number) {
+    if (number.failure()) return *number.failure();
+    const Double whole = std::nearbyint(number.value());
     if (!(whole >= std::numeric_limits<Whole>::min() && whole <= std::numeric_limits<Whole>::max()))
-        raise(ErrorNumber::Overflow);
+        return ErrorNumber::Overflow;
     return static_cast<Whole>(whole);
 }
 
 }  // namespace
 
-String CStr(const Variant& value) {
+template <>
+Converted<String> to(const Variant& value) {
     return converted<ToText>(value);
 }
 
-Boolean CBool(const Variant& value) {
+template <>
+Converted<Boolean> to(const Variant& value) {
     if (const auto* text = value.getIf<String>()) {
         if (base::sameText(*text, u"True") || *text == u"#TRUE#") return true;
         if (base::sameText(*text, u"False") || *text == u"#FALSE#") return false;
     }
-    return converted<ToNumber>(value) != 0;
+    auto number = converted<ToNumber>(value);
+    if (number.failure()) return *number.failure();
+    return number.value() != 0;
 }
 
-Integer CInt(const Variant& value) {
+template <>
+Converted<Integer> to(const Variant& value) {
     if (const auto* text = value.getIf<String>())
         if (const auto bits = readWholeNumber(*text).bits; bits && *bits <= 0xFFFF)
             return static_cast<Integer>(*bits);
     return rounded<Integer>(converted<ToNumber>(value));
 }
 
-Long CLng(const Variant& value) {
+template <>
+Converted<Long> to(const Variant& value) {
     return rounded<Long>(converted<ToNumber>(value));
 }
 
-Double CDbl(const Variant& value) {
+template <>
+Converted<Double> to(const Variant& value) {
     return converted<ToNumber>(value);
 }
 
-Date CDate(const Variant& value, eLanguage language) {
+Converted<Date> toDate(const Variant& value, eLanguage language) {
     if (const auto* text = value.getIf<String>()) {
         const auto date = dateIn(Trim(*text), language);
-        if (!date) raise(ErrorNumber::TypeMismatch);
+        if (!date) return ErrorNumber::TypeMismatch;
         return *date;
     }
-    return inRange({converted<ToNumber>(value)});
+    auto number = converted<ToNumber>(value);
+    if (number.failure()) return *number.failure();
+    if (!isDateInRange(number.value())) return ErrorNumber::Overflow;
+    return Date{number.value()};
+}
+
+String CStr(const Variant& value) {
+    return to<String>(value).orRaise();
+}
+
+Boolean CBool(const Variant& value) {
+    return to<Boolean>(value).orRaise();
+}
+
+Integer CInt(const Variant& value) {
+    return to<Integer>(value).orRaise();
+}
+
+Long CLng(const Variant& value) {
+    return to<Long>(value).orRaise();
+}
+
+Double CDbl(const Variant& value) {
+    return to<Double>(value).orRaise();
+}
+
+Date CDate(const Variant& value, eLanguage language) {
+    return toDate(value, language).orRaise();
 }
 
 Long roundToLong(Double value) {
-    return rounded<Long>(value);
+    return rounded<Long>(Converted<Double>(value)).orRaise();
 }
 
 std::optional<Double> numberIn(StringView text) {

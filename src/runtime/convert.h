@@ -5,11 +5,38 @@
 #pragma once
 
 #include <quorkit/enumerations.h>
+#include <quorkit/errors.h>
 #include <quorkit/variant.h>
 
 #include <optional>
+#include <utility>
 
 namespace quorkit::runtime {
+
+/// A value, or why there is none: for those who would only catch the error. To throw one takes
+/// longer than a call does.
+template <class T>
+class Converted {
+   public:
+    Converted(T value) : value_(std::move(value)) {}
+    Converted(ErrorNumber failure) : failure_(failure) {}
+
+    std::optional<ErrorNumber> failure() const { return failure_; }
+    T& value() { return value_; }
+    T orRaise() && {
+        if (failure_) raise(*failure_);
+        return std::move(value_);
+    }
+
+   private:
+    T value_{};
+    std::optional<ErrorNumber> failure_;
+};
+
+/// What the functions below give, by type: String, Boolean, Integer, Long, Double.
+template <class T>
+Converted<T> to(const Variant& value);
+Converted<Date> toDate(const Variant& value, eLanguage language = eLanguage_English);
 
 /// Doubles have 15 significant digits, and an exponent ("1E+20") only where plain digits cannot
 /// show them. Dates are "yyyy-mm-dd", followed by " hh:mm:ss" unless it is midnight.
