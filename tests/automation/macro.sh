@@ -1,6 +1,7 @@
 #!/bin/sh
 # The example macro in a script engine that we did not write: macro.sh SYSTEM DLL FOLDER EMULATOR...
-# SYSTEM is the folder of Windows with the programs of the DLL's bitness.
+# SYSTEM is the folder of Windows with the programs of the DLL's bitness. The DLL is registered
+# meanwhile, unless it is "", when the classes are registered already.
 set -eu
 system=$1 dll=$2 folder=$3
 shift 3
