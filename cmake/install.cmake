@@ -31,7 +31,7 @@ install(FILES README.md CHANGELOG.md TYPE DOC)
 install(DIRECTORY docs examples TYPE DOC)
 # Whose terms ask for that: code of theirs is part of the programs.
 if(CMAKE_CROSSCOMPILING)
-  foreach(package gcc-mingw-w64-base mingw-w64-common nlohmann-json3-dev)
+  foreach(package mingw-w64-common nlohmann-json3-dev)
     install(FILES /usr/share/doc/${package}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR}/notices
             RENAME ${package}.txt)
   endforeach()

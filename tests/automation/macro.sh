@@ -1,7 +1,7 @@
 #!/bin/sh
 # The example macro in a script engine that we did not write: macro.sh SYSTEM DLL FOLDER EMULATOR...
 # SYSTEM is the folder of Windows with the programs of the DLL's bitness. The DLL is registered
-# meanwhile, unless it is "", when the classes are registered already.
+# meanwhile, unless it is "", when the classes are registered already. MACRO is another copy of it.
 set -eu
 system=$1 dll=$2 folder=$3
 shift 3
@@ -31,7 +31,7 @@ Erika Muster
 Hauptstrasse 1
 6300 Zug
 0041 44 123 45 67
-log: 1 failure
+failures: 1
 TEXT
 grep -q '^; kept' "$folder/month.ini"
 grep -q '^Error .*invoice3' "$folder/month.log"
