@@ -22,6 +22,21 @@ install(TARGETS quorkit EXPORT quorkit)
 install(TARGETS quorkit-cli)
 install(DIRECTORY include/quorkit TYPE INCLUDE FILES_MATCHING PATTERN *.h PATTERN *.def)
 
+if(WIN32)
+  install(TARGETS quorkit-server LIBRARY DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${import_library} ${manifest} ${type_library}/quorkit.tlb TYPE BIN)
+  install(FILES ${c_header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quorkit)
+endif()
+install(FILES README.md CHANGELOG.md TYPE DOC)
+install(DIRECTORY docs examples TYPE DOC)
+# Whose terms ask for that: code of theirs is part of the programs.
+if(CMAKE_CROSSCOMPILING)
+  foreach(package mingw-w64-common nlohmann-json3-dev)
+    install(FILES /usr/share/doc/${package}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR}/notices
+            RENAME ${package}.txt)
+  endforeach()
+endif()
+
 install(EXPORT quorkit FILE quorkit-config.cmake NAMESPACE quorkit:: DESTINATION ${package_dir})
 write_basic_package_version_file(quorkit-config-version.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/quorkit-config-version.cmake DESTINATION ${package_dir})

@@ -44,7 +44,7 @@ settings.WriteMultiLineValue "Report", "Text", report
 RememberRun
 clipboard.SetTextToClipboard report
 WScript.Echo clipboard.GetTextFromClipboard()
-WScript.Echo "log: " & Failures() & " failure"
+WScript.Echo "failures: " & Failures()
 Note "ends"
 log.CloseLogfile
 registry.Reg_DeletePath "HKEY_CURRENT_USER\Software\Acme"
@@ -93,6 +93,7 @@ End Function
 Function Invoices(where)
     Dim names, name, count, amount, total, lines
     count = files.getFilesFromDirectoryEx(where, names, "invoice*.ini")
+    If count = 0 Then names = Array()  ' where there is no file, it has one name, which is empty
     lines = "": total = 0
     For Each name In convert.ArrayToCollection(names)
         amount = AmountOf(where & name)

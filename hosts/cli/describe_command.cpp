@@ -13,7 +13,8 @@
 namespace quorkit::cli {
 namespace {
 
-enum class Form { Text, Json, Markdown, Idl, Manifest };
+/// From Idl on always of the whole library.
+enum class Form { Text, Json, Markdown, Idl, Manifest, CHeader };
 
 struct DescribeLine {
     Form form = Form::Text;
@@ -31,6 +32,8 @@ DescribeLine parseDescribe(std::span<const String> arguments) {
             line.form = Form::Idl;
         else if (word == u"--manifest")
             line.form = Form::Manifest;
+        else if (word == u"--c-header")
+            line.form = Form::CHeader;
         else if (word.starts_with(u"-"))
             throw UsageError("no such option: " + toUtf8(word));
         else if (line.name)
@@ -38,8 +41,8 @@ DescribeLine parseDescribe(std::span<const String> arguments) {
         else
             line.name = word;
     }
-    if (line.name && (line.form == Form::Idl || line.form == Form::Manifest))
-        throw UsageError("interface definition and manifest are always of the whole library");
+    if (line.name && line.form >= Form::Idl)
+        throw UsageError("interface definition, manifest and C header are of the whole library");
     return line;
 }
 
@@ -60,6 +63,9 @@ void write(std::ostream& out, Form form, const What&... what) {
             return;
         case Form::Manifest:
             out << describe::asManifest();
+            return;
+        case Form::CHeader:
+            out << describe::asCHeader();
             return;
     }
 }

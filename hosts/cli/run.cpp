@@ -22,7 +22,7 @@ namespace {
 constexpr const char* kUsage =
     R"(usage: quorkit list
        quorkit describe [CLASS[.MEMBER] | ENUMERATION | RECORD] [--json | --markdown]
-       quorkit describe --idl | --manifest
+       quorkit describe --idl | --manifest | --c-header
        quorkit call CLASS.MEMBER [ARG...] [--arg name=value]... [--set Property=value]...
                     [-e] [--json] [--]
        quorkit rpc
@@ -37,8 +37,8 @@ constexpr const char* kUsage =
 constexpr const char* kHelp = R"(
 list      prints all classes and members
 describe  prints signature, identifier, defaults and purpose; as JSON or as a reference page; or the
-          interface definition of the library; or the manifest with which a Windows program finds
-          the automation server without registration
+          interface definition of the library; the manifest with which a Windows program finds
+          the automation server without registration; or the header for its clients in C
 call      calls a member and prints its result, then each by-reference argument that it changed
     --arg name=value      an argument by name
     --set Property=value  sets a property before the call

@@ -39,4 +39,7 @@ std::string asIdl();
 /// assembly "quorkit.automation", to be kept beside quorkit.dll as quorkit.automation.manifest.
 std::string asManifest();
 
+/// A header for clients of the automation server in C: identities, names, identifiers, constants.
+std::string asCHeader();
+
 }  // namespace quorkit::describe

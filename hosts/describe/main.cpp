@@ -14,6 +14,7 @@ constexpr struct {
     std::string (*text)();
 } kForms[] = {{"--idl", asIdl},
               {"--manifest", asManifest},
+              {"--c-header", asCHeader},
               {"--json", [] { return asJson().dump(2) + '\n'; }},
               {"--markdown", [] { return asMarkdown(); }}};
 
@@ -25,6 +26,7 @@ int main(int count, char** words) {
         const bool written = std::fputs(text().c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
         return written ? 0 : 1;
     }
-    std::fputs("usage: quorkit-describe --idl | --manifest | --json | --markdown\n", stderr);
+    std::fputs("usage: quorkit-describe --idl | --manifest | --c-header | --json | --markdown\n",
+               stderr);
     return 2;
 }

@@ -1,10 +1,11 @@
 #!/bin/sh
 # The example macro in a script engine that we did not write: macro.sh SYSTEM DLL FOLDER EMULATOR...
-# SYSTEM is the folder of Windows with the programs of the DLL's bitness.
+# SYSTEM is the folder of Windows with the programs of the DLL's bitness. The DLL is registered
+# meanwhile, unless it is "", when the classes are registered already. MACRO is another copy of it.
 set -eu
 system=$1 dll=$2 folder=$3
 shift 3
-macro=$(dirname "$0")/../../examples/macro.vbs
+macro=${MACRO-$(dirname "$0")/../../examples/macro.vbs}
 windows() { printf 'Z:%s' "$1" | tr / '\\'; }
 
 rm -rf "$folder"
@@ -14,10 +15,10 @@ printf '[Invoice]\r\nAmount=1200.50\r\n' >"$folder/invoice1.ini"
 printf '[Invoice]\r\nAmount=99\r\n' >"$folder/invoice2.ini"
 printf '[Invoice]\r\n' >"$folder/invoice3.ini"
 
-"$@" "C:\\windows\\$system\\regsvr32.exe" /s "$(windows "$dll")"
+[ -z "$dll" ] || "$@" "C:\\windows\\$system\\regsvr32.exe" /s "$(windows "$dll")"
 "$@" "C:\\windows\\$system\\cscript.exe" //nologo "$(windows "$(realpath "$macro")")" \
   "$(windows "$folder")" | tr -d '\r' >"$folder/said"
-"$@" "C:\\windows\\$system\\regsvr32.exe" /s /u "$(windows "$dll")"
+[ -z "$dll" ] || "$@" "C:\\windows\\$system\\regsvr32.exe" /s /u "$(windows "$dll")"
 
 diff - "$folder/said" <<'TEXT'
 run 1, 2 values
@@ -30,11 +31,11 @@ Erika Muster
 Hauptstrasse 1
 6300 Zug
 0041 44 123 45 67
-log: 1 failure
+failures: 1
 TEXT
 grep -q '^; kept' "$folder/month.ini"
 grep -q '^Error .*invoice3' "$folder/month.log"
-if "$@" "C:\\windows\\$system\\reg.exe" query 'HKCR\quorkit.GQuorStrings' >/dev/null; then
+if [ -n "$dll" ] && "$@" "C:\\windows\\$system\\reg.exe" query 'HKCR\quorkit.GQuorStrings' >/dev/null; then
   echo "the classes are still registered" >&2
   exit 1
 fi

@@ -40,6 +40,16 @@ TEST(Describe, WritesAnInterfaceDefinition) {
     for (const char* part : parts) EXPECT_NE(text.find(part), std::string::npos) << part;
 }
 
+TEST(Describe, WritesAHeaderForC) {
+    const std::string text = command(u"describe --c-header").output;
+    for (const char* line :
+         {"_CLSID_GQuorStrings {0x673d863f, 0x04b8, 0x44f9, {0xaa, 0xdf, 0x94, 0xb1, 0xa8, 0x22, "
+          "0x1c, 0x8d}}\n",
+          "_DISPID_GQuorStrings_LPad 0x60030016\n", "_eLogEntryType_BlankLine (-2)\n"})
+        EXPECT_NE(text.find(std::string("\n#define QUORKIT") + line), std::string::npos) << line;
+    EXPECT_EQ(command(u"describe --c-header GQuorStrings").status, 2);
+}
+
 TEST(List, EndsWithTheTotals) {
     const std::string text = command(u"list").output;
     EXPECT_NE(text.find("QuorInifile     creatable  19\n    IniFileName ReadKeyValue "),
