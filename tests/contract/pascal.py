@@ -4,7 +4,6 @@
 Says the contract table to the automation server, which is registered, as a program of Free Pascal does:
 PROGRAM is automation/pascal/session.pas. Ends as doors.py does.
 """
-import argparse
 import base64
 import json
 import os
@@ -15,75 +14,54 @@ from doors import MISSING, Answer, Cannot, Failed, Rpc, arguments, speak
 from script import EMPTY, OBJECTS, days, notation
 from table import ENVIRONMENT, each, kind, split
 
-WAYS = "call", "get", "let"
-TEXT, VARIANT = 8, 12
-# What a language makes numbers of, so that they are those of a macro.
-NUMBERS = {0x80020003: 438, 0x80020004: 448, 0x80020005: 13, 0x80020006: 438, 0x80020008: 13, 0x8002000A: 6,
-           0x8002000B: 9, 0x8002000E: 450, 0x8002000F: 449, 0x80004002: 13, 0x8007000E: 7, 0x800401F3: 429}
-UNKNOWN_NAME = 0x80020006 - 2**32
+PLAIN = {"Empty": 0, "Null": 1, "Integer": 2, "Long": 3, "Double": 5, "Date": 7, "Nothing": 9, "Error": 10, "Boolean": 11}
+TEXT, VARIANT, BYTE = 8, 12, 17  # types of elements, as automation numbers them
+NOT_GIVEN, UNKNOWN_NAME = 0x80020004, 0x80020006
+# What a language makes of them for its programs.
+NUMBERS = {0x80020003: 438, UNKNOWN_NAME: 438, 0x80020005: 13, 0x80020008: 13, 0x8002000A: 6, 0x8002000B: 9,
+           0x8002000E: 450, 0x8002000F: 449, 0x80004002: 13, 0x8007000E: 7, 0x800401F3: 429}
+WAYS = {"call": 1, "get": 2, "let": 4}
 
 
-def number(answer):
-    code = answer["error"] % 2**32
-    return code & 0xFFFF if code >> 16 == 0x800A else NUMBERS.get(code, hex(code))
+def converted(value, source, target):
+    return struct.unpack("<" + target, struct.pack("<" + source, value))[0]
 
 
-def bits(value):
-    return struct.unpack("<q", struct.pack("<d", value))[0]
-
-
-def words(value):
-    """A value as the program reads it."""
-    what = kind(value)
+def plain(value, what):
+    """The 64 bits of a value."""
     held = value[what.lower()] if isinstance(value, dict) else value
-    lower = value.get("lower", 0) if isinstance(value, dict) else 0
-    if what in ("Empty", "Null", "Missing", "Nothing"):
-        return [what]
-    if what in ("Boolean", "Long", "Integer", "Error", "Object"):
-        return [what, int(held)]
-    if what == "String":
-        return [what, held.encode("utf-16-be", "surrogatepass").hex()]
     if what in ("Double", "Date"):
-        return [what, bits(held if what == "Double" else float(days(held)))]
-    if what == "Bytes":
-        data = base64.b64decode(held)
-        return [what, lower, len(data), *data]
-    if what == "Array":
-        return [what, lower, len(held), element(held), *listed(held)]
-    if what == "Table":
-        cells = sum(held, [])
-        return [what, *(lower or [0, 0]), len(held), len(held[0]), element(cells), *listed(cells)]
-    if what == "Collection":
-        keys = [one["key"].lower() for one in held if "key" in one]
-        if len(set(keys)) < len(keys):
-            raise Cannot("a collection with the same key twice")
-        return [what, *words({"table": [[one.get("key", ""), one["item"]] for one in held]} if held else [])]
-    if what == "Dictionary":
-        return [what, len(held), *listed(sum(held, []))]
-    if what == "Picture":
-        return ["Form", 1, "File", *words({"bytes": held})]
-    raise Cannot(f"{what} as an argument")
-
-
-def listed(values):
-    return [word for one in values for word in words(one)]
-
-
-def element(values):
-    return TEXT if values and all(isinstance(one, str) for one in values) else VARIANT
+        return converted(days(held) if isinstance(held, str) else held, "d", "q")
+    if what in ("Empty", "Null", "Nothing"):
+        return 0
+    return -held if what == "Boolean" else held
 
 
 def read(one):
     """What the program has told, from the inside out."""
-    if "double" in one:
-        return struct.unpack("<d", struct.pack("<q", one["double"]))[0]
-    if "date" in one:
-        return notation({"date": read({"double": one["date"]})})
-    if "bytes" in one:
-        return dict(one, bytes=base64.b64encode(bytes(one["bytes"])).decode())
-    if one.get("picture"):
-        return {"picture": one["picture"]["bytes"]}
-    return one
+    if "elements" in one:
+        elements, bounds = one["elements"], one["bounds"]
+        width = bounds[1] - bounds[0] + 1
+        if not elements:
+            return {"array": [], "lower": 0}
+        if len(bounds) > 2:
+            return {"table": [elements[i:i + width] for i in range(0, len(elements), width)], "lower": bounds[::2]}
+        if one["type"] % 4096 == BYTE:
+            return {"bytes": base64.b64encode(bytes(elements)).decode(), "lower": bounds[0]}
+        return {"array": elements, "lower": bounds[0]}
+    if "plain" not in one:
+        return one
+    what = {number: name for name, number in PLAIN.items()}.get(one["type"], "Byte")
+    short, long, double = (converted(one["plain"], "q", to) for to in ("hxxxxxx", "ixxxx", "d"))
+    if what == "Date":
+        try:
+            return notation({"date": double})
+        except (ValueError, OverflowError):
+            return {"date": double}
+    if what == "Error" and long % 2**32 == NOT_GIVEN:
+        return MISSING
+    return {"Empty": None, "Long": long, "Byte": short % 256, "Double": double, "Boolean": short != 0,
+            "Integer": {"integer": short}, "Error": {"error": long % 2**32}}.get(what, {what.lower(): True})
 
 
 class Pascal(Rpc):
@@ -98,50 +76,110 @@ class Pascal(Rpc):
             raise Failed(answer["failed"])
         return answer
 
-    def made(self, *request):
-        answer = self.request(*request)
-        if "error" in answer:
-            raise Failed(f"error {number(answer)}")
-        return answer["result"]
+    def begin(self, row, place):
+        super().begin(row, place)
+        self.request("forget")
+
+    def said(self, value):
+        """A value as the program reads it."""
+        what = kind(value)
+        held = value[what.lower()] if isinstance(value, dict) else value
+        lower = value.get("lower", 0) if isinstance(value, dict) else 0
+        if what in PLAIN:
+            return ["plain", PLAIN[what], plain(value, what)]
+        if what == "Missing":
+            return ["plain", PLAIN["Error"], NOT_GIVEN]
+        if what == "String":
+            return ["text", held.encode("utf-16-be", "surrogatepass").hex()]
+        if what == "Object":
+            return ["object", held]
+        if what == "Picture":
+            return ["form", 1, "File", *self.said({"bytes": held})]
+        if what == "Collection":
+            keys = [one["key"].lower() for one in held if "key" in one]
+            if len(set(keys)) < len(keys):
+                raise Cannot("a collection with the same key twice")
+            table = {"table": [[one.get("key", ""), one["item"]] for one in held]} if held else []
+            return self.said(self.result("GQuorConvert", "ArrayToCollection", table))
+        if what == "Dictionary":
+            made = self.result("GQuorRegistry", "Reg_EnumKeyValuesEx", "HKCU\\Software\\quorkit none")
+            for pair in held:
+                self.result(made, "Add", *pair)
+            return self.said(made)
+        elements = {"Bytes": base64.b64decode, "Table": lambda rows: sum(rows, [])}.get(what, list)(held)
+        sizes = [len(held[0]), len(held)] if what == "Table" else [len(elements)]
+        lows = lower if isinstance(lower, list) else [lower] * len(sizes)
+        bounds = [bound for low, size in zip(lows, sizes) for bound in (low, low + size - 1)]
+        element = BYTE if what == "Bytes" else TEXT if set(map(kind, elements)) == {"String"} else VARIANT
+        return ["array", element, len(sizes), *bounds, len(elements)] + [
+            word for one in elements for word in (["plain", BYTE, one] if what == "Bytes" else self.said(one))]
+
+    def call(self, target, way, member, given, named=()):
+        """`given` are the arguments, each with how it is handed in."""
+        if isinstance(target, str):
+            made = self.request("class", target)
+            if "error" in made:
+                return made
+            target = made["result"]
+        words = [word for how, value in reversed(given) for word in [how, *self.said(value)]]
+        return self.request("call", target["object"], WAYS[way], member, len(given), len(named), *reversed(named), *words)
+
+    def result(self, target, member, *values):
+        return self.call(target, "call", member, [("value", one) for one in values]).get("result", {}).get("result")
 
     def created(self, class_name):
         if class_name in ("Collection", "Dictionary"):
-            return self.made("hold", *words({class_name.lower(): []}))
-        return self.made("class", class_name)
+            return dict([self.said({class_name.lower(): []})])
+        return self.request("class", class_name)["result"]
 
     def foreign(self, properties):
-        form = [word for name, value in properties.items() for word in [name, *words(value)]]
-        return self.made("hold", "Form", len(properties), *form)
+        form = [word for name, value in properties.items() for word in [name, *self.said(value)]]
+        return self.request("hold", "form", len(properties), *form)["result"]
+
+    def content(self, value):
+        """What an object is that has no name shows in what it has."""
+        if kind(value) != "Object" or value in self.kept.values():
+            return each(self.content, value)
+        keys = self.result(value, "Keys")
+        if keys is not None:
+            return {"dictionary": [[key, self.content(self.result(value, "Item", key))] for key in keys["array"]]}
+        file, count = self.result(value, "File"), self.result(value, "Count")
+        if file is not None or self.result(value, "Handle") is not None:
+            return {"picture": file and file["bytes"]}
+        if count is None or self.call(value, "get", "Item", []).get("error") == UNKNOWN_NAME - 2**32:
+            return value
+        pairs = self.result("GQuorConvert", "CollectionToArray", value).get("table", [[""]] * count)
+        items = [self.content(self.result(value, "Item", i + 1)) for i in range(count)]
+        return {"collection": [dict({"key": pair[0]} if pair[0] else {}, item=item) for pair, item in zip(pairs, items)]}
 
     def ask(self, step, given, named):
         way, owner, member = split(step)
-        target = {"result": self.kept[owner]} if owner in self.kept else self.request("class", owner)
-        if "error" in target:
-            return Answer(error=number(target))
         parameters = self.member(step).get("parameters", [])
-        types = {one["name"].lower(): one for one in parameters}
         order = list(enumerate(given)) + list(named.items())
-        call = ["call", target["result"]["object"], WAYS.index(way), member, len(order), len(named), *reversed(named)]
-        for name, value in reversed(order):
-            one = types.get(name) or dict(enumerate(parameters)).get(name, {"type": "", "byReference": False})
-            fits = kind(value) == one["type"] or one["type"] in OBJECTS and kind(value) in OBJECTS
-            how = "Variable" if fits else "Variant"
-            call += [how if one["byReference"] and value != MISSING else "Value"]
-            call += words({"bytes": ""} if one["type"] == "Byte()" and value in EMPTY else value)
-        answer = self.request(*call)
+        handed = []
+        for name, value in order:
+            one = {one["name"].lower(): one for one in parameters}.get(name) or dict(enumerate(parameters)).get(name, {})
+            wanted, how = one.get("type"), "value"
+            if one.get("byReference"):
+                fits = kind(value) == wanted or {kind(value), wanted} <= OBJECTS
+                how = "variable" if fits else "variant"
+            handed.append(("missing" if value == MISSING else how,
+                           {"bytes": ""} if wanted == "Byte()" and value in EMPTY else value))
+        answer = self.call(self.kept.get(owner, owner), way, member, handed, list(named))
         if "error" in answer:
-            if named and answer["error"] == UNKNOWN_NAME:
+            code = answer["error"] % 2**32
+            if named and code == UNKNOWN_NAME:
                 raise Cannot("a name that no argument has, which is told as a member that is not there")
-            return Answer(error=number(answer))
-        finals = dict(zip(dict(order), answer["result"]["args"]))
+            return Answer(error=code & 0xFFFF if code >> 16 == 0x800A else NUMBERS.get(code, hex(code)))
+        self.made = answer["result"]["result"]
+        finals = dict(zip(dict(order), map(self.content, answer["result"]["finals"])))
         names = [one["name"].lower() for one in parameters]
-        return Answer(answer["result"]["result"],
-                      [finals.get(number, finals.get(name)) for number, name in enumerate(names)])
+        return Answer(self.content(self.made), [finals.get(i, finals.get(name)) for i, name in enumerate(names)])
 
     def compare(self, step, given, named, answer):
         super().compare(step, given, named, answer)
-        if "as" in step and kind(answer.result) in OBJECTS - {"Object"}:
-            self.kept[step["as"]] = self.made("keep")
+        if "as" in step:
+            self.kept[step["as"]] = self.made
 
 
 def main():

@@ -1,17 +1,17 @@
-{ Reads requests, one a line, and answers each with a line of JSON: what compiled code would do with the
-  server through Variants. contract/pascal.py writes and reads them. }
+{ Does one request a line as compiled code does it with a Variant that holds an object, and answers it with
+  a line of JSON. What each line means is known to contract/pascal.py, which writes and reads them. }
 program session;
 {$mode objfpc}{$H+}{$R+}
 uses activex, comobj, sysutils, variants, windows, own_object;
 
-const
-  Shown = [varSmallint, varInteger, varDouble, varDate, varOleStr, varDispatch, varBoolean];
+type
+  TBounds = array of SizeInt;
+  TIndex = array of LongInt;
 
 var
   Line: string;
   Place: Integer;
-  Held: array of OleVariant;  { what the other side knows by its number }
-  Made: OleVariant;  { the last result }
+  Held: array of OleVariant;  { objects, which the other side knows by their numbers }
 
 function Next: string;
 var
@@ -38,99 +38,69 @@ begin
   for I := 1 to Length(Result) do Result[I] := WideChar(StrToInt('$' + Copy(Digits, I * 4 - 3, 4)));
 end;
 
-function Hold(const Value: OleVariant): string;
-begin
-  SetLength(Held, Length(Held) + 1);
-  Held[High(Held)] := Value;
-  Result := '{"object":' + IntToStr(High(Held)) + '}';
-end;
-
-function Own(const ClassName: string): OleVariant;
-begin
-  Result := CreateOleObject('quorkit.' + ClassName);
-end;
-
-function Value: OleVariant;  { Value() reads another one }
+{ Where an element is, which are counted from 0, the first index running fastest. }
+function IndexOf(Element: SizeInt; const Bounds: TBounds): TIndex;
 var
-  Kind: string;
-  I, J, Low1, Low2, Rows: Integer;
-  Bits: Int64;
-  Form: TOwnObject;
-  Key: OleVariant;
+  I, Size: SizeInt;
 begin
-  Result := Unassigned;
-  Kind := Next;
-  case Kind of
-    'Empty': ;
-    'Null': Result := Null;
-    'Missing': Result := EmptyParam;
-    'Nothing': TVarData(Result).VType := varDispatch;
-    'Boolean': Result := Number <> 0;
-    'Integer': Result := VarAsType(LongInt(Number), varSmallint);
-    'Long': Result := LongInt(Number);
-    'String': Result := Text;
-    'Error': Result := VarAsError(Number);
-    'Object': Result := Held[Number];
-    'Double':
-      begin
-        Bits := Number;
-        Result := PDouble(@Bits)^;
-      end;
-    'Date':
-      begin
-        Bits := Number;
-        Result := PDateTime(@Bits)^;
-      end;
-    'Bytes':
-      begin
-        Low1 := Number;
-        Rows := Number;
-        Result := VarArrayCreate([Low1, Low1 + Rows - 1], varByte);
-        for I := Low1 to Low1 + Rows - 1 do Result[I] := Byte(Number);
-      end;
-    'Array':
-      begin
-        Low1 := Number;
-        Rows := Number;
-        Result := VarArrayCreate([Low1, Low1 + Rows - 1], Number);
-        for I := Low1 to Low1 + Rows - 1 do Result[I] := Value();
-      end;
-    'Table':
-      begin
-        Low1 := Number;
-        Low2 := Number;
-        Rows := Number;
-        I := Number;
-        Result := VarArrayCreate([Low1, Low1 + I - 1, Low2, Low2 + Rows - 1], Number);
-        for J := Low2 to Low2 + Rows - 1 do
-          for I := Low1 to VarArrayHighBound(Result, 1) do Result[I, J] := Value();
-      end;
-    'Collection': Result := Own('GQuorConvert').ArrayToCollection(Value());
-    'Dictionary':
-      begin
-        Result := Own('GQuorRegistry').Reg_EnumKeyValuesEx('HKCU\Software\quorkit none');
-        for I := 1 to Number do
-        begin
-          Key := Value();
-          Result.Add(Key, Value());
-        end;
-      end;
-    'Form':
-      begin
-        Form := TOwnObject.Create;
-        Result := IDispatch(Form);
-        for I := 1 to Number do
-        begin
-          Kind := Next;
-          Form.Put(Kind, Value());
-        end;
-      end;
-  else
-    raise Exception.Create('value ' + Kind);
+  SetLength(Result, Length(Bounds) div 2);
+  for I := 0 to High(Result) do
+  begin
+    Size := Bounds[2 * I + 1] - Bounds[2 * I] + 1;
+    Result[I] := Bounds[2 * I] + Element mod Size;
+    Element := Element div Size;
   end;
 end;
 
-function Quoted(const S: WideString): string;
+function Value: OleVariant; forward;
+
+{ array TYPE DIMENSIONS LOW HIGH... COUNT and the elements }
+function ReadArray: OleVariant;
+var
+  Bounds: TBounds;
+  I, Kind: SizeInt;
+begin
+  Kind := Number;
+  SetLength(Bounds, 2 * Number);
+  for I := 0 to High(Bounds) do Bounds[I] := Number;
+  Result := VarArrayCreate(Bounds, Kind);
+  for I := 0 to Number - 1 do VarArrayPut(Variant(Result), Value, IndexOf(I, Bounds));
+end;
+
+function ReadForm: OleVariant;
+var
+  Form: TOwnObject;
+  Name: string;
+  I: Integer;
+begin
+  Form := TOwnObject.Create;
+  Result := IDispatch(Form);
+  for I := 1 to Number do
+  begin
+    Name := Next;
+    Form.Put(Name, Value);
+  end;
+end;
+
+function Value: OleVariant;
+begin
+  Result := Unassigned;
+  case Next of
+    'text': Result := Text;
+    'array': Result := ReadArray;
+    'object': Result := Held[Number];
+    'form': Result := ReadForm;
+    'plain':
+      begin
+        TVarData(Result).VType := Number;
+        TVarData(Result).VInt64 := Number;
+      end;
+  end;
+end;
+
+function Told(const V: OleVariant): string; forward;
+
+function ToldText(const S: WideString): string;
 var
   I: Integer;
 begin
@@ -139,105 +109,57 @@ begin
   Result := '"' + Result + '"';
 end;
 
-function Told(const V: OleVariant): string; forward;
-
 function ToldArray(const V: OleVariant): string;
 var
-  I, J: Integer;
-  Row: string;
+  I, Count: SizeInt;
+  Bounds: TBounds;
+  Elements: string;
 begin
+  SetLength(Bounds, 2 * VarArrayDimCount(V));
   Result := '';
-  if (VarArrayDimCount(V) = 0) or (VarArrayHighBound(V, 1) < VarArrayLowBound(V, 1)) then
-    Exit('{"array":[],"lower":0}');
-  if VarArrayDimCount(V) = 1 then
+  Count := 1;
+  for I := 0 to High(Bounds) do
   begin
-    for I := VarArrayLowBound(V, 1) to VarArrayHighBound(V, 1) do Result := Result + ',' + Told(V[I]);
-    if VarType(V) and varTypeMask = varByte then Row := '{"bytes":[' else Row := '{"array":[';
-    Exit(Row + Copy(Result, 2) + '],"lower":' + IntToStr(VarArrayLowBound(V, 1)) + '}');
+    if Odd(I) then Bounds[I] := VarArrayHighBound(V, I div 2 + 1)
+    else Bounds[I] := VarArrayLowBound(V, I div 2 + 1);
+    if Odd(I) then Count := Count * (Bounds[I] - Bounds[I - 1] + 1);
+    Result := Result + ',' + IntToStr(Bounds[I]);
   end;
-  for J := VarArrayLowBound(V, 2) to VarArrayHighBound(V, 2) do
-  begin
-    Row := '';
-    for I := VarArrayLowBound(V, 1) to VarArrayHighBound(V, 1) do Row := Row + ',' + Told(V[I, J]);
-    Result := Result + ',[' + Copy(Row, 2) + ']';
-  end;
-  Result := '{"table":[' + Copy(Result, 2) + '],"lower":[' + IntToStr(VarArrayLowBound(V, 1)) + ',' +
-    IntToStr(VarArrayLowBound(V, 2)) + ']}';
+  Elements := '';
+  for I := 0 to Count - 1 do Elements := Elements + ',' + Told(VarArrayGet(V, IndexOf(I, Bounds)));
+  Result := '{"elements":[' + Copy(Elements, 2) + '],"type":' + IntToStr(VarType(V)) + ',"bounds":[' +
+    Copy(Result, 2) + ']}';
 end;
 
-function Has(const V: OleVariant; const Name: WideString): Boolean;
-var
-  Identifier: LongInt;
-begin
-  Result := Succeeded(IDispatch(V).GetIDsOfNames(GUID_NULL, @Name, 1, 0, @Identifier));
-end;
-
-{ What an object is shows in what it has. }
+{ Each object has one number. }
 function ToldObject(const V: OleVariant): string;
 var
   I: Integer;
-  Inside: OleVariant;
 begin
-  if IDispatch(V) = nil then Exit('{"nothing":true}');
-  for I := 0 to High(Held) do
-    if (VarType(Held[I]) = varDispatch) and (IUnknown(Held[I]) = IUnknown(V)) then
-      Exit('{"object":' + IntToStr(I) + '}');
-  Result := '';
-  if Has(V, 'Keys') then
-  begin
-    Inside := V.Keys;
-    for I := VarArrayLowBound(Inside, 1) to VarArrayHighBound(Inside, 1) do
-      Result := Result + ',[' + Told(Inside[I]) + ',' + Told(V.Item(Inside[I])) + ']';
-    Result := '{"dictionary":[' + Copy(Result, 2) + ']}';
-  end
-  else if Has(V, 'Handle') then
-    Result := '{"picture":null}'
-  else if Has(V, 'File') then
-    Result := '{"picture":' + Told(V.&File) + '}'
-  else if Has(V, 'Item') then
-  begin
-    Inside := Own('GQuorConvert').CollectionToArray(V);
-    for I := 1 to V.Count do
-    begin
-      Result := Result + ',{';
-      if (VarArrayDimCount(Inside) = 2) and (Inside[0, I - 1] <> '') then
-        Result := Result + '"key":' + Told(Inside[0, I - 1]) + ',';
-      Result := Result + '"item":' + Told(V.Item(I)) + '}';
-    end;
-    Result := '{"collection":[' + Copy(Result, 2) + ']}';
-  end
-  else
-    Result := Hold(V);
+  I := 0;
+  while (I < Length(Held)) and (IUnknown(Held[I]) <> IUnknown(V)) do Inc(I);
+  if I = Length(Held) then SetLength(Held, I + 1);
+  Held[I] := V;
+  Result := '{"object":' + IntToStr(I) + '}';
 end;
 
 function Told(const V: OleVariant): string;
 begin
-  if VarIsArray(V) then Exit(ToldArray(V));
-  case VarType(V) of
-    varEmpty: Result := 'null';
-    varNull: Result := '{"null":true}';
-    varByte, varInteger: Result := IntToStr(V);
-    varSmallint: Result := '{"integer":' + IntToStr(V) + '}';
-    varBoolean: if V then Result := 'true' else Result := 'false';
-    varDouble: Result := '{"double":' + IntToStr(PInt64(@TVarData(V).VDouble)^) + '}';
-    varDate: Result := '{"date":' + IntToStr(PInt64(@TVarData(V).VDouble)^) + '}';
-    varOleStr: Result := Quoted(WideString(Pointer(TVarData(V).VOleStr)));
-    varDispatch: Result := ToldObject(V);
-    varError:
-      if VarIsEmptyParam(V) then Result := '{"missing":true}'
-      else Result := '{"error":' + IntToStr(TVarData(V).VError) + '}';
+  if VarIsArray(V) then
+    Result := ToldArray(V)
+  else if VarType(V) = varOleStr then
+    Result := ToldText(WideString(Pointer(TVarData(V).VOleStr)))
+  else if (VarType(V) = varDispatch) and (TVarData(V).VDispatch <> nil) then
+    Result := ToldObject(V)
   else
-    Result := '{"type":' + IntToStr(VarType(V)) + '}';
-  end;
+    Result := '{"plain":' + IntToStr(TVarData(V).VInt64) + ',"type":' + IntToStr(VarType(V)) + '}';
 end;
 
-{ call OBJECT KIND MEMBER COUNT NAMED NAME... and each argument, the last first, behind how it is handed in: by
-  value, as a variable of its type, or as a Variant. The descriptor is the one that the compiler makes of a call. }
+{ call OBJECT WAY MEMBER COUNT NAMED NAME... and the arguments, the last first, each behind how it is handed in:
+  left out, by value, as a variable of its type, or as a Variant. The compiler makes such a descriptor of a call. }
 function Call: string;
-const
-  Kinds: array[0..2] of Byte = (DISPATCH_METHOD, DISPATCH_PROPERTYGET, DISPATCH_PROPERTYPUT);
 var
-  Target: OleVariant;
+  Target, Made: OleVariant;
   Descriptor: TCallDesc;
   Names, How: string;
   Arguments: array of OleVariant;
@@ -245,7 +167,7 @@ var
   I, Slot: Integer;
 begin
   Target := Held[Number];
-  Descriptor.CallType := Kinds[Number];
+  Descriptor.CallType := Number;
   Names := Next + #0;
   Descriptor.ArgCount := Number;
   Descriptor.NamedArgCount := Number;
@@ -258,46 +180,46 @@ begin
     Arguments[I] := Value;
     with TVarData(Arguments[I]) do
     begin
-      Descriptor.ArgTypes[I] := varVariant;
-      Slots[Slot] := @Arguments[I];
-      if How = 'Variant' then
-        Descriptor.ArgTypes[I] := varVariant or $80
-      else if VarIsEmptyParam(Arguments[I]) then
-        Descriptor.ArgTypes[I] := varError
-      else if VType in Shown then
+      Descriptor.ArgTypes[I] := VType and $7F;
+      Slots[Slot] := VPointer;
+      if How = 'missing' then
+        Continue;
+      if How = 'variable' then
       begin
-        Descriptor.ArgTypes[I] := VType;
-        if How = 'Variable' then
-        begin
-          Descriptor.ArgTypes[I] := VType or $80;
-          Slots[Slot] := @VPointer;
-        end
-        else
-          Slots[Slot] := VPointer;
-      end;
-      if (SizeOf(Pointer) = 4) and (Descriptor.ArgTypes[I] in [varDouble, varDate]) then
+        Descriptor.ArgTypes[I] := VType or $80;
+        Slots[Slot] := @VPointer;
+      end
+      else if (How = 'variant') or (VType >= varVariant) or (VType in [varEmpty, varNull, varError]) then
+      begin
+        Descriptor.ArgTypes[I] := varVariant;
+        if How = 'variant' then Descriptor.ArgTypes[I] := varVariant or $80;
+        Slots[Slot] := @Arguments[I];
+      end
+      else if (SizeOf(Pointer) = 4) and (VType in [varDouble, varDate]) then
       begin
         Inc(Slot);
-        Slots[Slot] := Pointer(PtrUInt(VLongs[2]));
+        Slots[Slot] := PPointer(@VLongs[2])^;
       end;
-      if Descriptor.ArgTypes[I] <> varError then Inc(Slot);
+      Inc(Slot);
     end;
   end;
   Move(PChar(Names)^, Descriptor.ArgTypes[Descriptor.ArgCount], Length(Names));
   VarDispProc(@Made, Target, @Descriptor, @Slots);
   Result := '';
   for I := High(Arguments) downto 0 do Result := Result + ',' + Told(Arguments[I]);
-  Result := '{"args":[' + Copy(Result, 2) + '],"result":' + Told(Made) + '}';
+  Result := '{"finals":[' + Copy(Result, 2) + '],"result":' + Told(Made) + '}';
 end;
 
 function Answer: string;
 begin
+  Result := 'null';
   case Next of
-    'class': Result := Hold(Own(Next));
-    'hold': Result := Hold(Value);
-    'keep': Result := Hold(Made);
+    'class': Result := ToldObject(CreateOleObject('quorkit.' + Next));
+    'hold': Result := ToldObject(Value);
     'call': Result := Call;
+    'forget': Held := nil;
   end;
+  Result := '{"result":' + Result + '}';
 end;
 
 begin
@@ -307,13 +229,13 @@ begin
     Place := 1;
     try
       Line := Answer;
-      Writeln('{"result":', Line, '}');
     except
-      on E: EOleSysError do Writeln('{"error":', E.ErrorCode, '}');
-      on E: EOleError do Writeln('{"error":', DISP_E_UNKNOWNNAME, '}');
-      on ERangeError do Writeln('{"cannot":"an object that is not there"}');
-      on E: Exception do Writeln('{"failed":', Quoted(WideString(E.ClassName + ': ' + E.Message)), '}');
+      on E: EOleSysError do Line := '{"error":' + IntToStr(E.ErrorCode) + '}';
+      on E: EOleError do Line := '{"error":' + IntToStr(DISP_E_UNKNOWNNAME) + '}';
+      on E: ERangeError do Line := '{"cannot":"an object that is not there"}';
+      on E: Exception do Line := '{"failed":' + ToldText(WideString(E.ClassName + ': ' + E.Message)) + '}';
     end;
+    Writeln(Line);
     Flush(Output);
   end;
 end.
