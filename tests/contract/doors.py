@@ -301,10 +301,10 @@ def unsaid():
         and key in CATALOGUE.members]
 
 
-def arguments(usage):
+def arguments(usage, doors):
     parser = argparse.ArgumentParser(usage=usage)
     parser.add_argument("program")
-    parser.add_argument("--door", choices=["rpc", "cli"])
+    parser.add_argument("--door", choices=doors)
     parser.add_argument("--launcher", default="")
     parser.add_argument("--every", type=int, default=1)
     parser.add_argument("files", nargs="*")
@@ -332,7 +332,7 @@ def speak(door, name, options, system):
 
 
 def main():
-    options = arguments(__doc__)
+    options = arguments(__doc__, ["rpc", "cli"])
     program = os.path.abspath(options.program)
     system = "windows" if program.endswith(".exe") else "linux"
     home = tempfile.mkdtemp(prefix="quorkit-home-")

@@ -2,7 +2,7 @@
 unit own_object;
 {$mode delphi}
 interface
-uses activex, classes, sysutils, windows;
+uses activex, classes, sysutils, variants, windows;
 
 type
   TOwnObject = class(TInterfacedObject, IDispatch)
@@ -22,6 +22,9 @@ type
   end;
 
 implementation
+
+function VariantCopyInd(var Copy: OleVariant; const Given: OleVariant): HResult; stdcall;
+  external 'oleaut32.dll';
 
 constructor TOwnObject.Create;
 begin
@@ -67,7 +70,17 @@ begin
   Result := DISP_E_MEMBERNOTFOUND;
   if (Identifier < 0) or (Identifier > High(Values)) then Exit;
   if Flags and (DISPATCH_PROPERTYPUT or DISPATCH_PROPERTYPUTREF) <> 0 then
-    Values[Identifier] := POleVariant(Given.rgvarg)^
+  begin
+    Result := VariantCopyInd(Values[Identifier], POleVariant(Given.rgvarg)^);
+    { Free Pascal refuses arrays that are not allocated. }
+    with TVarData(Values[Identifier]) do
+      if (VType and varArray <> 0) and (VArray = nil) then
+      begin
+        VType := varEmpty;
+        Values[Identifier] := VarArrayCreate([0, -1], varVariant);
+      end;
+    Exit;
+  end
   else if Made <> nil then
     POleVariant(Made)^ := Values[Identifier];
   Result := S_OK;

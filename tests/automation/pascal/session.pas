@@ -1,5 +1,5 @@
 { Does one request a line as compiled code does it with a Variant that holds an object, and answers it with
-  a line of JSON. What each line means is known to contract/pascal.py, which writes and reads them. }
+  a line of JSON. What each line means is known to contract/automation.py, which writes and reads them. }
 program session;
 {$mode objfpc}{$H+}{$R+}
 uses activex, comobj, sysutils, variants, windows, own_object;
@@ -214,10 +214,10 @@ function Answer: string;
 begin
   Result := 'null';
   case Next of
-    'class': Result := ToldObject(CreateOleObject('quorkit.' + Next));
+    'create': Result := ToldObject(CreateOleObject(Next));
     'hold': Result := ToldObject(Value);
     'call': Result := Call;
-    'forget': Held := nil;
+    'forget': SetLength(Held, Number);  { all but the first ones }
   end;
   Result := '{"result":' + Result + '}';
 end;

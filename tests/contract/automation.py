@@ -1,21 +1,29 @@
 #!/usr/bin/env python3
-"""pascal.py PROGRAM [--launcher COMMAND] [--every N] [FILE...]
+"""automation.py PROGRAM [--door pascal|vbscript] [--launcher COMMAND] [--every N] [FILE...]
 
-Says the contract table to the automation server, which is registered, as a program of Free Pascal does:
-PROGRAM is automation/pascal/session.pas. Ends as doors.py does.
+Says the contract table to the automation server, which is registered, as other people's clients do. PROGRAM is
+automation/pascal/session.pas, which calls as compiled Pascal does, and has a control that runs VBScript.
+Ends as doors.py does.
 """
 import base64
+import datetime
 import json
+import math
 import os
 import struct
 import sys
 
-from doors import MISSING, Answer, Cannot, Failed, Rpc, arguments, speak
-from script import EMPTY, OBJECTS, days, notation
+from doors import CATALOGUE, MISSING, Answer, Cannot, Failed, Rpc, arguments, speak
 from table import ENVIRONMENT, each, kind, split
 
+DAY_ZERO = datetime.datetime(1899, 12, 30)
+MILLISECONDS = 86400000  # of a day
+EMPTY = [], {"bytes": ""}, {"array": []}
+OBJECTS = {"Nothing", "Collection", "Dictionary", "Picture", "Object"}
+GLOBALS = [name for name in CATALOGUE.classes if name.startswith("G")]
+# Types as automation numbers them.
 PLAIN = {"Empty": 0, "Null": 1, "Integer": 2, "Long": 3, "Double": 5, "Date": 7, "Nothing": 9, "Error": 10, "Boolean": 11}
-TEXT, VARIANT, BYTE = 8, 12, 17  # types of elements, as automation numbers them
+TEXT, VARIANT, BYTE = 8, 12, 17
 NOT_GIVEN, UNKNOWN_NAME = 0x80020004, 0x80020006
 # What a language makes of them for its programs.
 NUMBERS = {0x80020003: 438, UNKNOWN_NAME: 438, 0x80020005: 13, 0x80020008: 13, 0x8002000A: 6, 0x8002000B: 9,
@@ -27,14 +35,29 @@ def converted(value, source, target):
     return struct.unpack("<" + target, struct.pack("<" + source, value))[0]
 
 
+def days(date):
+    """The number of a date."""
+    if not isinstance(date, str):
+        return date
+    number = (datetime.datetime.fromisoformat(date) - DAY_ZERO) / datetime.timedelta(milliseconds=1) / MILLISECONDS
+    return 2 * math.floor(number) - number if number < 0 else number
+
+
+def date(number):
+    """The notation of a date; one outside the calendar is its number."""
+    try:
+        since = datetime.timedelta(math.trunc(number), milliseconds=round(abs(math.fmod(number, 1)) * MILLISECONDS))
+        return {"date": (DAY_ZERO + since).isoformat(timespec="milliseconds").removesuffix(".000")}
+    except OverflowError:
+        return {"date": number}
+
+
 def plain(value, what):
     """The 64 bits of a value."""
     held = value[what.lower()] if isinstance(value, dict) else value
     if what in ("Double", "Date"):
-        return converted(days(held) if isinstance(held, str) else held, "d", "q")
-    if what in ("Empty", "Null", "Nothing"):
-        return 0
-    return -held if what == "Boolean" else held
+        return converted(days(held), "d", "q")
+    return 0 if what in ("Empty", "Null", "Nothing") else -held if what == "Boolean" else held
 
 
 def read(one):
@@ -54,10 +77,7 @@ def read(one):
     what = {number: name for name, number in PLAIN.items()}.get(one["type"], "Byte")
     short, long, double = (converted(one["plain"], "q", to) for to in ("hxxxxxx", "ixxxx", "d"))
     if what == "Date":
-        try:
-            return notation({"date": double})
-        except (ValueError, OverflowError):
-            return {"date": double}
+        return date(double)
     if what == "Error" and long % 2**32 == NOT_GIVEN:
         return MISSING
     return {"Empty": None, "Long": long, "Byte": short % 256, "Double": double, "Boolean": short != 0,
@@ -65,6 +85,9 @@ def read(one):
 
 
 class Pascal(Rpc):
+    KEPT = 0  # objects that all rows use
+    TEXTS = TEXT  # what the elements of an array of texts are
+
     def message(self, *words):
         return " ".join(map(str, words))
 
@@ -76,9 +99,19 @@ class Pascal(Rpc):
             raise Failed(answer["failed"])
         return answer
 
+    def request(self, *words):
+        if self.display not in self.sessions:
+            super().request("forget", 0)
+            self.start()
+        return super().request(*words)
+
+    def start(self):
+        pass
+
     def begin(self, row, place):
         super().begin(row, place)
-        self.request("forget")
+        self.display = ""
+        self.request("forget", self.KEPT)
 
     def said(self, value):
         """A value as the program reads it."""
@@ -102,7 +135,7 @@ class Pascal(Rpc):
             table = {"table": [[one.get("key", ""), one["item"]] for one in held]} if held else []
             return self.said(self.result("GQuorConvert", "ArrayToCollection", table))
         if what == "Dictionary":
-            made = self.result("GQuorRegistry", "Reg_EnumKeyValuesEx", "HKCU\\Software\\quorkit none")
+            made = self.created(what)
             for pair in held:
                 self.result(made, "Add", *pair)
             return self.said(made)
@@ -110,14 +143,14 @@ class Pascal(Rpc):
         sizes = [len(held[0]), len(held)] if what == "Table" else [len(elements)]
         lows = lower if isinstance(lower, list) else [lower] * len(sizes)
         bounds = [bound for low, size in zip(lows, sizes) for bound in (low, low + size - 1)]
-        element = BYTE if what == "Bytes" else TEXT if set(map(kind, elements)) == {"String"} else VARIANT
+        element = BYTE if what == "Bytes" else self.TEXTS if set(map(kind, elements)) == {"String"} else VARIANT
         return ["array", element, len(sizes), *bounds, len(elements)] + [
             word for one in elements for word in (["plain", BYTE, one] if what == "Bytes" else self.said(one))]
 
     def call(self, target, way, member, given, named=()):
         """`given` are the arguments, each with how it is handed in."""
         if isinstance(target, str):
-            made = self.request("class", target)
+            made = self.request("create", f"quorkit.{target}")
             if "error" in made:
                 return made
             target = made["result"]
@@ -128,9 +161,11 @@ class Pascal(Rpc):
         return self.call(target, "call", member, [("value", one) for one in values]).get("result", {}).get("result")
 
     def created(self, class_name):
-        if class_name in ("Collection", "Dictionary"):
-            return dict([self.said({class_name.lower(): []})])
-        return self.request("class", class_name)["result"]
+        if class_name == "Collection":
+            return self.result("GQuorConvert", "ArrayToCollection", [])
+        if class_name == "Dictionary":
+            return self.result("GQuorRegistry", "Reg_EnumKeyValuesEx", "HKCU\\Software\\quorkit none")
+        return self.request("create", f"quorkit.{class_name}")["result"]
 
     def foreign(self, properties):
         form = [word for name, value in properties.items() for word in [name, *self.said(value)]]
@@ -159,13 +194,12 @@ class Pascal(Rpc):
         handed = []
         for name, value in order:
             one = {one["name"].lower(): one for one in parameters}.get(name) or dict(enumerate(parameters)).get(name, {})
-            wanted, how = one.get("type"), "value"
+            how = "value"
             if one.get("byReference"):
-                fits = kind(value) == wanted or {kind(value), wanted} <= OBJECTS
+                fits = kind(value) == one["type"] or {kind(value), one["type"]} <= OBJECTS
                 how = "variable" if fits else "variant"
-            handed.append(("missing" if value == MISSING else how,
-                           {"bytes": ""} if wanted == "Byte()" and value in EMPTY else value))
-        answer = self.call(self.kept.get(owner, owner), way, member, handed, list(named))
+            handed.append(("missing" if value == MISSING else how, self.suited(value, one)))
+        answer = self.perform(self.kept.get(owner, owner), way, member, handed, list(named))
         if "error" in answer:
             code = answer["error"] % 2**32
             if named and code == UNKNOWN_NAME:
@@ -176,17 +210,88 @@ class Pascal(Rpc):
         names = [one["name"].lower() for one in parameters]
         return Answer(self.content(self.made), [finals.get(i, finals.get(name)) for i, name in enumerate(names)])
 
+    def suited(self, value, parameter):
+        return {"bytes": ""} if parameter.get("type") == "Byte()" and value in EMPTY else value
+
+    def perform(self, *call):
+        return self.call(*call)
+
     def compare(self, step, given, named, answer):
         super().compare(step, given, named, answer)
         if "as" in step:
             self.kept[step["as"]] = self.made
 
 
+def move(target, source):
+    return f"If IsObject({source}) Then Set {target} = {source} Else {target} = {source}"
+
+
+class VBScript(Pascal):
+    """The program's control runs a statement for each call; values come and go as properties of `Host`."""
+
+    KEPT, CONTROL, HOST = 2, {"object": 0}, {"object": 1}
+    TEXTS = VARIANT  # the language makes no others
+
+    def start(self):
+        self.request("create", "MSScriptControl.ScriptControl")
+        self.foreign(dict.fromkeys(["owner", "result", *(f"a{i}" for i in range(16))]))
+        self.call(self.CONTROL, "let", "Language", [("value", "VBScript")])
+        self.result(self.CONTROL, "AddObject", "Host", self.HOST)
+        for name in GLOBALS:
+            self.result(self.CONTROL, "AddObject", name, self.created(name), True)
+        taking = move("result", "value")
+        self.result(self.CONTROL, "AddCode", f"Dim owner, result\nSub Take(value)\n{taking}\nEnd Sub")
+        self.arrays = 0
+
+    def suited(self, value, parameter):
+        """A variable that holds an array is given one of Variants."""
+        return None if parameter.get("type") == "Byte()" and parameter["changed"] and value in EMPTY else value
+
+    def perform(self, target, way, member, given, named):
+        if named:
+            raise Cannot("arguments by name")
+        lines, words, back = ["result = Empty"], [], [move("Host.result", "result")]
+        for i, (how, value) in enumerate(given):
+            name = f"a{i}"
+            if value in EMPTY:
+                self.arrays += 1
+                name = f"array{self.arrays}"
+                lines.append(f"Dim {name}()")
+            elif how != "missing":
+                self.call(self.HOST, "let", name, [("value", value)])
+                lines.append(move(name, f"Host.{name}"))
+            words.append("" if how == "missing" else name)
+            back += [move(f"Host.a{i}", name)] * (how in ("variable", "variant"))
+        if target in GLOBALS and way != "let":
+            owner = "" if CATALOGUE.member(target, member, way) else f"{target}."  # one it knows needs no owner
+        else:
+            made = self.request("create", f"quorkit.{target}") if isinstance(target, str) else {"result": target}
+            if "error" in made:
+                return made
+            self.call(self.HOST, "let", "owner", [("value", made["result"])])
+            lines.append("Set owner = Host.owner")
+            owner = "owner."
+        if way == "let":
+            assigned = "Set " * (kind(given[-1][1]) in OBJECTS) + owner + member
+            lines.append(assigned + f"({', '.join(words[:-1])})" * (len(words) > 1) + f" = {words[-1]}")
+        else:
+            while words and not words[-1]:
+                words.pop()
+            lines.append(f"Take {owner}{member}" + f"({', '.join(words)})" * bool(words))
+        answer = self.call(self.CONTROL, "call", "ExecuteStatement", [("value", "\n".join(lines + back))])
+        if "error" in answer:
+            return answer
+        finals = [self.result(self.HOST, f"a{i}") for i in range(len(given))]
+        return {"result": {"result": self.result(self.HOST, "result"), "finals": finals}}
+
+
 def main():
-    options = arguments(__doc__)
+    options = arguments(__doc__, ["pascal", "vbscript"])
     command = [*options.launcher.split(), os.path.abspath(options.program)]
-    door = Pascal(command, dict.fromkeys(["", "display"], dict(os.environ, **ENVIRONMENT)))
-    failures = speak(door, "pascal", options, "windows")
+    failures = []
+    for name, make in {"pascal": Pascal, "vbscript": VBScript}.items():
+        if options.door in (None, name):
+            failures += speak(make(command, {"": dict(os.environ, **ENVIRONMENT)}), name, options, "windows")
     print(*failures, sep="\n", end="\n" if failures else "")
     return 1 if failures else 0
 
