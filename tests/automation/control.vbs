@@ -1,6 +1,15 @@
-' The members of global classes without their objects, in the system's control for scripts.
+' The members of global classes without their objects, in the system's control for scripts; and what the
+' language has of its own, as arguments.
 Option Explicit
-Dim control, kept, global, expression
+Dim control, kept, global, expression, convert, dictionary, names()
+
+Class List
+    Public Count
+    Public Default Function Item(index)
+        If index > 2 Then Err.Raise 9
+        Item = "item" & index
+    End Function
+End Class
 
 Class Witness
     Private Sub Class_Terminate
@@ -31,7 +40,22 @@ Next
 control.AddCode "Function Padded(text)" & vbLf & "Padded = LPad("" "", text, 4)" & vbLf & "End Function"
 Equal control.Run("Padded", 12), "  12"
 
+Set convert = CreateObject("quorkit.GQuorConvert")
+Set kept = New List
+kept.Count = 2
+Equal convert.CollectionToStringToken(kept, ";"), "item1;item2"
+Set dictionary = CreateObject("Scripting.Dictionary")
+dictionary.Add "Name", 5
+CreateObject("quorkit.GQuorRegistry").Reg_WriteKeyValuesEx "HKCU\Software\quorkit-control", dictionary
+Equal control.Eval("Reg_ReadStringValue(""HKCU\Software\quorkit-control"", ""Name"")"), "5"
+control.ExecuteStatement "Reg_DeletePath ""HKCU\Software\quorkit-control"""
+Equal convert.StringTokenToStringArray("a,b", ",", names), 2
+Equal names(1), "b"
+
 On Error Resume Next
+kept.Count = 3
+convert.CollectionToStringToken kept, ";"
+Equal Err.Number, 9
 control.ExecuteStatement "LPad ""0"", Null, 3"
 Equal Err.Number & Err.Description, "94Invalid use of Null"
 Equal control.Error.Number And 65535, 94
