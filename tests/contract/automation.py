@@ -6,82 +6,22 @@ automation/pascal/session.pas, which calls as compiled Pascal does, and has a co
 Ends as doors.py does.
 """
 import base64
-import datetime
 import json
-import math
 import os
-import struct
 import sys
 
 from doors import CATALOGUE, MISSING, Answer, Cannot, Failed, Rpc, arguments, speak
+from plain import BYTE, NOT_GIVEN, PLAIN, TEXT, VARIANT, plain, read
 from table import ENVIRONMENT, each, kind, split
 
-DAY_ZERO = datetime.datetime(1899, 12, 30)
-MILLISECONDS = 86400000  # of a day
 EMPTY = [], {"bytes": ""}, {"array": []}
 OBJECTS = {"Nothing", "Collection", "Dictionary", "Picture", "Object"}
-GLOBALS = [name for name in CATALOGUE.classes if name.startswith("G")]
-# Types as automation numbers them.
-PLAIN = {"Empty": 0, "Null": 1, "Integer": 2, "Long": 3, "Double": 5, "Date": 7, "Nothing": 9, "Error": 10, "Boolean": 11}
-TEXT, VARIANT, BYTE = 8, 12, 17
-NOT_GIVEN, UNKNOWN_NAME = 0x80020004, 0x80020006
+GLOBALS = sorted(name for name in CATALOGUE.classes if name.startswith("G"))
+UNKNOWN_NAME = 0x80020006
 # What a language makes of them for its programs.
 NUMBERS = {0x80020003: 438, UNKNOWN_NAME: 438, 0x80020005: 13, 0x80020008: 13, 0x8002000A: 6, 0x8002000B: 9,
            0x8002000E: 450, 0x8002000F: 449, 0x80004002: 13, 0x8007000E: 7, 0x800401F3: 429}
 WAYS = {"call": 1, "get": 2, "let": 4}
-
-
-def converted(value, source, target):
-    return struct.unpack("<" + target, struct.pack("<" + source, value))[0]
-
-
-def days(date):
-    """The number of a date."""
-    if not isinstance(date, str):
-        return date
-    number = (datetime.datetime.fromisoformat(date) - DAY_ZERO) / datetime.timedelta(milliseconds=1) / MILLISECONDS
-    return 2 * math.floor(number) - number if number < 0 else number
-
-
-def date(number):
-    """The notation of a date; one outside the calendar is its number."""
-    try:
-        since = datetime.timedelta(math.trunc(number), milliseconds=round(abs(math.fmod(number, 1)) * MILLISECONDS))
-        return {"date": (DAY_ZERO + since).isoformat(timespec="milliseconds").removesuffix(".000")}
-    except OverflowError:
-        return {"date": number}
-
-
-def plain(value, what):
-    """The 64 bits of a value."""
-    held = value[what.lower()] if isinstance(value, dict) else value
-    if what in ("Double", "Date"):
-        return converted(days(held), "d", "q")
-    return 0 if what in ("Empty", "Null", "Nothing") else -held if what == "Boolean" else held
-
-
-def read(one):
-    """What the program has told, from the inside out."""
-    if "elements" in one:
-        elements, bounds = one["elements"], one["bounds"]
-        width = bounds[1] - bounds[0] + 1
-        if not elements:
-            return {"array": [], "lower": 0}
-        if len(bounds) > 2:
-            return {"table": [elements[i:i + width] for i in range(0, len(elements), width)], "lower": bounds[::2]}
-        if one["type"] % 4096 == BYTE:
-            return {"bytes": base64.b64encode(bytes(elements)).decode(), "lower": bounds[0]}
-        return {"array": elements, "lower": bounds[0]}
-    if "plain" not in one:
-        return one
-    what = {number: name for name, number in PLAIN.items()}.get(one["type"], "Byte")
-    short, long, double = (converted(one["plain"], "q", to) for to in ("hxxxxxx", "ixxxx", "d"))
-    if what == "Date":
-        return date(double)
-    if what == "Error" and long % 2**32 == NOT_GIVEN:
-        return MISSING
-    return {"Empty": None, "Long": long, "Byte": short % 256, "Double": double, "Boolean": short != 0,
-            "Integer": {"integer": short}, "Error": {"error": long % 2**32}}.get(what, {what.lower(): True})
 
 
 class Pascal(Rpc):
@@ -155,7 +95,8 @@ class Pascal(Rpc):
                 return made
             target = made["result"]
         words = [word for how, value in reversed(given) for word in [how, *self.said(value)]]
-        return self.request("call", target["object"], WAYS[way], member, len(given), len(named), *reversed(named), *words)
+        return self.request("call", target["object"], WAYS[way], member, len(given), len(named), *reversed(named),
+                            *words)
 
     def result(self, target, member, *values):
         return self.call(target, "call", member, [("value", one) for one in values]).get("result", {}).get("result")
@@ -175,8 +116,7 @@ class Pascal(Rpc):
         """What an object is that has no name shows in what it has."""
         if kind(value) != "Object" or value in self.kept.values():
             return each(self.content, value)
-        keys = self.result(value, "Keys")
-        if keys is not None:
+        if (keys := self.result(value, "Keys")) is not None:
             return {"dictionary": [[key, self.content(self.result(value, "Item", key))] for key in keys["array"]]}
         file, count = self.result(value, "File"), self.result(value, "Count")
         if file is not None or self.result(value, "Handle") is not None:
@@ -184,17 +124,18 @@ class Pascal(Rpc):
         if count is None or self.call(value, "get", "Item", []).get("error") == UNKNOWN_NAME - 2**32:
             return value
         pairs = self.result("GQuorConvert", "CollectionToArray", value).get("table", [[""]] * count)
-        items = [self.content(self.result(value, "Item", i + 1)) for i in range(count)]
-        return {"collection": [dict({"key": pair[0]} if pair[0] else {}, item=item) for pair, item in zip(pairs, items)]}
+        items = [{"item": self.content(self.result(value, "Item", i + 1))} for i in range(count)]
+        return {"collection": [{"key": key[0]} | item if key[0] else item for key, item in zip(pairs, items)]}
 
     def ask(self, step, given, named):
         way, owner, member = split(step)
         parameters = self.member(step).get("parameters", [])
+        names = [one["name"].lower() for one in parameters]
+        known = dict(enumerate(parameters)) | dict(zip(names, parameters))
         order = list(enumerate(given)) + list(named.items())
         handed = []
         for name, value in order:
-            one = {one["name"].lower(): one for one in parameters}.get(name) or dict(enumerate(parameters)).get(name, {})
-            how = "value"
+            one, how = known.get(name, {}), "value"
             if one.get("byReference"):
                 fits = kind(value) == one["type"] or {kind(value), one["type"]} <= OBJECTS
                 how = "variable" if fits else "variant"
@@ -207,7 +148,6 @@ class Pascal(Rpc):
             return Answer(error=code & 0xFFFF if code >> 16 == 0x800A else NUMBERS.get(code, hex(code)))
         self.made = answer["result"]["result"]
         finals = dict(zip(dict(order), map(self.content, answer["result"]["finals"])))
-        names = [one["name"].lower() for one in parameters]
         return Answer(self.content(self.made), [finals.get(i, finals.get(name)) for i, name in enumerate(names)])
 
     def suited(self, value, parameter):
