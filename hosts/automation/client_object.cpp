@@ -72,8 +72,8 @@ Variant ClientObject::invoke(Long identifier, CallKind kind, const Arguments& ar
     EXCEPINFO report = {};
     HRESULT outcome = callObject(identifier, flagsOf(kind, arguments), parameters,
                                  kind == CallKind::Let ? nullptr : &result, &report);
-    // There are engines that call whatever may be called.
-    if (kind == CallKind::Get && FAILED(outcome) && outcome != DISP_E_EXCEPTION)
+    // There are engines that call whatever may be called; with arguments that is what is meant.
+    if (kind == CallKind::Get && FAILED(outcome) && outcome != DISP_E_EXCEPTION && passed.empty())
         outcome = callObject(identifier, DISPATCH_PROPERTYGET, parameters, &result, &report);
     if (outcome == DISP_E_EXCEPTION) raise(take(report));
     check(outcome);

@@ -113,7 +113,16 @@ class Rpc(Door):
             process.stdin.close()
             process.wait(SECONDS)
 
-    def request(self, method, params):
+    def message(self, method, params):
+        return json.dumps({"jsonrpc": "2.0", "id": 1, "method": method, "params": params})
+
+    def answer(self, line, method, *_):
+        answer = json.loads(line)
+        if "error" in answer and (answer["error"]["code"] != -32000 or method != "invoke"):
+            raise Failed(answer["error"]["message"])
+        return answer
+
+    def request(self, *words):
         if self.display not in self.sessions:
             self.sessions[self.display] = subprocess.Popen(
                 self.command + ["rpc"], env=self.environments[self.display], cwd=tempfile.gettempdir(),
@@ -121,18 +130,14 @@ class Rpc(Door):
         process = self.sessions[self.display]
         limit = threading.Timer(SECONDS, process.kill)
         limit.start()
-        message = json.dumps({"jsonrpc": "2.0", "id": 1, "method": method, "params": params})
-        process.stdin.write(message.encode() + b"\n")
+        process.stdin.write(self.message(*words).encode() + b"\n")
         process.stdin.flush()
         line = process.stdout.readline()
         limit.cancel()
         if not line:
             del self.sessions[self.display]
             raise Failed("no answer")
-        answer = json.loads(line)
-        if "error" in answer and (answer["error"]["code"] != -32000 or method != "invoke"):
-            raise Failed(answer["error"]["message"])
-        return answer
+        return self.answer(line, *words)
 
     def created(self, class_name):
         return self.request("create", {"class": class_name})["result"]
@@ -296,14 +301,38 @@ def unsaid():
         and key in CATALOGUE.members]
 
 
-def main():
-    parser = argparse.ArgumentParser(usage=__doc__)
+def arguments(usage, doors):
+    parser = argparse.ArgumentParser(usage=usage)
     parser.add_argument("program")
-    parser.add_argument("--door", choices=["rpc", "cli"])
+    parser.add_argument("--door", choices=doors)
     parser.add_argument("--launcher", default="")
     parser.add_argument("--every", type=int, default=1)
     parser.add_argument("files", nargs="*")
-    options = parser.parse_intermixed_args()
+    return parser.parse_intermixed_args()
+
+
+def speak(door, name, options, system):
+    """Says all rows to a door, and tells how many; what failed."""
+    said, reasons, failures = 0, collections.Counter(), []
+    for row_name, row in list(rows(options.files))[::options.every]:
+        place = Place(system == "windows")
+        try:
+            say(door, name, row, system, place)
+            said += 1
+        except Cannot as cannot:
+            reasons[str(cannot)] += 1
+        except Failed as failed:
+            failures.append(f"{name}: {row_name} wants {failed}")
+        finally:
+            place.close()
+    door.close()
+    cannot = "".join(f"; {count} cannot: {why}" for why, count in reasons.most_common())
+    print(f"{name}: {said} rows said{cannot}")
+    return failures
+
+
+def main():
+    options = arguments(__doc__, ["rpc", "cli"])
     program = os.path.abspath(options.program)
     system = "windows" if program.endswith(".exe") else "linux"
     home = tempfile.mkdtemp(prefix="quorkit-home-")
@@ -324,21 +353,7 @@ def main():
         if options.door not in (None, name):
             continue
         door = make(options.launcher.split() + [program], environments)
-        said, reasons = 0, collections.Counter()
-        for row_name, row in list(rows(options.files))[::options.every]:
-            place = Place(system == "windows")
-            try:
-                say(door, name, row, system, place)
-                said += 1
-            except Cannot as cannot:
-                reasons[str(cannot)] += 1
-            except Failed as failed:
-                failures.append(f"{name}: {row_name} wants {failed}")
-            finally:
-                place.close()
-        door.close()
-        cannot = "".join(f"; {count} cannot: {why}" for why, count in reasons.most_common())
-        print(f"{name}: {said} rows said{cannot}")
+        failures += speak(door, name, options, system)
     print(*failures, sep="\n", end="\n" if failures else "")
     for process in running:
         process.stdin.close()

@@ -15,14 +15,6 @@ TEST(Drives, HaveTypesSerialNumbersAndShares) {
                            {u"X:", {DRIVE_REMOTE, 0xBEEF, u"\\\\SRV\\Share"}},
                            {u"Y:", {7, 0, u"\\\\srv\\share"}}};
     Late file(u"GQuorFile", world);
-    file.expect(
-        u"DriveType2DriveTypeName",
-        {Row({DRIVE_REMOVABLE}, u"Wechsel-Datentr\u00E4ger"), Row({DRIVE_FIXED}, u"Harddisk"),
-         Row({DRIVE_REMOTE, eLanguage_French}, u"Netzwerk-Disk"),
-         Row({DRIVE_REMOVABLE, eLanguage_English}, u"Removable Drive"),
-         Row({DRIVE_FIXED, eLanguage_English}, u"Fixed Drive"),
-         Row({DRIVE_REMOTE, eLanguage_English}, u"Network Drive"), Row({DRIVE_CDROM}, u"CD-ROM"),
-         Row({DRIVE_RAMDISK}, u"RAM-Disk"), Row({Long{1}}, u""), Row({Long{7}}, u"")});
     file.expect(u"getDriveTypeEx", {Row({u"C:\\x\\y"}, DRIVE_FIXED), Row({u"d:"}, DRIVE_CDROM),
                                     Row({u"\\\\none\\none"}, DRIVE_REMOTE),
                                     Row({u"N:"}, DRIVE_UNKNOWN), Row({u"Y:"}, DRIVE_UNKNOWN),

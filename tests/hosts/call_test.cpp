@@ -63,13 +63,9 @@ TEST(Call, TakesAndPrintsStructures) {
 
 TEST(Call, TellsErrors) {
     const CallLine cases[] = {
-        {u"GQuorNothing.LPad", "429: Cannot create object"},
-        {u"GQuorStrings.Nothing", "438: Object doesn't support this property or method"},
         {u"QuorInifile.IniFileName --set LPad=1",
          "438: Object doesn't support this property or method"},
         {u"GQuorStrings.LPad 0 7 x", "13: Type mismatch"},
-        {u"GQuorConvert.CollectionToArray {\"object\":1}", "424: Object required"},
-        {u"GQuorClipboard.SetPictureToClipboard {\"picture\":\"AAAA\"}", "481: Invalid picture"},
     };
     for (const CallLine& one : cases) {
         const CommandOutcome outcome = command(one.line);

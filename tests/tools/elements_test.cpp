@@ -90,14 +90,6 @@ TEST(Tools, CheckTextBoxValue) {
             EXPECT_EQ(tools(u"CheckTextBoxValue", {box(u"Text", text), kind}), fits)
                 << language << ' ' << kind << testing::PrintToString(text);
         }
-    const Variant digits = box(u"text", u"12345");
-    tools.expect(u"CheckTextBoxValue", {{{digits, Long{1}, Long{5}}, true},
-                                        {{digits, Long{1}, Long{4}}, false},
-                                        {{box(u"Text", u" \t"), Long{0}, Long{1}, false}, false},
-                                        {{digits, Long{4}}, Error{5}},
-                                        {{ObjectRef(), Long{0}}, Error{91}},
-                                        {{box(u"Text", Null()), Long{0}}, Error{94}},
-                                        {{box(u"Caption", u""), Long{0}}, Error{438}}});
 }
 
 }  // namespace

@@ -75,12 +75,6 @@ TEST_F(WindowsTest, MeasuresTheScreen) {
     windows.expect(u"getWorkingScreenSize", {{size(eUnits_Points), area(7.5, 15, 1440, 780)},
                                              {size(eUnits_Pixels), area(10, 20, 1920, 1040)},
                                              {size(7), area(10, 20, 1920, 1040)}});
-    windows.expect(u"ConvertPointsToPixels", {{{0.375}, Long{0}},
-                                              {{1.125}, Long{2}},
-                                              {{1.875}, Long{2}},
-                                              {{-7.5}, Long{-10}},
-                                              {{1e10}, Error{6}}});
-    windows.expect(u"ConvertPixelsToPoints", {{{Long{4}}, 3.0}, {{Long{-1}}, -0.75}});
 }
 
 /// A form in the area 0 ... 1440 x 0 ... 780, over an application at 100, 50 of 801 x 600.
@@ -144,8 +138,6 @@ TEST_F(FormPositions, FailuresEndAMemberQuietly) {
                      {{u"HKCU\\Forms\\frmP_Position", u"Top", Long{-7}}, Long{-7}}});
     windows(u"LoadVBAUserFormPosition", {u"HKCU\\Forms", poor, ObjectRef()});
     windows(u"LoadVBAUserFormPosition", {u"HKCU\\Forms", ObjectRef(), poor});
-    EXPECT_EQ(windows.errorOf(u"CenterUserFormInApplication", {poor, poor}), 438);
-    EXPECT_EQ(windows.errorOf(u"CenterUserFormInApplication", {poor, ObjectRef()}), 91);
     const ObjectRef form = object(0, 0, 11, 20);
     windows(u"CenterUserFormInApplication", {form, object(0, 0, 10, 10)});
     EXPECT_EQ(edges(form), (Edges{-1, -5, 11, 20}));

@@ -1,7 +1,7 @@
 #!/bin/sh
 # check.sh COMPILER FOLDER DLL LAUNCHER...: Free Pascal's importer makes a unit of the type library in
 # the server, which compiles, and a program that uses it calls the server, bound early and late.
-# FOLDER keeps what is built.
+# Another one says the contract table, in its own language and in VBScript. FOLDER keeps what is built.
 set -eu
 
 compiler=$1 folder=$2 dll=$3
@@ -26,9 +26,11 @@ build() {
 [ -e "$folder/import.exe" ] || build import
 "$@" "$folder/import.exe" "$(windows "$dll")" "$(windows "$folder/quorkit_TLB.pas")"
 build client
+build session
+trap '"$@" "C:\\windows\\$system\\regsvr32.exe" /s /u "$(windows "$dll")"' EXIT
 "$@" "C:\\windows\\$system\\regsvr32.exe" /s "$(windows "$dll")"
 "$@" "$folder/client.exe" | tr -d '\r' >"$folder/said"
-"$@" "C:\\windows\\$system\\regsvr32.exe" /s /u "$(windows "$dll")"
+python3 "$here/../../contract/automation.py" "$folder/session.exe" --launcher "$*"
 # What arrives is told as identifier, kind of call and types of the arguments: an object's property
 # gets its value even where it is declared by reference.
 diff - "$folder/said" <<'TEXT'

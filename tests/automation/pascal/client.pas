@@ -2,33 +2,13 @@
   server, which is called by name too. }
 program client;
 {$mode delphi}
-uses activex, comobj, sysutils, variants, windows, quorkit_TLB;
+uses activex, comobj, sysutils, variants, windows, own_object, quorkit_TLB;
 
 type
-  TReceiver = class(TInterfacedObject, IDispatch)
-    function GetTypeInfoCount(out Count: LongInt): HResult; stdcall;
-    function GetTypeInfo(Index, Locale: LongInt; out Info): HResult; stdcall;
-    function GetIDsOfNames(const IID: TGUID; Names: Pointer; Count, Locale: LongInt;
-      Identifiers: Pointer): HResult; stdcall;
+  TReceiver = class(TOwnObject)
     function Invoke(Identifier: LongInt; const IID: TGUID; Locale: LongInt; Flags: Word;
-      var Params; Made, Failure, Position: Pointer): HResult; stdcall;
+      var Params; Made, Failure, Position: Pointer): HResult; override; stdcall;
   end;
-
-function TReceiver.GetTypeInfoCount(out Count: LongInt): HResult;
-begin
-  Result := E_NOTIMPL;
-end;
-
-function TReceiver.GetTypeInfo(Index, Locale: LongInt; out Info): HResult;
-begin
-  Result := E_NOTIMPL;
-end;
-
-function TReceiver.GetIDsOfNames(const IID: TGUID; Names: Pointer; Count, Locale: LongInt;
-  Identifiers: Pointer): HResult;
-begin
-  Result := E_NOTIMPL;
-end;
 
 function TReceiver.Invoke(Identifier: LongInt; const IID: TGUID; Locale: LongInt; Flags: Word;
   var Params; Made, Failure, Position: Pointer): HResult;
