@@ -16,9 +16,28 @@ namespace {
 
 constexpr UINT kNone = static_cast<UINT>(-1);
 
-CallKind kindOf(WORD flags) {
-    if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) return CallKind::Let;
-    return (flags & DISPATCH_METHOD) != 0 ? CallKind::Call : CallKind::Get;
+/// What the client wants; nothing for flags that do not go together.
+std::optional<CallKind> kindOf(WORD flags) {
+    switch (flags) {
+        case DISPATCH_METHOD:
+        case DISPATCH_METHOD | DISPATCH_PROPERTYGET:
+            return CallKind::Call;
+        case DISPATCH_PROPERTYGET:
+            return CallKind::Get;
+        case DISPATCH_PROPERTYPUT:
+        case DISPATCH_PROPERTYPUTREF:
+        case DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF:
+            return CallKind::Let;
+        default:
+            return {};
+    }
+}
+
+/// Whether what it counts is there.
+bool isWhole(const DISPPARAMS& arguments) {
+    return (arguments.cArgs == 0 || arguments.rgvarg != nullptr) &&
+           (arguments.cNamedArgs == 0 || arguments.rgdispidNamedArgs != nullptr) &&
+           arguments.cNamedArgs <= arguments.cArgs;
 }
 
 /// The client's arguments, which come from the last to the first, the named ones in front.
@@ -73,6 +92,7 @@ std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartmen
             // Programs whose constants were made from the type library may have no negative ones.
             values[position] = static_cast<Long>(one->ulVal);
         } else {
+            if (parameter.result) checkForm(*one);
             try {
                 values[position] = fromVariant(*one, apartment);
             } catch (const AutomationError&) {
@@ -94,9 +114,11 @@ void write(const MemberInfo& member, const std::vector<Variant>& values, const G
 
 HRESULT invoke(CatalogueObject& object, Apartment& apartment, DISPID identifier, WORD flags,
                const DISPPARAMS& arguments, VARIANT* result, EXCEPINFO* failure, UINT* argument) {
-    const CallKind kind = kindOf(flags);
-    const MemberInfo* member = findMember(object.info(), identifier, kind);
-    if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
+    const std::optional<CallKind> kind = kindOf(flags);
+    if (!kind || !isWhole(arguments)) return E_INVALIDARG;
+    const MemberInfo* member = findMember(object.info(), identifier, *kind);
+    if (member == nullptr)
+        return tell({static_cast<Long>(ErrorNumber::NoSuchMember), {}, {}}, failure);
 
     std::optional<CallError> error;
     std::optional<Given> given;
@@ -104,7 +126,7 @@ HRESULT invoke(CatalogueObject& object, Apartment& apartment, DISPID identifier,
     try {
         given.emplace(*member, arguments);
         CallResult outcome = call(object, {.identifier = identifier,
-                                           .kind = kind,
+                                           .kind = *kind,
                                            .positional = read(*member, *given, apartment, position),
                                            .variablesMayBeOmitted = true});
         error = std::move(outcome.error);

@@ -214,15 +214,15 @@ Function ShownObject(object)
         Exit Function
     End If
     Err.Clear
+    text = "null"
     found = object.Handle
-    If Err.Number = 0 Then
-        ShownObject = Tagged("picture", "null")
-        Exit Function
+    If Err.Number <> 0 Then
+        Err.Clear
+        found = object.File
+        If Err.Number = 0 Then text = ShownBytes(found)
     End If
-    Err.Clear
-    found = object.File
     If Err.Number = 0 Then
-        ShownObject = Tagged("picture", ShownBytes(found))
+        ShownObject = Tagged("picture", text)
         Exit Function
     End If
     Err.Clear
