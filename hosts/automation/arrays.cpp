@@ -190,11 +190,15 @@ SAFEARRAY* toArray(const Variant& value, VARTYPE type, Apartment& apartment) {
     raise(ErrorNumber::TypeMismatch);
 }
 
+void checkUnlocked(const SAFEARRAY* array) {
+    if (array != nullptr && array->cLocks != 0) raise(kArrayLocked);
+}
+
 void storeArray(const Variant& value, VARTYPE type, Apartment& apartment, SAFEARRAY** variable) {
     SAFEARRAY* const old = *variable;
     OwnedArray made(toArray(value, type, apartment));
+    checkUnlocked(old);
     if (old != nullptr) {
-        if (old->cLocks != 0) raise(kArrayLocked);
         if ((old->fFeatures & (FADF_FIXEDSIZE | FADF_STATIC)) != 0) {
             if (made == nullptr || FAILED(SafeArrayCopyData(made.get(), old))) raise(kArrayLocked);
             return;

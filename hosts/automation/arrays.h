@@ -26,6 +26,9 @@ SAFEARRAY* toArray(const Variant& value, VARTYPE type, Apartment& apartment);
 /// the value is no array.
 VARTYPE elementTypeOf(const Variant& value);
 
+/// Error 10 for an array that is locked, which may not be replaced.
+void checkUnlocked(const SAFEARRAY* array);
+
 /// Puts an array in the place of a client's. Error 10 when that one is locked, or of a fixed size
 /// and of other bounds; then it is as it was.
 void storeArray(const Variant& value, VARTYPE type, Apartment& apartment, SAFEARRAY** variable);

@@ -60,18 +60,21 @@ ObjectRef DispatchObject::behind(IUnknown* pointer, const Apartment& apartment) 
 
 HRESULT DispatchObject::QueryInterface(REFIID wanted, void** found) {
     if (found == nullptr) return E_POINTER;
-    if (wanted == kOwn) {
-        *found = this;
-        AddRef();
-        return S_OK;
-    }
+    *found = nullptr;
     const ClassInfo& info = infoOf(*object_);
     // A runtime object has the identity of an interface with functions of its own, which this is
     // not.
-    if (info.kind == ClassKind::Runtime)
-        return Counted::QueryInterface(wanted == IID_IProvideClassInfo ? IID_NULL : wanted, found);
-    const bool own = wanted == guidOf(info.interfaceIdentity);
-    return Counted::QueryInterface(own ? IID_IDispatch : wanted, found);
+    const bool runtime = info.kind == ClassKind::Runtime;
+    const bool hidden = runtime && wanted == IID_IProvideClassInfo;
+    if (!hidden && Counted::QueryInterface(wanted, found) == S_OK) return S_OK;
+    if (wanted == kOwn)
+        *found = this;
+    else if (!runtime && wanted == guidOf(info.interfaceIdentity))
+        *found = static_cast<IDispatch*>(this);
+    else
+        return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
 }
 
 HRESULT DispatchObject::typeInfo(const char* identity, ITypeInfo** info) const {

@@ -33,7 +33,7 @@ String wideOf(const std::string& ascii) {
     return String(ascii.begin(), ascii.end());
 }
 
-/// What the thread's client asks for with GetErrorInfo.
+/// For GetErrorInfo on this thread.
 void leaveBehind(const String& source, const String& text) {
     const auto wide = [](const String& from) {
         return const_cast<LPOLESTR>(reinterpret_cast<const OLECHAR*>(from.c_str()));
@@ -83,13 +83,14 @@ HRESULT tell(const CallError& error, EXCEPINFO* report) {
             if (pair.number == number) return pair.result;
     const String source = wideOf(error.source);
     const String text = wideOf(error.text);
-    leaveBehind(source, text);
-    if (report != nullptr) {
-        *report = {};
-        report->scode = codeOf(error.number);
-        report->bstrSource = newBstr(source);
-        report->bstrDescription = newBstr(text);
+    if (report == nullptr) {
+        leaveBehind(source, text);
+        return DISP_E_EXCEPTION;
     }
+    *report = {};
+    report->scode = codeOf(error.number);
+    report->bstrSource = newBstr(source);
+    report->bstrDescription = newBstr(text);
     return DISP_E_EXCEPTION;
 }
 

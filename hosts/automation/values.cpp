@@ -237,6 +237,7 @@ void store(const Variant& value, Apartment& apartment, const VARIANT& variable) 
     if (type == VT_VARIANT) {
         VARIANT& inner = *variable.pvarVal;
         if ((inner.vt & VT_BYREF) != 0) return store(value, apartment, inner);
+        if ((inner.vt & VT_ARRAY) != 0) checkUnlocked(inner.parray);
         OwnedVariant made;
         // An array of Variants stays one: there are clients that can read no other.
         if (inner.vt == (VT_ARRAY | VT_VARIANT) && elementTypeOf(value) != VT_EMPTY) {

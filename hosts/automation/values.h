@@ -8,9 +8,9 @@ namespace quorkit::automation {
 
 class Apartment;
 
-/// Error 13 for a VARIANT that automation does not allow: of a type that does not exist, or of none
-/// by reference; a null pointer; a reference to a reference to a VARIANT; an array that disagrees.
-/// Reads what the VARIANT refers to, but no elements.
+/// Error 13 for a VARIANT that automation does not allow: by reference of a type that no variable
+/// has, by a null pointer, or to a reference to a VARIANT; a VARIANT by value; an array that
+/// checkArray refuses. Reads what the VARIANT refers to, but no elements.
 void checkForm(const VARIANT& value);
 
 /// The bytes that a value takes in a client's variable or array. Error 13 for a type that no

@@ -65,6 +65,13 @@ struct Value : OwnedVariant {
     }
 };
 
+inline DISPID identifierOf(IDispatch* object, const wchar_t* name) {
+    auto* wanted = const_cast<LPOLESTR>(name);
+    DISPID identifier = DISPID_UNKNOWN;
+    object->GetIDsOfNames(IID_NULL, &wanted, 1, LOCALE_USER_DEFAULT, &identifier);
+    return identifier;
+}
+
 struct Outcome {
     HRESULT code = S_OK;
     Value result;

@@ -26,14 +26,6 @@ HRESULT invoke(IDispatch* object, DISPID member, WORD flags, DISPPARAMS* argumen
     return code;
 }
 
-DISPID identifierOf(IDispatch* object, const wchar_t* name) {
-    auto* const wanted = const_cast<LPOLESTR>(name);
-    DISPID identifier = DISPID_UNKNOWN;
-    LPOLESTR names[] = {wanted};
-    object->GetIDsOfNames(IID_NULL, names, 1, 0, &identifier);
-    return identifier;
-}
-
 struct Destroy {
     void operator()(SAFEARRAY* array) const { SafeArrayDestroy(array); }
 };

@@ -1,0 +1,312 @@
+// Very many calls: nothing leaks, and nothing that a client hands in does harm. QUORKIT_CALLS says
+// how many, QUORKIT_SEED which ones; with QUORKIT_TRACE each is told before it is made.
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+
+#include "automation/client.h"
+#include "automation/random_values.h"
+#include "support/scratch.h"
+
+namespace quorkit::test {
+namespace {
+
+unsigned fromEnvironment(const char* name, unsigned usual) {
+    const char* text = std::getenv(name);
+    return text == nullptr ? usual : static_cast<unsigned>(std::atoi(text));
+}
+
+std::vector<HANDLE> heaps() {
+    std::vector<HANDLE> all(GetProcessHeaps(0, nullptr) + 8);
+    all.resize(GetProcessHeaps(static_cast<DWORD>(all.size()), all.data()));
+    return all;
+}
+
+/// What is allocated at this moment.
+std::int64_t bytesInUse() {
+    std::int64_t bytes = 0;
+    for (HANDLE heap : heaps()) {
+        PROCESS_HEAP_ENTRY entry = {};
+        HeapLock(heap);
+        while (HeapWalk(heap, &entry))
+            if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) bytes += entry.cbData;
+        HeapUnlock(heap);
+    }
+    return bytes;
+}
+
+bool heapsAreValid() {
+    for (HANDLE heap : heaps())
+        if (HeapValidate(heap, 0, nullptr) == FALSE) return false;
+    return true;
+}
+
+/// A part of what one byte for each call would be.
+constexpr std::int64_t kSlack = 64 * 1024;
+
+TEST_F(Server, LeaksNothing) {
+    const Ref<IDispatch> strings = make("GQuorStrings");
+    const Ref<IDispatch> convert = make("GQuorConvert");
+    const auto sixCalls = [&] {
+        Value text = u"1.42.3.4";
+        SAFEARRAY* array = nullptr;
+        IDispatch* list = nullptr;
+        callOf(strings.get(), L"LPad", {u"0", u"7", 3});
+        callOf(strings.get(), L"SplitAppVersionString",
+               {u"1.42.3.4", 0, Value::at(VT_VARIANT, &text), 0, 0});
+        callOf(convert.get(), L"StringTokenToStringArray",
+               {u"x;y;z", u";", Value::at(VT_ARRAY | VT_BSTR, &array)});
+        SafeArrayDestroy(array);
+        callOf(convert.get(), L"ConvertDezToAny", {1, 37});
+        const Ref<IDispatch> made = make("QuorCollection");
+        callOf(made.get(), L"setValueByKey", {Value(convert.get()), u"key"});
+        callOf(convert.get(), L"StringTokenToStringCollection",
+               {u"x;y", u";", 0, Value::at(VT_DISPATCH, &list)});
+        const Ref<IDispatch> owner(list);
+        DISPPARAMS none = {};
+        Value all;
+        list->Invoke(DISPID_NEWENUM, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &all, nullptr,
+                     nullptr);
+        Value item;
+        ULONG number = 0;
+        Ref<IEnumVARIANT>::from(all.punkVal)->Next(1, &item, &number);
+        EXPECT_EQ(item.text(), u"x");
+    };
+    const unsigned rounds = fromEnvironment("QUORKIT_CALLS", 120'000) / 6;
+    for (unsigned i = 0; i < rounds / 10; ++i) sixCalls();
+    const std::int64_t before = bytesInUse();
+    for (unsigned i = 0; i < rounds; ++i) sixCalls();
+    EXPECT_LT(bytesInUse() - before, kSlack);
+}
+
+/// What writes elsewhere than in a folder of its own, reads whole drives, shows windows, waits (to
+/// sort what cannot be sorted does so for ever) or starts programs.
+constexpr const char* kNotCalled[] = {"IniFileName",
+                                      "LogFileName",
+                                      "limitFileSize",
+                                      "SaveByteArrayToFile",
+                                      "mkDirEx",
+                                      "CreateTempFileName",
+                                      "GetSpecialFolder",
+                                      "MakeShortCut",
+                                      "BrowseForFolder",
+                                      "ShowOpenDialog",
+                                      "ShowSaveDialog",
+                                      "delay",
+                                      "QuickSortVariantArray",
+                                      "DisplayError",
+                                      "ExecuteAndWait",
+                                      "ExecuteAndWaitEx",
+                                      "OpenURL",
+                                      "OpenMail",
+                                      "SetTopMostWindow",
+                                      "WinTerminateProgram",
+                                      "WinShowWaitForm",
+                                      "ShowAboutDialog",
+                                      "SaveVBAUserFormPosition",
+                                      "ScrollLock",
+                                      "SetKeyState",
+                                      "Reg_WriteStringValue",
+                                      "Reg_WriteDWordValue",
+                                      "Reg_WriteBoolValue",
+                                      "Reg_WriteKeyValuesEx",
+                                      "Reg_DeleteKey",
+                                      "Reg_DeletePath",
+                                      "GetFilesFromDirectory3",
+                                      "GetAllSubDirectories",
+                                      "LoadPictureToClipboard",
+                                      "SavePictureFromClipboard",
+                                      "SetPictureToClipboard",
+                                      "SetTextToClipboard",
+                                      "SetRTFTextToClipboard"};
+
+VARTYPE typeOf(Type type) {
+    switch (type) {
+        case Type::Boolean:
+            return VT_BOOL;
+        case Type::Integer:
+            return VT_I2;
+        case Type::Long:
+            return VT_I4;
+        case Type::Double:
+            return VT_R8;
+        case Type::Date:
+            return VT_DATE;
+        case Type::String:
+            return VT_BSTR;
+        case Type::StringArray:
+            return VT_ARRAY | VT_BSTR;
+        case Type::ByteArray:
+            return VT_ARRAY | VT_UI1;
+        case Type::VariantArray:
+            return VT_ARRAY | VT_VARIANT;
+        case Type::Object:
+            return VT_DISPATCH;
+        default:
+            return VT_VARIANT;
+    }
+}
+
+class RandomCalls : public Server {
+   protected:
+    struct Target {
+        const ClassInfo* info;
+        std::vector<const MemberInfo*> members;
+        Ref<IDispatch> object;
+    };
+
+    RandomCalls() {
+        std::filesystem::create_directory(scratch_.path("own"));
+        std::filesystem::current_path(scratch_.path("own"));
+        form_.members = {{L"Text", u"42"}, {L"Left", 10}, {L"Width", 100}, {L"Name", u"f"}};
+        objects_ = {&form_, list_.get()};
+        callOf(list_.get(), L"setValueByKey", {u"item", u"a"});
+        for (const auto all : {classes(), runtimeClasses()})
+            for (const ClassInfo& info : all) targets_.push_back({&info, membersOf(info), {}});
+    }
+    ~RandomCalls() override { std::filesystem::current_path(scratch_.folder().parent_path()); }
+
+    static std::vector<const MemberInfo*> membersOf(const ClassInfo& info) {
+        std::vector<const MemberInfo*> made;
+        for (const MemberInfo& member : info.members())
+            if (std::ranges::none_of(kNotCalled, [&](const char* name) {
+                    return std::strcmp(name, member.name) == 0;
+                }))
+                made.push_back(&member);
+        return made;
+    }
+
+    void renew(Target& target) {
+        target.object = {};
+        if (target.info->kind != ClassKind::Runtime) target.object = make(target.info->name);
+        const std::string name = target.info->name;
+        if (name != "QuorInifile" && name != "QuorLogFile") return;
+        const wchar_t* const property = name == "QuorInifile" ? L"IniFileName" : L"LogFileName";
+        const String file = scratch_.name(name);
+        callOf(target.object.get(), property, {file.c_str()}, DISPATCH_PROPERTYPUT);
+    }
+
+    /// An object that a call gave takes the place of one of its class.
+    void keep(VARIANT& result) {
+        if (result.vt != VT_DISPATCH || result.pdispVal == nullptr) return;
+        for (Target& target : targets_)
+            if (target.info->kind == ClassKind::Runtime && random_.oneIn(4))
+                target.object = Ref<IDispatch>::to(result.pdispVal);
+    }
+
+    WORD flagsFor(const MemberInfo& member) {
+        if (random_.oneIn(24)) return static_cast<WORD>(random_.below(0x10000));
+        switch (member.kind) {
+            case MemberKind::Method:
+                return random_.oneIn(2) ? DISPATCH_METHOD : DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+            case MemberKind::PropertyGet:
+                return DISPATCH_PROPERTYGET;
+            default:
+                return DISPATCH_PROPERTYPUT;
+        }
+    }
+
+    std::vector<DISPID> namesFor(std::size_t count, bool put) {
+        std::vector<DISPID> names;
+        if (put && !random_.oneIn(8)) names = {DISPID_PROPERTYPUT};
+        if (!random_.oneIn(4)) return names;
+        constexpr DISPID odd[] = {DISPID_PROPERTYPUT, DISPID_UNKNOWN, INT_MAX, INT_MIN, 0};
+        for (unsigned left = random_.below(count + 2); left > 0; --left)
+            names.push_back(random_.oneIn(8) ? random_.of(odd) : static_cast<DISPID>(left - 1));
+        return names;
+    }
+
+    /// What went wrong; "" when nothing did.
+    std::string call(IDispatch* object, const MemberInfo& member) {
+        static constexpr DISPID odd[] = {DISPID_VALUE, DISPID_UNKNOWN, DISPID_NEWENUM, INT_MAX,
+                                         INT_MIN};
+        std::vector<std::unique_ptr<RandomArgument>> given;
+        std::vector<VARIANT> passed;
+        const std::size_t count = random_.oneIn(12) ? random_.below(10) : member.parameterCount;
+        for (std::size_t i = count; i-- > 0;) {
+            const bool known = i < member.parameterCount;
+            given.push_back(std::make_unique<RandomArgument>(
+                random_, values_,
+                known ? typeOf(member.parameterRow[i].type.type) : VARTYPE{VT_VARIANT}));
+            passed.push_back(given.back()->passed());
+        }
+        const WORD flags = flagsFor(member);
+        std::vector<DISPID> names = namesFor(count, (flags & DISPATCH_PROPERTYPUT) != 0);
+        DISPPARAMS arguments = {random_.oneIn(99) ? nullptr : passed.data(),
+                                random_.oneIn(99) ? nullptr : names.data(),
+                                static_cast<UINT>(count), static_cast<UINT>(names.size())};
+        VARIANT result = untouched();
+        EXCEPINFO report = {};
+        UINT argument = 99;
+        const bool wantsResult = !random_.oneIn(8);
+        const bool wantsReport = !random_.oneIn(8);
+        const HRESULT code =
+            object->Invoke(random_.oneIn(32) ? random_.of(odd) : member.identifier, IID_NULL, 0,
+                           flags, &arguments, wantsResult ? &result : nullptr,
+                           wantsReport ? &report : nullptr, random_.oneIn(8) ? nullptr : &argument);
+        std::string wrong;
+        const auto require = [&](bool right, const char* what) {
+            if (!right) wrong += std::string(" ") + what;
+        };
+        require(code == S_OK || code == E_INVALIDARG || code == E_OUTOFMEMORY ||
+                    (code >= DISP_E_UNKNOWNINTERFACE && code <= DISP_E_PARAMNOTOPTIONAL),
+                "code");
+        const VARIANT before = untouched();
+        const bool made = code == S_OK && wantsResult;
+        require(
+            made ? (result.vt & VT_BYREF) == 0 : std::memcmp(&result, &before, sizeof result) == 0,
+            "result");
+        if (made) keep(result);
+        if (made) require(SUCCEEDED(VariantClear(&result)), "kind of result");
+        require(argument == 99 || (code < 0 && argument < count), "argument");
+        const bool reported = code == DISP_E_EXCEPTION && wantsReport;
+        require(reported == (report.scode != 0) && reported == (report.bstrSource != nullptr),
+                "report");
+        require(report.scode != static_cast<HRESULT>(0x800A0033), "internal error");
+        SysFreeString(report.bstrSource);
+        SysFreeString(report.bstrDescription);
+        for (std::size_t i = 0; i < given.size(); ++i) wrong += given[i]->takeBack(passed[i]);
+        if (!wrong.empty()) wrong += " " + std::to_string(code);
+        return wrong;
+    }
+
+    static VARIANT untouched() {
+        VARIANT value;
+        std::memset(static_cast<void*>(&value), 0x5A, sizeof value);
+        return value;
+    }
+
+    Scratch scratch_;
+    Random random_{fromEnvironment("QUORKIT_SEED", 1)};
+    Own form_;
+    Ref<IDispatch> list_ = make("QuorCollection");
+    Objects objects_;
+    RandomValue values_{random_, objects_};
+    std::vector<Target> targets_;
+};
+
+TEST_F(RandomCalls, DoNoHarm) {
+    const unsigned count = fromEnvironment("QUORKIT_CALLS", 20'000);
+    const bool traced = std::getenv("QUORKIT_TRACE") != nullptr;
+    std::int64_t before = 0;
+    for (unsigned i = 0; i < count; ++i) {
+        if (i == count / 2) before = bytesInUse();
+        Target& target = targets_[random_.below(targets_.size())];
+        if (target.members.empty()) continue;
+        if (target.object.get() == nullptr || random_.oneIn(64)) renew(target);
+        if (target.object.get() == nullptr) continue;
+        const MemberInfo& member = *target.members[random_.below(target.members.size())];
+        const std::string place = std::to_string(i) + " " + target.info->name + "." + member.name;
+        if (traced) std::cout << place << std::endl;
+        ASSERT_EQ(call(target.object.get(), member), "") << place;
+        ASSERT_TRUE(i % 4096 != 0 || heapsAreValid()) << i;
+    }
+    targets_.clear();
+    list_ = {};
+    EXPECT_EQ(form_.count, 1u);
+    EXPECT_TRUE(heapsAreValid());
+    EXPECT_LT(bytesInUse() - before, 4 * kSlack);
+}
+
+}  // namespace
+}  // namespace quorkit::test
