@@ -1,8 +1,9 @@
 // Very many calls: nothing leaks, and nothing that a client hands in does harm. QUORKIT_CALLS says
 // how many, QUORKIT_SEED which ones; with QUORKIT_TRACE each is told before it is made.
+#include <algorithm>
 #include <cstdlib>
+#include <deque>
 #include <iostream>
-#include <memory>
 
 #include "automation/client.h"
 #include "automation/random_values.h"
@@ -164,7 +165,7 @@ class RandomCalls : public Server {
         for (const auto all : {classes(), runtimeClasses()})
             for (const ClassInfo& info : all) targets_.push_back({&info, membersOf(info), {}});
     }
-    ~RandomCalls() override { std::filesystem::current_path(scratch_.folder().parent_path()); }
+    ~RandomCalls() override { std::filesystem::current_path(before_); }
 
     static std::vector<const MemberInfo*> membersOf(const ClassInfo& info) {
         std::vector<const MemberInfo*> made;
@@ -188,7 +189,8 @@ class RandomCalls : public Server {
 
     /// An object that a call gave takes the place of one of its class.
     void keep(VARIANT& result) {
-        if (result.vt != VT_DISPATCH || result.pdispVal == nullptr) return;
+        if (result.vt != VT_DISPATCH || result.pdispVal == nullptr || result.pdispVal == &form_)
+            return;
         for (Target& target : targets_)
             if (target.info->kind == ClassKind::Runtime && random_.oneIn(4))
                 target.object = Ref<IDispatch>::to(result.pdispVal);
@@ -220,22 +222,23 @@ class RandomCalls : public Server {
     std::string call(IDispatch* object, const MemberInfo& member) {
         static constexpr DISPID odd[] = {DISPID_VALUE, DISPID_UNKNOWN, DISPID_NEWENUM, INT_MAX,
                                          INT_MIN};
-        std::vector<std::unique_ptr<RandomArgument>> given;
+        std::deque<RandomArgument> given;
         std::vector<VARIANT> passed;
         const std::size_t count = random_.oneIn(12) ? random_.below(10) : member.parameterCount;
         for (std::size_t i = count; i-- > 0;) {
-            const bool known = i < member.parameterCount;
-            given.push_back(std::make_unique<RandomArgument>(
-                random_, values_,
-                known ? typeOf(member.parameterRow[i].type.type) : VARTYPE{VT_VARIANT}));
-            passed.push_back(given.back()->passed());
+            const Type type =
+                i < member.parameterCount ? member.parameterRow[i].type.type : Type::Variant;
+            passed.push_back(given.emplace_back(random_, values_, typeOf(type)).passed());
         }
+        const std::vector<VARIANT> before = passed;
         const WORD flags = flagsFor(member);
         std::vector<DISPID> names = namesFor(count, (flags & DISPATCH_PROPERTYPUT) != 0);
         DISPPARAMS arguments = {random_.oneIn(99) ? nullptr : passed.data(),
                                 random_.oneIn(99) ? nullptr : names.data(),
                                 static_cast<UINT>(count), static_cast<UINT>(names.size())};
-        VARIANT result = untouched();
+        VARIANT result;
+        std::memset(static_cast<void*>(&result), 0x5A, sizeof result);
+        const VARIANT untouched = result;
         EXCEPINFO report = {};
         UINT argument = 99;
         const bool wantsResult = !random_.oneIn(8);
@@ -244,38 +247,31 @@ class RandomCalls : public Server {
             object->Invoke(random_.oneIn(32) ? random_.of(odd) : member.identifier, IID_NULL, 0,
                            flags, &arguments, wantsResult ? &result : nullptr,
                            wantsReport ? &report : nullptr, random_.oneIn(8) ? nullptr : &argument);
-        std::string wrong;
-        const auto require = [&](bool right, const char* what) {
-            if (!right) wrong += std::string(" ") + what;
+        const auto same = [](const VARIANT& one, const VARIANT& other) {
+            return std::memcmp(&one, &other, sizeof one) == 0;
         };
-        require(code == S_OK || code == E_INVALIDARG || code == E_OUTOFMEMORY ||
-                    (code >= DISP_E_UNKNOWNINTERFACE && code <= DISP_E_PARAMNOTOPTIONAL),
-                "code");
-        const VARIANT before = untouched();
-        const bool made = code == S_OK && wantsResult;
-        require(
-            made ? (result.vt & VT_BYREF) == 0 : std::memcmp(&result, &before, sizeof result) == 0,
-            "result");
-        if (made) keep(result);
-        if (made) require(SUCCEEDED(VariantClear(&result)), "kind of result");
-        require(argument == 99 || (code < 0 && argument < count), "argument");
         const bool reported = code == DISP_E_EXCEPTION && wantsReport;
-        require(reported == (report.scode != 0) && reported == (report.bstrSource != nullptr),
-                "report");
-        require(report.scode != static_cast<HRESULT>(0x800A0033), "internal error");
+        std::string wrong;
+        if (FAILED(code) && code != E_INVALIDARG && code != E_OUTOFMEMORY &&
+            (code < DISP_E_UNKNOWNINTERFACE || code > DISP_E_PARAMNOTOPTIONAL))
+            wrong += " code " + std::to_string(code);
+        if (argument != 99 && (SUCCEEDED(code) || argument >= count)) wrong += " argument";
+        if (reported != (report.scode != 0 && report.bstrSource != nullptr)) wrong += " report";
+        if (report.scode == static_cast<HRESULT>(0x800A0033)) wrong += " internal error";
         SysFreeString(report.bstrSource);
         SysFreeString(report.bstrDescription);
-        for (std::size_t i = 0; i < given.size(); ++i) wrong += given[i]->takeBack(passed[i]);
-        if (!wrong.empty()) wrong += " " + std::to_string(code);
+        if (code == S_OK && wantsResult) {
+            keep(result);
+            if ((result.vt & VT_BYREF) != 0 || FAILED(VariantClear(&result))) wrong += " result";
+        } else if (!same(result, untouched)) {
+            wrong += " a result that is none";
+        }
+        if (!std::ranges::equal(passed, before, same)) wrong += " arguments";
+        for (RandomArgument& one : given) wrong += one.takeBack();
         return wrong;
     }
 
-    static VARIANT untouched() {
-        VARIANT value;
-        std::memset(static_cast<void*>(&value), 0x5A, sizeof value);
-        return value;
-    }
-
+    const std::filesystem::path before_ = std::filesystem::current_path();
     Scratch scratch_;
     Random random_{fromEnvironment("QUORKIT_SEED", 1)};
     Own form_;

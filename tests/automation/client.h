@@ -163,16 +163,18 @@ class Server : public testing::Test {
         return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
     }
     HRESULT canUnload() const { return exported<CanUnload>("DllCanUnloadNow")(); }
-    Ref<IDispatch> make(const char* name) const {
+    Ref<IClassFactory> classObject(const char* name) const {
         const ClassInfo* info = findClass(String(name, name + std::strlen(name)));
-        Ref<IClassFactory> factory;
         void* found = nullptr;
         const HRESULT code = exported<GetClassObject>("DllGetClassObject")(
             automation::guidOf(info->identity), IID_IClassFactory, &found);
         EXPECT_EQ(code, S_OK) << name;
-        factory = Ref<IClassFactory>(static_cast<IClassFactory*>(found));
-        EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, &found), S_OK) << name;
-        return Ref<IDispatch>(static_cast<IDispatch*>(found));
+        return Ref<IClassFactory>(static_cast<IClassFactory*>(found));
+    }
+    Ref<IDispatch> make(const char* name) const {
+        void* made = nullptr;
+        EXPECT_EQ(classObject(name)->CreateInstance(nullptr, IID_IDispatch, &made), S_OK) << name;
+        return Ref<IDispatch>(static_cast<IDispatch*>(made));
     }
 
     HMODULE library = LoadLibraryA(QUORKIT_SERVER);

@@ -144,141 +144,130 @@ class RandomValue {
     const Objects& objects_;
 };
 
-/// One argument: a value, a variable by reference in one of its forms, or something malformed. The
-/// variable lies between guards.
+/// One argument: a value, a variable by reference in one of its forms, or something malformed.
 class RandomArgument {
    public:
-    RandomArgument(Random& random, RandomValue& values, VARTYPE wanted) : random_(random) {
-        std::memset(before_, kGuard, sizeof before_);
-        std::memset(after_, kGuard, sizeof after_);
-        if (random.oneIn(3))
-            values.make(value_);
-        else
-            values.make(value_, wanted);
-        type_ = value_.vt;
-        const bool empty = type_ == VT_EMPTY || type_ == VT_NULL;
-        passed_ = value_;
-        if (random.oneIn(2)) {
-            form_ = empty || random.oneIn(2) ? Form::Variant : Form::Typed;
-            const VARTYPE seen = form_ == Form::Typed ? type_ : VARTYPE{VT_VARIANT};
-            passed_.vt = static_cast<VARTYPE>(VT_BYREF | seen);
-            passed_.byref = &value_;
-            if (form_ == Form::Typed && type_ != VT_DECIMAL) {
-                passed_.byref = &value_.bVal;
-                value_.vt = kUntouched;
-            }
-            if (form_ == Form::Typed && random.oneIn(4)) {
-                inner_ = passed_;
-                passed_.vt = VT_BYREF | VT_VARIANT;
-                passed_.byref = &inner_;
-            }
-        }
-        if ((type_ & VT_ARRAY) != 0 && value_.parray != nullptr && random.oneIn(6)) {
-            held_ = value_.parray;
+    RandomArgument(Random& random, RandomValue& values, VARTYPE wanted) {
+        std::memset(static_cast<void*>(&area_), 0xA5, sizeof area_);
+        VARIANT& value = area_.value;
+        random.oneIn(3) ? values.make(value) : values.make(value, wanted);
+        type_ = value.vt;
+        passed_ = value;
+        if (random.oneIn(2)) refer(random);
+        if ((type_ & VT_ARRAY) != 0 && value.parray != nullptr && random.oneIn(6)) {
+            held_ = value.parray;
             locked_ = random.oneIn(2);
             if (locked_)
                 ++held_->cLocks;
             else
                 held_->fFeatures |= FADF_FIXEDSIZE;
         }
-        if (random.oneIn(24)) spoil();
-        given_ = passed_;
-        was_ = value_;
-        innerWas_ = inner_;
+        if (random.oneIn(24)) spoil(random);
+        was_ = area_;
     }
     RandomArgument(const RandomArgument&) = delete;
     RandomArgument& operator=(const RandomArgument&) = delete;
 
     const VARIANT& passed() const { return passed_; }
-    bool spoilt() const { return spoilt_; }
 
     /// Releases the value. What the call left behind otherwise than a client may expect, "" when
-    /// nothing; `passed` is the client's copy of the argument.
-    std::string takeBack(const VARIANT& passed) {
+    /// nothing.
+    std::string takeBack() {
         std::string wrong;
-        const auto require = [&](bool right, const char* what) {
-            if (!right) wrong += what;
-        };
-        const auto same = [](const VARIANT& one, const VARIANT& other) {
-            return std::memcmp(&one, &other, sizeof one) == 0;
-        };
-        require(same(passed, given_) && same(inner_, innerWas_), " argument");
-        require((form_ != Form::Value && !spoilt_) || same(value_, was_), " value");
-        for (const unsigned char one : before_) require(one == kGuard, " before");
-        for (const unsigned char one : after_) require(one == kGuard, " after");
-        if (form_ == Form::Typed) {
-            require(type_ == VT_DECIMAL || value_.vt == kUntouched, " type");
-            value_.vt = type_;
+        Area now = area_;
+        if (variable_ != nullptr) {
+            const auto offset = variable_ - reinterpret_cast<char*>(&area_);
+            std::memcpy(reinterpret_cast<char*>(&now) + offset,
+                        reinterpret_cast<char*>(&was_) + offset, size_);
         }
-        const bool isHeld = (value_.vt & VT_ARRAY) != 0 && value_.parray == held_;
-        if (held_ != nullptr && isHeld) {
+        if (std::memcmp(&now, &was_, sizeof now) != 0) wrong += " written beside the variable";
+        VARIANT& value = area_.value;
+        if (size_ != sizeof value) value.vt = type_;  // a decimal lies over it
+        if ((value.vt & VT_ARRAY) != 0 && value.parray == held_ && held_ != nullptr) {
             held_->cLocks = 0;
             held_->fFeatures &= static_cast<USHORT>(~FADF_FIXEDSIZE);
-        } else if (held_ != nullptr) {  // a VARIANT of fixed size there is not
-            require(form_ == Form::Variant && !locked_, " array");
+        } else if (held_ != nullptr && (locked_ || size_ != sizeof value)) {
+            wrong += " locked or fixed, and replaced";
         }
-        require((value_.vt & VT_BYREF) == 0 && SUCCEEDED(VariantClear(&value_)), " new value");
+        if ((value.vt & VT_BYREF) != 0 || FAILED(VariantClear(&value))) wrong += " no value";
         return wrong;
     }
 
    private:
-    enum class Form { Value, Typed, Variant };
-    static constexpr unsigned char kGuard = 0xA5;
-    static constexpr VARTYPE kUntouched = 0x5AA5;
+    /// The variable, what may stand between it and the argument, and guards.
+    struct Area {
+        unsigned char before[16];
+        VARIANT inner;
+        VARIANT value;
+        unsigned char after[16];
+    };
 
-    void spoil() {
+    static UINT sizeOf(VARTYPE type) {
+        if ((type & VT_ARRAY) != 0) return sizeof(SAFEARRAY*);
+        SAFEARRAY* const array = SafeArrayCreateVector(type, 0, 0);
+        const UINT size = SafeArrayGetElemsize(array);
+        SafeArrayDestroy(array);
+        return size;
+    }
+
+    static VARIANT to(int type, void* place) {
+        VARIANT made = {};
+        made.vt = static_cast<VARTYPE>(VT_BYREF | type);
+        made.byref = place;
+        return made;
+    }
+
+    void refer(Random& random) {
+        VARIANT& value = area_.value;
+        const bool typed = type_ != VT_EMPTY && type_ != VT_NULL && random.oneIn(2);
+        const bool inside = typed && type_ != VT_DECIMAL;
+        variable_ = inside ? reinterpret_cast<char*>(&value.bVal) : reinterpret_cast<char*>(&value);
+        size_ = typed ? sizeOf(type_) : sizeof value;
+        passed_ = to(typed ? type_ : VARTYPE{VT_VARIANT}, variable_);
+        if (!typed || !random.oneIn(4)) return;
+        area_.inner = passed_;
+        passed_ = to(VT_VARIANT, &area_.inner);
+    }
+
+    void spoil(Random& random) {
         static constexpr int types[] = {0x0FFF,
                                         15,
-                                        73,
                                         VT_RECORD,
                                         VT_LPWSTR,
-                                        VT_CLSID,
                                         VT_VARIANT,
                                         VT_VECTOR | VT_I4,
                                         VT_RESERVED | VT_BSTR,
                                         VT_BYREF | VT_EMPTY,
                                         VT_BYREF | VT_NULL,
                                         VT_BYREF | VT_RECORD,
-                                        VT_BYREF | 0x0FFF,
                                         VT_BYREF | VT_VECTOR | VT_BSTR};
-        spoilt_ = true;
-        switch (random_.below(4)) {
+        switch (random.below(4)) {
             case 0:
-                passed_.vt = static_cast<VARTYPE>(random_.of(types));
+                passed_.vt = static_cast<VARTYPE>(random.of(types));
                 break;
             case 1:
-                passed_.vt = static_cast<VARTYPE>(VT_BYREF | random_.of(RandomValue::kElements));
-                passed_.byref = nullptr;
+                passed_ = to(random.of(RandomValue::kElements), nullptr);
                 break;
             case 2:
-                inner_.vt = VT_BYREF | VT_VARIANT;
-                inner_.pvarVal = random_.oneIn(2) ? &inner_ : &value_;
-                passed_.vt = VT_BYREF | VT_VARIANT;
-                passed_.pvarVal = &inner_;
+                area_.inner = to(VT_VARIANT, random.oneIn(2) ? &area_.inner : &area_.value);
+                passed_ = to(VT_VARIANT, &area_.inner);
                 break;
             default:
-                spoilt_ = (passed_.vt & VT_ARRAY) != 0 && value_.parray != nullptr;
-                if (spoilt_)
-                    passed_.vt =
-                        static_cast<VARTYPE>((passed_.vt & ~VT_TYPEMASK) |
-                                             (type_ == (VT_ARRAY | VT_BSTR) ? VT_I8 : VT_BSTR));
+                if ((passed_.vt & VT_ARRAY) == 0 || area_.value.parray == nullptr) return;
+                passed_.vt = static_cast<VARTYPE>(passed_.vt & ~VT_TYPEMASK) |
+                             (type_ == (VT_ARRAY | VT_BSTR) ? VT_I8 : VT_BSTR);
         }
+        variable_ = nullptr;
     }
 
-    Random& random_;
-    Form form_ = Form::Value;
     VARTYPE type_ = VT_EMPTY;
-    bool spoilt_ = false;
-    SAFEARRAY* held_ = nullptr;  ///< may not be replaced
+    char* variable_ = nullptr;  ///< what may be written
+    std::size_t size_ = 0;
+    SAFEARRAY* held_ = nullptr;  ///< locked, or of a fixed size
     bool locked_ = false;
     VARIANT passed_ = {};
-    VARIANT given_ = {};
-    VARIANT was_ = {};
-    VARIANT inner_ = {};  ///< between the argument and the variable
-    VARIANT innerWas_ = {};
-    unsigned char before_[16];
-    VARIANT value_;
-    unsigned char after_[16];
+    Area area_;
+    Area was_;
 };
 
 }  // namespace quorkit::test

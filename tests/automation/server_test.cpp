@@ -80,7 +80,7 @@ TEST_F(Server, CallsAndTellsWhatDoesNotFit) {
         Value text = u"";
         SysFreeString(text.bstrVal);
         told->GetDescription(&text.bstrVal);
-        EXPECT_EQ(text.text(), u"Invalid procedure call");
+        EXPECT_EQ(text.text(), u"Invalid procedure call or argument");
     }
 }
 
