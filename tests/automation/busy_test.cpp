@@ -159,9 +159,14 @@ class RandomCalls : public Server {
     RandomCalls() {
         std::filesystem::create_directory(scratch_.path("own"));
         std::filesystem::current_path(scratch_.path("own"));
-        form_.members = {{L"Text", u"42"}, {L"Left", 10}, {L"Width", 100}, {L"Name", u"f"}};
-        objects_ = {&form_, list_.get()};
-        callOf(list_.get(), L"setValueByKey", {u"item", u"a"});
+        scratch_.write("own/a", "bytes");
+        form_.members = {{L"Text", u"42"}, {L"Left", 10},    {L"Top", 10},
+                         {L"Width", 100},  {L"Height", 100}, {L"Name", u"f"}};
+        IDispatch* list = nullptr;
+        callOf(make("GQuorConvert").get(), L"StringTokenToStringCollection",
+               {u"x;y", u";", 0, Value::at(VT_DISPATCH, &list)});
+        list_ = Ref<IDispatch>(list);
+        objects_ = {&form_, list, keyed_.get()};
         for (const auto all : {classes(), runtimeClasses()})
             for (const ClassInfo& info : all) targets_.push_back({&info, membersOf(info), {}});
     }
@@ -187,12 +192,16 @@ class RandomCalls : public Server {
         callOf(target.object.get(), property, {file.c_str()}, DISPATCH_PROPERTYPUT);
     }
 
+    static std::wstring wideOf(const std::string& ascii) { return {ascii.begin(), ascii.end()}; }
+
     /// An object that a call gave takes the place of one of its class.
     void keep(VARIANT& result) {
         if (result.vt != VT_DISPATCH || result.pdispVal == nullptr || result.pdispVal == &form_)
             return;
         for (Target& target : targets_)
-            if (target.info->kind == ClassKind::Runtime && random_.oneIn(4))
+            if (target.info->kind == ClassKind::Runtime && !target.members.empty() &&
+                identifierOf(result.pdispVal, wideOf(target.members[0]->name).c_str()) ==
+                    target.members[0]->identifier)
                 target.object = Ref<IDispatch>::to(result.pdispVal);
     }
 
@@ -275,7 +284,8 @@ class RandomCalls : public Server {
     Scratch scratch_;
     Random random_{fromEnvironment("QUORKIT_SEED", 1)};
     Own form_;
-    Ref<IDispatch> list_ = make("QuorCollection");
+    Ref<IDispatch> keyed_ = make("QuorCollection");
+    Ref<IDispatch> list_;
     Objects objects_;
     RandomValue values_{random_, objects_};
     std::vector<Target> targets_;
@@ -298,7 +308,7 @@ TEST_F(RandomCalls, DoNoHarm) {
         ASSERT_TRUE(i % 4096 != 0 || heapsAreValid()) << i;
     }
     targets_.clear();
-    list_ = {};
+    list_ = keyed_ = {};
     EXPECT_EQ(form_.count, 1u);
     EXPECT_TRUE(heapsAreValid());
     EXPECT_LT(bytesInUse() - before, 4 * kSlack);
