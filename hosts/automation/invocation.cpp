@@ -4,6 +4,7 @@
 #include <quorkit/errors.h>
 
 #include <array>
+#include <bitset>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -78,10 +79,13 @@ bool isLeftOut(const VARIANT& argument) {
     return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
 }
 
+using Positions = std::bitset<MemberInfo::kMaxParameters>;
+
 /// The arguments for the library, one for each parameter. `position` is that of the one being read.
-/// A variable that only receives a result may hold anything.
+/// A variable that only receives a result may hold anything; it is `unread` when that is nothing
+/// for the library.
 std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartment& apartment,
-                          std::size_t& position) {
+                          std::size_t& position, Positions& unread) {
     std::vector<Variant> values(member.parameterCount, Variant::missing());
     for (position = 0; position < values.size(); ++position) {
         const ParameterInfo& parameter = member.parameterRow[position];
@@ -97,17 +101,20 @@ std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartmen
                 values[position] = fromVariant(*one, apartment);
             } catch (const AutomationError&) {
                 if (!parameter.result) throw;
+                unread.set(position);
             }
         }
     }
     return values;
 }
 
+/// All that the member may have changed, but for `except`.
 void write(const MemberInfo& member, const std::vector<Variant>& values, const Given& given,
-           Apartment& apartment, std::size_t& position) {
+           Apartment& apartment, std::size_t& position, const Positions& except) {
     for (position = 0; position < values.size(); ++position)
         if (const VARIANT* one = given.at(position))
-            if (member.parameterRow[position].changed) store(values[position], apartment, *one);
+            if (member.parameterRow[position].changed && !except[position])
+                store(values[position], apartment, *one);
 }
 
 }  // namespace
@@ -122,15 +129,19 @@ HRESULT invoke(CatalogueObject& object, Apartment& apartment, DISPID identifier,
 
     std::optional<CallError> error;
     std::optional<Given> given;
+    Positions unread;
     std::size_t position = member->parameterCount;
     try {
         given.emplace(*member, arguments);
-        CallResult outcome = call(object, {.identifier = identifier,
-                                           .kind = *kind,
-                                           .positional = read(*member, *given, apartment, position),
-                                           .variablesMayBeOmitted = true});
+        CallResult outcome =
+            call(object, {.identifier = identifier,
+                          .kind = *kind,
+                          .positional = read(*member, *given, apartment, position, unread),
+                          .variablesMayBeOmitted = true});
         error = std::move(outcome.error);
-        write(*member, outcome.arguments, *given, apartment, position);
+        // A failing call leaves a variable as it was, also one that the library has not seen.
+        write(*member, outcome.arguments, *given, apartment, position,
+              error ? unread : Positions());
         if (!error && result != nullptr) toVariant(outcome.result, apartment, *result);
     } catch (...) {
         error = errorOf(std::current_exception(), object.className());

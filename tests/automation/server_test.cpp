@@ -115,6 +115,13 @@ TEST_F(Server, FillsVariablesOfAnyType) {
     EXPECT_EQ(inner.vt, VT_I4);
     EXPECT_EQ(inner.lVal, 42);
     EXPECT_EQ(byte, 3);
+    // When the call fails, also what the library has no value for stays.
+    Value record;
+    record.vt = VT_RECORD;
+    callOf(strings.get(), L"SplitAppVersionString",
+           {Value(strings.get()), 0, Value::at(VT_VARIANT, &record), 0, 0});
+    EXPECT_EQ(record.vt, VT_RECORD);
+    record.vt = VT_EMPTY;
 }
 
 /// A client's array of texts, "a", "b", ..., from `lower` on.
