@@ -20,7 +20,8 @@ class Apartment : public std::enable_shared_from_this<Apartment> {
    public:
     /// That of the calling thread, made on first use.
     static std::shared_ptr<Apartment> current();
-    /// The calling thread ends. Frees nothing: the system allows that nowhere less.
+    /// The calling thread ends. Frees nothing: the system holds a lock of its own meanwhile, under
+    /// which nothing may run that could wait.
     static void leave() noexcept;
     /// Frees the apartments of ended threads, and with `all` every other that no client uses.
     static void sweep(bool all);

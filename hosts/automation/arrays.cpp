@@ -15,6 +15,7 @@ namespace quorkit::automation {
 namespace {
 
 constexpr ErrorNumber kArrayLocked{10};
+constexpr int kDeepest = 200;
 
 struct Destroy {
     void operator()(SAFEARRAY* array) const { SafeArrayDestroy(array); }
@@ -104,9 +105,56 @@ OwnedArray written(const Array<T>& from, VARTYPE type, Apartment& apartment) {
     return made;
 }
 
+/// What the elements hold, as the structure has it; 0 for what needs no release.
+USHORT contentOf(VARTYPE type) {
+    switch (type) {
+        case VT_BSTR:
+            return FADF_BSTR;
+        case VT_VARIANT:
+            return FADF_VARIANT;
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return FADF_UNKNOWN;
+        default:
+            return 0;
+    }
+}
+
+USHORT contentOf(const SAFEARRAY& array) {
+    constexpr USHORT all = FADF_BSTR | FADF_UNKNOWN | FADF_DISPATCH | FADF_VARIANT | FADF_RECORD;
+    const auto content = static_cast<USHORT>(array.fFeatures & all);
+    return content == FADF_DISPATCH ? FADF_UNKNOWN : content;
+}
+
+/// One name for the types that have two.
+VARTYPE oneName(VARTYPE type) {
+    if (type == VT_INT) return VT_I4;
+    return type == VT_UINT ? static_cast<VARTYPE>(VT_UI4) : type;
+}
+
+bool hasType(SAFEARRAY* array, VARTYPE type) {
+    VARTYPE stored = type;  // there are arrays that do not tell it
+    if ((array->fFeatures & FADF_HAVEVARTYPE) != 0) SafeArrayGetVartype(array, &stored);
+    return oneName(stored) == oneName(type) && contentOf(*array) == contentOf(type) &&
+           array->cbElements == sizeOf(type);
+}
+
+bool hasRoom(const SAFEARRAY& array) {
+    if (array.pvData != nullptr) return true;
+    return std::any_of(array.rgsabound, array.rgsabound + array.cDims,
+                       [](const SAFEARRAYBOUND& one) { return one.cElements == 0; });
+}
+
 }  // namespace
 
-Variant fromArray(SAFEARRAY* array, VARTYPE type, Apartment& apartment) {
+void checkArray(SAFEARRAY* array, VARTYPE type) {
+    sizeOf(type);
+    if (array != nullptr && (array->cDims == 0 || !hasType(array, type) || !hasRoom(*array)))
+        raise(ErrorNumber::TypeMismatch);
+}
+
+Variant fromArray(SAFEARRAY* array, VARTYPE type, Apartment& apartment, int depth) {
+    if (depth == kDeepest) raise(ErrorNumber::OutOfStackSpace);
     if (type == VT_BSTR) {
         if (array == nullptr) return Array<String>();
         return read<String>(array, [](const Locked& locked, std::size_t i) {
@@ -121,7 +169,7 @@ Variant fromArray(SAFEARRAY* array, VARTYPE type, Apartment& apartment) {
     if (array == nullptr) return Array<Variant>();
     const UINT size = SafeArrayGetElemsize(array);
     return read<Variant>(array, [&](const Locked& locked, std::size_t i) {
-        return fromVariant(elementAt(locked, i, type, size), apartment);
+        return fromVariant(elementAt(locked, i, type, size), apartment, depth + 1);
     });
 }
 
@@ -142,11 +190,15 @@ SAFEARRAY* toArray(const Variant& value, VARTYPE type, Apartment& apartment) {
     raise(ErrorNumber::TypeMismatch);
 }
 
+void checkUnlocked(const SAFEARRAY* array) {
+    if (array != nullptr && array->cLocks != 0) raise(kArrayLocked);
+}
+
 void storeArray(const Variant& value, VARTYPE type, Apartment& apartment, SAFEARRAY** variable) {
     SAFEARRAY* const old = *variable;
     OwnedArray made(toArray(value, type, apartment));
+    checkUnlocked(old);
     if (old != nullptr) {
-        if (old->cLocks != 0) raise(kArrayLocked);
         if ((old->fFeatures & (FADF_FIXEDSIZE | FADF_STATIC)) != 0) {
             if (made == nullptr || FAILED(SafeArrayCopyData(made.get(), old))) raise(kArrayLocked);
             return;

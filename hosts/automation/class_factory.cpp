@@ -11,25 +11,6 @@ namespace quorkit::automation {
 ClassFactory::ClassFactory(const ClassInfo& info)
     : className_(info.name, info.name + std::strlen(info.name)) {}
 
-HRESULT ClassFactory::QueryInterface(REFIID wanted, void** found) {
-    if (found == nullptr) return E_POINTER;
-    const bool known = wanted == IID_IUnknown || wanted == IID_IClassFactory;
-    *found = known ? this : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-ULONG ClassFactory::AddRef() {
-    return ++count_;
-}
-
-ULONG ClassFactory::Release() {
-    const ULONG left = --count_;
-    if (left == 0) delete this;
-    return left;
-}
-
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID wanted, void** made) {
     if (made == nullptr) return E_POINTER;
     *made = nullptr;

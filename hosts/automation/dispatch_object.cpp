@@ -23,8 +23,9 @@ const ClassInfo& infoOf(const Object& object) {
     return static_cast<const CatalogueObject&>(object).info();
 }
 
+/// Null is "".
 StringView nameOf(const OLECHAR* text) {
-    return reinterpret_cast<const char16_t*>(text);
+    return text == nullptr ? StringView() : reinterpret_cast<const char16_t*>(text);
 }
 
 const MemberInfo* memberOf(const ClassInfo& info, StringView name) {
@@ -57,41 +58,23 @@ ObjectRef DispatchObject::behind(IUnknown* pointer, const Apartment& apartment) 
     return own->apartment_.get() == &apartment ? own->object_ : ObjectRef();
 }
 
-bool DispatchObject::revive() {
-    ULONG count = count_;
-    while (count != 0)
-        if (count_.compare_exchange_weak(count, count + 1)) return true;
-    return false;
-}
-
 HRESULT DispatchObject::QueryInterface(REFIID wanted, void** found) {
     if (found == nullptr) return E_POINTER;
-    const ClassInfo& info = infoOf(*object_);
     *found = nullptr;
-    if (wanted == kOwn) *found = this;
+    const ClassInfo& info = infoOf(*object_);
     // A runtime object has the identity of an interface with functions of its own, which this is
     // not.
-    else if (wanted == IID_IUnknown || wanted == IID_IDispatch ||
-             (info.kind != ClassKind::Runtime && wanted == guidOf(info.interfaceIdentity)))
+    const bool runtime = info.kind == ClassKind::Runtime;
+    const bool hidden = runtime && wanted == IID_IProvideClassInfo;
+    if (!hidden && Counted::QueryInterface(wanted, found) == S_OK) return S_OK;
+    if (wanted == kOwn)
+        *found = this;
+    else if (!runtime && wanted == guidOf(info.interfaceIdentity))
         *found = static_cast<IDispatch*>(this);
-    else if (wanted == IID_IProvideClassInfo && info.kind != ClassKind::Runtime)
-        *found = static_cast<IProvideClassInfo*>(this);
-    else if (wanted == IID_ISupportErrorInfo)
-        *found = static_cast<ISupportErrorInfo*>(this);
     else
         return E_NOINTERFACE;
     AddRef();
     return S_OK;
-}
-
-ULONG DispatchObject::AddRef() {
-    return ++count_;
-}
-
-ULONG DispatchObject::Release() {
-    const ULONG left = --count_;
-    if (left == 0) delete this;
-    return left;
 }
 
 HRESULT DispatchObject::typeInfo(const char* identity, ITypeInfo** info) const {
@@ -162,7 +145,8 @@ HRESULT DispatchObject::Invoke(DISPID member, REFIID reserved, LCID, WORD flags,
     return guarded([&] {
         // The client may let go of the object during the call.
         const auto self = Ref<DispatchObject>::to(this);
-        if (member == DISPID_NEWENUM) return elements(result, failure);
+        if (member == DISPID_NEWENUM && (flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) != 0)
+            return elements(result, failure);
         return invoke(static_cast<CatalogueObject&>(*object_), *apartment_, member, flags,
                       *arguments, result, failure, argument);
     });

@@ -12,36 +12,24 @@ Enumerator::Enumerator(std::shared_ptr<Apartment> apartment, std::vector<Variant
     : apartment_(std::move(apartment)), elements_(std::move(elements)) {}
 
 Enumerator::Enumerator(const Enumerator& other)
-    : apartment_(other.apartment_), elements_(other.elements_), next_(other.next_) {}
-
-HRESULT Enumerator::QueryInterface(REFIID wanted, void** found) {
-    if (found == nullptr) return E_POINTER;
-    const bool known = wanted == IID_IUnknown || wanted == IID_IEnumVARIANT;
-    *found = known ? this : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-ULONG Enumerator::AddRef() {
-    return ++count_;
-}
-
-ULONG Enumerator::Release() {
-    const ULONG left = --count_;
-    if (left == 0) delete this;
-    return left;
-}
+    : Counted(), apartment_(other.apartment_), elements_(other.elements_), next_(other.next_) {}
 
 HRESULT Enumerator::Next(ULONG count, VARIANT* made, ULONG* number) {
+    if (number != nullptr) *number = 0;
     if (made == nullptr) return E_POINTER;
-    ULONG done = 0;
+    if (!apartment_->isCurrent()) return RPC_E_WRONG_THREAD;
+    std::size_t done = 0;
     const HRESULT result = guarded([&] {
-        for (; done < count && next_ < elements_.size(); ++done, ++next_)
-            toVariant(elements_[next_], *apartment_, made[done]);
+        for (; done < count && next_ + done < elements_.size(); ++done)
+            toVariant(elements_[next_ + done], *apartment_, made[done]);
         return done == count ? S_OK : S_FALSE;
     });
-    if (number != nullptr) *number = done;
+    if (FAILED(result)) {
+        while (done > 0) VariantClear(&made[--done]);
+        return result;
+    }
+    next_ += done;
+    if (number != nullptr) *number = static_cast<ULONG>(done);
     return result;
 }
 

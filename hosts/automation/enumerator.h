@@ -4,39 +4,30 @@
 #include <oaidl.h>
 #include <quorkit/variant.h>
 
-#include <atomic>
 #include <memory>
 #include <vector>
 
 #include "automation/apartment.h"
-#include "automation/server.h"
+#include "automation/counted.h"
 
 namespace quorkit::automation {
 
 /// They are those of the moment at which it was made.
-class Enumerator final : public IEnumVARIANT {
+class Enumerator final : public Counted<Enumerator, IEnumVARIANT> {
    public:
     /// Counted once.
     Enumerator(std::shared_ptr<Apartment> apartment, std::vector<Variant> elements);
     Enumerator(const Enumerator& other);
-    Enumerator& operator=(const Enumerator&) = delete;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** found) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
     HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* made, ULONG* number) override;
     HRESULT STDMETHODCALLTYPE Skip(ULONG count) override;
     HRESULT STDMETHODCALLTYPE Reset() override;
     HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override;
 
    private:
-    ~Enumerator() = default;
-
-    std::atomic<ULONG> count_ = 1;
     const std::shared_ptr<Apartment> apartment_;
     const std::vector<Variant> elements_;
     std::size_t next_ = 0;
-    const InUse inUse_;
 };
 
 }  // namespace quorkit::automation

@@ -29,8 +29,20 @@ constexpr Pair kPairs[] = {
 
 constexpr ErrorNumber kAutomationError{440};
 
-BSTR bstrOf(const std::string& ascii) {
-    return newBstr(String(ascii.begin(), ascii.end()));
+String wideOf(const std::string& ascii) {
+    return String(ascii.begin(), ascii.end());
+}
+
+/// For GetErrorInfo on this thread.
+void leaveBehind(const String& source, const String& text) {
+    const auto wide = [](const String& from) {
+        return const_cast<LPOLESTR>(reinterpret_cast<const OLECHAR*>(from.c_str()));
+    };
+    Ref<ICreateErrorInfo> made;
+    if (FAILED(CreateErrorInfo(made.receive()))) return;
+    made->SetSource(wide(source));
+    made->SetDescription(wide(text));
+    SetErrorInfo(0, Ref<IErrorInfo>::from(made.get()).get());
 }
 
 }  // namespace
@@ -65,15 +77,20 @@ HRESULT tell(const CallError& error, EXCEPINFO* report) {
                            number == ErrorNumber::NamedArgumentNotFound ||
                            number == ErrorNumber::ArgumentNotOptional ||
                            number == ErrorNumber::WrongNumberOfArguments;
+    SetErrorInfo(0, nullptr);  // that of an earlier call must not pass for this one's
     if (ofTheCall)
         for (const Pair& pair : kPairs)
             if (pair.number == number) return pair.result;
-    if (report != nullptr) {
-        *report = {};
-        report->scode = codeOf(error.number);
-        report->bstrSource = bstrOf(error.source);
-        report->bstrDescription = bstrOf(error.text);
+    const String source = wideOf(error.source);
+    const String text = wideOf(error.text);
+    if (report == nullptr) {
+        leaveBehind(source, text);
+        return DISP_E_EXCEPTION;
     }
+    *report = {};
+    report->scode = codeOf(error.number);
+    report->bstrSource = newBstr(source);
+    report->bstrDescription = newBstr(text);
     return DISP_E_EXCEPTION;
 }
 

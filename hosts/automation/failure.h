@@ -21,7 +21,8 @@ HRESULT codeOf(Long number);
 
 /// Reports an error of a call: as the HRESULT that automation has for it when the call did not fit
 /// the member, with `argument` as its position among the client's arguments; otherwise as
-/// DISP_E_EXCEPTION with number, text and source in `report`, which may be null.
+/// DISP_E_EXCEPTION with number, text and source in `report`. A client that hands in no report
+/// finds text and source with GetErrorInfo, which has nothing after any other error.
 HRESULT tell(const CallError& error, EXCEPINFO* report);
 
 /// Runs the body of a COM method: no exception leaves it.

@@ -4,6 +4,7 @@
 #include <quorkit/errors.h>
 
 #include <array>
+#include <bitset>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -16,9 +17,28 @@ namespace {
 
 constexpr UINT kNone = static_cast<UINT>(-1);
 
-CallKind kindOf(WORD flags) {
-    if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) return CallKind::Let;
-    return (flags & DISPATCH_METHOD) != 0 ? CallKind::Call : CallKind::Get;
+/// What the client wants; nothing for flags that do not go together.
+std::optional<CallKind> kindOf(WORD flags) {
+    switch (flags) {
+        case DISPATCH_METHOD:
+        case DISPATCH_METHOD | DISPATCH_PROPERTYGET:
+            return CallKind::Call;
+        case DISPATCH_PROPERTYGET:
+            return CallKind::Get;
+        case DISPATCH_PROPERTYPUT:
+        case DISPATCH_PROPERTYPUTREF:
+        case DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF:
+            return CallKind::Let;
+        default:
+            return {};
+    }
+}
+
+/// Whether what it counts is there.
+bool isWhole(const DISPPARAMS& arguments) {
+    return (arguments.cArgs == 0 || arguments.rgvarg != nullptr) &&
+           (arguments.cNamedArgs == 0 || arguments.rgdispidNamedArgs != nullptr) &&
+           arguments.cNamedArgs <= arguments.cArgs;
 }
 
 /// The client's arguments, which come from the last to the first, the named ones in front.
@@ -59,10 +79,13 @@ bool isLeftOut(const VARIANT& argument) {
     return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
 }
 
+using Positions = std::bitset<MemberInfo::kMaxParameters>;
+
 /// The arguments for the library, one for each parameter. `position` is that of the one being read.
-/// A variable that only receives a result may hold anything.
+/// A variable that only receives a result may hold anything; it is `unread` when that is nothing
+/// for the library.
 std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartment& apartment,
-                          std::size_t& position) {
+                          std::size_t& position, Positions& unread) {
     std::vector<Variant> values(member.parameterCount, Variant::missing());
     for (position = 0; position < values.size(); ++position) {
         const ParameterInfo& parameter = member.parameterRow[position];
@@ -73,42 +96,52 @@ std::vector<Variant> read(const MemberInfo& member, const Given& given, Apartmen
             // Programs whose constants were made from the type library may have no negative ones.
             values[position] = static_cast<Long>(one->ulVal);
         } else {
+            if (parameter.result) checkForm(*one);
             try {
                 values[position] = fromVariant(*one, apartment);
             } catch (const AutomationError&) {
                 if (!parameter.result) throw;
+                unread.set(position);
             }
         }
     }
     return values;
 }
 
+/// All that the member may have changed, but for `except`.
 void write(const MemberInfo& member, const std::vector<Variant>& values, const Given& given,
-           Apartment& apartment, std::size_t& position) {
+           Apartment& apartment, std::size_t& position, const Positions& except) {
     for (position = 0; position < values.size(); ++position)
         if (const VARIANT* one = given.at(position))
-            if (member.parameterRow[position].changed) store(values[position], apartment, *one);
+            if (member.parameterRow[position].changed && !except[position])
+                store(values[position], apartment, *one);
 }
 
 }  // namespace
 
 HRESULT invoke(CatalogueObject& object, Apartment& apartment, DISPID identifier, WORD flags,
                const DISPPARAMS& arguments, VARIANT* result, EXCEPINFO* failure, UINT* argument) {
-    const CallKind kind = kindOf(flags);
-    const MemberInfo* member = findMember(object.info(), identifier, kind);
-    if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
+    const std::optional<CallKind> kind = kindOf(flags);
+    if (!kind || !isWhole(arguments)) return E_INVALIDARG;
+    const MemberInfo* member = findMember(object.info(), identifier, *kind);
+    if (member == nullptr)
+        return tell({static_cast<Long>(ErrorNumber::NoSuchMember), {}, {}}, failure);
 
     std::optional<CallError> error;
     std::optional<Given> given;
+    Positions unread;
     std::size_t position = member->parameterCount;
     try {
         given.emplace(*member, arguments);
-        CallResult outcome = call(object, {.identifier = identifier,
-                                           .kind = kind,
-                                           .positional = read(*member, *given, apartment, position),
-                                           .variablesMayBeOmitted = true});
+        CallResult outcome =
+            call(object, {.identifier = identifier,
+                          .kind = *kind,
+                          .positional = read(*member, *given, apartment, position, unread),
+                          .variablesMayBeOmitted = true});
         error = std::move(outcome.error);
-        write(*member, outcome.arguments, *given, apartment, position);
+        // A failing call leaves a variable as it was, also one that the library has not seen.
+        write(*member, outcome.arguments, *given, apartment, position,
+              error ? unread : Positions());
         if (!error && result != nullptr) toVariant(outcome.result, apartment, *result);
     } catch (...) {
         error = errorOf(std::current_exception(), object.className());

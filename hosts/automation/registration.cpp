@@ -197,14 +197,14 @@ void removeShared(Branch& branch) {
     branch.remove(libraryKey());
 }
 
+}  // namespace
+
 std::wstring fullPath(const std::wstring& path) {
     std::wstring full(32768, L'\0');
     full.resize(
         GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
     return full;
 }
-
-}  // namespace
 
 HRESULT registerServer(Scope scope, const std::wstring& dllPath, Bits bits) {
     const std::wstring path = fullPath(dllPath);

@@ -27,6 +27,9 @@ HRESULT registerServer(Scope scope, const std::wstring& dllPath, Bits bits = kOw
 /// one is the result.
 HRESULT unregisterServer(Scope scope, Bits bits = kOwnBits);
 
+/// A path that does not depend on the current folder; "" for what is no path.
+std::wstring fullPath(const std::wstring& path);
+
 struct Registered {
     std::size_t classes = 0;  ///< how many of the catalogue's
     std::wstring dllPath;     ///< of the first of them

@@ -33,10 +33,10 @@ const T& at(const void* place) {
 }
 
 /// The value of a type that is in `place`.
-Variant read(VARTYPE type, const void* place, Apartment& apartment) {
+Variant read(VARTYPE type, const void* place, Apartment& apartment, int depth) {
     if ((type & VT_ARRAY) != 0)
-        return fromArray(at<SAFEARRAY*>(place), static_cast<VARTYPE>(type & VT_TYPEMASK),
-                         apartment);
+        return fromArray(at<SAFEARRAY*>(place), static_cast<VARTYPE>(type & VT_TYPEMASK), apartment,
+                         depth);
     switch (type) {
         case VT_EMPTY:
             return {};
@@ -80,7 +80,7 @@ Variant read(VARTYPE type, const void* place, Apartment& apartment) {
         case VT_UNKNOWN:
             return apartment.objectOf(at<IUnknown*>(place));
         case VT_VARIANT:
-            return fromVariant(at<VARIANT>(place), apartment);
+            return fromVariant(at<VARIANT>(place), apartment, depth);
         default:
             raise(ErrorNumber::TypeMismatch);
     }
@@ -89,40 +89,6 @@ Variant read(VARTYPE type, const void* place, Apartment& apartment) {
 const void* placeOf(const VARIANT& value) {
     if ((value.vt & VT_BYREF) != 0) return value.byref;
     return value.vt == VT_DECIMAL ? static_cast<const void*>(&value.decVal) : &value.bVal;
-}
-
-/// The bytes of a value in a client's variable.
-std::size_t sizeOf(VARTYPE type) {
-    switch (type) {
-        case VT_I1:
-        case VT_UI1:
-            return 1;
-        case VT_I2:
-        case VT_UI2:
-        case VT_BOOL:
-            return 2;
-        case VT_I8:
-        case VT_UI8:
-        case VT_R8:
-        case VT_CY:
-        case VT_DATE:
-            return 8;
-        case VT_BSTR:
-        case VT_DISPATCH:
-        case VT_UNKNOWN:
-            return sizeof(void*);
-        case VT_DECIMAL:
-            return sizeof(DECIMAL);
-        case VT_I4:
-        case VT_UI4:
-        case VT_INT:
-        case VT_UINT:
-        case VT_R4:
-        case VT_ERROR:
-            return 4;
-        default:
-            raise(ErrorNumber::TypeMismatch);
-    }
 }
 
 /// `value` as the system converts it to `type`.
@@ -168,8 +134,58 @@ void convert(const Variant& value, VARTYPE type, Apartment& apartment, VARIANT& 
 
 }  // namespace
 
-Variant fromVariant(const VARIANT& value, Apartment& apartment) {
-    return read(static_cast<VARTYPE>(value.vt & ~VT_BYREF), placeOf(value), apartment);
+UINT sizeOf(VARTYPE type) {
+    switch (type) {
+        case VT_I1:
+        case VT_UI1:
+            return 1;
+        case VT_I2:
+        case VT_UI2:
+        case VT_BOOL:
+            return 2;
+        case VT_I8:
+        case VT_UI8:
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE:
+            return 8;
+        case VT_BSTR:
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return sizeof(void*);
+        case VT_DECIMAL:
+            return sizeof(DECIMAL);
+        case VT_VARIANT:
+            return sizeof(VARIANT);
+        case VT_I4:
+        case VT_UI4:
+        case VT_INT:
+        case VT_UINT:
+        case VT_R4:
+        case VT_ERROR:
+            return 4;
+        default:
+            raise(ErrorNumber::TypeMismatch);
+    }
+}
+
+void checkForm(const VARIANT& value) {
+    const auto type = static_cast<VARTYPE>(value.vt & VT_TYPEMASK);
+    const auto form = static_cast<VARTYPE>(value.vt & ~VT_TYPEMASK);
+    const bool refers = (form & VT_BYREF) != 0;
+    if (form == 0 && type != VT_VARIANT) return;  // a type without values is found when it is read
+    if (form == 0 || (form & ~(VT_BYREF | VT_ARRAY)) != 0 || (refers && value.byref == nullptr))
+        raise(ErrorNumber::TypeMismatch);
+    if ((form & VT_ARRAY) != 0) return checkArray(refers ? *value.pparray : value.parray, type);
+    sizeOf(type);
+    if (type != VT_VARIANT) return;
+    if (value.pvarVal->vt == (VT_BYREF | VT_VARIANT)) raise(ErrorNumber::TypeMismatch);
+    checkForm(*value.pvarVal);
+}
+
+Variant fromVariant(const VARIANT& value, Apartment& apartment, int depth) {
+    checkForm(value);
+    return read(static_cast<VARTYPE>(value.vt & ~VT_BYREF), placeOf(value), apartment, depth);
 }
 
 void toVariant(const Variant& value, Apartment& apartment, VARIANT& made) {
@@ -213,6 +229,7 @@ void toVariant(const Variant& value, Apartment& apartment, VARIANT& made) {
 
 void store(const Variant& value, Apartment& apartment, const VARIANT& variable) {
     if ((variable.vt & VT_BYREF) == 0) return;
+    checkForm(variable);  // the member may have run the client's code
     const auto type = static_cast<VARTYPE>(variable.vt & ~VT_BYREF);
     if ((type & VT_ARRAY) != 0)
         return storeArray(value, static_cast<VARTYPE>(type & VT_TYPEMASK), apartment,
@@ -220,6 +237,7 @@ void store(const Variant& value, Apartment& apartment, const VARIANT& variable) 
     if (type == VT_VARIANT) {
         VARIANT& inner = *variable.pvarVal;
         if ((inner.vt & VT_BYREF) != 0) return store(value, apartment, inner);
+        if ((inner.vt & VT_ARRAY) != 0) checkUnlocked(inner.parray);
         OwnedVariant made;
         // An array of Variants stays one: there are clients that can read no other.
         if (inner.vt == (VT_ARRAY | VT_VARIANT) && elementTypeOf(value) != VT_EMPTY) {

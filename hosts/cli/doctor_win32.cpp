@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 
+#include "automation/com.h"
 #include "automation/guid.h"
 #include "automation/registration.h"
 #include "cli/system_text.h"
@@ -14,6 +15,8 @@ namespace quorkit::cli {
 namespace {
 
 using automation::Bits;
+using automation::OwnedVariant;
+using automation::Ref;
 using automation::Scope;
 
 constexpr int kOwnBits = static_cast<int>(automation::kOwnBits);
@@ -72,14 +75,6 @@ class Apartment {
     HRESULT result_;
 };
 
-VARIANT variantOf(const wchar_t* text) {
-    VARIANT value;
-    VariantInit(&value);
-    value.vt = VT_BSTR;
-    value.bstrVal = SysAllocString(text);
-    return value;
-}
-
 /// Pads "7" to "007". "" when that works.
 std::string failureOfCall(IDispatch* object) {
     wchar_t name[] = L"LPad";
@@ -87,16 +82,18 @@ std::string failureOfCall(IDispatch* object) {
     DISPID identifier = 0;
     HRESULT result = object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &identifier);
     if (FAILED(result)) return "LPad is not found: " + messageOf(result);
-    VARIANT arguments[3] = {variantOf(L"3"), variantOf(L"7"), variantOf(L"0")};  // the last first
+    OwnedVariant arguments[3];
+    const char16_t* text = u"370";  // the last first
+    for (OwnedVariant& one : arguments) {
+        one.bstrVal = automation::newBstr({text++, 1});
+        one.vt = VT_BSTR;
+    }
     DISPPARAMS given = {arguments, nullptr, 3, 0};
-    VARIANT answer;
-    VariantInit(&answer);
+    OwnedVariant answer;
     result = object->Invoke(identifier, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &given,
                             &answer, nullptr, nullptr);
-    const bool right = answer.vt == VT_BSTR && std::wstring(answer.bstrVal) == L"007";
-    for (VARIANT& one : arguments) VariantClear(&one);
-    VariantClear(&answer);
     if (FAILED(result)) return "LPad fails: " + messageOf(result);
+    const bool right = answer.vt == VT_BSTR && automation::viewOf(answer.bstrVal) == u"007";
     return right ? "" : "LPad gives a wrong result";
 }
 
@@ -107,10 +104,7 @@ std::string failureOfObject() {
     void* made = nullptr;
     result = CoCreateInstance(identity, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, &made);
     if (FAILED(result)) return "quorkit.GQuorStrings cannot be created: " + messageOf(result);
-    auto* const object = static_cast<IDispatch*>(made);
-    const std::string failure = failureOfCall(object);
-    object->Release();
-    return failure;
+    return failureOfCall(Ref<IDispatch>(static_cast<IDispatch*>(made)).get());
 }
 
 Findings checkObject(Ports&) {
@@ -127,10 +121,9 @@ Findings checkTypeLibrary(Ports&) {
         // Some systems count the U+0000 behind it as a character.
         facts.path = toUtf8(textOf(std::wstring(path)));
     SysFreeString(path);
-    ITypeLib* library = nullptr;
-    const HRESULT result = LoadRegTypeLib(identity, 1, 0, LOCALE_NEUTRAL, &library);
+    Ref<ITypeLib> library;
+    const HRESULT result = LoadRegTypeLib(identity, 1, 0, LOCALE_NEUTRAL, library.receive());
     if (FAILED(result)) facts.failure = messageOf(result);
-    if (library != nullptr) library->Release();
     return typeLibraryFindings(facts);
 }
 

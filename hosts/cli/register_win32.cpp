@@ -38,11 +38,6 @@ std::wstring besideThisProgram() {
     return program.substr(0, program.rfind(L'\\') + 1) + L"quorkit.dll";
 }
 
-std::wstring fullPath(const std::wstring& path) {
-    wchar_t full[32768] = {};
-    return GetFullPathNameW(path.c_str(), 32768, full, nullptr) == 0 ? path : full;
-}
-
 void install(Scope scope, const std::wstring& path) {
     const std::string name = toUtf8(textOf(path));
     const HMODULE server = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
@@ -63,7 +58,8 @@ void registerServer(const RegisterLine& line, std::ostream& out) {
     const std::string whom = std::string(" for ") + (line.machine ? "everybody" : "this user") +
                              ", " + bitsText() + '\n';
     if (!line.remove) {
-        const std::wstring path = fullPath(line.dll ? wideOf(*line.dll) : besideThisProgram());
+        const std::wstring path =
+            automation::fullPath(line.dll ? wideOf(*line.dll) : besideThisProgram());
         install(scope, path);
         out << "registered " << toUtf8(textOf(path)) << whom;
         return;
