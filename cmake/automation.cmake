@@ -19,6 +19,8 @@ target_link_libraries(quorkit-cli PRIVATE quorkit-cli-resources)
 # The numbers behind the names are for 32 bits; the server exports all names without them.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS hosts/automation/quorkit.def)
 file(READ hosts/automation/quorkit.def exports)
+list(JOIN c_functions "\n    " exports_for_c)
+string(APPEND exports "    ${exports_for_c}\n")
 if(bits EQUAL 64)
   string(REGEX REPLACE "@[0-9]+" "" exports "${exports}")
 endif()
@@ -30,7 +32,7 @@ set_target_properties(quorkit-server PROPERTIES OUTPUT_NAME quorkit PREFIX "")
 target_include_directories(quorkit-server PRIVATE hosts)
 target_compile_definitions(quorkit-server PRIVATE NOMINMAX WIN32_LEAN_AND_MEAN)
 target_link_libraries(quorkit-server PRIVATE
-  quorkit quorkit-server-resources oleaut32 ole32 uuid)
+  $<LINK_LIBRARY:WHOLE_ARCHIVE,quorkit-c-host> quorkit-server-resources oleaut32 ole32 uuid)
 target_link_options(quorkit-server PRIVATE -static LINKER:--kill-at)
 quorkit_strict(quorkit-server)
 # What is shipped depends on the sources alone, not on the hour.

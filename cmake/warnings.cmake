@@ -1,6 +1,9 @@
 # What every target of ours is built with: warnings are errors.
 function(quorkit_strict target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wconversion -Wshadow -Werror)
+  if(NOT WIN32)
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)  # nothing takes our place
+  endif()
   # GCC 12 finds overlaps, sizes and bounds inside the standard library's strings that are not
   # there (its bugs 105651 and 105329).
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)

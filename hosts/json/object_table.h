@@ -4,12 +4,10 @@
 #include <quorkit/errors.h>
 #include <quorkit/object.h>
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <unordered_map>
-#include <vector>
+
+#include "objects/seen_objects.h"
 
 namespace quorkit::json {
 
@@ -21,7 +19,7 @@ class ObjectTable {
         const auto [found, added] = numbers_.try_emplace(object.get(), next_);
         if (added) {
             objects_.emplace(next_++, object);
-            note(object);
+            seen_.note(object);
         }
         return found->second;
     }
@@ -37,28 +35,14 @@ class ObjectTable {
         objects_.erase(number);
     }
 
-    /// Calls letGo on all objects that ever had a number, so that circles are released too. For the
-    /// end of a client, when nobody can reach the objects any more.
-    void letGoOfAll() {
-        for (const auto& one : seen_)
-            if (const ObjectRef object = one.lock()) object->letGo();
-    }
+    /// For the end of a client.
+    void letGoOfAll() { seen_.letGoOfAll(); }
 
    private:
-    /// Objects that no longer exist are removed whenever the list has doubled.
-    void note(const ObjectRef& object) {
-        if (seen_.size() >= mostSeen_) {
-            std::erase_if(seen_, [](const auto& one) { return one.expired(); });
-            mostSeen_ = std::max(mostSeen_, 2 * seen_.size());
-        }
-        seen_.push_back(object);
-    }
-
     std::unordered_map<std::int64_t, ObjectRef> objects_;
     std::unordered_map<const Object*, std::int64_t> numbers_;
     std::int64_t next_ = 1;
-    std::vector<std::weak_ptr<Object>> seen_;
-    std::size_t mostSeen_ = 64;
+    SeenObjects seen_;
 };
 
 }  // namespace quorkit::json

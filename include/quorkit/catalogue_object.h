@@ -14,6 +14,7 @@ namespace quorkit {
 class CatalogueObject : public Object {
    public:
     virtual const ClassInfo& info() const = 0;
+    CatalogueObject* catalogued() final { return this; }
     const char* className() const override { return info().name; }
     Long identifierOf(StringView name) const override;
     Variant invoke(Long identifier, CallKind kind, const Arguments& arguments) override;

@@ -8,6 +8,7 @@
 
 namespace quorkit {
 
+class CatalogueObject;
 class Variant;
 struct NamedArgument;
 
@@ -38,6 +39,9 @@ class Object {
     /// Collection, Dictionary and QuorCollection keep values; afterwards they are empty. Never an
     /// error.
     virtual void letGo() {}
+
+    /// The object itself when its class stands in the catalogue, otherwise null.
+    virtual CatalogueObject* catalogued() { return nullptr; }
 
     /// The published name of the object's class.
     virtual const char* className() const = 0;

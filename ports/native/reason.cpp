@@ -14,7 +14,7 @@ void giveReason(std::string reason) {
 }
 
 std::string takeReason() {
-    return std::exchange(given, {});
+    return given.empty() ? std::string() : std::exchange(given, {});
 }
 
 }  // namespace quorkit::ports

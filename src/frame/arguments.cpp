@@ -9,8 +9,9 @@
 
 namespace quorkit::frame {
 
-Values::Values(const MemberInfo& member, const Arguments& arguments, bool variablesMayBeOmitted)
-    : count_(member.parameterCount) {
+void Values::place(const MemberInfo& member, const Arguments& arguments,
+                   bool variablesMayBeOmitted) {
+    count_ = member.parameterCount;
     const std::size_t positional = arguments.positional.size();
     if (positional > count_) raise(ErrorNumber::WrongNumberOfArguments);
     bool allGiven = positional == count_;
@@ -18,10 +19,12 @@ Values::Values(const MemberInfo& member, const Arguments& arguments, bool variab
         places_[i] = &arguments.positional[i];
         allGiven &= isGiven(i);
     }
-    if (allGiven && arguments.named.empty()) return;
-    std::fill(places_.begin() + positional, places_.begin() + count_, nullptr);
-    placeNamed(member, arguments.named);
-    complete(member, variablesMayBeOmitted);
+    if (!allGiven || !arguments.named.empty()) {
+        std::fill(places_.begin() + positional, places_.begin() + count_, nullptr);
+        placeNamed(member, arguments.named);
+        complete(member, variablesMayBeOmitted);
+    }
+    placed_ = true;
 }
 
 void Values::placeNamed(const MemberInfo& member, std::span<NamedArgument> named) {

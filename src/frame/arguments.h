@@ -34,14 +34,17 @@ class Made {
 /// the caller left out has its default.
 class Values {
    public:
-    /// Error 448 for a name that no parameter has, 450 for too many arguments and for one given
-    /// twice, 449 when a required one is left out; then no argument has changed. With
-    /// `variablesMayBeOmitted` an argument that the member may change is not required, and is then
-    /// the initial value of its type.
-    Values(const MemberInfo& member, const Arguments& arguments,
-           bool variablesMayBeOmitted = false);
+    Values() = default;
     Values(const Values&) = delete;
     Values& operator=(const Values&) = delete;
+
+    /// Puts the arguments in their parameters' places. Error 448 for a name that no parameter has,
+    /// 450 for too many arguments and for one given twice, 449 when a required one is left out;
+    /// then no argument has changed. With `variablesMayBeOmitted` an argument that the member may
+    /// change is not required, and is then the initial value of its type.
+    void place(const MemberInfo& member, const Arguments& arguments,
+               bool variablesMayBeOmitted = false);
+    bool placed() const { return placed_; }
 
     /// One for each parameter.
     std::span<Variant* const> all() const { return {places_.data(), count_}; }
@@ -54,7 +57,8 @@ class Values {
     void complete(const MemberInfo& member, bool variablesMayBeOmitted);
     void leaveOut(std::size_t position, const ParameterInfo& parameter);
 
-    std::size_t count_;
+    bool placed_ = false;
+    std::size_t count_ = 0;
     std::array<Variant*, MemberInfo::kMaxParameters> places_;
     Made made_;
 };

@@ -41,7 +41,8 @@ Variant CatalogueObject::invoke(const MemberInfo* member, const Arguments& argum
     try {
         return frame::untrapped([&] {
             if (member == nullptr) raise(ErrorNumber::NoSuchMember);
-            const frame::Values values(*member, arguments);
+            frame::Values values;
+            values.place(*member, arguments);
             if (const auto misfit = fit(*member, values.all())) raise(misfit->number);
             std::size_t fitting = 0;
             return run(*member, values.all(), fitting);

@@ -1,6 +1,5 @@
 #include <quorkit/dispatch.h>
 
-#include <optional>
 #include <utility>
 
 #include "frame/arguments.h"
@@ -37,21 +36,19 @@ const MemberInfo& memberOf(const CatalogueObject& target, const Call& request) {
     return *member;
 }
 
-/// `values` are those of the call as soon as its arguments are placed. `fitting`: the position of
-/// the one that is not what its parameter needs.
-void callOwn(CatalogueObject& target, Call& request, std::optional<frame::Values>& values,
-             std::size_t& fitting, CallResult& outcome) {
+/// `fitting`: the position of the value that is not what its parameter needs.
+void callOwn(CatalogueObject& target, Call& request, frame::Values& values, std::size_t& fitting,
+             CallResult& outcome) {
     const MemberInfo& member = memberOf(target, request);
-    values.emplace(member, Arguments{request.positional, request.named},
-                   request.variablesMayBeOmitted);
+    values.place(member, {request.positional, request.named}, request.variablesMayBeOmitted);
     if (request.constantsByName)
         for (std::size_t i = 0; i < member.parameterCount; ++i)
-            resolve(*values->all()[i], member.parameterRow[i].type);
-    if (const auto misfit = target.fit(member, values->all())) {
+            resolve(*values.all()[i], member.parameterRow[i].type);
+    if (const auto misfit = target.fit(member, values.all())) {
         fitting = misfit->position;
         outcome.error = toClient(AutomationError(misfit->number), target.className());
     } else {
-        outcome.result = target.run(member, values->all(), fitting);
+        outcome.result = target.run(member, values.all(), fitting);
     }
 }
 
@@ -105,10 +102,10 @@ ObjectRef Library::instance(const ClassInfo* info) {
 CallResult call(Object& target, Call request) {
     CallResult outcome;
     ports::takeReason();  // of what came before
-    std::optional<frame::Values> values;
+    frame::Values values;
     std::size_t fitting = 0;
     try {
-        if (auto* const own = dynamic_cast<CatalogueObject*>(&target))
+        if (CatalogueObject* const own = target.catalogued())
             callOwn(*own, request, values, fitting, outcome);
         else
             outcome.result =
@@ -118,10 +115,10 @@ CallResult call(Object& target, Call request) {
     } catch (...) {
         outcome.error = errorOf(std::current_exception(), target.className());
     }
-    if (outcome.error && values && fitting < values->all().size())
+    if (outcome.error && values.placed() && fitting < values.all().size())
         outcome.error->argument = fitting;
     outcome.arguments =
-        values ? finalValues(*values, request.positional) : std::move(request.positional);
+        values.placed() ? finalValues(values, request.positional) : std::move(request.positional);
     outcome.reason = ports::takeReason();
     return outcome;
 }

@@ -24,7 +24,7 @@ class ForeignObject {
     static std::shared_ptr<Kind> adapted(const ObjectRef& object, StringView sign, Make make) {
         if (object == nullptr) return nullptr;
         if (auto own = std::dynamic_pointer_cast<Kind>(object)) return own;
-        const bool ours = dynamic_cast<const CatalogueObject*>(object.get()) != nullptr;
+        const bool ours = object->catalogued() != nullptr;
         Variant value;
         if (ours || !resumeNext([&] { value = ForeignObject(object).get(sign); }))
             raise(ErrorNumber::TypeMismatch);

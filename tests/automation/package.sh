@@ -61,6 +61,10 @@ check() {
   compile "$at/linked" "$machine" -DLINKED "$from/quorkit.lib"
   cp "$from/quorkit.dll" "$at/linked"
   client "$at/linked" "$@"
+  sed '1,/^```c$/d; /^```$/,$d' "$package/README.md" >"$at/app.c"
+  "$machine-w64-mingw32-gcc-posix" -std=c99 -pedantic -Wall -Wextra -Werror "-I$package/include" \
+    "$at/app.c" "$from/quorkit.lib" -o "$at/linked/app.exe"
+  test "$(cd "$at" && "$@" "$at/linked/app.exe" | tr -d '\r')" = post
   mkdir "$at/carried"
   cp "$at/client.exe" "$package/examples/client.exe.manifest" "$from/quorkit.dll" \
     "$from/quorkit.automation.manifest" "$at/carried"

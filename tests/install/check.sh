@@ -1,6 +1,6 @@
 #!/bin/sh
-# Installs a build, moves the installed tree, and builds and runs a client of it, with CMake and
-# with pkg-config: check.sh BUILD COMPILER
+# Installs a build, moves the installed tree, and builds and runs clients of it, with CMake and with
+# pkg-config, and one in C: check.sh BUILD COMPILER
 set -eux
 build=$1
 compiler=$2
@@ -17,11 +17,20 @@ cmake -G Ninja -S "$client" -B "$work/client" -D CMAKE_PREFIX_PATH="$tree" \
 cmake --build "$work/client"
 "$work/client/client"
 
-pc=$(find "$tree" -name quorkit.pc)
+pc=$(find "$tree" -name quorkit++.pc)
 export PKG_CONFIG_PATH="${pc%/*}"
 # shellcheck disable=SC2046 # flags are words
-"$compiler" -std=c++20 "$client/main.cpp" $(pkg-config --cflags --libs quorkit) -o "$work/client-pc"
-LD_LIBRARY_PATH=$(pkg-config --variable=libdir quorkit) "$work/client-pc"
+"$compiler" -std=c++20 "$client/main.cpp" $(pkg-config --cflags --libs quorkit++) -o "$work/client-pc"
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir quorkit++) "$work/client-pc"
+
+# The program in C that stands in the README.
+if [ -f "${pc%/*}/quorkit.pc" ]; then
+  sed '1,/^```c$/d; /^```$/,$d' "$client/../../../README.md" >"$work/app.c"
+  # shellcheck disable=SC2046 # flags are words
+  gcc -std=c99 -pedantic -Wall -Wextra -Werror "$work/app.c" $(pkg-config --cflags --libs quorkit) \
+    -o "$work/app"
+  (cd "$work" && test "$(LD_LIBRARY_PATH=$(pkg-config --variable=libdir quorkit) ./app)" = post)
+fi
 
 helper=$(find "$tree" -path '*/quorkit/quorkit-clipboard')
 "$helper" 2>&1 | grep usage
