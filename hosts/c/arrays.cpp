@@ -68,7 +68,8 @@ int quorkit_set_bytes(quorkit_library library, quorkit_values values, size_t ind
         if (length != 0) need(bytes);
         if (!std::in_range<int>(length)) throw Misuse{QUORKIT_TOO_LONG};
         const quorkit_bounds bounds = {lower, static_cast<int>(length)};
-        auto made = arrayOf(std::vector<Byte>(bytes, bytes + length), 1, &bounds);
+        const int dimensions = bytes == nullptr ? 0 : 1;
+        auto made = arrayOf(std::vector<Byte>(bytes, bytes + length), dimensions, &bounds);
         own.put(values, index) = std::move(made);
     });
 }

@@ -3,6 +3,7 @@
 #include <quorkit/dictionary.h>
 #include <quorkit/picture.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -107,11 +108,10 @@ int quorkit_class_name(quorkit_library library, quorkit_object object, const cha
     });
 }
 
-int quorkit_same_object(quorkit_library library, quorkit_object one, quorkit_object other,
-                        int* same) {
+int quorkit_identity(quorkit_library library, quorkit_object object, size_t* identity) {
     return inside(library, [&](OpenLibrary& own) {
-        need(same);
-        *same = own.object(one) == own.object(other) ? 1 : 0;
+        need(identity);
+        *identity = reinterpret_cast<std::uintptr_t>(own.object(object).get());
     });
 }
 

@@ -72,9 +72,9 @@ enum quorkit_outcome {
     QUORKIT_TOO_LONG = -7    /* a length that no memory has, or bounds that do not match */
 };
 
-/* What the last function that failed would tell a person; number, "quorkit.Class", and the index of
- * the argument that did not fit, 0 when it was none. The texts are UTF-8 and stay until the next
- * function fails. For a handle that is no library: 0 and "". */
+/* What the last function that failed would tell a person; number, "quorkit.Class", and which
+ * parameter did not get what it needs, counted from 1, 0 when it was none. The texts are UTF-8 and
+ * stay until the next function fails. For a handle that is no library: 0 and "". */
 QUORKIT_API int quorkit_error(quorkit_library library);
 QUORKIT_API const char* quorkit_error_text(quorkit_library library);
 QUORKIT_API const char* quorkit_error_source(quorkit_library library);
@@ -105,9 +105,8 @@ QUORKIT_API int quorkit_release_object(quorkit_library library, quorkit_object o
 /* The published name of the object's class. It stays while the object lives. */
 QUORKIT_API int quorkit_class_name(quorkit_library library, quorkit_object object,
                                    const char** name);
-/* 1 when both handles are of one object, otherwise 0. */
-QUORKIT_API int quorkit_same_object(quorkit_library library, quorkit_object one,
-                                    quorkit_object other, int* same);
+/* A number that all handles of one object have, and of no other object while it lives. */
+QUORKIT_API int quorkit_identity(quorkit_library library, quorkit_object object, size_t* identity);
 
 /* --- Values: a result, and a list of arguments or elements --- */
 
@@ -165,7 +164,7 @@ QUORKIT_API int quorkit_set_utf16(quorkit_library library, quorkit_values values
 /* 0 is Nothing. The value holds the object for itself. */
 QUORKIT_API int quorkit_set_object(quorkit_library library, quorkit_values values, size_t index,
                                    quorkit_object object);
-/* An array of bytes, counted from `lower`. */
+/* An array of bytes, counted from `lower`; one without bounds when `bytes` is null. */
 QUORKIT_API int quorkit_set_bytes(quorkit_library library, quorkit_values values, size_t index,
                                   const unsigned char* bytes, size_t length, int lower);
 
@@ -180,6 +179,9 @@ typedef struct quorkit_bounds {
 QUORKIT_API int quorkit_set_array(quorkit_library library, quorkit_values values, size_t index,
                                   quorkit_values elements, int kind, int dimensions,
                                   const quorkit_bounds* bounds);
+/* A copy of a value of another list, or the same. */
+QUORKIT_API int quorkit_set_value(quorkit_library library, quorkit_values values, size_t index,
+                                  quorkit_values from, size_t from_index);
 /* The argument at this index is for the parameter of this name. Behind it all have names. */
 QUORKIT_API int quorkit_set_name(quorkit_library library, quorkit_values values, size_t index,
                                  const char* name);
@@ -255,7 +257,8 @@ typedef struct quorkit_class {
      * error, 438 for no such member. */
     int (*call)(void* data, quorkit_library library, const char* name, int kind,
                 quorkit_values values);
-    /* Nobody has the object any more. May be null. */
+    /* Nobody has the object any more. May be null. Give such objects back, or close the library,
+     * before a language ends in which this is written. */
     void (*release)(void* data);
 } quorkit_class;
 /* An object whose members are the function `call`. The class must stay while the object lives; the

@@ -140,6 +140,14 @@ int quorkit_set_object(quorkit_library library, quorkit_values values, size_t in
     });
 }
 
+int quorkit_set_value(quorkit_library library, quorkit_values values, size_t index,
+                      quorkit_values from, size_t from_index) {
+    return inside(library, [&](OpenLibrary& own) {
+        Variant copy = own.at(from, from_index);
+        own.put(values, index) = std::move(copy);
+    });
+}
+
 int quorkit_get_error(quorkit_library library, quorkit_values values, size_t index,
                       unsigned int* code) {
     return read<ErrorValue>(library, values, index, code,

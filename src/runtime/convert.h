@@ -18,8 +18,11 @@ namespace quorkit::runtime {
 template <class T>
 class Converted {
    public:
+    // It is made from either.
+    // NOLINTBEGIN(google-explicit-constructor)
     Converted(T value) : value_(std::move(value)) {}
     Converted(ErrorNumber failure) : failure_(failure) {}
+    // NOLINTEND(google-explicit-constructor)
 
     std::optional<ErrorNumber> failure() const { return failure_; }
     T& value() { return value_; }

@@ -167,6 +167,12 @@ TEST_F(CInterface, CallsAndTellsWhatFailed) {
     std::size_t length = 0;
     EXPECT_EQ(quorkit_get_utf16(library, values, 2, &units, &length), QUORKIT_OK);
     EXPECT_EQ(std::vector(units, units + length), std::vector(odd, odd + 4));
+    EXPECT_EQ(quorkit_set_value(library, values, 3, values, 2), QUORKIT_OK);
+    EXPECT_EQ(text(3), same);
+    // What stands for bytes that are none may stand in a text, also beside a pair of surrogates.
+    set(1, "\xEF\xBF\xBD\xED\xA0\xBD\xED\xB8\x80");
+    EXPECT_EQ(text(1), "\xEF\xBF\xBD\xF0\x9F\x98\x80");
+    EXPECT_EQ(quorkit_set_utf8(library, values, 1, "\xEF\xBF\xBD\xFF", 4), QUORKIT_NO_TEXT);
 }
 
 /// A client's own object: what it does is a function.
@@ -244,10 +250,11 @@ TEST_F(CInterface, ReleasesCirclesWhenItIsClosed) {
     EXPECT_EQ(quorkit_elements(library, collection, values), QUORKIT_OK);
     quorkit_object again = nullptr;
     quorkit_get_object(library, values, 1, &again);
-    int same = 0;
+    std::size_t one = 0, other = 1;
     void* data = nullptr;
-    EXPECT_EQ(quorkit_same_object(library, object, again, &same), QUORKIT_OK);
-    EXPECT_EQ(same, 1);
+    EXPECT_EQ(quorkit_identity(library, object, &one), QUORKIT_OK);
+    EXPECT_EQ(quorkit_identity(library, again, &other), QUORKIT_OK);
+    EXPECT_EQ(one, other);
     EXPECT_EQ(quorkit_foreign_data(library, again, &kOwn, &data), QUORKIT_OK);
     EXPECT_EQ(data, &own);
     EXPECT_FALSE(gone);

@@ -51,6 +51,8 @@ class Pascal(Rpc):
     def begin(self, row, place):
         super().begin(row, place)
         self.display = ""
+
+    def forget(self):
         self.request("forget", self.KEPT)
 
     def said(self, value):

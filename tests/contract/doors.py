@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """doors.py PROGRAM [--door rpc|cli] [--launcher COMMAND] [--every N] [FILE...]
+doors.py LIBRARY --door c --launcher SPEAKER [--every N] [FILE...]
 
 Says the contract table to the program `quorkit` as a client does: in one session of `quorkit rpc`, and by
-one `quorkit call` for each call. --launcher is what starts the program, such as wine; where that takes long,
-every Nth row will do. Ends with a line for each door, and with 1 when a row got another answer than it wants,
-or when a member has no row.
+one `quorkit call` for each call; or to the C interface of the shared library, through a program that answers
+as `quorkit rpc` does. --launcher is what starts the program, such as wine; where that takes long, every Nth
+row will do. Ends with a line for each door, and with 1 when a row got another answer than it wants, or when
+a member has no row.
 """
 import argparse
 import collections
@@ -31,14 +33,14 @@ class Failed(Exception):
     """The answer is not what the row wants."""
 
 
-Answer = collections.namedtuple("Answer", "result finals error", defaults=(None, [], None))
+Answer = collections.namedtuple("Answer", "result finals error argument", defaults=(None, [], None, None))
 
 
 class Door:
     """What the doors have in common: a row with what it has named."""
 
     def __init__(self, command, environments):
-        self.command, self.environments = command, environments
+        self.command, self.environments, self.display = command, environments, ""
 
     def begin(self, row, place):
         self.display, self.place = row.get("needs", ""), place
@@ -77,6 +79,10 @@ class Door:
             answer = self.ask(step, given, named)
             if answer.error != step.get("error"):
                 raise Failed(f"error {answer.error}, result {shown(answer.result)}")
+            if answer.argument is not None:
+                names = ["", *(one["name"] for one in self.member(step).get("parameters", []))]
+                if names[answer.argument:][:1] != [step.get("argument", "")]:
+                    raise Failed(f"argument {answer.argument}")
             if answer.error is None and "let" not in step:
                 self.compare(step, given, named, answer)
 
@@ -106,12 +112,24 @@ class Rpc(Door):
 
     def __init__(self, *args):
         super().__init__(*args)
-        self.sessions = {}
+        self.sessions, self.kept = {}, {}
+
+    def begin(self, row, place):
+        self.forget()
+        super().begin(row, place)
+
+    def forget(self):
+        """Lets go of the objects of the row before."""
+        kept = [one["object"] for one in self.kept.values() if isinstance(one, dict) and "object" in one]
+        for number in set(kept) if self.display in self.sessions else ():
+            self.request("release", {"object": number})
 
     def close(self):
+        """How the sessions ended, if not well."""
         for process in self.sessions.values():
             process.stdin.close()
-            process.wait(SECONDS)
+        return [f"a session ended with {process.returncode}" for process in self.sessions.values()
+                if process.wait(SECONDS)]
 
     def message(self, method, params):
         return json.dumps({"jsonrpc": "2.0", "id": 1, "method": method, "params": params})
@@ -125,7 +143,7 @@ class Rpc(Door):
     def request(self, *words):
         if self.display not in self.sessions:
             self.sessions[self.display] = subprocess.Popen(
-                self.command + ["rpc"], env=self.environments[self.display], cwd=tempfile.gettempdir(),
+                self.command, env=self.environments[self.display], cwd=tempfile.gettempdir(),
                 stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         process = self.sessions[self.display]
         limit = threading.Timer(SECONDS, process.kill)
@@ -152,7 +170,8 @@ class Rpc(Door):
             raise Cannot("a member of an object that this door copies")
         answer = self.request("invoke", dict(target, member=member, kind=way, args=given, named=named))
         if "error" in answer:
-            return Answer(error=answer["error"]["data"]["number"])
+            data = answer["error"]["data"]
+            return Answer(error=data["number"], argument=data.get("argument"))
         return Answer(answer["result"]["result"], answer["result"]["args"])
 
 
@@ -166,7 +185,7 @@ class Cli(Door):
     """One process a call. An object is its class and a list of what its properties were set to."""
 
     def close(self):
-        pass
+        return []
 
     def created(self, _):
         return []
@@ -217,7 +236,7 @@ class Cli(Door):
         with tempfile.TemporaryFile() as printed, tempfile.TemporaryFile() as told:
             try:
                 status = subprocess.run(
-                    self.command + ["call", "--json"] + words, env=self.environments[self.display],
+                    self.command + words, env=self.environments[self.display],
                     stdin=subprocess.DEVNULL, stdout=printed, stderr=told, timeout=SECONDS,
                     cwd=tempfile.gettempdir()).returncode
             except subprocess.TimeoutExpired:
@@ -325,14 +344,14 @@ def speak(door, name, options, system):
             failures.append(f"{name}: {row_name} wants {failed}")
         finally:
             place.close()
-    door.close()
+    failures += door.close()
     cannot = "".join(f"; {count} cannot: {why}" for why, count in reasons.most_common())
     print(f"{name}: {said} rows said{cannot}")
     return failures
 
 
 def main():
-    options = arguments(__doc__, ["rpc", "cli"])
+    options = arguments(__doc__, ["rpc", "cli", "c"])
     program = os.path.abspath(options.program)
     system = "windows" if program.endswith(".exe") else "linux"
     home = tempfile.mkdtemp(prefix="quorkit-home-")
@@ -349,10 +368,9 @@ def main():
         options.launcher.split() + [program, "rpc"], env=plain, stdin=subprocess.PIPE,
         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)]
     failures = [] if options.files else unsaid()
-    for name, make in {"rpc": Rpc, "cli": Cli}.items():
-        if options.door not in (None, name):
-            continue
-        door = make(options.launcher.split() + [program], environments)
+    for name in [options.door] if options.door else ["rpc", "cli"]:
+        make, words = {"rpc": (Rpc, ["rpc"]), "cli": (Cli, ["call", "--json"]), "c": (Rpc, [])}[name]
+        door = make(options.launcher.split() + [program] + words, environments)
         failures += speak(door, name, options, system)
     print(*failures, sep="\n", end="\n" if failures else "")
     for process in running:
