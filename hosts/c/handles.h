@@ -36,8 +36,8 @@ class Handles {
     std::uintptr_t add(Thing thing) {
         if (free_.empty()) {
             if (places_.size() >= Handle::kPlaces) throw std::bad_alloc();
-            free_.push_back(places_.size());
             places_.emplace_back();
+            free_.push_back(places_.size() - 1);
         }
         const std::size_t place = free_.front();
         places_[place].thing = std::move(thing);

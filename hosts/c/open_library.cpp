@@ -11,10 +11,10 @@ namespace quorkit::c {
 /// Where an open library is found. Rooms stay: a handle that was given back leads to one that is
 /// empty, or belongs to another library.
 struct Room {
+    std::atomic<std::uintptr_t> used = 0;
     std::atomic<const void*> thread = nullptr;  ///< that is inside
     // What follows belongs to that thread.
     unsigned depth = 0;
-    std::uintptr_t used = 0;
     std::unique_ptr<OpenLibrary> library;
     bool taken = false;  ///< under `opening`
 };
@@ -97,8 +97,24 @@ int OpenLibrary::fail(CallError error) {
     return failure_.number;
 }
 
-int OpenLibrary::fail(quorkit_outcome outcome) {
-    return fail({outcome, textOf(outcome), "quorkit", {}});
+int OpenLibrary::failAsCaught() noexcept {
+    try {
+        throw;
+    } catch (const Misuse& misuse) {
+        return failed([&] { return CallError{misuse.outcome, textOf(misuse.outcome), "quorkit"}; });
+    } catch (...) {
+        return failed([] { return errorOf(std::current_exception()); });
+    }
+}
+
+template <class Tell>
+int OpenLibrary::failed(Tell tell) noexcept {
+    try {
+        return fail(tell());
+    } catch (const std::exception&) {  // there is no memory for a text
+        failure_ = {};
+        return failure_.number = static_cast<Long>(ErrorNumber::OutOfMemory);
+    }
 }
 
 quorkit_library open(Ports& ports) {
@@ -133,6 +149,7 @@ Entrance::Entrance(quorkit_library handle) {
     const std::size_t place = Handle::placeOf(number);
     if (place >= rooms.size()) return;
     Room& room = rooms[place];
+    if (!Handle::isOf(number, room.used)) return;  // nobody is disturbed by it
     const void* inside = nullptr;
     if (!room.thread.compare_exchange_strong(inside, thisThread(), std::memory_order_acquire) &&
         inside != thisThread()) {
@@ -141,7 +158,7 @@ Entrance::Entrance(quorkit_library handle) {
     }
     ++room.depth;
     room_ = &room;
-    if (room.library == nullptr || !Handle::isOf(number, room.used)) return;
+    if (room.library == nullptr || !Handle::isOf(number, room.used)) return;  // just closed
     library_ = room.library.get();
     outcome_ = QUORKIT_OK;
 }

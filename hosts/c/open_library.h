@@ -41,9 +41,13 @@ class OpenLibrary {
 
     const CallError& failure() const { return failure_; }
     int fail(CallError error);
-    int fail(quorkit_outcome outcome);
+    /// The same with what was caught.
+    int failAsCaught() noexcept;
 
    private:
+    template <class Tell>
+    int failed(Tell tell) noexcept;
+
     Handles<ObjectRef> objects_;
     SeenObjects seen_;
     CallError failure_;
@@ -86,10 +90,8 @@ int inside(quorkit_library handle, Body&& body) noexcept {
         } else {
             return body(library);
         }
-    } catch (const Misuse& misuse) {
-        return library.fail(misuse.outcome);
     } catch (...) {
-        return library.fail(errorOf(std::current_exception()));
+        return library.failAsCaught();
     }
 }
 

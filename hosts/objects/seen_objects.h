@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
-#include <vector>
+#include <unordered_map>
 
 namespace quorkit {
 
@@ -15,20 +15,20 @@ class SeenObjects {
    public:
     void note(const ObjectRef& object) {
         if (seen_.size() >= most_) {  // those that no longer exist make room
-            std::erase_if(seen_, [](const auto& one) { return one.expired(); });
+            std::erase_if(seen_, [](const auto& one) { return one.second.expired(); });
             most_ = std::max(most_, 2 * seen_.size());
         }
-        seen_.push_back(object);
+        seen_[object.get()] = object;
     }
 
     /// Calls letGo on all of them. For the end of a client.
     void letGoOfAll() {
         for (const auto& one : seen_)
-            if (const ObjectRef object = one.lock()) object->letGo();
+            if (const ObjectRef object = one.second.lock()) object->letGo();
     }
 
    private:
-    std::vector<std::weak_ptr<Object>> seen_;
+    std::unordered_map<const Object*, std::weak_ptr<Object>> seen_;
     std::size_t most_ = 64;
 };
 

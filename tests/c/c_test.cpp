@@ -2,6 +2,7 @@
 #include <c/quorkit.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -291,6 +292,17 @@ TEST_F(CInterface, IsUsedByOneThreadAtATime) {
     EXPECT_EQ(quorkit_release_object(library, object), QUORKIT_BAD_HANDLE);
     EXPECT_EQ(quorkit_close(other), QUORKIT_OK);
     EXPECT_EQ(quorkit_close(other), QUORKIT_BAD_HANDLE);
+    // An old handle disturbs nobody who has its place now.
+    quorkit_library next = nullptr;
+    quorkit_open(&next);
+    std::atomic<bool> stop = false;
+    std::thread stranger([&] {
+        while (!stop) EXPECT_EQ(quorkit_close(other), QUORKIT_BAD_HANDLE);
+    });
+    for (int i = 0; i < 20'000; ++i) EXPECT_EQ(quorkit_new_values(next, &values), QUORKIT_OK) << i;
+    stop = true;
+    stranger.join();
+    EXPECT_EQ(quorkit_close(next), QUORKIT_OK);
 }
 
 // The catalogue from outside is the one inside.

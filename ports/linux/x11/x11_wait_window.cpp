@@ -37,6 +37,14 @@ class WaitWindow {
         return std::unique_ptr<WaitWindow>(new WaitWindow(std::move(connection)));
     }
 
+    WaitWindow(const WaitWindow&) = delete;
+    WaitWindow& operator=(const WaitWindow&) = delete;
+    /// The window has gone for every program when this returns.
+    ~WaitWindow() {
+        xcb_destroy_window(get(), window_);
+        replyTo(*connection_, xcb_get_input_focus(get()), xcb_get_input_focus_reply);
+    }
+
     bool isUsable() const { return connection_->isUsable(); }
 
     void show(const String& text, WindowHandle owner, Pointer pointer) {
